@@ -1,0 +1,6 @@
+find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui)
+find_package(OpenCV 4.6 REQUIRED COMPONENTS core imgproc videoio)
+find_package(nlohmann_json 3.11 REQUIRED)
+find_package(Threads REQUIRED)
+find_package(PkgConfig REQUIRED)
+pkg_check_modules(LIBAV REQUIRED IMPORTED_TARGET libavformat libavcodec libavutil libswscale)

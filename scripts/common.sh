@@ -1,0 +1,55 @@
+# shellcheck shell=bash
+# What the scripts share; sourced, never run.
+
+set -euo pipefail
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+
+say() { printf '%s\n' "$*" >&2; }
+
+# packages ROLE: the names of scripts/packages.txt; with the role "lint" all, else those without one.
+packages() {
+    awk -v role="$1" '/^#/ || NF == 0 { next } NF == 1 || $2 == role { print $1 }' \
+        "$root/scripts/packages.txt"
+}
+
+is_installed() {
+    [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2>/dev/null)" = installed ]
+}
+
+# install_packages ROLE: installs those packages that are missing, as root or through sudo.
+install_packages() {
+    local missing=() package
+    if ! command -v apt-get >/dev/null || ! command -v dpkg-query >/dev/null; then
+        say "This is not a Debian system. Kestrova needs what these Debian packages hold:"
+        say "$(packages "$1" | tr '\n' ' ')"
+        say "Install them, then build with: cmake --preset release && cmake --build --preset release"
+        exit 1
+    fi
+    while read -r package; do
+        is_installed "$package" || missing+=("$package")
+    done < <(packages "$1")
+    [ ${#missing[@]} -eq 0 ] && return
+    say "Installing: ${missing[*]}"
+    local as_root=()
+    [ "$(id -u)" -eq 0 ] || as_root=(sudo)
+    if [ ${#as_root[@]} -gt 0 ] && ! command -v sudo >/dev/null; then
+        say "Run this as root, or install sudo."
+        exit 1
+    fi
+    "${as_root[@]}" apt-get update -q >&2
+    "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+        apt-get install -q -y --no-install-recommends "${missing[@]}" >&2
+}
+
+# build PRESET: configures and builds build/PRESET, quietly unless something is wrong.
+build() {
+    local log
+    log=$(mktemp)
+    say "Building $1 ..."
+    if ! { cd "$root" && cmake --preset "$1" && cmake --build --preset "$1"; } >"$log" 2>&1; then
+        cat "$log" >&2
+        rm -f "$log"
+        return 1
+    fi
+    rm -f "$log"
+}

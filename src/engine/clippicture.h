@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QImage>
+
+#include <memory>
+
+/// A picture that can still become a clip's snapshot, as the segmentation sees it.
+class ClipPicture {
+public:
+    virtual ~ClipPicture() = default;
+
+    /// The small picture. Made when it is first asked for.
+    virtual QImage snapshot() = 0;
+
+    /// Makes the small picture now and lets go of the large one.
+    virtual void shrink() = 0;
+};
+
+using ClipPicturePointer = std::shared_ptr<ClipPicture>;

@@ -1,0 +1,28 @@
+#include "decodedframe.h"
+
+extern "C" {
+#include <libavutil/frame.h>
+}
+
+const std::uint8_t* DecodedFrame::data() const {
+    return frame->data[0];
+}
+
+int DecodedFrame::stride() const {
+    return frame->linesize[0];
+}
+
+int DecodedFrame::width() const {
+    return frame->width;
+}
+
+int DecodedFrame::height() const {
+    return frame->height;
+}
+
+void freeFrame(DecodedFrame* record) {
+    if (!record)
+        return;
+    av_frame_free(&record->frame);
+    delete record;
+}

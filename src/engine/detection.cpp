@@ -1,0 +1,87 @@
+#include "detection.h"
+
+#include "ffmpegmutex.h"
+#include "framepicture.h"
+#include "videodecoder.h"
+
+#include <QMutexLocker>
+
+#include <memory>
+
+namespace {
+
+using SharedFrame = std::shared_ptr<const DecodedFrame>;
+
+SharedFrame readShared(VideoDecoder& decoder) {
+    return FramePointer(decoder.readFrame(true));
+}
+
+} // namespace
+
+Detection::Detection(const DetectionOptions& options, DetectionClient& client,
+                     QVector<float>& motionValues, QVector<double>& frameTimes)
+    : options(options)
+    , client(client)
+    , motionValues(motionValues)
+    , frameTimes(frameTimes) {}
+
+DetectionOutcome Detection::run(const QString& fileName) {
+    VideoDecoder decoder;
+    decoder.setInterrupt([this] { return client.isCancelled(); });
+    bool isOpen = false;
+    {
+        QMutexLocker lock(&ffmpegMutex());
+        isOpen = decoder.open(fileName.toUtf8().constData());
+    }
+    DetectionOutcome outcome = DetectionOutcome::CannotOpen;
+    if (isOpen)
+        outcome = runOpened(decoder);
+    else
+        error = decoder.errorText();
+    {
+        QMutexLocker lock(&ffmpegMutex());
+        decoder.close();
+    }
+    // A cancel cuts an open or a read short, which is no failure of the file.
+    const bool hasFailed =
+        outcome == DetectionOutcome::CannotOpen || outcome == DetectionOutcome::TooFewPictures;
+    return hasFailed && client.isCancelled() ? DetectionOutcome::Cancelled : outcome;
+}
+
+DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
+    SharedFrame previous = readShared(decoder);
+    SharedFrame current = previous ? readShared(decoder) : nullptr;
+    if (!current) {
+        error = previous ? QStringLiteral("only one picture could be decoded")
+                         : QStringLiteral("no picture could be decoded");
+        return DetectionOutcome::TooFewPictures;
+    }
+    client.opened(decoder.isIntraCodec(), decoder.duration());
+
+    const double firstTime = previous->time;
+    MotionMeasure measure(options.measure);
+    ClipSegmenter segmenter(options.segmentation, firstTime,
+                            std::make_shared<FramePicture>(previous), motionValues, frameTimes);
+    bool ended = false;
+    for (qint64 number = 1; !ended && !client.isCancelled(); ++number) {
+        const double motion = measure.measure(*previous, *current);
+        const auto clip =
+            segmenter.addFrame(motion, current->time, std::make_shared<FramePicture>(current));
+        if (clip)
+            client.clipFound(*clip);
+        client.frameProcessed({number, current->time - firstTime, motion});
+        previous = std::move(current);
+        current = readShared(decoder);
+        ended = !current && !client.isCancelled();
+        if (ended)
+            client.endReached();
+        client.positionChanged(decoder.bytePosition());
+    }
+    if (const auto clip = segmenter.finish())
+        client.clipFound(*clip);
+    return ended ? DetectionOutcome::Finished : DetectionOutcome::Cancelled;
+}
+
+QString Detection::errorText() const {
+    return error;
+}

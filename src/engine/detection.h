@@ -1,0 +1,76 @@
+#pragma once
+
+#include "motionmeasure.h"
+#include "segmentation.h"
+
+#include <QString>
+#include <QVector>
+
+class VideoDecoder;
+
+/// Everything that a detection can be told. The defaults are the program's.
+struct DetectionOptions {
+    MeasureOptions measure;
+    SegmentationOptions segmentation;
+};
+
+/// One frame after the first, measured or held.
+struct FrameReport {
+    qint64 number = 0;   ///< number of the picture; the first one decoded, never reported, is 0
+    double time = 0.0;   ///< seconds from the first picture
+    double motion = 0.0; ///< motion value, 0 or more
+};
+
+/// What a detection asks and tells while it runs, all on the thread that runs it.
+class DetectionClient {
+public:
+    virtual ~DetectionClient() = default;
+
+    /// Asked at least once per frame; the detection ends when it answers true.
+    virtual bool isCancelled() = 0;
+
+    /// The file is open and has its first two pictures. `duration` in seconds, 0 if unknown.
+    virtual void opened(bool isIntraCodec, double duration) = 0;
+
+    virtual void frameProcessed(const FrameReport& frame) = 0;
+
+    /// After every read: the demuxer's position in bytes, -1 if unknown.
+    virtual void positionChanged(qint64 bytePosition) = 0;
+
+    virtual void endReached() = 0;
+
+    virtual void clipFound(const DetectedClip& clip) = 0;
+};
+
+/// How a detection ended.
+enum class DetectionOutcome {
+    Finished,      ///< read to the end of the stream
+    Cancelled,     ///< the client said so; an open clip was still reported
+    CannotOpen,    ///< `Detection::errorText` says why
+    TooFewPictures ///< fewer than two pictures could be decoded
+};
+
+/// The road of one recording: open, decode, measure, segment.
+///
+/// The lists get one entry per frame after the first: motion value, and time in seconds as the
+/// stream counts it.
+class Detection {
+public:
+    Detection(const DetectionOptions& options, DetectionClient& client,
+              QVector<float>& motionValues, QVector<double>& frameTimes);
+
+    /// Reads the whole file. Takes `ffmpegMutex` for opening and closing. Runs once per object.
+    DetectionOutcome run(const QString& fileName);
+
+    /// Why the file could not be read, for a person; empty unless the outcome is a failure.
+    QString errorText() const;
+
+private:
+    DetectionOutcome runOpened(VideoDecoder& decoder);
+
+    DetectionOptions options;
+    DetectionClient& client;
+    QVector<float>& motionValues;
+    QVector<double>& frameTimes;
+    QString error;
+};

@@ -1,0 +1,6 @@
+#include "ffmpegmutex.h"
+
+QMutex& ffmpegMutex() {
+    static QMutex mutex;
+    return mutex;
+}

@@ -1,0 +1,18 @@
+#include "framepicture.h"
+
+#include "snapshotimage.h"
+
+FramePicture::FramePicture(std::shared_ptr<const DecodedFrame> frame)
+    : frame(std::move(frame)) {}
+
+QImage FramePicture::snapshot() {
+    shrink();
+    return small;
+}
+
+void FramePicture::shrink() {
+    if (!frame)
+        return;
+    small = snapshotImage(*frame);
+    frame.reset();
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "clippicture.h"
+#include "decodedframe.h"
+
+/// A decoded picture that can still become a snapshot.
+class FramePicture : public ClipPicture {
+public:
+    explicit FramePicture(std::shared_ptr<const DecodedFrame> frame);
+
+    QImage snapshot() override;
+    void shrink() override;
+
+private:
+    std::shared_ptr<const DecodedFrame> frame; ///< null once the small picture is made
+    QImage small;
+};

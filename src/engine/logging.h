@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QLoggingCategory>
+
+/// The engine's own messages: "kestrova.engine". Warnings are on, debug lines are off.
+Q_DECLARE_LOGGING_CATEGORY(engineLog)
+
+/// What the media libraries say: "kestrova.libav". All of it is off, since a damaged file can make
+/// them say thousands of lines; QT_LOGGING_RULES="kestrova.libav.debug=true" and its like turn it
+/// on.
+Q_DECLARE_LOGGING_CATEGORY(libavLog)
+
+/// Sends the media libraries' log to `libavLog`. May be called any number of times, by any thread.
+void routeLibavLog();

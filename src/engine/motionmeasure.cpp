@@ -1,0 +1,68 @@
+#include "motionmeasure.h"
+
+#include "logging.h"
+
+#include <opencv2/core.hpp>
+#include <opencv2/imgproc.hpp>
+
+#include <exception>
+
+MotionMeasure::MotionMeasure(const MeasureOptions& options)
+    : options(options)
+    , skipCounter(options.skip) {}
+
+double MotionMeasure::measure(const DecodedFrame& previous, const DecodedFrame& current) {
+    --skipCounter;
+    try {
+        if (current.width() != width || current.height() != height)
+            prepare(current.width(), current.height());
+        if (skipCounter < 0)
+            skipCounter = compare(previous, current) ? options.skip : 0;
+    } catch (const std::exception& exception) {
+        qCWarning(engineLog, "a frame could not be measured: %s", exception.what());
+        skipCounter = 0;
+    }
+    return motion;
+}
+
+void MotionMeasure::prepare(int newWidth, int newHeight) {
+    width = newWidth;
+    height = newHeight;
+    // A rectangle given in video pixels means those of the size that it was first used on.
+    if (options.region.space.isEmpty())
+        options.region.space = QSize(width, height);
+    region = prepareRegion(options.region, width, height);
+    masked.release();
+}
+
+bool MotionMeasure::compare(const DecodedFrame& previous, const DecodedFrame& current) {
+    if (previous.width() != current.width() || previous.height() != current.height())
+        return false;
+    const cv::Mat before = previousPlane.wrap(previous);
+    const cv::Mat now = currentPlane.wrap(current);
+    if (before.empty() || now.empty())
+        return false;
+    motion = meanDifference(before, now);
+    return true;
+}
+
+double MotionMeasure::meanDifference(const cv::Mat& previous, const cv::Mat& current) {
+    const bool isRectangle = region.kind == RegionOfInterest::Kind::Rectangle;
+    if (isRectangle && region.roi.empty())
+        return 0.0;
+    if (isRectangle)
+        cv::absdiff(current(region.roi), previous(region.roi), diff);
+    else
+        cv::absdiff(current, previous, diff);
+    cv::threshold(diff, diff, options.thresholdValue, 255, cv::THRESH_TOZERO);
+    if (region.kind != RegionOfInterest::Kind::Mask)
+        return float(cv::mean(diff)[0]);
+
+    diff.copyTo(masked, region.maskMat);
+    const auto value = float(cv::mean(masked)[0]);
+    if (region.maskCount == 0)
+        return value;
+    // The whole quotient is meant: a region that covers 40 % of the picture counts double.
+    const std::uint32_t weight = std::uint32_t(width) * std::uint32_t(height) / region.maskCount;
+    return value * float(weight);
+}

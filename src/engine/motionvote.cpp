@@ -1,0 +1,62 @@
+#include "motionvote.h"
+
+namespace {
+
+constexpr int fewestEntries = 4;
+
+}
+
+MotionVote::MotionVote(const QVector<float>& motionValues, const QVector<double>& frameTimes,
+                       double window, float threshold)
+    : values(motionValues)
+    , times(frameTimes)
+    , window(window)
+    , threshold(threshold) {}
+
+void MotionVote::advance() {
+    const int size = times.size();
+    if (size < 2)
+        return;
+    const int newest = size - 1;
+    if (times[newest] < times[newest - 1])
+        backStep = newest;
+    // Within a run of rising times the entries that drop out are the oldest. A step back inside
+    // the run, or one that reaches below it, allows no such conclusion.
+    if (backStep > first) {
+        recount();
+        return;
+    }
+    if (isHit(newest - 1))
+        ++hits;
+    while (first < newest && !isCounted(first)) {
+        if (isHit(first))
+            --hits;
+        ++first;
+    }
+}
+
+bool MotionVote::isWon() const {
+    const int size = times.size();
+    if (size < fewestEntries || first + 1 >= size)
+        return false;
+    const int counted = size - 1 - first;
+    return float(hits) / float(counted) >= 0.5F;
+}
+
+bool MotionVote::isCounted(int entry) const {
+    return times[entry] + window > times.last();
+}
+
+bool MotionVote::isHit(int entry) const {
+    return values[entry] >= threshold;
+}
+
+void MotionVote::recount() {
+    hits = 0;
+    first = times.size() - 1;
+    while (first > 0 && isCounted(first - 1)) {
+        --first;
+        if (isHit(first))
+            ++hits;
+    }
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QImage>
+#include <QRect>
+#include <QSize>
+
+#include <opencv2/core/mat.hpp>
+
+#include <cstdint>
+
+/// Where a person wants motion to be looked for. The whole picture by default.
+struct RegionOfInterest {
+    enum class Kind { WholeFrame, Rectangle, Mask };
+
+    Kind kind = Kind::WholeFrame;
+    QRect rectangle; ///< in the coordinates of a picture of size `space`; used by Kind::Rectangle
+    QSize space;     ///< empty: the pixels of the first pictures measured; used by Kind::Rectangle
+    QImage mask;     ///< green byte not 0 = selected; scaled to the picture; used by Kind::Mask
+};
+
+/// A region of interest made ready for pictures of one size.
+struct PreparedRegion {
+    RegionOfInterest::Kind kind = RegionOfInterest::Kind::WholeFrame;
+    cv::Mat maskMat;             ///< height x width, CV_8UC1, 255 = selected (Kind::Mask only)
+    std::uint32_t maskCount = 0; ///< number of selected pixels; 0 unless Kind::Mask
+    cv::Rect roi;                ///< pixels; all 0 if nothing is left (Kind::Rectangle only)
+};
+
+/// Makes `region` ready for pictures of `width` x `height` pixels (both at least 1).
+///
+/// A rectangle is scaled by picture size / `space` with its corner and its size truncated, and cut
+/// at the picture's edges. A mask is scaled to the picture by nearest neighbour.
+PreparedRegion prepareRegion(const RegionOfInterest& region, int width, int height);

@@ -1,0 +1,84 @@
+#include "segmentation.h"
+
+#include <utility>
+
+ClipSegmenter::ClipSegmenter(const SegmentationOptions& options, double firstTime,
+                             ClipPicturePointer firstPicture, QVector<float>& motionValues,
+                             QVector<double>& frameTimes)
+    : options(options)
+    , firstTime(firstTime)
+    , motionValues(motionValues)
+    , frameTimes(frameTimes)
+    , vote(motionValues, frameTimes, options.minimum, options.thresholdMotion)
+    , candidates(options.minimum)
+    , previousPicture(std::move(firstPicture))
+    , previousTime(firstTime) {}
+
+std::optional<DetectedClip> ClipSegmenter::addFrame(double motion, double time,
+                                                    ClipPicturePointer picture) {
+    std::optional<DetectedClip> closed;
+    if (inClip)
+        closed = continueClip(motion, time, picture);
+    else if (time > notBefore && vote.isWon())
+        openClip(time);
+
+    motionValues.append(float(motion));
+    frameTimes.append(time);
+    vote.advance();
+    // The picture before this frame goes with this frame's value: a clip that opens looks at the
+    // value of what moved and shows the picture just before the move.
+    candidates.add(float(motion), previousTime, std::move(previousPicture), time);
+    previousPicture = std::move(picture);
+    previousTime = time;
+    return closed;
+}
+
+std::optional<DetectedClip> ClipSegmenter::finish() {
+    if (!inClip)
+        return std::nullopt;
+    return closeClip(previousTime);
+}
+
+// The comparison is strict here while the vote counts a value equal to the threshold as motion: it
+// takes at least the threshold to open a clip and more than it to keep one open.
+std::optional<DetectedClip> ClipSegmenter::continueClip(double motion, double time,
+                                                        const ClipPicturePointer& picture) {
+    if (motion <= options.thresholdMotion) {
+        if (time - lastMotionTime > options.postrecord)
+            return closeClip(time);
+        return std::nullopt;
+    }
+    lastMotionTime = time;
+    if (motion > bestMotion) {
+        bestMotion = float(motion);
+        bestPicture = picture;
+        snapshotTime = time;
+    }
+    return std::nullopt;
+}
+
+void ClipSegmenter::openClip(double time) {
+    // The vote needs entries, and every entry came with a candidate.
+    const SnapshotCandidates::Candidate& best = *candidates.best();
+    bestMotion = best.value;
+    bestPicture = best.picture;
+    snapshotTime = best.time;
+    // The clamp acts on the stream's own time, before the first frame's is subtracted: where a
+    // recording does not start at 0, an early clip's start can be negative.
+    clipStart = time - options.minimum - options.prerecord;
+    if (clipStart < 0.0)
+        clipStart = 0.0;
+    lastMotionTime = time;
+    notBefore = clipStart;
+    inClip = true;
+}
+
+DetectedClip ClipSegmenter::closeClip(double time) {
+    DetectedClip clip{clipIndex, bestPicture->snapshot(), clipStart - firstTime, time - firstTime,
+                      snapshotTime - firstTime};
+    bestPicture.reset();
+    notBefore = time;
+    ++clipIndex;
+    inClip = false;
+    return clip;
+}

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "clippicture.h"
+#include "motionvote.h"
+#include "snapshotcandidates.h"
+
+#include <QImage>
+#include <QVector>
+
+#include <optional>
+
+/// How motion values become clips. Seconds are those of the recording.
+struct SegmentationOptions {
+    double prerecord = 1.0;       ///< seconds before the voting window at which a clip starts
+    double postrecord = 1.0;      ///< seconds of quiet after which a clip ends
+    double minimum = 5.0;         ///< seconds, 0 or more; length of the voting window
+    float thresholdMotion = 0.5F; ///< motion value that separates motion from quiet
+};
+
+/// One stretch of motion. Times in seconds from the first picture of the recording.
+struct DetectedClip {
+    int index = 0;   ///< 0 for the first clip of a recording
+    QImage snapshot; ///< 320 pixels wide; null only if its format cannot be scaled
+    double start = 0.0;
+    double end = 0.0;
+    double snapshotTime = 0.0;
+};
+
+/// Turns the motion values of one recording into clips.
+///
+/// A clip opens when motion fills at least half of the last `minimum` seconds before the newest
+/// frame, and closes when the value has stayed at or below the threshold for more than `postrecord`
+/// seconds. Consecutive clips may overlap. Knows nothing of decoding and of threads.
+class ClipSegmenter {
+public:
+    /// `firstTime` (seconds) and `firstPicture` are those of the first picture of the recording.
+    /// One entry per frame is appended to the lists, which start empty and must outlive the
+    /// segmenter.
+    ClipSegmenter(const SegmentationOptions& options, double firstTime,
+                  ClipPicturePointer firstPicture, QVector<float>& motionValues,
+                  QVector<double>& frameTimes);
+
+    /// Takes in the next frame; answers the clip that it closes, if any.
+    std::optional<DetectedClip> addFrame(double motion, double time, ClipPicturePointer picture);
+
+    /// Ends the recording; answers the clip that is still open, ending at the newest frame.
+    std::optional<DetectedClip> finish();
+
+private:
+    std::optional<DetectedClip> continueClip(double motion, double time,
+                                             const ClipPicturePointer& picture);
+    void openClip(double time);
+    DetectedClip closeClip(double time);
+
+    SegmentationOptions options;
+    double firstTime;
+    QVector<float>& motionValues;
+    QVector<double>& frameTimes;
+    MotionVote vote;
+    SnapshotCandidates candidates;
+    ClipPicturePointer previousPicture;
+    double previousTime;
+
+    bool inClip = false;
+    int clipIndex = 0;
+    double notBefore = -1000.0; ///< a clip may open only on a frame whose time is greater
+    double clipStart = -1000.0;
+    double lastMotionTime = 0.0;
+    float bestMotion = 0.0F;
+    ClipPicturePointer bestPicture;
+    double snapshotTime = -1.0;
+};

@@ -1,0 +1,116 @@
+#include "video.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QSettings>
+
+#include <algorithm>
+
+namespace {
+
+/// The name of the first folder that `directory` does not hold yet: base name, suffix, number.
+QString freeFolderName(const QFileInfo& file, const QDir& directory) {
+    QString name;
+    int number = 0;
+    do {
+        name = QStringLiteral("%1_%2_%3").arg(file.baseName(), file.suffix()).arg(number++);
+    } while (directory.exists(name));
+    return name;
+}
+
+/// Keeps a job's progress fields and signals in step with its detection.
+class JobClient : public DetectionClient {
+public:
+    explicit JobClient(Video& job)
+        : job(job) {}
+
+    bool isCancelled() override { return job.state != Video::Running; }
+
+    void opened(bool isIntraCodec, double) override {
+        job.intraCodec = isIntraCodec;
+        timer.start();
+    }
+
+    void frameProcessed(const FrameReport&) override {
+        job.elapsedSeconds = int(timer.elapsed() / 1000);
+    }
+
+    void positionChanged(qint64 bytePosition) override { job.bytesRead = bytePosition; }
+
+    void endReached() override { job.state = Video::Finished; }
+
+    void clipFound(const DetectedClip& clip) override {
+        Q_EMIT job.newClip(clip.index, clip.snapshot, clip.start, clip.end, clip.snapshotTime);
+    }
+
+private:
+    Video& job;
+    QElapsedTimer timer;
+};
+
+} // namespace
+
+Video::Video(const QString& fileName, const QString& exportDirectory, double prerecord,
+             double postrecord, double minimum, int skip, bool autoExport, const QImage* mask,
+             const QRect* roiRect, bool exportTimestamps, const QDateTime& startDateTime)
+    : fileName(fileName)
+    , state(Waiting)
+    , fileSize(0)
+    , bytesRead(0)
+    , prerecord(prerecord)
+    , postrecord(postrecord)
+    , minimum(minimum)
+    , skip(skip)
+    , elapsedSeconds(0)
+    , autoExport(autoExport)
+    , mask(mask ? std::make_unique<QImage>(*mask) : nullptr)
+    , roiRect(roiRect ? std::make_unique<QRect>(*roiRect) : nullptr)
+    , intraCodec(false)
+    , exportTimestamps(exportTimestamps)
+    , startDateTime(startDateTime) {
+    const QFileInfo file(fileName);
+    fileSize = file.size();
+    const QDir directory(exportDirectory);
+    const QString folder = freeFolderName(file, directory);
+    directory.mkpath(folder);
+    clipDirectory = directory.absoluteFilePath(folder);
+}
+
+Video::~Video() = default;
+
+QString Video::shortFileName() const {
+    return QFileInfo(fileName).fileName();
+}
+
+void Video::detect() {
+    state = Running;
+    JobClient client(*this);
+    Detection detection(detectionOptions(), client, motionValues, frameTimes);
+    const DetectionOutcome outcome = detection.run(fileName);
+    if (outcome == DetectionOutcome::CannotOpen || outcome == DetectionOutcome::TooFewPictures)
+        state = Failed;
+    Q_EMIT resultReady();
+}
+
+DetectionOptions Video::detectionOptions() const {
+    const QSettings settings;
+    DetectionOptions options;
+    options.measure.thresholdValue =
+        std::clamp(settings.value(QStringLiteral("threshold_value"), 35).toInt(), 0, 255);
+    options.measure.skip = skip;
+    if (roiRect && mask) {
+        options.measure.region.kind = RegionOfInterest::Kind::Rectangle;
+        options.measure.region.rectangle = *roiRect;
+        options.measure.region.space = mask->size();
+    } else if (mask) {
+        options.measure.region.kind = RegionOfInterest::Kind::Mask;
+        options.measure.region.mask = *mask;
+    }
+    options.segmentation = {
+        prerecord, postrecord, minimum,
+        std::max(
+            settings.value(QStringLiteral("threshold_motion"), QStringLiteral("0.5")).toFloat(),
+            0.0F)};
+    return options;
+}

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "detection.h"
+#include "firstframe.h"
+#include "relaxed.h"
+
+#include <QDateTime>
+#include <QImage>
+#include <QMutex>
+#include <QObject>
+#include <QRect>
+#include <QString>
+#include <QVector>
+
+#include <memory>
+
+/// One video file's detection job: the file, its region of interest and its export options.
+///
+/// Made on the GUI thread, moved to the worker thread, started there by `detect`. The fields of
+/// type `Relaxed` may be read and written by both threads while it runs; the lists belong to the
+/// thread that runs `detect` until `resultReady`; all other fields are fixed by the constructor.
+class Video : public QObject {
+    Q_OBJECT
+
+public:
+    /// The values of `state`. From CancelRequested on, every value is an end state.
+    enum State { Waiting = 0, Running = 1, CancelRequested = 2, Failed = 3, Finished = 4 };
+
+    /// Margins in seconds, `skip` in frames. A mask or rectangle (coordinates of the mask image) is
+    /// copied; both may be null, and a rectangle needs the mask beside it. Makes the job's own clip
+    /// folder inside `exportDirectory`; whether that worked shows only when a clip is exported.
+    Video(const QString& fileName, const QString& exportDirectory, double prerecord,
+          double postrecord, double minimum, int skip, bool autoExport, const QImage* mask,
+          const QRect* roiRect, bool exportTimestamps, const QDateTime& startDateTime);
+    ~Video() override;
+
+    /// The file's name without its folder.
+    QString shortFileName() const;
+
+    QVector<float> motionValues;    ///< one motion value per processed frame
+    QVector<double> frameTimes;     ///< the same frames' times, seconds
+    QString fileName;               ///< as passed to the constructor
+    QString clipDirectory;          ///< absolute path of the job's own export folder
+    Relaxed<int> state;             ///< a `State`; the GUI thread writes 2 to cancel
+    qint64 fileSize;                ///< bytes
+    Relaxed<qint64> bytesRead;      ///< the demuxer's position; -1 when unknown
+    double prerecord;               ///< seconds
+    double postrecord;              ///< seconds
+    double minimum;                 ///< seconds
+    int skip;                       ///< frames between two measurements
+    Relaxed<int> elapsedSeconds;    ///< wall-clock seconds since detection started
+    bool autoExport;                ///< export every clip as soon as it is found
+    std::unique_ptr<QImage> mask;   ///< own copy, or null
+    std::unique_ptr<QRect> roiRect; ///< own copy, or null
+    QMutex mutex;                   ///< the job's own; no operation takes it
+    Relaxed<bool> intraCodec;       ///< every picture stands alone; known once detection runs
+    bool exportTimestamps;          ///< burn the wall-clock time into exported clips
+    QDateTime startDateTime;        ///< wall-clock time of the first picture
+
+Q_SIGNALS:
+    /// A clip was found. Times in seconds from the first picture.
+    void newClip(int index, QImage snapshot, double start, double end, double snapshotTime);
+
+    /// The run is over, whatever its outcome; `state` is no longer 1. Once per `detect`.
+    void resultReady();
+
+public Q_SLOTS:
+    /// The whole run, on the thread that the job lives on.
+    void detect();
+
+private:
+    DetectionOptions detectionOptions() const;
+};

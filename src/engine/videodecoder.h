@@ -1,0 +1,66 @@
+#pragma once
+
+#include "decodedframe.h"
+
+#include <QString>
+#include <QtGlobal>
+
+#include <functional>
+
+struct DecodingContext;
+
+/// Reads one video file picture by picture: the first video stream by index, decoded in order.
+///
+/// Used from one thread at a time. The caller holds `ffmpegMutex` around `open` and `close`.
+/// Calling order: construct, `open`, `readFrame` until it answers null, `close`.
+class VideoDecoder {
+public:
+    VideoDecoder();
+    ~VideoDecoder();
+    VideoDecoder(const VideoDecoder&) = delete;
+    VideoDecoder& operator=(const VideoDecoder&) = delete;
+
+    /// Asked during long reads; when it answers true, the read ends as at end of file. Set it
+    /// before `open`.
+    void setInterrupt(std::function<bool()> isInterrupted);
+
+    /// Opens `fileName` (UTF-8), closing what was open. False if there is no readable video stream
+    /// or no decoder for it; `errorText` then says why.
+    bool open(const char* fileName);
+
+    /// The next picture, or null at end of file and on any read error.
+    ///
+    /// Pictures still inside the decoder when the file ends are not delivered. With `clone` the
+    /// record holds its own reference to the picture, otherwise the decoder's frame itself; the
+    /// caller owns the record either way.
+    DecodedFrame* readFrame(bool clone);
+
+    /// Closes the file. Safe when nothing is open.
+    void close();
+
+    /// The demuxer's position in the file in bytes, -1 if there is none.
+    qint64 bytePosition() const;
+
+    /// Index of the chosen stream in the file, -1 if nothing is open or it has no video stream.
+    int videoStreamIndex() const;
+
+    /// True if the codec is one of those whose every picture stands alone and that are therefore
+    /// never cut by stream copy: MJPEG, MJPEG-B, Lagarith.
+    bool isIntraCodec() const;
+
+    /// Length of the file in seconds as its header says, 0 if unknown.
+    double duration() const;
+
+    /// Why the last `open` failed, in a few words for a person; empty after a success.
+    QString errorText() const;
+
+private:
+    bool openFile(const char* fileName);
+    bool openStream();
+    bool decodePacket();
+    DecodedFrame* takePicture(bool clone);
+
+    DecodingContext* context = nullptr;
+    std::function<bool()> interrupt;
+    QString error;
+};

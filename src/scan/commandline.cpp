@@ -1,0 +1,176 @@
+#include "commandline.h"
+
+#include <QCommandLineParser>
+#include <QImageReader>
+
+#include <array>
+
+namespace {
+
+const char description[] =
+    "Finds the stretches of recordings in which something moves and prints them as clips.\n"
+    "\n"
+    "Every picture is compared with the one before it. A clip opens when motion fills half of the\n"
+    "last --minimum seconds, starts --prerecord seconds before them, and ends when there has been\n"
+    "no motion for --postrecord seconds.\n"
+    "\n"
+    "Exit status: 0 every video was read to its end, 1 some could not be read (the others were),\n"
+    "2 the command line is wrong, 130 interrupted (the open clip is still written).";
+
+/// The message for the first thing that is wrong, if any.
+class Values {
+public:
+    explicit Values(const QCommandLineParser& parser)
+        : parser(parser) {}
+
+    double number(const QString& option, double lowest, double highest) {
+        bool isNumber = false;
+        const double value = parser.value(option).toDouble(&isNumber);
+        if (!isNumber || !(value >= lowest && value <= highest))
+            reject(option, lowest, highest, QStringLiteral("a number"));
+        return value;
+    }
+
+    int integer(const QString& option, int lowest, int highest) {
+        bool isNumber = false;
+        const int value = parser.value(option).toInt(&isNumber);
+        if (!isNumber || value < lowest || value > highest)
+            reject(option, lowest, highest, QStringLiteral("a whole number"));
+        return value;
+    }
+
+    void reject(const QString& message) {
+        if (error.isEmpty())
+            error = message;
+    }
+
+    QString error;
+
+private:
+    void reject(const QString& option, double lowest, double highest, const QString& kind) {
+        reject(QStringLiteral("--%1 takes %2 from %3 to %4, not '%5'")
+                   .arg(option, kind)
+                   .arg(lowest)
+                   .arg(highest)
+                   .arg(parser.value(option)));
+    }
+
+    const QCommandLineParser& parser;
+};
+
+void addOptions(QCommandLineParser& parser) {
+    parser.setApplicationDescription(QString::fromLatin1(description));
+    parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
+    parser.addPositionalArgument("VIDEO", "A recording. Each is read on its own.", "VIDEO...");
+    parser.addOptions({
+        {"prerecord", "Seconds kept before the motion, 1 to 3600 (1).", "S", "1"},
+        {"postrecord", "Seconds without motion that end a clip, 1 to 3600 (1).", "S", "1"},
+        {"minimum", "Seconds of which motion must fill half for a clip to open, 1 to 3600 (5).",
+         "S", "5"},
+        {"skip", "Pictures left out between two comparisons, 0 to 100 (0).", "N", "0"},
+        {"threshold-value",
+         "How much a pixel must change to count, 0 to 255 (35). More for noisy videos.", "N", "35"},
+        {"threshold-motion",
+         "Mean change of the pixels that is motion, 0 to 10 (0.5). More for fewer clips.", "X",
+         "0.5"},
+        {"roi", "Look only inside this rectangle, in pixels of the video.", "X,Y,WIDTH,HEIGHT"},
+        {"mask", "Look only where this picture is green; it is scaled to the video.", "PICTURE"},
+        {"format", "How clips are printed: text, jsonl or csv (text).", "FORMAT", "text"},
+        {"snapshots", "Write a picture of each clip's strongest motion into this folder.", "DIR"},
+        {"trace",
+         "Write each picture's number, time and motion value, for choosing the thresholds.",
+         "FILE"},
+        {"quiet", "No progress and no summary, only clips and errors."},
+        {{"h", "help"}, "Print this text."},
+        {{"v", "version"}, "Print the version."},
+    });
+}
+
+QString expectedRectangle() {
+    return QStringLiteral(
+        "--roi takes X,Y,WIDTH,HEIGHT in whole pixels, WIDTH and HEIGHT at least 1");
+}
+
+void readRectangle(const QString& text, RegionOfInterest& region, Values& values) {
+    const QStringList parts = text.split(',');
+    std::array<int, 4> numbers{};
+    bool isGood = parts.size() == int(numbers.size());
+    for (int i = 0; isGood && i < parts.size(); ++i)
+        numbers[std::size_t(i)] = parts[i].toInt(&isGood);
+    const auto [x, y, width, height] = numbers;
+    if (!isGood || width < 1 || height < 1) {
+        values.reject(expectedRectangle());
+        return;
+    }
+    region.kind = RegionOfInterest::Kind::Rectangle;
+    region.rectangle = QRect(x, y, width, height);
+}
+
+void readMask(const QString& fileName, RegionOfInterest& region, Values& values) {
+    QImageReader reader(fileName);
+    region.kind = RegionOfInterest::Kind::Mask;
+    region.mask = reader.read();
+    if (region.mask.isNull())
+        values.reject(
+            QStringLiteral("cannot read the mask '%1': %2").arg(fileName, reader.errorString()));
+}
+
+ReportFormat readFormat(const QString& name, Values& values) {
+    if (name == QLatin1String("jsonl"))
+        return ReportFormat::JsonLines;
+    if (name == QLatin1String("csv"))
+        return ReportFormat::Csv;
+    if (name != QLatin1String("text"))
+        values.reject(QStringLiteral("--format takes text, jsonl or csv, not '%1'").arg(name));
+    return ReportFormat::Text;
+}
+
+DetectionOptions readDetection(const QCommandLineParser& parser, Values& values) {
+    DetectionOptions options;
+    options.segmentation.prerecord = values.number("prerecord", 1.0, 3600.0);
+    options.segmentation.postrecord = values.number("postrecord", 1.0, 3600.0);
+    options.segmentation.minimum = values.number("minimum", 1.0, 3600.0);
+    options.segmentation.thresholdMotion = float(values.number("threshold-motion", 0.0, 10.0));
+    options.measure.thresholdValue = values.integer("threshold-value", 0, 255);
+    options.measure.skip = values.integer("skip", 0, 100);
+    if (parser.isSet("roi") && parser.isSet("mask"))
+        values.reject(QStringLiteral("--roi and --mask exclude each other"));
+    else if (parser.isSet("roi"))
+        readRectangle(parser.value("roi"), options.measure.region, values);
+    else if (parser.isSet("mask"))
+        readMask(parser.value("mask"), options.measure.region, values);
+    return options;
+}
+
+} // namespace
+
+CommandLine parseCommandLine(const QStringList& arguments) {
+    QCommandLineParser parser;
+    addOptions(parser);
+    if (!parser.parse(arguments))
+        return {CommandLine::Action::Reject, {}, parser.errorText()};
+    if (parser.isSet("help"))
+        return {CommandLine::Action::PrintText, {}, parser.helpText()};
+    if (parser.isSet("version"))
+        return {CommandLine::Action::PrintText,
+                {},
+                QStringLiteral("kestrova-scan " KESTROVA_VERSION "\n")};
+
+    Values values(parser);
+    ScanOptions options;
+    options.videos = parser.positionalArguments();
+    options.detection = readDetection(parser, values);
+    options.format = readFormat(parser.value("format"), values);
+    options.snapshotDirectory = parser.value("snapshots");
+    options.traceFile = parser.value("trace");
+    options.quiet = parser.isSet("quiet");
+    if (options.videos.isEmpty())
+        values.reject(QStringLiteral("no video named"));
+    for (const char* option : {"snapshots", "trace"}) {
+        if (parser.isSet(option) && parser.value(option).isEmpty())
+            values.reject(QStringLiteral("--%1 needs a name").arg(option));
+    }
+    if (!values.error.isEmpty())
+        return {CommandLine::Action::Reject, {}, values.error};
+    return {CommandLine::Action::Scan, options, {}};
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "scanoptions.h"
+
+/// What a command line asks for.
+struct CommandLine {
+    enum class Action { Scan, PrintText, Reject };
+
+    Action action = Action::Scan;
+    ScanOptions options; ///< with Action::Scan
+    QString text;        ///< help or version to print, or why the command line is rejected
+};
+
+/// Parses `arguments` (the program's name first). Needs an application object, for its name.
+///
+/// Reads the mask picture if one is named; touches nothing else.
+CommandLine parseCommandLine(const QStringList& arguments);

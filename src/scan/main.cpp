@@ -1,0 +1,44 @@
+#include "commandline.h"
+#include "interrupt.h"
+#include "scanner.h"
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTextCodec>
+
+#include <cstdio>
+
+namespace {
+
+ExitStatus rejectCommandLine(const QString& reason) {
+    std::fprintf(stderr, "kestrova-scan: %s\nTry 'kestrova-scan --help'.\n",
+                 QFile::encodeName(reason).constData());
+    return UsageError;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    // File names are UTF-8 also where a job runs without a locale, as cron's do.
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    QCoreApplication application(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("kestrova-scan"));
+
+    const CommandLine commandLine = parseCommandLine(QCoreApplication::arguments());
+    if (commandLine.action == CommandLine::Action::Reject)
+        return rejectCommandLine(commandLine.text);
+
+    QFile output;
+    if (!output.open(stdout, QIODevice::WriteOnly))
+        return SomeFailed;
+    if (commandLine.action == CommandLine::Action::PrintText) {
+        output.write(commandLine.text.toUtf8());
+        return AllRead;
+    }
+    catchInterrupts();
+    const ExitStatus status = scan(commandLine.options, output);
+    if (output.flush() && output.error() == QFileDevice::NoError)
+        return status;
+    std::fputs("kestrova-scan: cannot write to standard output\n", stderr);
+    return status == AllRead ? SomeFailed : status;
+}

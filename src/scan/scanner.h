@@ -1,0 +1,9 @@
+#pragma once
+
+#include "scanoptions.h"
+
+#include <QIODevice>
+
+/// Scans the videos one after the other. Clips go to `output`, which must be open; everything else
+/// goes to standard error.
+ExitStatus scan(const ScanOptions& options, QIODevice& output);

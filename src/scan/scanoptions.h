@@ -1,0 +1,21 @@
+#pragma once
+
+#include "detection.h"
+
+#include <QString>
+#include <QStringList>
+
+enum class ReportFormat { Text, JsonLines, Csv };
+
+/// What one call of the scanner is asked to do.
+struct ScanOptions {
+    QStringList videos; ///< as the person wrote them; at least one
+    DetectionOptions detection;
+    ReportFormat format = ReportFormat::Text;
+    QString snapshotDirectory; ///< empty: no snapshots
+    QString traceFile;         ///< empty: no trace
+    bool quiet = false;        ///< no progress and no summary on standard error
+};
+
+/// The scanner's exit statuses.
+enum ExitStatus { AllRead = 0, SomeFailed = 1, UsageError = 2, Interrupted = 130 };

@@ -1,0 +1,8 @@
+#include "footage.h"
+
+#include <QDir>
+
+QString footageDirectory() {
+    const QString path = qEnvironmentVariable("KESTROVA_FOOTAGE");
+    return !path.isEmpty() && QDir(path).exists() ? QDir(path).absolutePath() : QString();
+}

@@ -1,0 +1,69 @@
+#include "media.h"
+
+#include "process.h"
+
+#include <QFile>
+#include <QTemporaryFile>
+#include <QtDebug>
+
+#include <cstring>
+
+namespace media {
+
+QString programDirectory() {
+    return QStringLiteral(KESTROVA_PROGRAM_DIRECTORY);
+}
+
+bool encode(const QStringList& arguments) {
+    const QStringList common = {"-nostdin", "-v", "error", "-y"};
+    const ProcessResult result = runProgram("ffmpeg", common + arguments);
+    if (result.status != 0)
+        qWarning("ffmpeg %s: %s", qPrintable(arguments.join(' ')), result.errors.constData());
+    return result.status == 0;
+}
+
+bool hasEncoder(const QString& name) {
+    static const QByteArray encoders = runProgram("ffmpeg", {"-v", "error", "-encoders"}).output;
+    return encoders.contains(' ' + name.toLatin1() + ' ');
+}
+
+QImage grey(int width, int height, int value) {
+    QImage picture(width, height, QImage::Format_Grayscale8);
+    picture.fill(value);
+    return picture;
+}
+
+bool encodeGrey(const QString& fileName, const QList<QImage>& pictures, int framesPerSecond,
+                const QStringList& codec) {
+    QTemporaryFile raw;
+    if (pictures.isEmpty() || !raw.open())
+        return false;
+    for (const QImage& picture : pictures) {
+        for (int y = 0; y < picture.height(); ++y)
+            raw.write(reinterpret_cast<const char*>(picture.constScanLine(y)), picture.width());
+    }
+    raw.close();
+    const QImage& first = pictures.first();
+    const QStringList input = {
+        "-f",       "rawvideo",
+        "-pix_fmt", "gray",
+        "-s",       QStringLiteral("%1x%2").arg(first.width()).arg(first.height()),
+        "-r",       QString::number(framesPerSecond),
+        "-i",       raw.fileName()};
+    return encode(input + codec + QStringList{fileName});
+}
+
+QStringList crossingBox(int seconds, int from, int to, const QString& size) {
+    const QString scene =
+        QStringLiteral("color=c=0x406040:s=%1:r=25:d=%2,noise=alls=4:allf=t:all_seed=7[scene];"
+                       "color=c=white:s=%1:r=25:d=%2,scale=iw/8:ih/4[box];"
+                       "[scene][box]overlay=x='(t-%3)*W/(%4-%3)':y=H/3:"
+                       "enable='between(t,%3,%4)',format=yuv420p")
+            .arg(size)
+            .arg(seconds)
+            .arg(from)
+            .arg(to);
+    return {"-filter_complex", scene};
+}
+
+} // namespace media

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QImage>
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+/// Recordings made at test time.
+namespace media {
+
+/// The folder with the built programs, the encoder among them.
+QString programDirectory();
+
+/// Runs the encoder with `arguments`; false, with its errors on the debug output, if it fails.
+bool encode(const QStringList& arguments);
+
+/// Whether the encoder can write this codec ("libx264", "libaom-av1", ...).
+bool hasEncoder(const QString& name);
+
+/// One 8-bit picture of one grey.
+QImage grey(int width, int height, int value);
+
+/// Encodes grey pictures (QImage::Format_Grayscale8, all of one size) into `fileName`.
+///
+/// The picture values survive exactly only with a lossless codec and a pixel format that keeps
+/// them, as {"-c:v", "ffv1"} does.
+bool encodeGrey(const QString& fileName, const QList<QImage>& pictures, int framesPerSecond,
+                const QStringList& codec);
+
+/// A still scene with sensor noise in which a box crosses from second `from` to second `to`.
+/// 320x240 at 25 frames per second unless `size` says otherwise ("1920x1080").
+QStringList crossingBox(int seconds, int from, int to,
+                        const QString& size = QStringLiteral("320x240"));
+
+} // namespace media

@@ -1,0 +1,23 @@
+#include "process.h"
+
+#include "media.h"
+
+#include <QProcess>
+
+ProcessResult runProgram(const QString& name, const QStringList& arguments,
+                         int timeoutMilliseconds) {
+    QProcess process;
+    process.setStandardInputFile(QProcess::nullDevice());
+    process.start(media::programDirectory() + '/' + name, arguments);
+    const bool hasEnded = process.waitForFinished(timeoutMilliseconds);
+    ProcessResult result;
+    result.output = process.readAllStandardOutput();
+    result.errors = process.readAllStandardError();
+    if (!hasEnded) {
+        process.kill();
+        process.waitForFinished();
+    } else if (process.exitStatus() == QProcess::NormalExit) {
+        result.status = process.exitCode();
+    }
+    return result;
+}

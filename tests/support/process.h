@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+struct ProcessResult {
+    int status = -1; ///< exit status; -1 if it did not start, crashed or outran its time
+    QByteArray output;
+    QByteArray errors;
+};
+
+/// Runs a program of the program directory to its end, without standard input.
+ProcessResult runProgram(const QString& name, const QStringList& arguments,
+                         int timeoutMilliseconds = 120000);
