@@ -80,6 +80,7 @@ void addOptions(QCommandLineParser& parser) {
         {"trace",
          "Write each picture's number, time and motion value, for choosing the thresholds.",
          "FILE"},
+        {"threads", "Threads that decode a recording, 0 to 256; 0 is one per core (0).", "N", "0"},
         {"quiet", "No progress and no summary, only clips and errors."},
         {{"h", "help"}, "Print this text."},
         {{"v", "version"}, "Print the version."},
@@ -133,6 +134,7 @@ DetectionOptions readDetection(const QCommandLineParser& parser, Values& values)
     options.segmentation.thresholdMotion = float(values.number("threshold-motion", 0.0, 10.0));
     options.measure.thresholdValue = values.integer("threshold-value", 0, 255);
     options.measure.skip = values.integer("skip", 0, 100);
+    options.threads = values.integer("threads", 0, 256);
     if (parser.isSet("roi") && parser.isSet("mask"))
         values.reject(QStringLiteral("--roi and --mask exclude each other"));
     else if (parser.isSet("roi"))
