@@ -80,7 +80,10 @@ void addOptions(QCommandLineParser& parser) {
         {"trace",
          "Write each picture's number, time and motion value, for choosing the thresholds.",
          "FILE"},
-        {"threads", "Threads that decode a recording, 0 to 256; 0 is one per core (0).", "N", "0"},
+        {"threads",
+         "Threads that decode a recording, 0 to 256; 0 is one per core, shared among --jobs (0).",
+         "N", "0"},
+        {"jobs", "Recordings scanned side by side, 1 to 256 (1). Lines stay in order.", "N", "1"},
         {"quiet", "No progress and no summary, only clips and errors."},
         {{"h", "help"}, "Print this text."},
         {{"v", "version"}, "Print the version."},
@@ -165,6 +168,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     options.format = readFormat(parser.value("format"), values);
     options.snapshotDirectory = parser.value("snapshots");
     options.traceFile = parser.value("trace");
+    options.jobs = values.integer("jobs", 1, 256);
     options.quiet = parser.isSet("quiet");
     if (options.videos.isEmpty())
         values.reject(QStringLiteral("no video named"));

@@ -14,6 +14,7 @@ struct ScanOptions {
     ReportFormat format = ReportFormat::Text;
     QString snapshotDirectory; ///< empty: no snapshots
     QString traceFile;         ///< empty: no trace
+    int jobs = 1;              ///< recordings scanned side by side, 1 or more
     bool quiet = false;        ///< no progress and no summary on standard error
 };
 

@@ -1,4 +1,4 @@
-#include "clipreport.h"
+#include "clipformat.h"
 
 #include <QFile>
 #include <QLocale>
@@ -9,44 +9,24 @@
 
 namespace {
 
-class Report : public ClipReport {
+class TextFormat : public ClipFormat {
 public:
-    explicit Report(QIODevice& output)
-        : output(output) {}
-
-protected:
-    void write(const QByteArray& line) {
-        output.write(line);
-        if (auto* file = qobject_cast<QFileDevice*>(&output))
-            file->flush();
-    }
-
-private:
-    QIODevice& output;
-};
-
-class TextReport : public Report {
-public:
-    using Report::Report;
-
-    void addClip(const ClipLine& line) override {
-        const DetectedClip& clip = line.clip;
+    QByteArray clip(const ClipLine& line) const override {
+        const DetectedClip& found = line.clip;
         QString text = QStringLiteral("%1  #%2  %3 - %4  %5 s")
                            .arg(line.video)
-                           .arg(clip.index)
-                           .arg(clockText(clip.start), clockText(clip.end))
-                           .arg(clip.end - clip.start, 0, 'f', 1);
+                           .arg(found.index)
+                           .arg(clockText(found.start), clockText(found.end))
+                           .arg(found.end - found.start, 0, 'f', 1);
         if (!line.snapshotFile.isEmpty())
             text += QStringLiteral("  ") + line.snapshotFile;
-        write(QFile::encodeName(text) + '\n');
+        return QFile::encodeName(text) + '\n';
     }
 };
 
-class JsonLinesReport : public Report {
+class JsonLinesFormat : public ClipFormat {
 public:
-    using Report::Report;
-
-    void addClip(const ClipLine& line) override {
+    QByteArray clip(const ClipLine& line) const override {
         Json object;
         object["video"] = line.video.toStdString();
         object["index"] = line.clip.index;
@@ -56,17 +36,17 @@ public:
         object["snapshot"] = nullptr;
         if (!line.snapshotFile.isEmpty())
             object["snapshot"] = line.snapshotFile.toStdString();
-        writeObject(object);
+        return written(object);
     }
 
-    void endVideo(const VideoLine& line) override {
+    QByteArray videoEnd(const VideoLine& line) const override {
         Json object;
         object["video"] = line.video.toStdString();
         object["state"] = stateName(line.outcome);
         object["frames"] = line.frames;
         object["clips"] = line.clips;
         object["seconds"] = line.seconds;
-        writeObject(object);
+        return written(object);
     }
 
 private:
@@ -83,25 +63,23 @@ private:
         }
     }
 
-    void writeObject(const Json& object) {
+    static QByteArray written(const Json& object) {
         const std::string text = object.dump(-1, ' ', false, Json::error_handler_t::replace);
-        write(QByteArray::fromStdString(text) + '\n');
+        return QByteArray::fromStdString(text) + '\n';
     }
 };
 
 /// RFC 4180: lines end with CR LF, fields with separators or quotes in them are quoted.
-class CsvReport : public Report {
+class CsvFormat : public ClipFormat {
 public:
-    using Report::Report;
+    QByteArray header() const override { return "video,index,start,end,snapshotTime,snapshot\r\n"; }
 
-    void begin() override { write("video,index,start,end,snapshotTime,snapshot\r\n"); }
-
-    void addClip(const ClipLine& line) override {
-        const DetectedClip& clip = line.clip;
-        const QByteArrayList fields = {quoted(line.video),        QByteArray::number(clip.index),
-                                       number(clip.start),        number(clip.end),
-                                       number(clip.snapshotTime), quoted(line.snapshotFile)};
-        write(fields.join(',') + "\r\n");
+    QByteArray clip(const ClipLine& line) const override {
+        const DetectedClip& found = line.clip;
+        const QByteArrayList fields = {quoted(line.video),         QByteArray::number(found.index),
+                                       number(found.start),        number(found.end),
+                                       number(found.snapshotTime), quoted(line.snapshotFile)};
+        return fields.join(',') + "\r\n";
     }
 
 private:
@@ -120,16 +98,19 @@ private:
 
 } // namespace
 
-std::unique_ptr<ClipReport> makeClipReport(ReportFormat format, QIODevice& output) {
+const ClipFormat& clipFormat(ReportFormat format) {
+    static const TextFormat text;
+    static const JsonLinesFormat jsonLines;
+    static const CsvFormat csv;
     switch (format) {
     case ReportFormat::JsonLines:
-        return std::make_unique<JsonLinesReport>(output);
+        return jsonLines;
     case ReportFormat::Csv:
-        return std::make_unique<CsvReport>(output);
+        return csv;
     case ReportFormat::Text:
         break;
     }
-    return std::make_unique<TextReport>(output);
+    return text;
 }
 
 QString clockText(double seconds) {
