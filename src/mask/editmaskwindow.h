@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+#include <QWidget>
+
+#include <memory>
+
+class Video;
+
+namespace Ui {
+class EditMaskWindow;
+}
+
+/// The window in which every new video file is set up before detection.
+///
+/// Files wait in a queue and are shown one at a time on their first picture; files without one are
+/// dropped silently. The window shows itself for a file and hides when none is left.
+class EditMaskWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit EditMaskWindow(QWidget* parent = nullptr);
+    ~EditMaskWindow() override;
+
+    /// Queues a file and shows the next one; the file shown until now is dropped.
+    void addFile(const QString& path);
+
+    /// Queues files and shows the next one, as `addFile`; also with an empty list.
+    void addFiles(const QStringList& paths);
+
+    /// Accepted jobs in the order of their acceptance. Who takes a job out of the list owns it.
+    QList<Video*> readyVideos;
+
+Q_SIGNALS:
+    /// Jobs were added to `readyVideos`.
+    void newVideo();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+private Q_SLOTS:
+    void on_pushButtonAdd_clicked();
+    void on_pushButtonAddAll_clicked();
+    void on_pushButtonCancel_clicked();
+    void on_pushButtonCancelAll_clicked();
+    void on_pushButtonClear_clicked();
+    void on_pushButtonInvert_clicked();
+    void on_pushButtonDir_clicked();
+    void on_comboBoxSelectionMode_currentIndexChanged(int index);
+    void on_checkBoxExportTimestamp_clicked();
+    void roiUpdated();
+
+private:
+    void prepareStartTime();
+    void loadSettings();
+    void saveSettings() const;
+    void showNext();
+    void discardAll();
+    bool isExportDirectoryGood() const;
+    void createJob(const QString& path);
+
+    std::unique_ptr<Ui::EditMaskWindow> ui;
+    QStringList pendingFiles; ///< waiting to be shown, first = next
+    QString currentFile;      ///< the file shown now
+};
