@@ -1,7 +1,7 @@
 #include "clip.h"
 #include "encoderstand.h"
 #include "media.h"
-#include "probe.h"
+#include "clipprobe.h"
 #include "video.h"
 
 #include <QDesktopServices>

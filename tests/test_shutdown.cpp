@@ -1,6 +1,6 @@
 #include "encoderstand.h"
 #include "media.h"
-#include "probe.h"
+#include "clipprobe.h"
 
 #include <QDir>
 #include <QDirIterator>

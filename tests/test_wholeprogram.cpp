@@ -5,7 +5,7 @@
 #include "mainwindowdriver.h"
 #include "media.h"
 #include "mouse.h"
-#include "probe.h"
+#include "clipprobe.h"
 #include "widgeteditor.h"
 
 #include <QComboBox>

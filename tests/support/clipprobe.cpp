@@ -1,4 +1,4 @@
-#include "probe.h"
+#include "clipprobe.h"
 
 #include "process.h"
 
