@@ -45,7 +45,10 @@ DetectionOutcome Detection::run(const QString& fileName) {
     // A cancel cuts an open or a read short, which is no failure of the file.
     const bool hasFailed =
         outcome == DetectionOutcome::CannotOpen || outcome == DetectionOutcome::TooFewPictures;
-    return hasFailed && client.isCancelled() ? DetectionOutcome::Cancelled : outcome;
+    if (!hasFailed || !client.isCancelled())
+        return outcome;
+    error.clear();
+    return DetectionOutcome::Cancelled;
 }
 
 DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
@@ -63,7 +66,7 @@ DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
     ClipSegmenter segmenter(options.segmentation, firstTime,
                             std::make_shared<FramePicture>(previous), motionValues, frameTimes);
     bool ended = false;
-    for (qint64 number = 1; !ended && !client.isCancelled(); ++number) {
+    for (qint64 number = 1; current && !client.isCancelled(); ++number) {
         const double motion = measure.measure(*previous, *current);
         const auto clip =
             segmenter.addFrame(motion, current->time, std::make_shared<FramePicture>(current));

@@ -13,6 +13,7 @@
 namespace {
 
 bool grab(const std::string& fileName, QImage* image) {
+    routeLibavLog();
     cv::VideoCapture capture;
     {
         QMutexLocker lock(&ffmpegMutex());

@@ -38,10 +38,11 @@ void forward(void* context, int level, const char* format, va_list arguments) {
     thread_local QByteArray line;
     thread_local int printPrefix = 1;
     std::array<char, 1024> text{};
-    av_log_format_line2(context, level, format, arguments, text.data(), int(text.size()),
-                        &printPrefix);
+    const int length = av_log_format_line2(context, level, format, arguments, text.data(),
+                                           int(text.size()), &printPrefix);
     line += text.data();
-    if (!line.endsWith('\n') && line.size() < 65536)
+    const bool isCut = length >= int(text.size());
+    if (!line.endsWith('\n') && !isCut && line.size() < 65536)
         return;
     write(level, line.trimmed());
     line.clear();

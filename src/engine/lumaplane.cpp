@@ -25,11 +25,12 @@ cv::Mat LumaPlane::wrap(const DecodedFrame& record) {
 cv::Mat LumaPlane::copyTopDown(const DecodedFrame& record, int bytesPerRow) {
     const int height = record.height();
     const int columns = std::min(bytesPerRow, record.width());
-    if (buffer.rows != height || buffer.cols != record.width())
-        buffer = cv::Mat::zeros(height, record.width(), CV_8UC1);
+    const int missing = record.width() - columns;
+    buffer.create(height, record.width(), CV_8UC1);
     for (int y = 0; y < height; ++y) {
         const std::uint8_t* row = record.data() + std::ptrdiff_t(y) * record.stride();
         std::memcpy(buffer.ptr(y), row, std::size_t(columns));
+        std::memset(buffer.ptr(y) + columns, 0, std::size_t(missing));
     }
     return buffer;
 }

@@ -13,8 +13,9 @@ MotionMeasure::MotionMeasure(const MeasureOptions& options)
 
 double MotionMeasure::measure(const DecodedFrame& previous, const DecodedFrame& current) {
     --skipCounter;
+    const bool hasPixels = current.width() > 0 && current.height() > 0;
     try {
-        if (current.width() != width || current.height() != height)
+        if (hasPixels && (current.width() != width || current.height() != height))
             prepare(current.width(), current.height());
         if (skipCounter < 0)
             skipCounter = compare(previous, current) ? options.skip : 0;

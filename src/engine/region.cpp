@@ -1,29 +1,25 @@
 #include "region.h"
 
 #include <algorithm>
-#include <limits>
+#include <cmath>
 
 namespace {
-
-/// Truncates toward zero; what no int can hold becomes the nearest int.
-int truncated(double value) {
-    constexpr double lowest = std::numeric_limits<int>::min();
-    constexpr double highest = std::numeric_limits<int>::max();
-    return int(std::clamp(value, lowest, highest));
-}
 
 struct Span {
     int begin;
     int length;
 };
 
-/// One axis of the rectangle: `first` and `last` (inclusive) scaled and cut to 0 .. `limit`.
+/// One axis of the rectangle: `first` and `last` (inclusive) scaled and cut to 0 .. `limit`. The
+/// length is 0 if nothing is left. In doubles, since a corner may lie anywhere.
 Span scaledSpan(int first, int last, double scale, int limit) {
-    const int unclamped = truncated(first * scale);
-    const int begin = std::max(unclamped, 0);
-    const double extent = (double(last) - first + 1.0) * scale;
-    const double end = std::min(double(truncated(extent)) + unclamped, double(limit));
-    return {begin, truncated(end - begin)};
+    const double unclamped = std::trunc(first * scale);
+    const double extent = std::trunc((double(last) - first + 1.0) * scale);
+    const double begin = std::max(unclamped, 0.0);
+    const double end = std::min(unclamped + extent, double(limit));
+    if (end - begin < 1.0)
+        return {0, 0};
+    return {int(begin), int(end - begin)};
 }
 
 cv::Rect scaledRectangle(const RegionOfInterest& region, int width, int height) {
@@ -31,7 +27,7 @@ cv::Rect scaledRectangle(const RegionOfInterest& region, int width, int height) 
     const QRect& r = region.rectangle;
     const Span x = scaledSpan(r.left(), r.right(), double(width) / space.width(), width);
     const Span y = scaledSpan(r.top(), r.bottom(), double(height) / space.height(), height);
-    if (x.length < 1 || y.length < 1)
+    if (x.length == 0 || y.length == 0)
         return {};
     return {x.begin, y.begin, x.length, y.length};
 }

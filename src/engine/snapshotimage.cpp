@@ -29,9 +29,13 @@ QImage snapshotImage(const DecodedFrame& record) {
     const int height = snapshotHeight(frame);
     if (height < 1 || !frame.data[0])
         return {};
+    // Asked first, since the scaler aborts on a format that it does not know at all.
+    const auto format = AVPixelFormat(frame.format);
     SwsContext* scaler =
-        sws_getContext(frame.width, frame.height, AVPixelFormat(frame.format), snapshotWidth,
-                       height, AV_PIX_FMT_BGRA, SWS_BILINEAR, nullptr, nullptr, nullptr);
+        sws_isSupportedInput(format)
+            ? sws_getContext(frame.width, frame.height, format, snapshotWidth, height,
+                             AV_PIX_FMT_BGRA, SWS_BILINEAR, nullptr, nullptr, nullptr)
+            : nullptr;
     if (!scaler) {
         qCDebug(engineLog, "no scaler for pixel format %d", frame.format);
         return {};

@@ -14,7 +14,9 @@ QString freeFolderName(const QFileInfo& file, const QDir& directory) {
     QString name;
     int number = 0;
     do {
-        name = QStringLiteral("%1_%2_%3").arg(file.baseName(), file.suffix()).arg(number++);
+        // All at once: a file name may hold a "%3" of its own.
+        name = QStringLiteral("%1_%2_%3")
+                   .arg(file.baseName(), file.suffix(), QString::number(number++));
     } while (directory.exists(name));
     return name;
 }
@@ -85,6 +87,9 @@ QString Video::shortFileName() const {
 
 void Video::detect() {
     state = Running;
+    // The segmentation starts with empty lists, also where a job runs once more.
+    motionValues.clear();
+    frameTimes.clear();
     JobClient client(*this);
     Detection detection(detectionOptions(), client, motionValues, frameTimes);
     const DetectionOutcome outcome = detection.run(fileName);

@@ -55,10 +55,11 @@ bool encodeGrey(const QString& fileName, const QList<QImage>& pictures, int fram
 
 QStringList crossingBox(int seconds, int from, int to, const QString& size) {
     const QString scene =
-        QStringLiteral("color=c=0x406040:s=%1:r=25:d=%2,noise=alls=4:allf=t:all_seed=7[scene];"
-                       "color=c=white:s=%1:r=25:d=%2,scale=iw/8:ih/4[box];"
-                       "[scene][box]overlay=x='(t-%3)*W/(%4-%3)':y=H/3:"
-                       "enable='between(t,%3,%4)',format=yuv420p")
+        QStringLiteral(
+            "color=c=0x406040:s=%1:r=25:d=%2,noise=alls=4:allf=t:all_seed=7[scene];"
+            "color=c=gray:s=%1:r=25:d=%2,scale=iw/5:ih/4,noise=alls=90:allf=t:all_seed=8[box];"
+            "[scene][box]overlay=x='(t-%3)*W/(%4-%3)':y=H/3:"
+            "enable='between(t,%3,%4)',format=yuv420p")
             .arg(size)
             .arg(seconds)
             .arg(from)

@@ -1,0 +1,18 @@
+#include "files.h"
+
+#include <QFile>
+#include <QJsonDocument>
+
+QByteArray readFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QList<QJsonObject> jsonLines(const QByteArray& text) {
+    QList<QJsonObject> objects;
+    for (const QByteArray& line : text.split('\n')) {
+        if (!line.trimmed().isEmpty())
+            objects.append(QJsonDocument::fromJson(line).object());
+    }
+    return objects;
+}

@@ -1,0 +1,362 @@
+// The scanner as a whole, as a person or a script calls it.
+
+#include "files.h"
+#include "media.h"
+#include "process.h"
+
+#include <QFileInfo>
+#include <QImage>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <csignal>
+
+namespace {
+
+ProcessResult scan(const QStringList& arguments) {
+    return runProgram("kestrova-scan", arguments);
+}
+
+} // namespace
+
+class TestScan : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void textNamesEachClip();
+    void jsonLinesHaveEveryField();
+    void csvIsQuoted();
+    void snapshotsAreWrittenAndNamed();
+    void sameNamesGetSnapshotsOfTheirOwn();
+    void traceHasOneLinePerFrame();
+    void quietSaysNothing();
+    void summaryGoesToStandardError();
+    void maskAndRectangleLimitTheRegion();
+    void colonsAndSpacesInNames();
+    void namesInUtf8WithoutALocale();
+    void storedSettingsAreNotRead();
+    void worksWithoutADisplay();
+    void helpAndVersion();
+    void usageErrors_data();
+    void usageErrors();
+    void unreadableVideosAreNamedAndTheOthersDone();
+    void unwritableOutputsAreUsageErrors();
+    void fullDiskIsNoSuccess();
+    void interruptWritesTheOpenClip_data();
+    void interruptWritesTheOpenClip();
+    void needsNoWidgets();
+
+private:
+    QTemporaryDir folder;
+    QString video; ///< 20 s; a box crosses from second 6 to second 12
+};
+
+void TestScan::initTestCase() {
+    video = folder.filePath("garden.mp4");
+    QVERIFY(media::encode(media::crossingBox(20, 6, 12) +
+                          QStringList{"-c:v", "libx264", "-preset", "ultrafast", video}));
+}
+
+void TestScan::textNamesEachClip() {
+    const ProcessResult result = scan({"--minimum", "2", "--postrecord", "2", video});
+    QCOMPARE(result.status, 0);
+    const QList<QByteArray> lines = result.output.trimmed().split('\n');
+    QCOMPARE(lines.size(), 1);
+    const QRegularExpression format(
+        "^(.+)  #0  0:00:0(\\d\\.\\d{3}) - 0:00:1(\\d\\.\\d{3})  (\\d+\\.\\d) s$");
+    const auto match = format.match(lines.first());
+    QVERIFY2(match.hasMatch(), lines.first().constData());
+    QCOMPARE(match.captured(1), video);
+    // Motion from 6 to 12; half of 2 s is filled at about 7, so the clip starts at about 4.
+    QVERIFY(qAbs(match.captured(2).toDouble() - 4.0) < 0.3);
+    QVERIFY(qAbs(10.0 + match.captured(3).toDouble() - 14.0) < 0.3);
+}
+
+void TestScan::jsonLinesHaveEveryField() {
+    const ProcessResult result =
+        scan({"--format", "jsonl", "--minimum", "2", "--postrecord", "2", video});
+    QCOMPARE(result.status, 0);
+    const QList<QJsonObject> lines = jsonLines(result.output);
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(lines[0].keys(),
+             QStringList({"end", "index", "snapshot", "snapshotTime", "start", "video"}));
+    QVERIFY(lines[0]["snapshot"].isNull());
+    QCOMPARE(lines[0]["video"].toString(), video);
+    QCOMPARE(lines[1].keys(), QStringList({"clips", "frames", "seconds", "state", "video"}));
+    QCOMPARE(lines[1]["state"].toString(), QStringLiteral("finished"));
+    QCOMPARE(lines[1]["clips"].toInt(), 1);
+    // 500 pictures, less the few that are still in the decoder at the end.
+    QVERIFY(lines[1]["frames"].toInt() > 490 && lines[1]["frames"].toInt() <= 500);
+    // The first picture is number 0, so the last one lies (frames - 1) / 25 s behind it.
+    QVERIFY(qAbs(lines[1]["seconds"].toDouble() - (lines[1]["frames"].toInt() - 1) / 25.0) < 1e-9);
+}
+
+void TestScan::csvIsQuoted() {
+    const QString odd = folder.filePath("a \"b\", c.mp4");
+    QVERIFY(QFile::copy(video, odd));
+    const ProcessResult result =
+        scan({"--format", "csv", "--minimum", "2", "--postrecord", "2", odd});
+    QCOMPARE(result.status, 0);
+    const QList<QByteArray> lines = result.output.split('\n');
+    QCOMPARE(lines.first(), QByteArray("video,index,start,end,snapshotTime,snapshot\r"));
+    const QByteArray name = '"' + folder.filePath("a \"\"b\"\", c.mp4").toUtf8() + "\",0,";
+    QVERIFY2(lines[1].startsWith(name), lines[1].constData());
+    QVERIFY(lines[1].endsWith(",\r"));
+    QCOMPARE(lines.size(), 3);
+}
+
+void TestScan::snapshotsAreWrittenAndNamed() {
+    const QString pictures = folder.filePath("new/pictures");
+    const ProcessResult result = scan({"--format", "jsonl", "--minimum", "2", "--postrecord", "2",
+                                       "--snapshots", pictures, video});
+    QCOMPARE(result.status, 0);
+    const QString name = jsonLines(result.output).first()["snapshot"].toString();
+    QCOMPARE(name, pictures + "/garden.mp4-0000.png");
+    QCOMPARE(QImage(name).size(), QSize(320, 240));
+}
+
+void TestScan::sameNamesGetSnapshotsOfTheirOwn() {
+    QDir().mkpath(folder.filePath("other"));
+    const QString other = folder.filePath("other/garden.mp4");
+    QVERIFY(QFile::copy(video, other));
+    const ProcessResult result = scan({"--format", "jsonl", "--minimum", "2", "--postrecord", "2",
+                                       "--snapshots", folder.filePath("both"), video, other});
+    QCOMPARE(result.status, 0);
+    const QList<QJsonObject> lines = jsonLines(result.output);
+    QCOMPARE(lines[0]["snapshot"].toString(), folder.filePath("both/garden.mp4-0000.png"));
+    QCOMPARE(lines[2]["snapshot"].toString(), folder.filePath("both/garden.mp4_1-0000.png"));
+    QVERIFY(QFileInfo::exists(lines[2]["snapshot"].toString()));
+}
+
+void TestScan::traceHasOneLinePerFrame() {
+    const QString trace = folder.filePath("trace");
+    const ProcessResult result =
+        scan({"--skip", "1", "--trace", trace, "--format", "jsonl", video});
+    QCOMPARE(result.status, 0);
+    const QList<QByteArray> lines = readFile(trace).trimmed().split('\n');
+    QCOMPARE(lines.size(), jsonLines(result.output).last()["frames"].toInt() - 1);
+    QByteArray held = "0";
+    for (int i = 0; i < lines.size(); ++i) {
+        const QList<QByteArray> fields = lines[i].split('\t');
+        QCOMPARE(fields.size(), 3);
+        QCOMPARE(fields[0].toInt(), i + 1);
+        QVERIFY(qAbs(fields[1].toDouble() - (i + 1) / 25.0) < 1e-9);
+        if (i % 2 == 0) // with one frame skipped, the odd numbers hold the value before them
+            QCOMPARE(fields[2], held);
+        held = fields[2];
+    }
+}
+
+void TestScan::quietSaysNothing() {
+    QCOMPARE(scan({"--quiet", video}).errors, QByteArray());
+}
+
+void TestScan::summaryGoesToStandardError() {
+    QVERIFY(scan({"--minimum", "2", "--postrecord", "2", video}).errors.contains("clips: 1"));
+}
+
+void TestScan::maskAndRectangleLimitTheRegion() {
+    const QStringList options = {"--format", "jsonl", "--minimum", "2", "--postrecord", "2"};
+    const auto clips = [&](const QStringList& region) {
+        return jsonLines(scan(options + region + QStringList{video}).output)
+            .last()["clips"]
+            .toInt();
+    };
+    // The box crosses the middle third of the height.
+    QCOMPARE(clips({"--roi", "0,60,320,100"}), 1);
+    QCOMPARE(clips({"--roi", "0,0,320,60"}), 0);
+    QCOMPARE(clips({"--roi", "5000,5000,10,10"}), 0);
+
+    QImage mask(32, 24, QImage::Format_ARGB32);
+    mask.fill(Qt::red);
+    for (int y = 0; y < 24; ++y) {
+        for (int x = 0; x < 32; ++x) {
+            if (y < 6)
+                mask.setPixelColor(x, y, Qt::green);
+        }
+    }
+    QVERIFY(mask.save(folder.filePath("top.png")));
+    QCOMPARE(clips({"--mask", folder.filePath("top.png")}), 0);
+    mask.fill(Qt::green);
+    QVERIFY(mask.save(folder.filePath("all.png")));
+    QCOMPARE(clips({"--mask", folder.filePath("all.png")}), 1);
+}
+
+void TestScan::colonsAndSpacesInNames() {
+    QVERIFY(QFile::copy(video, folder.filePath("cam:2026-11-20T12:00 %d.mp4")));
+    QProcess process;
+    process.setWorkingDirectory(folder.path());
+    process.start(media::programDirectory() + "/kestrova-scan",
+                  {"--quiet", "cam:2026-11-20T12:00 %d.mp4"});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 0);
+}
+
+void TestScan::namesInUtf8WithoutALocale() {
+    const QString name = folder.filePath(QStringLiteral("jardín-雪.mp4"));
+    QVERIFY(QFile::copy(video, name));
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LC_ALL", "C");
+    process.setProcessEnvironment(environment);
+    process.start(media::programDirectory() + "/kestrova-scan",
+                  {"--quiet", "--format", "jsonl", name});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 0);
+    QCOMPARE(jsonLines(process.readAllStandardOutput()).last()["video"].toString(), name);
+}
+
+void TestScan::storedSettingsAreNotRead() {
+    QTemporaryDir config;
+    QDir(config.path()).mkpath("kestrova");
+    QFile stored(config.filePath("kestrova/kestrova.conf"));
+    QVERIFY(stored.open(QIODevice::WriteOnly));
+    stored.write("[General]\nthreshold_value=255\nthreshold_motion=10\n");
+    stored.close();
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("XDG_CONFIG_HOME", config.path());
+    process.setProcessEnvironment(environment);
+    process.start(media::programDirectory() + "/kestrova-scan",
+                  {"--quiet", "--minimum", "2", "--postrecord", "2", video});
+    QVERIFY(process.waitForFinished());
+    QVERIFY(!process.readAllStandardOutput().isEmpty());
+}
+
+void TestScan::worksWithoutADisplay() {
+    QProcess process;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"})
+        environment.remove(name);
+    process.setProcessEnvironment(environment);
+    process.start(media::programDirectory() + "/kestrova-scan", {"--quiet", video});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 0);
+}
+
+void TestScan::helpAndVersion() {
+    const ProcessResult help = scan({"--help"});
+    QCOMPARE(help.status, 0);
+    for (const char* option : {"--prerecord", "--postrecord", "--minimum", "--skip",
+                               "--threshold-value", "--threshold-motion", "--roi", "--mask",
+                               "--format", "--snapshots", "--trace", "--quiet", "Exit status"})
+        QVERIFY2(help.output.contains(option), option);
+    const ProcessResult version = scan({"--version"});
+    QCOMPARE(version.status, 0);
+    QVERIFY(version.output.startsWith("kestrova-scan "));
+}
+
+void TestScan::usageErrors_data() {
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("message");
+    const auto row = [](const QStringList& arguments, const QByteArray& message) {
+        QTest::newRow(qPrintable(arguments.join(' '))) << arguments << message;
+    };
+    row({}, "no video");
+    row({"--bogus", "x.mp4"}, "bogus");
+    row({"--prerecord", "0.5", "x.mp4"}, "--prerecord takes a number from 1 to 3600");
+    row({"--postrecord", "3601", "x.mp4"}, "--postrecord");
+    row({"--minimum", "nan", "x.mp4"}, "--minimum");
+    row({"--minimum", "five", "x.mp4"}, "'five'");
+    row({"--skip", "101", "x.mp4"}, "--skip takes a whole number from 0 to 100");
+    row({"--skip", "1.5", "x.mp4"}, "--skip");
+    row({"--threshold-value", "256", "x.mp4"}, "--threshold-value");
+    row({"--threshold-motion", "-0.1", "x.mp4"}, "--threshold-motion");
+    row({"--roi", "1,2,3", "x.mp4"}, "--roi takes");
+    row({"--roi", "1,2,0,4", "x.mp4"}, "--roi takes");
+    row({"--roi", "1,2,3,4,5", "x.mp4"}, "--roi takes");
+    row({"--mask", "/nonexistent.png", "x.mp4"}, "cannot read the mask");
+    row({"--roi", "1,2,3,4", "--mask", "/nonexistent.png", "x.mp4"}, "exclude each other");
+    row({"--format", "xml", "x.mp4"}, "'xml'");
+    row({"--snapshots", "", "x.mp4"}, "--snapshots");
+}
+
+void TestScan::usageErrors() {
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, message);
+    const ProcessResult result = scan(arguments);
+    QCOMPARE(result.status, 2);
+    QVERIFY2(result.errors.contains(message), result.errors.constData());
+    QVERIFY(result.errors.contains("--help"));
+    QCOMPARE(result.output, QByteArray());
+}
+
+void TestScan::unreadableVideosAreNamedAndTheOthersDone() {
+    const QString text = folder.filePath("notes.txt");
+    QFile file(text);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("not a video\n");
+    file.close();
+    const QString missing = folder.filePath("missing.mp4");
+    const ProcessResult result = scan({"--format", "jsonl", missing, text, folder.path(), video});
+    QCOMPARE(result.status, 1);
+    QVERIFY(result.errors.contains(("kestrova-scan: " + missing + ": No such file").toUtf8()));
+    QVERIFY(result.errors.contains(("kestrova-scan: " + text + ": ").toUtf8()));
+    QVERIFY(result.errors.contains(("kestrova-scan: " + folder.path() + ": ").toUtf8()));
+    const QList<QJsonObject> lines = jsonLines(result.output);
+    for (int i = 0; i < 3; ++i)
+        QCOMPARE(lines[i]["state"].toString(), QStringLiteral("failed"));
+    QCOMPARE(lines.last()["state"].toString(), QStringLiteral("finished"));
+}
+
+void TestScan::unwritableOutputsAreUsageErrors() {
+    QCOMPARE(scan({"--snapshots", "/proc/pictures", video}).status, 2);
+    QCOMPARE(scan({"--trace", folder.path(), video}).status, 2);
+}
+
+void TestScan::fullDiskIsNoSuccess() {
+    QCOMPARE(scan({"--trace", "/dev/full", video}).status, 1);
+    QProcess process;
+    process.setStandardOutputFile("/dev/full");
+    process.start(media::programDirectory() + "/kestrova-scan", {"--format", "jsonl", video});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 1);
+}
+
+void TestScan::interruptWritesTheOpenClip_data() {
+    QTest::addColumn<int>("signal");
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGTERM") << SIGTERM;
+}
+
+void TestScan::interruptWritesTheOpenClip() {
+    QFETCH(int, signal);
+    // Motion all the time, so that one clip opens at the start and stays open; long enough for the
+    // signal to come in its middle on any machine.
+    const QString busy = folder.filePath("busy.mp4");
+    if (!QFileInfo::exists(busy))
+        QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=s=1280x720:r=25:d=60", "-c:v",
+                               "libx264", "-preset", "ultrafast", busy}));
+    const QString trace = folder.filePath("busy.trace");
+    QFile::remove(trace);
+    QProcess process;
+    process.start(media::programDirectory() + "/kestrova-scan",
+                  {"--format", "jsonl", "--trace", trace, busy, video});
+    QTRY_VERIFY(QFileInfo(trace).size() > 4096); // more than six frames are done: the clip is open
+    ::kill(pid_t(process.processId()), signal);
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 130);
+    const QList<QJsonObject> lines = jsonLines(process.readAllStandardOutput());
+    QCOMPARE(lines.size(), 2); // the second video was not begun
+    QCOMPARE(lines[0]["index"].toInt(-1), 0);
+    QCOMPARE(lines[1]["state"].toString(), QStringLiteral("cancelled"));
+    QCOMPARE(lines[0]["end"].toDouble(), lines[1]["seconds"].toDouble());
+    QVERIFY(lines[1]["frames"].toInt() < 1490);
+}
+
+void TestScan::needsNoWidgets() {
+    QProcess process;
+    process.start("ldd", {media::programDirectory() + "/kestrova-scan"});
+    QVERIFY(process.waitForFinished());
+    const QByteArray libraries = process.readAllStandardOutput();
+    QVERIFY(libraries.contains("libQt5Core"));
+    QVERIFY(!libraries.contains("libQt5Widgets"));
+}
+
+QTEST_GUILESS_MAIN(TestScan)
+#include "test_scan.moc"
