@@ -1,11 +1,10 @@
 // The whole job in the window, as a person does it, with both encoders.
 
+#include "clipprobe.h"
 #include "encoderstand.h"
-#include "footage.h"
 #include "mainwindowdriver.h"
 #include "media.h"
 #include "mouse.h"
-#include "clipprobe.h"
 #include "widgeteditor.h"
 
 #include <QComboBox>
@@ -13,8 +12,6 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QElapsedTimer>
-#include <QJsonDocument>
-#include <QJsonObject>
 #include <QSettings>
 #include <QSpinBox>
 #include <QTemporaryDir>
@@ -32,33 +29,6 @@ qint64 residentBytes() {
     return file.readAll().split(' ').value(1).toLongLong() * 4096;
 }
 
-struct ExpectedClip {
-    int index;
-    double start;
-    double end;
-};
-
-QList<ExpectedClip> expectedClips(const QString& fileName) {
-    QList<ExpectedClip> clips;
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        return clips;
-    while (!file.atEnd()) {
-        const QJsonObject line = QJsonDocument::fromJson(file.readLine()).object();
-        if (line.contains("start"))
-            clips.append({line["index"].toInt(), line["start"].toDouble(), line["end"].toDouble()});
-    }
-    return clips;
-}
-
-QString caption(const ExpectedClip& clip, const char* status) {
-    return QString("#%1 %2 (%3 sec) (%4)")
-        .arg(clip.index)
-        .arg(QTime(0, 0).addSecs(int(clip.start)).toString("H:mm:ss"))
-        .arg(int(clip.end - clip.start))
-        .arg(status);
-}
-
 } // namespace
 
 class TestWholeProgram : public QObject {
@@ -72,8 +42,6 @@ private Q_SLOTS:
     void fromAddingToOpening();
     void encoderArguments_data();
     void encoderArguments();
-    void footage_data();
-    void footage();
     void twoThousandClips();
 
 public Q_SLOTS:
@@ -238,42 +206,6 @@ void TestWholeProgram::encoderArguments() {
         argument = values.value(argument, argument);
     QCOMPARE(encoder->calls(), QList<QStringList>({arguments}));
     qInfo().noquote() << "encoder called with" << arguments.join(' ');
-}
-
-void TestWholeProgram::footage_data() {
-    QTest::addColumn<double>("keyFrameInterval"); // the longest of the recording, seconds
-    QTest::newRow("cars-from-above.mp4") << 20.0;
-    QTest::newRow("highway.avi") << 12.5;
-    QTest::newRow("junction-vfr.mp4") << 11.0;
-}
-
-void TestWholeProgram::footage() {
-    KESTROVA_REQUIRE_FOOTAGE();
-    QFETCH(double, keyFrameInterval);
-    const QString name = QTest::currentDataTag();
-    const auto expected =
-        expectedClips(footageDirectory() + "/expected/" + name + ".defaults.jsonl");
-    QVERIFY(!expected.isEmpty());
-    encoder->useRealEncoder();
-    driver->addFiles({footageDirectory() + '/' + name});
-    driver->setupPart<QCheckBox>("checkBoxExport").setChecked(true);
-    driver->clickSetup("pushButtonAdd");
-    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), expected.size(), longMilliseconds);
-    QTRY_VERIFY_WITH_TIMEOUT(Clip::exportQueueLength() == 0 && allClipsRead("exported"),
-                             longMilliseconds);
-    QStringList captions;
-    for (const ExpectedClip& clip : expected)
-        captions.append(caption(clip, "exported"));
-    QCOMPARE(driver->captions(), captions);
-    for (int row = 0; row < expected.size(); ++row) {
-        const ClipProbe probe = probeClip(driver->clip(row).outputPath);
-        const int length = int(expected[row].end - expected[row].start);
-        qInfo("%s %d: %d s asked for, %.2f s and %d pictures written", qPrintable(name), row,
-              length, probe.seconds, probe.pictures);
-        QVERIFY(probe.isPlayable);
-        QVERIFY(probe.seconds > length - 1.0);
-        QVERIFY(probe.seconds < length + keyFrameInterval);
-    }
 }
 
 void TestWholeProgram::twoThousandClips() {

@@ -8,7 +8,8 @@
 
 /// The mouse as the window system delivers it, at positions of a widget in a window that is shown.
 ///
-/// Unlike QTest's own functions for widgets, which post moves that carry no button.
+/// Unlike QTest's own functions for widgets, whose moves carry no button. The window's very corner
+/// (0, 0) cannot be pressed: QTest takes it for its centre.
 namespace mouse {
 
 inline QPoint inWindow(const QWidget& widget, const QPoint& position) {
