@@ -1,7 +1,7 @@
 #include "clip.h"
+#include "clipprobe.h"
 #include "encoderstand.h"
 #include "media.h"
-#include "clipprobe.h"
 #include "video.h"
 
 #include <QDesktopServices>

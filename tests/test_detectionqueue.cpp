@@ -91,7 +91,7 @@ void TestDetectionQueue::cleanup() {
 }
 
 Video* TestDetectionQueue::makeJob(const QString& fileName, bool autoExport) const {
-    return new Video(fileName, folder->path(), 1.0, 1.0, 5.0, 0, autoExport, nullptr, nullptr,
+    return new Video(fileName, folder->path(), 1.0, 2.0, 2.0, 0, autoExport, nullptr, nullptr,
                      false, QDateTime());
 }
 

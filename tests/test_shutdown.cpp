@@ -1,6 +1,6 @@
+#include "clipprobe.h"
 #include "encoderstand.h"
 #include "media.h"
-#include "clipprobe.h"
 
 #include <QDir>
 #include <QDirIterator>

@@ -65,7 +65,7 @@ void TestWholeProgram::initTestCase() {
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
     plainRecording = recordings.filePath("garden.mp4");
     intraCodedRecording = recordings.filePath("garden.avi");
-    const QStringList scene = media::crossingBox(20, 6, 12, "160x120");
+    const QStringList scene = media::crossingBox(20, 7, 13, "160x120");
     QVERIFY(media::encode(scene + QStringList{"-c:v", "libx264", "-preset", "ultrafast", "-g", "25",
                                               plainRecording}));
     QVERIFY(media::encode(scene + QStringList{"-c:v", "mjpeg", intraCodedRecording}));
@@ -76,6 +76,9 @@ void TestWholeProgram::init() {
     openedUrls.clear();
     clips = std::make_unique<QTemporaryDir>();
     QSettings().setValue("export_dir", clips->path());
+    QSettings().setValue("export_prerecord", 1.5);
+    QSettings().setValue("export_postrecord", 2.0);
+    QSettings().setValue("export_minimum", 2.0);
     encoder = std::make_unique<EncoderStand>();
     QDesktopServices::setUrlHandler("file", this, "noteUrl");
     driver = std::make_unique<MainWindowDriver>();
@@ -187,11 +190,11 @@ void TestWholeProgram::encoderArguments() {
     QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
     QTRY_VERIFY(allClipsRead("exported"));
 
-    // The box crosses from second 6 to 12; the clip starts a second before the five that motion
-    // must half fill, and lasts until a second after its end.
+    // The box crosses from second 7 to 13. Half of the last 2 s is motion at about second 8, and
+    // the clip starts 1.5 s before them; it lasts until 2 s after the motion.
     const Clip& clip = driver->clip(0);
-    QVERIFY2(clip.start > 1.0 && clip.start < 7.0, qPrintable(QString::number(clip.start)));
-    QVERIFY2(clip.end > 12.0 && clip.end < 16.0, qPrintable(QString::number(clip.end)));
+    QVERIFY2(qAbs(clip.start - 4.5) < 0.4, qPrintable(QString::number(clip.start)));
+    QVERIFY2(qAbs(clip.end - 15.0) < 0.4, qPrintable(QString::number(clip.end)));
     const QString folder = isIntraCoded ? "garden_avi_0" : "garden_mp4_0";
     const QString overlay = QString("drawtext=fontfile=DejaVuSansMono.ttf:text='Mon Nov 16 2026 "
                                     "%{pts\\:hms\\:%1}':x=10:y=10:fontcolor=white:box=1:"

@@ -11,8 +11,9 @@ namespace {
 
 class Report : public ClipReport {
 public:
-    explicit Report(QIODevice& output)
-        : output(output) {}
+    Report(bool withExports, QIODevice& output)
+        : withExports(withExports)
+        , output(output) {}
 
 protected:
     void write(const QByteArray& line) {
@@ -20,6 +21,8 @@ protected:
         if (auto* file = qobject_cast<QFileDevice*>(&output))
             file->flush();
     }
+
+    const bool withExports;
 
 private:
     QIODevice& output;
@@ -38,6 +41,8 @@ public:
                            .arg(clip.end - clip.start, 0, 'f', 1);
         if (!line.snapshotFile.isEmpty())
             text += QStringLiteral("  ") + line.snapshotFile;
+        if (line.isExported)
+            text += QStringLiteral("  ") + line.exportFile;
         write(QFile::encodeName(text) + '\n');
     }
 };
@@ -56,6 +61,8 @@ public:
         object["snapshot"] = nullptr;
         if (!line.snapshotFile.isEmpty())
             object["snapshot"] = line.snapshotFile.toStdString();
+        if (withExports)
+            addExport(object, line);
         writeObject(object);
     }
 
@@ -71,6 +78,13 @@ public:
 
 private:
     using Json = nlohmann::ordered_json;
+
+    static void addExport(Json& object, const ClipLine& line) {
+        object["file"] = nullptr;
+        if (!line.exportFile.isEmpty())
+            object["file"] = line.exportFile.toStdString();
+        object["exported"] = line.isExported;
+    }
 
     static const char* stateName(DetectionOutcome outcome) {
         switch (outcome) {
@@ -94,13 +108,18 @@ class CsvReport : public Report {
 public:
     using Report::Report;
 
-    void begin() override { write("video,index,start,end,snapshotTime,snapshot\r\n"); }
+    void begin() override {
+        const QByteArray exportColumns = withExports ? ",file,exported" : "";
+        write("video,index,start,end,snapshotTime,snapshot" + exportColumns + "\r\n");
+    }
 
     void addClip(const ClipLine& line) override {
         const DetectedClip& clip = line.clip;
-        const QByteArrayList fields = {quoted(line.video),        QByteArray::number(clip.index),
-                                       number(clip.start),        number(clip.end),
-                                       number(clip.snapshotTime), quoted(line.snapshotFile)};
+        QByteArrayList fields = {quoted(line.video),        QByteArray::number(clip.index),
+                                 number(clip.start),        number(clip.end),
+                                 number(clip.snapshotTime), quoted(line.snapshotFile)};
+        if (withExports)
+            fields << quoted(line.exportFile) << (line.isExported ? "true" : "false");
         write(fields.join(',') + "\r\n");
     }
 
@@ -120,16 +139,17 @@ private:
 
 } // namespace
 
-std::unique_ptr<ClipReport> makeClipReport(ReportFormat format, QIODevice& output) {
+std::unique_ptr<ClipReport> makeClipReport(ReportFormat format, bool withExports,
+                                           QIODevice& output) {
     switch (format) {
     case ReportFormat::JsonLines:
-        return std::make_unique<JsonLinesReport>(output);
+        return std::make_unique<JsonLinesReport>(withExports, output);
     case ReportFormat::Csv:
-        return std::make_unique<CsvReport>(output);
+        return std::make_unique<CsvReport>(withExports, output);
     case ReportFormat::Text:
         break;
     }
-    return std::make_unique<TextReport>(output);
+    return std::make_unique<TextReport>(withExports, output);
 }
 
 QString clockText(double seconds) {

@@ -12,7 +12,9 @@
 struct ClipLine {
     QString video; ///< as the person wrote it
     DetectedClip clip;
-    QString snapshotFile; ///< empty: none written
+    QString snapshotFile;    ///< empty: none written
+    QString exportFile;      ///< empty: its export was not tried
+    bool isExported = false; ///< the file was written without a failure
 };
 
 /// The end of one recording.
@@ -34,8 +36,9 @@ public:
     virtual void endVideo(const VideoLine&) {}
 };
 
-/// A report on `output`, which must be open and outlive it.
-std::unique_ptr<ClipReport> makeClipReport(ReportFormat format, QIODevice& output);
+/// A report on `output`, which must be open and outlive it. `withExports`: it tells of exports.
+std::unique_ptr<ClipReport> makeClipReport(ReportFormat format, bool withExports,
+                                           QIODevice& output);
 
 /// "0:01:02.345": hours, minutes, seconds, milliseconds (rounded); a minus sign where negative.
 QString clockText(double seconds);

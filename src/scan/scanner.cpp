@@ -1,11 +1,13 @@
 #include "scanner.h"
 
+#include "clipexport.h"
 #include "clipreport.h"
 #include "interrupt.h"
 #include "progressline.h"
 #include "snapshotfolder.h"
 #include "tracefile.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QVector>
 
@@ -27,6 +29,10 @@ void complain(Outputs& outputs, const QString& subject, const QString& reason) {
     std::fputs(QFile::encodeName(text).constData(), stderr);
 }
 
+bool prepareFolder(const QString& path) {
+    return QDir().mkpath(path) && QFileInfo(path).isWritable();
+}
+
 /// Follows the detection of one recording and reports it.
 class RecordingScan : public DetectionClient {
 public:
@@ -36,7 +42,7 @@ public:
     bool run();
 
     bool isCancelled() override { return isInterrupted(); }
-    void opened(bool, double) override {}
+    void opened(bool isIntraCodec, double) override { exporter.setIntraCodec(isIntraCodec); }
     void frameProcessed(const FrameReport& frame) override;
     void positionChanged(qint64 bytePosition) override;
     void endReached() override {}
@@ -48,6 +54,7 @@ private:
 
     const ScanOptions& options;
     Outputs& outputs;
+    ClipExport exporter;
     VideoLine line;
     QString snapshotName;
     qint64 fileSize;
@@ -57,6 +64,7 @@ private:
 RecordingScan::RecordingScan(const QString& video, const ScanOptions& options, Outputs& outputs)
     : options(options)
     , outputs(outputs)
+    , exporter(video, options.exporting)
     , fileSize(QFileInfo(video).size()) {
     line.video = video;
     if (!options.snapshotDirectory.isEmpty())
@@ -94,9 +102,18 @@ void RecordingScan::positionChanged(qint64 bytePosition) {
 
 void RecordingScan::clipFound(const DetectedClip& clip) {
     ++line.clips;
-    const QString snapshotFile = snapshotName.isEmpty() ? QString() : writeSnapshot(clip);
+    ClipLine clipLine;
+    clipLine.video = line.video;
+    clipLine.clip = clip;
+    if (!snapshotName.isEmpty())
+        clipLine.snapshotFile = writeSnapshot(clip);
+    const QString failure = exporter.run(clipLine);
+    if (!failure.isEmpty()) {
+        isWritten = false;
+        complain(outputs, clipLine.exportFile, failure);
+    }
     outputs.progress.clear();
-    outputs.report.addClip({line.video, clip, snapshotFile});
+    outputs.report.addClip(clipLine);
 }
 
 /// The path of the picture written, empty if there is none.
@@ -120,7 +137,8 @@ void RecordingScan::summarise() const {
 } // namespace
 
 ExitStatus scan(const ScanOptions& options, QIODevice& output) {
-    const auto report = makeClipReport(options.format, output);
+    const auto report =
+        makeClipReport(options.format, !options.exporting.directory.isEmpty(), output);
     ProgressLine progress(!options.quiet);
     SnapshotFolder snapshots(options.snapshotDirectory);
     TraceFile trace;
@@ -128,6 +146,11 @@ ExitStatus scan(const ScanOptions& options, QIODevice& output) {
 
     if (!options.snapshotDirectory.isEmpty() && !snapshots.prepare()) {
         complain(outputs, options.snapshotDirectory,
+                 QStringLiteral("cannot write into this folder"));
+        return UsageError;
+    }
+    if (!options.exporting.directory.isEmpty() && !prepareFolder(options.exporting.directory)) {
+        complain(outputs, options.exporting.directory,
                  QStringLiteral("cannot write into this folder"));
         return UsageError;
     }

@@ -2,9 +2,9 @@
 //
 // RECORDER_FOLDER names the folder that it works with:
 //   calls      gets a line for every call, its arguments separated by the unit separator
-//   end        "1": exit status 1, "crash": ends by a signal, everything else: exit status 0
-//   hold       while this file exists, calls do not end ...
-//   free-NAME  ... but the one whose output file has this name does
+//   end        "1": exit status 1 after a message, "crash": ends by a signal, everything else: exit
+//   status 0 hold       while this file exists, calls do not end ... free-NAME  ... but the one
+//   whose output file has this name does
 // The output file, the last argument, is written when a call ends with status 0.
 
 #include <chrono>
@@ -57,8 +57,10 @@ int main(int argc, char* argv[]) {
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
     if (end == "crash")
         return raise(SIGKILL);
-    if (end == "1")
+    if (end == "1") {
+        std::fputs("a line before\ntold to fail\n", stderr);
         return 1;
+    }
     std::ofstream(output) << "recorded\n";
     return 0;
 }
