@@ -1,6 +1,7 @@
 #include "video.h"
 
-#include <QDir>
+#include "clipfolder.h"
+
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QSettings>
@@ -8,18 +9,6 @@
 #include <algorithm>
 
 namespace {
-
-/// The name of the first folder that `directory` does not hold yet: base name, suffix, number.
-QString freeFolderName(const QFileInfo& file, const QDir& directory) {
-    QString name;
-    int number = 0;
-    do {
-        // All at once: a file name may hold a "%3" of its own.
-        name = QStringLiteral("%1_%2_%3")
-                   .arg(file.baseName(), file.suffix(), QString::number(number++));
-    } while (directory.exists(name));
-    return name;
-}
 
 /// Keeps a job's progress fields and signals in step with its detection.
 class JobClient : public DetectionClient {
@@ -58,7 +47,7 @@ Video::Video(const QString& fileName, const QString& exportDirectory, double pre
              const QRect* roiRect, bool exportTimestamps, const QDateTime& startDateTime)
     : fileName(fileName)
     , state(Waiting)
-    , fileSize(0)
+    , fileSize(QFileInfo(fileName).size())
     , bytesRead(0)
     , prerecord(prerecord)
     , postrecord(postrecord)
@@ -71,12 +60,7 @@ Video::Video(const QString& fileName, const QString& exportDirectory, double pre
     , intraCodec(false)
     , exportTimestamps(exportTimestamps)
     , startDateTime(startDateTime) {
-    const QFileInfo file(fileName);
-    fileSize = file.size();
-    const QDir directory(exportDirectory);
-    const QString folder = freeFolderName(file, directory);
-    directory.mkpath(folder);
-    clipDirectory = directory.absoluteFilePath(folder);
+    clipDirectory = makeClipFolder(fileName, exportDirectory);
 }
 
 Video::~Video() = default;

@@ -20,12 +20,17 @@ public:
                            .arg(found.end - found.start, 0, 'f', 1);
         if (!line.snapshotFile.isEmpty())
             text += QStringLiteral("  ") + line.snapshotFile;
+        if (line.isExported)
+            text += QStringLiteral("  ") + line.exportFile;
         return QFile::encodeName(text) + '\n';
     }
 };
 
 class JsonLinesFormat : public ClipFormat {
 public:
+    explicit JsonLinesFormat(bool withExports)
+        : withExports(withExports) {}
+
     QByteArray clip(const ClipLine& line) const override {
         Json object;
         object["video"] = line.video.toStdString();
@@ -36,6 +41,8 @@ public:
         object["snapshot"] = nullptr;
         if (!line.snapshotFile.isEmpty())
             object["snapshot"] = line.snapshotFile.toStdString();
+        if (withExports)
+            addExport(object, line);
         return written(object);
     }
 
@@ -52,6 +59,13 @@ public:
 private:
     using Json = nlohmann::ordered_json;
 
+    static void addExport(Json& object, const ClipLine& line) {
+        object["file"] = nullptr;
+        if (!line.exportFile.isEmpty())
+            object["file"] = line.exportFile.toStdString();
+        object["exported"] = line.isExported;
+    }
+
     static const char* stateName(DetectionOutcome outcome) {
         switch (outcome) {
         case DetectionOutcome::Finished:
@@ -67,18 +81,28 @@ private:
         const std::string text = object.dump(-1, ' ', false, Json::error_handler_t::replace);
         return QByteArray::fromStdString(text) + '\n';
     }
+
+    bool withExports;
 };
 
 /// RFC 4180: lines end with CR LF, fields with separators or quotes in them are quoted.
 class CsvFormat : public ClipFormat {
 public:
-    QByteArray header() const override { return "video,index,start,end,snapshotTime,snapshot\r\n"; }
+    explicit CsvFormat(bool withExports)
+        : withExports(withExports) {}
+
+    QByteArray header() const override {
+        const QByteArray exportColumns = withExports ? ",file,exported" : "";
+        return "video,index,start,end,snapshotTime,snapshot" + exportColumns + "\r\n";
+    }
 
     QByteArray clip(const ClipLine& line) const override {
         const DetectedClip& found = line.clip;
-        const QByteArrayList fields = {quoted(line.video),         QByteArray::number(found.index),
-                                       number(found.start),        number(found.end),
-                                       number(found.snapshotTime), quoted(line.snapshotFile)};
+        QByteArrayList fields = {quoted(line.video),         QByteArray::number(found.index),
+                                 number(found.start),        number(found.end),
+                                 number(found.snapshotTime), quoted(line.snapshotFile)};
+        if (withExports)
+            fields << quoted(line.exportFile) << (line.isExported ? "true" : "false");
         return fields.join(',') + "\r\n";
     }
 
@@ -94,23 +118,22 @@ private:
             needsQuotes = needsQuotes || field.contains(special);
         return needsQuotes ? '"' + field.replace("\"", "\"\"") + '"' : field;
     }
+
+    bool withExports;
 };
 
 } // namespace
 
-const ClipFormat& clipFormat(ReportFormat format) {
-    static const TextFormat text;
-    static const JsonLinesFormat jsonLines;
-    static const CsvFormat csv;
+std::unique_ptr<ClipFormat> makeClipFormat(ReportFormat format, bool withExports) {
     switch (format) {
     case ReportFormat::JsonLines:
-        return jsonLines;
+        return std::make_unique<JsonLinesFormat>(withExports);
     case ReportFormat::Csv:
-        return csv;
+        return std::make_unique<CsvFormat>(withExports);
     case ReportFormat::Text:
         break;
     }
-    return text;
+    return std::make_unique<TextFormat>();
 }
 
 QString clockText(double seconds) {

@@ -6,11 +6,15 @@
 #include <QByteArray>
 #include <QString>
 
+#include <memory>
+
 /// One clip as it is reported.
 struct ClipLine {
     QString video; ///< as the person wrote it
     DetectedClip clip;
-    QString snapshotFile; ///< empty: none written
+    QString snapshotFile;    ///< empty: none written
+    QString exportFile;      ///< empty: its export was not tried
+    bool isExported = false; ///< the file was written without a failure
 };
 
 /// The end of one recording.
@@ -32,8 +36,8 @@ public:
     virtual QByteArray videoEnd(const VideoLine&) const { return {}; }
 };
 
-/// The one object for each format.
-const ClipFormat& clipFormat(ReportFormat format);
+/// `withExports`: lines tell what became of each clip's export.
+std::unique_ptr<ClipFormat> makeClipFormat(ReportFormat format, bool withExports);
 
 /// "0:01:02.345": hours, minutes, seconds, milliseconds (rounded); a minus sign where negative.
 QString clockText(double seconds);

@@ -14,8 +14,15 @@ const char description[] =
     "last --minimum seconds, starts --prerecord seconds before them, and ends when there has been\n"
     "no motion for --postrecord seconds.\n"
     "\n"
-    "Exit status: 0 every video was read to its end, 1 some could not be read (the others were),\n"
-    "2 the command line is wrong, 130 interrupted (the open clip is still written).";
+    "With --export each clip is also cut out into a file of its own, in a folder for each video, "
+    "by\n"
+    "the encoder beside this program.\n"
+    "\n"
+    "Exit status: 0 every video was read to its end and every clip exported that should be, 1 "
+    "some\n"
+    "could not be (the others were), 2 the command line is wrong, 130 interrupted (the open clip "
+    "is\n"
+    "still printed).";
 
 /// The message for the first thing that is wrong, if any.
 class Values {
@@ -77,6 +84,14 @@ void addOptions(QCommandLineParser& parser) {
         {"mask", "Look only where this picture is green; it is scaled to the video.", "PICTURE"},
         {"format", "How clips are printed: text, jsonl or csv (text).", "FORMAT", "text"},
         {"snapshots", "Write a picture of each clip's strongest motion into this folder.", "DIR"},
+        {"export", "Cut the clips out into this folder.", "DIR"},
+        {"container", "File format of exported clips: avi, mp4 or mkv (avi).", "NAME", "avi"},
+        {"transcode", "Encode exported pictures anew. MJPEG always is, and so are timestamps."},
+        {"bitrate", "Megabits per second of pictures encoded anew, 0 to 100 (2).", "MBIT", "2"},
+        {"no-audio", "Leave the sound out of exported clips."},
+        {"start-time",
+         "Write date and time into exported pictures; each video began at this one, in ISO 8601.",
+         "TIME"},
         {"trace",
          "Write each picture's number, time and motion value, for choosing the thresholds.",
          "FILE"},
@@ -129,6 +144,40 @@ ReportFormat readFormat(const QString& name, Values& values) {
     return ReportFormat::Text;
 }
 
+int readContainer(const QString& name, Values& values) {
+    for (const int format : {0, 1, 2}) {
+        if (name == containerExtension(format))
+            return format;
+    }
+    values.reject(QStringLiteral("--container takes avi, mp4 or mkv, not '%1'").arg(name));
+    return 0;
+}
+
+/// The time of the clock on the wall: an offset from UTC does not change it.
+QDateTime readStartTime(const QString& text, Values& values) {
+    const QDateTime time = QDateTime::fromString(text, Qt::ISODate);
+    if (!time.isValid())
+        values.reject(QStringLiteral("--start-time takes a time like 2026-11-16T09:05:00, not '%1'")
+                          .arg(text));
+    return {time.date(), time.time(), Qt::UTC};
+}
+
+ExportOptions readExport(const QCommandLineParser& parser, Values& values) {
+    ExportOptions options;
+    options.directory = parser.value("export");
+    options.encoding.outputFormat = readContainer(parser.value("container"), values);
+    options.encoding.doTranscoding = parser.isSet("transcode");
+    options.encoding.disableAudio = parser.isSet("no-audio");
+    options.encoding.bitrateOutput = values.number("bitrate", 0.0, 100.0);
+    if (parser.isSet("start-time"))
+        options.startDateTime = readStartTime(parser.value("start-time"), values);
+    for (const char* option : {"container", "transcode", "bitrate", "no-audio", "start-time"}) {
+        if (parser.isSet(option) && !parser.isSet("export"))
+            values.reject(QStringLiteral("--%1 needs --export").arg(option));
+    }
+    return options;
+}
+
 DetectionOptions readDetection(const QCommandLineParser& parser, Values& values) {
     DetectionOptions options;
     options.segmentation.prerecord = values.number("prerecord", 1.0, 3600.0);
@@ -167,12 +216,13 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     options.detection = readDetection(parser, values);
     options.format = readFormat(parser.value("format"), values);
     options.snapshotDirectory = parser.value("snapshots");
+    options.exporting = readExport(parser, values);
     options.traceFile = parser.value("trace");
     options.jobs = values.integer("jobs", 1, 256);
     options.quiet = parser.isSet("quiet");
     if (options.videos.isEmpty())
         values.reject(QStringLiteral("no video named"));
-    for (const char* option : {"snapshots", "trace"}) {
+    for (const char* option : {"snapshots", "export", "trace"}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             values.reject(QStringLiteral("--%1 needs a name").arg(option));
     }

@@ -22,7 +22,7 @@ RecordingScan::RecordingScan(int index, const ScanOptions& options, ScanOutputs&
     : index(index)
     , options(options)
     , outputs(outputs)
-    , format(clipFormat(options.format)) {
+    , exporter(outputs.exports[std::size_t(index)]) {
     line.video = options.videos[index];
 }
 
@@ -34,7 +34,7 @@ bool RecordingScan::run() {
     line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
     if (!detection.errorText().isEmpty())
         outputs.messages.complain(line.video, detection.errorText());
-    report(format.videoEnd(line));
+    report(outputs.format.videoEnd(line));
     const bool isRead = line.outcome == DetectionOutcome::Finished;
     if (isRead)
         outputs.messages.summarise(QStringLiteral("%1: clips: %2, length: %3")
@@ -48,7 +48,9 @@ bool RecordingScan::isCancelled() {
     return isInterrupted();
 }
 
-void RecordingScan::opened(bool, double) {}
+void RecordingScan::opened(bool isIntraCodec, double) {
+    exporter.setIntraCodec(isIntraCodec);
+}
 
 void RecordingScan::frameProcessed(const FrameReport& frame) {
     outputs.totals.addSeconds(frame.time - line.seconds);
@@ -68,8 +70,17 @@ void RecordingScan::endReached() {}
 void RecordingScan::clipFound(const DetectedClip& clip) {
     ++line.clips;
     outputs.totals.addClip();
-    const QString snapshot = options.snapshotDirectory.isEmpty() ? QString() : writeSnapshot(clip);
-    report(format.clip({line.video, clip, snapshot}));
+    ClipLine found;
+    found.video = line.video;
+    found.clip = clip;
+    if (!options.snapshotDirectory.isEmpty())
+        found.snapshotFile = writeSnapshot(clip);
+    const QString failure = exporter.run(found);
+    if (!failure.isEmpty()) {
+        isWritten = false;
+        outputs.messages.complain(found.exportFile, failure);
+    }
+    report(outputs.format.clip(found));
 }
 
 void RecordingScan::report(const QByteArray& lines) {

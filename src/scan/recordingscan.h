@@ -1,5 +1,6 @@
 #pragma once
 
+#include "clipexport.h"
 #include "clipformat.h"
 #include "messages.h"
 #include "orderedoutput.h"
@@ -7,11 +8,15 @@
 #include "snapshotfolder.h"
 #include "totals.h"
 
+#include <vector>
+
 /// Everything that the recordings of one call share and write to.
 struct ScanOutputs {
+    const ClipFormat& format;
     OrderedOutput& clips;
     OrderedOutput* trace; ///< null: none wanted
     const SnapshotFolder& snapshots;
+    std::vector<ClipExport>& exports; ///< one per recording
     Messages& messages;
     Totals& totals;
 };
@@ -39,7 +44,7 @@ private:
     int index;
     const ScanOptions& options;
     ScanOutputs& outputs;
-    const ClipFormat& format;
+    ClipExport& exporter;
     VideoLine line;
     bool isWritten = true;
 };

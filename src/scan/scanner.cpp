@@ -3,7 +3,9 @@
 #include "interrupt.h"
 #include "recordingscan.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QThread>
 
 #include <algorithm>
@@ -19,6 +21,10 @@ ScanOptions withSharedThreads(ScanOptions options) {
     if (options.jobs > 1 && options.detection.threads == 0)
         options.detection.threads = std::max(1, QThread::idealThreadCount() / options.jobs);
     return options;
+}
+
+bool prepareFolder(const QString& path) {
+    return QDir().mkpath(path) && QFileInfo(path).isWritable();
 }
 
 /// Scans all recordings, `options.jobs` at a time; true if nothing went wrong with any.
@@ -55,6 +61,11 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
                           QStringLiteral("cannot write into this folder"));
         return UsageError;
     }
+    if (!options.exporting.directory.isEmpty() && !prepareFolder(options.exporting.directory)) {
+        messages.complain(options.exporting.directory,
+                          QStringLiteral("cannot write into this folder"));
+        return UsageError;
+    }
     QFile traceFile(options.traceFile);
     const bool isTraced = !options.traceFile.isEmpty();
     if (isTraced && !traceFile.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
@@ -62,11 +73,18 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
         return UsageError;
     }
 
-    output.write(clipFormat(options.format).header());
+    const bool isExported = !options.exporting.directory.isEmpty();
+    const auto format = makeClipFormat(options.format, isExported);
+    // Their folders are named here, in the order of the recordings.
+    std::vector<ClipExport> exports;
+    for (const QString& video : options.videos)
+        exports.emplace_back(video, options.exporting);
+    output.write(format->header());
     OrderedOutput clips(output, options.videos.size());
     OrderedOutput trace(traceFile, options.videos.size());
     Totals totals(options.videos);
-    ScanOutputs outputs{clips, isTraced ? &trace : nullptr, snapshots, messages, totals};
+    ScanOutputs outputs{*format,  clips, isTraced ? &trace : nullptr, snapshots, exports,
+                        messages, totals};
     ExitStatus status = scanAll(options, outputs) ? AllRead : SomeFailed;
     messages.makeRoom();
     if (isTraced && !(traceFile.flush() && traceFile.error() == QFileDevice::NoError)) {

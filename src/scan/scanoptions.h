@@ -1,11 +1,19 @@
 #pragma once
 
 #include "detection.h"
+#include "encoderarguments.h"
 
 #include <QString>
 #include <QStringList>
 
 enum class ReportFormat { Text, JsonLines, Csv };
+
+/// How clips are exported.
+struct ExportOptions {
+    QString directory; ///< empty: no export
+    EncodingSettings encoding;
+    QDateTime startDateTime; ///< wall-clock time of each first picture; invalid: no timestamps
+};
 
 /// What one call of the scanner is asked to do.
 struct ScanOptions {
@@ -13,9 +21,10 @@ struct ScanOptions {
     DetectionOptions detection;
     ReportFormat format = ReportFormat::Text;
     QString snapshotDirectory; ///< empty: no snapshots
-    QString traceFile;         ///< empty: no trace
-    int jobs = 1;              ///< recordings scanned side by side, 1 or more
-    bool quiet = false;        ///< no progress and no summary on standard error
+    ExportOptions exporting;
+    QString traceFile;  ///< empty: no trace
+    int jobs = 1;       ///< recordings scanned side by side, 1 or more
+    bool quiet = false; ///< no progress and no summary on standard error
 };
 
 /// The scanner's exit statuses.

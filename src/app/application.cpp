@@ -1,0 +1,37 @@
+#include "application.h"
+
+#include "applicationicon.h"
+#include "commandlinepaths.h"
+#include "mainwindow.h"
+#include "workerthread.h"
+
+#include <QApplication>
+#include <QTextCodec>
+
+#include <cstdlib>
+
+namespace {
+
+int showMainWindow() {
+    MainWindow window;
+    window.show();
+    return QApplication::exec();
+}
+
+} // namespace
+
+int runApplication(int argc, char* argv[]) {
+    // File names are UTF-8 also where the program is started without a locale.
+    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    CommandLinePaths paths(argc, argv);
+    QApplication application(paths.count(), paths.arguments());
+    QCoreApplication::setOrganizationName(QStringLiteral("kestrova"));
+    QCoreApplication::setApplicationName(QStringLiteral("kestrova"));
+    QGuiApplication::setWindowIcon(applicationIcon());
+
+    const int status = showMainWindow();
+    // A worker that is still busy must not find the program's globals destroyed.
+    if (WorkerThread::isAnyAbandoned())
+        std::_Exit(status);
+    return status;
+}

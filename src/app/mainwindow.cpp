@@ -1,0 +1,217 @@
+#include "mainwindow.h"
+
+#include "aboutbox.h"
+#include "addedfiles.h"
+#include "applicationicon.h"
+#include "batchprogress.h"
+#include "clip.h"
+#include "settingsdialog.h"
+#include "ui_mainwindow.h"
+#include "video.h"
+#include "workerthread.h"
+
+#include <QCloseEvent>
+#include <QDesktopServices>
+#include <QMessageBox>
+#include <QUrl>
+
+#include <algorithm>
+
+namespace {
+
+constexpr int statusIntervalMilliseconds = 1000;
+constexpr int backlogShownMilliseconds = 3000;
+
+Clip* clipOf(QListWidgetItem* item) {
+    return static_cast<Clip*>(item); // the list holds nothing else
+}
+
+} // namespace
+
+MainWindow::MainWindow(QWidget* parent)
+    : QMainWindow(parent)
+    , ui(std::make_unique<Ui::MainWindow>())
+    , workerThread(std::make_unique<WorkerThread>()) {
+    ui->setupUi(this);
+    setWindowIcon(applicationIcon());
+    connect(&statusTimer, SIGNAL(timeout()), SLOT(updateStatus()));
+    connect(&editMaskWindow, SIGNAL(newVideo()), SLOT(newVideo()));
+    workerThread->start(QThread::InheritPriority);
+    statusTimer.start(statusIntervalMilliseconds);
+    updateActions();
+    const QStringList files = QCoreApplication::arguments().mid(1);
+    for (const QString& file : files)
+        editMaskWindow.addFile(file);
+    updateStatus();
+}
+
+MainWindow::~MainWindow() {
+    WorkerThread::stop(workerThread, videos);
+    qDeleteAll(videos);
+    // The list outlives this part of the window, and its selection ends with its items.
+    disconnect(ui->files, nullptr, this, nullptr);
+    ui.reset();
+}
+
+void MainWindow::closeEvent(QCloseEvent* event) {
+    event->accept();
+}
+
+void MainWindow::newVideo() {
+    videos.append(editMaskWindow.readyVideos);
+    editMaskWindow.readyVideos.clear();
+    processQueue();
+}
+
+void MainWindow::newClip(int index, const QImage& snapshot, double start, double end,
+                         double snapshotTime) {
+    auto* video = qobject_cast<Video*>(sender());
+    if (!video)
+        return;
+    auto* clip = new Clip(video, index, snapshot, start, end, snapshotTime);
+    ui->files->insertItem(ui->files->count(), clip);
+    updateActions();
+    if (video->autoExport)
+        clip->exportClip(false);
+}
+
+void MainWindow::processQueue() {
+    if (isDetecting())
+        return;
+    const auto isWaiting = [](const Video* video) { return video->state == Video::Waiting; };
+    const auto next = std::find_if(videos.cbegin(), videos.cend(), isWaiting);
+    if (next != videos.cend())
+        startDetection(*next);
+}
+
+/// Also while the worker has been told to start a job but has not begun with it.
+bool MainWindow::isDetecting() const {
+    return std::any_of(videos.cbegin(), videos.cend(), [this](const Video* video) {
+        const bool isStarted = video->thread() == workerThread.get();
+        return video->state == Video::Running || (isStarted && video->state == Video::Waiting);
+    });
+}
+
+void MainWindow::startDetection(Video* video) {
+    video->moveToThread(workerThread.get());
+    connect(video, SIGNAL(resultReady()), SLOT(processQueue()));
+    connect(video, SIGNAL(newClip(int, QImage, double, double, double)),
+            SLOT(newClip(int, QImage, double, double, double)));
+    QMetaObject::invokeMethod(video, "detect");
+}
+
+void MainWindow::updateStatus() {
+    showProgress();
+    showBacklog();
+}
+
+void MainWindow::showProgress() {
+    const BatchProgress progress = updateBatch(videos, progressVideos);
+    if (progress.isActive && progress.fileSize > 0)
+        ui->progressBar->setValue(progress.percent());
+    ui->progressBar->setVisible(progress.isActive);
+    ui->pushButtonCancel->setVisible(progress.isActive);
+    ui->actionCancel->setEnabled(progress.isActive);
+}
+
+void MainWindow::showBacklog() {
+    const int waiting = Clip::exportQueueLength();
+    if (waiting > 0)
+        ui->statusBar->showMessage(tr("%1 clips queued to export...").arg(waiting),
+                                   backlogShownMilliseconds);
+}
+
+void MainWindow::updateActions() {
+    const bool isSelected = ui->files->selectionModel()->hasSelection();
+    ui->actionOpen_selected->setEnabled(isSelected);
+    ui->actionExport_selected->setEnabled(isSelected);
+    ui->actionRemoveSelected->setEnabled(isSelected);
+    ui->actionRemoveAll->setEnabled(ui->files->count() > 0);
+}
+
+void MainWindow::on_actionQuit_triggered() {
+    QCoreApplication::quit();
+}
+
+void MainWindow::on_actionAddFiles_triggered() {
+    const QStringList files = askForFiles(this);
+    if (!files.isEmpty())
+        editMaskWindow.addFiles(files);
+}
+
+void MainWindow::on_actionAddDirectory_triggered() {
+    if (const auto files = askForDirectoryFiles(this))
+        editMaskWindow.addFiles(*files);
+}
+
+void MainWindow::on_files_clicked(const QModelIndex&) {}
+
+void MainWindow::on_files_itemSelectionChanged() {
+    updateActions();
+}
+
+void MainWindow::on_files_activated(const QModelIndex&) {}
+
+void MainWindow::on_actionRemoveSelected_triggered() {
+    const QList<QListWidgetItem*> items = ui->files->selectedItems();
+    for (QListWidgetItem* item : items) {
+        ui->files->setItemWidget(item, nullptr);
+        delete item;
+    }
+    updateActions();
+}
+
+void MainWindow::on_actionRemoveAll_triggered() {
+    ui->files->selectAll();
+    on_actionRemoveSelected_triggered();
+}
+
+void MainWindow::on_actionSettings_triggered() {
+    SettingsDialog().exec();
+}
+
+void MainWindow::on_pushButtonAddFiles_clicked() {
+    on_actionAddFiles_triggered();
+}
+
+void MainWindow::on_pushButtonDirrectory_clicked() {
+    on_actionAddDirectory_triggered();
+}
+
+void MainWindow::on_actionHelp_triggered() {
+    const QString manual =
+        QStringLiteral("file:///%1/help/manual.pdf").arg(QCoreApplication::applicationDirPath());
+    if (!QDesktopServices::openUrl(QUrl(manual)))
+        QMessageBox::critical(this, tr("Error"), tr("Can't open manual.pdf"));
+}
+
+void MainWindow::on_actionAbout_triggered() {
+    showAbout(this);
+}
+
+void MainWindow::on_files_itemDoubleClicked(QListWidgetItem* item) {
+    clipOf(item)->openClip();
+}
+
+void MainWindow::on_pushButtonCancel_clicked() {
+    for (Video* video : qAsConst(videos)) {
+        if (video->state < Video::CancelRequested)
+            video->state = Video::CancelRequested;
+    }
+}
+
+void MainWindow::on_actionCancel_triggered() {
+    on_pushButtonCancel_clicked();
+}
+
+void MainWindow::on_actionExport_selected_triggered() {
+    const QList<QListWidgetItem*> items = ui->files->selectedItems();
+    for (QListWidgetItem* item : items)
+        clipOf(item)->exportClip(false);
+}
+
+void MainWindow::on_actionOpen_selected_triggered() {
+    const QList<QListWidgetItem*> items = ui->files->selectedItems();
+    for (QListWidgetItem* item : items)
+        clipOf(item)->openClip();
+}

@@ -1,0 +1,82 @@
+#pragma once
+
+#include <QImage>
+#include <QList>
+#include <QListWidgetItem>
+#include <QObject>
+#include <QPointer>
+#include <QProcess>
+#include <QString>
+
+class Video;
+
+/// One detected stretch of motion: an item of the clip list, and its export.
+///
+/// The list owns its clips; deleting one through either base is enough. GUI thread only. Exports of
+/// all clips share one queue and one flag, so that a single encoder runs in the normal course:
+/// every end of a run starts the queue's first clip.
+class Clip : public QObject, public QListWidgetItem {
+    Q_OBJECT
+
+public:
+    /// The values of `status`.
+    enum Status {
+        NotExported = 0,
+        Exporting = 1,
+        Queued = 2,
+        Canceled = 3,
+        ExportFailed = 4,
+        Exported = 5
+    };
+
+    /// `video` is the job that found it, `index` its number within that job, from 0. Times in
+    /// seconds from the video's first frame. Asks for its export if the job exports by itself.
+    Clip(Video* video, int index, const QImage& snapshot, double start, double end,
+         double snapshotTime);
+
+    /// Leaves the export queue and lets it go on. An encoder that runs for this clip runs to its
+    /// end.
+    ~Clip() override;
+
+    /// What the list shows for a status; "unknown status" for a value that is none.
+    static const char* statusText(int status);
+
+    /// Makes the item's two lines anew.
+    void updateText();
+
+    /// The second of the day at which the clip starts: wall-clock time if the job knows it, else
+    /// counted from the start of the video.
+    int timeOfDay() const;
+
+    /// Exports now if no encoder runs, else when its turn comes; `first`: before all others.
+    ///
+    /// Asking again queues it again, also while it is being exported or when it has been.
+    void exportClip(bool first);
+
+    /// Opens the exported file with the desktop; exports first where there is none yet. Does
+    /// nothing where the export has failed.
+    void openClip();
+
+    /// The number of entries that wait, with the one under export if it came from the queue.
+    static int exportQueueLength();
+
+    int status = NotExported;
+    QPointer<Video> video; ///< null once the job is gone: the clip is then not exported any more
+    int index;
+    double start;              ///< seconds
+    double end;                ///< seconds
+    double snapshotTime;       ///< seconds
+    bool openWhenDone = false; ///< open the file as soon as its export has succeeded
+    QImage snapshot;
+    QString outputPath; ///< of the exported file; empty until the first export starts
+
+private Q_SLOTS:
+    void processError(QProcess::ProcessError error);
+    void processFinished(int exitCode);
+
+private:
+    void startEncoder();
+
+    static QList<Clip*> exportQueue;
+    static bool exportRunning;
+};

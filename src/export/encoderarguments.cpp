@@ -1,0 +1,69 @@
+#include "encoderarguments.h"
+
+#include "bitrate.h"
+#include "overlayfilter.h"
+#include "truncation.h"
+
+namespace {
+
+QString wholeSeconds(double seconds) {
+    return QString::number(truncatedToInt(seconds));
+}
+
+/// In front of the input the seek jumps to a key frame; behind it, it counts decoded pictures.
+QStringList inputArguments(const EncodedClip& clip, const EncodedVideo& video) {
+    const QStringList seek = {QStringLiteral("-ss"), wholeSeconds(clip.start)};
+    const QStringList input = {QStringLiteral("-i"), video.fileName};
+    return video.isIntraCodec ? input + seek : seek + input;
+}
+
+QStringList pictureArguments(const EncodedClip& clip, const EncodedVideo& video,
+                             const EncodingSettings& settings) {
+    const bool isEncoded = settings.doTranscoding || video.isIntraCodec || video.exportTimestamps;
+    if (!isEncoded)
+        return {QStringLiteral("-vcodec"), QStringLiteral("copy")};
+    QStringList arguments;
+    if (video.exportTimestamps)
+        arguments << QStringLiteral("-vf")
+                  << overlayFilter(video.startDateTime.date(), clip.secondOfDay);
+    return arguments << QStringLiteral("-b:v")
+                     << QString::number(bitsPerSecond(settings.bitrateOutput));
+}
+
+QStringList soundArguments(const EncodingSettings& settings) {
+    if (settings.disableAudio)
+        return {QStringLiteral("-an")};
+    return {QStringLiteral("-acodec"), QStringLiteral("copy")};
+}
+
+QString outputPath(const EncodedClip& clip, const EncodedVideo& video,
+                   const EncodingSettings& settings) {
+    const QString name = QStringLiteral("%1").arg(clip.index, 4, 10, QLatin1Char('0'));
+    return video.clipDirectory + '/' + name + '.' + containerExtension(settings.outputFormat);
+}
+
+} // namespace
+
+EncoderCall encoderCall(const EncodedClip& clip, const EncodedVideo& video,
+                        const EncodingSettings& settings) {
+    EncoderCall call;
+    call.outputPath = outputPath(clip, video, settings);
+    call.arguments = QStringList{QStringLiteral("-nostats"), QStringLiteral("-y")} +
+                     inputArguments(clip, video) +
+                     QStringList{QStringLiteral("-t"), wholeSeconds(clip.end - clip.start)} +
+                     pictureArguments(clip, video, settings) + soundArguments(settings) +
+                     QStringList{QStringLiteral("-avoid_negative_ts"), QStringLiteral("disabled"),
+                                 call.outputPath};
+    return call;
+}
+
+QString containerExtension(int outputFormat) {
+    switch (outputFormat) {
+    case 1:
+        return QStringLiteral("mp4");
+    case 2:
+        return QStringLiteral("mkv");
+    default:
+        return QStringLiteral("avi");
+    }
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+#include <QStringList>
+
+/// The stretch of a video that is cut out.
+struct EncodedClip {
+    int index = 0;       ///< number within its video, 0 or more
+    double start = 0.0;  ///< seconds from the video's first frame
+    double end = 0.0;    ///< seconds from the video's first frame
+    int secondOfDay = 0; ///< at its start, for the overlay
+};
+
+/// The video that it is cut from.
+struct EncodedVideo {
+    QString fileName;
+    QString clipDirectory;         ///< the folder that its clips go to
+    bool isIntraCodec = false;     ///< every picture stands alone: always re-encoded
+    bool exportTimestamps = false; ///< write date and time into the picture, which re-encodes
+    QDateTime startDateTime;       ///< wall-clock time of the first frame
+};
+
+/// The person's choices. The defaults are those of an empty settings store.
+struct EncodingSettings {
+    int outputFormat = 0;       ///< 1 MP4, 2 MKV, everything else AVI
+    bool doTranscoding = false; ///< re-encode where a stream copy would do
+    bool disableAudio = false;
+    double bitrateOutput = 2.0; ///< megabits per second, where the picture is re-encoded
+};
+
+/// What the encoder is run with.
+struct EncoderCall {
+    QStringList arguments;
+    QString outputPath; ///< the last of them; an older file of this name is overwritten
+};
+
+/// How the encoder cuts `clip` out of `video`.
+///
+/// Start and length are handed on in whole seconds, their fractions dropped.
+EncoderCall encoderCall(const EncodedClip& clip, const EncodedVideo& video,
+                        const EncodingSettings& settings);
+
+/// The file name extension, and so the container, of an output format: "avi", "mp4" or "mkv".
+QString containerExtension(int outputFormat);

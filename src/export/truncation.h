@@ -1,0 +1,14 @@
+#pragma once
+
+#include <limits>
+
+/// `value` without its fraction. Values that an int cannot hold give the nearest int, what is not a
+/// number gives 0.
+inline int truncatedToInt(double value) {
+    using Limits = std::numeric_limits<int>;
+    if (value >= double(Limits::max()))
+        return Limits::max();
+    if (value <= double(Limits::min()))
+        return Limits::min();
+    return value == value ? int(value) : 0; // NOLINT(misc-redundant-expression): not a number
+}

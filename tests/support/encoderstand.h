@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QStringList>
+#include <QTemporaryDir>
+
+/// Puts an encoder beside the running test program, which must have a folder to itself.
+class EncoderStand {
+public:
+    /// Starts with the recorder, ending with status 0.
+    EncoderStand();
+
+    /// Takes the encoder away.
+    ~EncoderStand();
+    EncoderStand(const EncoderStand&) = delete;
+    EncoderStand& operator=(const EncoderStand&) = delete;
+
+    /// Installs the stand-in that only notes its arguments.
+    void useRecorder();
+
+    /// Installs the real encoder and the font of its overlay.
+    void useRealEncoder();
+
+    /// Leaves no encoder.
+    void useNone();
+
+    /// How the recorder's following calls end: "0", "1" or "crash".
+    void setEnd(const QByteArray& end);
+
+    /// From now on the recorder's calls do not end before `release`.
+    void hold();
+    void release();
+
+    /// Lets only the call end that writes this file ("0000.avi").
+    void releaseOutput(const QString& name);
+
+    /// The arguments of the recorder's calls so far, in their order.
+    QList<QStringList> calls() const;
+
+    /// The output files of these calls, their last arguments, without their folders.
+    QStringList outputs() const;
+
+private:
+    void install(const QString& target, const QString& name);
+    void write(const QString& name, const QByteArray& content);
+    QString filePath(const QString& name) const;
+
+    QTemporaryDir folder;
+};

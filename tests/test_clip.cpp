@@ -1,0 +1,589 @@
+#include "clip.h"
+#include "clipprobe.h"
+#include "encoderstand.h"
+#include "media.h"
+#include "video.h"
+
+#include <QDesktopServices>
+#include <QDir>
+#include <QIcon>
+#include <QSettings>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+QImage blueSnapshot() {
+    QImage snapshot(320, 180, QImage::Format_RGB32);
+    snapshot.fill(Qt::blue);
+    return snapshot;
+}
+
+QString secondLine(const Clip& clip) {
+    return clip.text().section('\n', 1);
+}
+
+} // namespace
+
+class TestClip : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void statusTexts();
+    void showsNameNumberTimeLengthAndStatus();
+    void text_data();
+    void text();
+    void iconIsTheSnapshot();
+
+    void exportsByItself();
+    void asksTwiceForAutomaticExport();
+    void threeInARow();
+    void runsInTheProgramsDirectory();
+    void readsTheSettingsAtEveryStart();
+    void exportsAgain();
+    void handsOverTheOverlay();
+    void seeksBehindAnIntraCodedInput();
+
+    void opensWhatIsExported();
+    void openingExportsFirst();
+    void openingGoesToTheHead();
+    void openingWhileExporting();
+    void failedIsNotOpened();
+
+    void encoderFails();
+    void encoderIsMissing();
+    void crashEndsTwice();
+
+    void removingTheExportingClip();
+    void removingBesideADirectExport();
+    void removingAWaitingClip();
+    void removingAll();
+    void jobGone();
+
+    void realExport_data();
+    void realExport();
+    void realOverlay();
+    void realIntraCodedExport();
+
+public Q_SLOTS:
+    void noteUrl(const QUrl& url) { openedUrls.append(url); }
+
+private:
+    std::unique_ptr<Video> makeJob(bool autoExport = false, bool exportTimestamps = false,
+                                   const QDateTime& start = {}) const;
+    QString makeRecording(const QString& name, const QStringList& codec) const;
+    std::unique_ptr<Clip> exportOne(Video& job, double start, double end);
+
+    std::unique_ptr<QTemporaryDir> folder;
+    std::unique_ptr<EncoderStand> encoder;
+    QString videoName;
+    QList<QUrl> openedUrls;
+};
+
+void TestClip::initTestCase() {
+    QCoreApplication::setOrganizationName("kestrova");
+    QCoreApplication::setApplicationName("kestrova");
+}
+
+void TestClip::init() {
+    QSettings().clear();
+    folder = std::make_unique<QTemporaryDir>();
+    encoder = std::make_unique<EncoderStand>();
+    videoName = folder->filePath("garden.mp4");
+    openedUrls.clear();
+    QDesktopServices::setUrlHandler("file", this, "noteUrl");
+}
+
+void TestClip::cleanup() {
+    QDesktopServices::unsetUrlHandler("file");
+    encoder->release();
+    QTRY_COMPARE(Clip::exportQueueLength(), 0);
+    encoder.reset();
+    folder.reset();
+}
+
+std::unique_ptr<Video> TestClip::makeJob(bool autoExport, bool exportTimestamps,
+                                         const QDateTime& start) const {
+    return std::make_unique<Video>(videoName, folder->path(), 1.0, 1.0, 5.0, 0, autoExport, nullptr,
+                                   nullptr, exportTimestamps, start);
+}
+
+void TestClip::statusTexts() {
+    QCOMPARE(Clip::statusText(0), "not exported");
+    QCOMPARE(Clip::statusText(1), "exporting...");
+    QCOMPARE(Clip::statusText(2), "queued...");
+    QCOMPARE(Clip::statusText(3), "canceled");
+    QCOMPARE(Clip::statusText(4), "export failed!");
+    QCOMPARE(Clip::statusText(5), "exported");
+    QCOMPARE(Clip::statusText(6), "unknown status");
+    QCOMPARE(Clip::statusText(-1), "unknown status");
+}
+
+void TestClip::showsNameNumberTimeLengthAndStatus() {
+    const auto job = makeJob();
+    Clip clip(job.get(), 3, blueSnapshot(), 9 * 3600 + 5 * 60 + 3.7, 9 * 3600 + 5 * 60 + 16.6, 0.0);
+    clip.status = Clip::Queued;
+    clip.updateText();
+    QCOMPARE(clip.text(), QString("garden.mp4\n#3 9:05:03 (12 sec) (queued...)"));
+}
+
+void TestClip::text_data() {
+    QTest::addColumn<double>("start");
+    QTest::addColumn<double>("end");
+    QTest::addColumn<QDateTime>("videoStart");
+    QTest::addColumn<QString>("line");
+    const QDateTime none;
+    const QDateTime beforeMidnight(QDate(2026, 11, 16), QTime(23, 59, 50), Qt::UTC);
+    QTest::newRow("from the start of the video")
+        << 3725.9 << 3731.0 << none << "#0 1:02:05 (5 sec) (not exported)";
+    QTest::newRow("folded into one day")
+        << 90000.0 << 90002.0 << none << "#0 1:00:00 (2 sec) (not exported)";
+    QTest::newRow("past midnight")
+        << 15.0 << 20.0 << beforeMidnight << "#0 0:00:05 (5 sec) (not exported)";
+    QTest::newRow("shorter than a second")
+        << 1.0 << 1.9 << none << "#0 0:00:01 (0 sec) (not exported)";
+}
+
+void TestClip::text() {
+    QFETCH(double, start);
+    QFETCH(double, end);
+    QFETCH(QDateTime, videoStart);
+    QFETCH(QString, line);
+    const auto job = makeJob(false, videoStart.isValid(), videoStart);
+    const Clip clip(job.get(), 0, blueSnapshot(), start, end, start);
+    QCOMPARE(secondLine(clip), line);
+}
+
+void TestClip::iconIsTheSnapshot() {
+    const auto job = makeJob();
+    const Clip clip(job.get(), 0, blueSnapshot(), 0.0, 1.0, 0.5);
+    QCOMPARE(clip.icon().pixmap(320, 320).toImage().pixelColor(10, 10), QColor(Qt::blue));
+    QCOMPARE(clip.icon().actualSize({320, 320}), QSize(320, 180));
+    QCOMPARE(clip.type(), int(QListWidgetItem::Type));
+}
+
+void TestClip::exportsByItself() {
+    const auto job = makeJob(true);
+    const Clip clip(job.get(), 0, blueSnapshot(), 2.5, 6.0, 3.0);
+    QCOMPARE(secondLine(clip), QString("#0 0:00:02 (3 sec) (exporting...)"));
+    QCOMPARE(clip.outputPath, job->clipDirectory + "/0000.avi");
+    QTRY_COMPARE(secondLine(clip), QString("#0 0:00:02 (3 sec) (exported)"));
+    QCOMPARE(encoder->calls(),
+             QList<QStringList>(
+                 {{"-nostats", "-y", "-ss", "2", "-i", videoName, "-t", "3", "-vcodec", "copy",
+                   "-acodec", "copy", "-avoid_negative_ts", "disabled", clip.outputPath}}));
+}
+
+void TestClip::asksTwiceForAutomaticExport() {
+    encoder->hold();
+    const auto job = makeJob(true);
+    Clip first(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    first.exportClip(false);
+    QCOMPARE(first.status, int(Clip::Queued));
+    QCOMPARE(Clip::exportQueueLength(), 1);
+    Clip second(job.get(), 1, blueSnapshot(), 9.0, 15.0, 10.0);
+    second.exportClip(false);
+    QCOMPARE(second.status, int(Clip::Queued));
+    QCOMPARE(Clip::exportQueueLength(), 3);
+
+    encoder->release();
+    QTRY_COMPARE(second.status, int(Clip::Exported));
+    QCOMPARE(first.status, int(Clip::Exported));
+    QCOMPARE(Clip::exportQueueLength(), 0);
+    QCOMPARE(encoder->outputs(), QStringList({"0000.avi", "0001.avi"}));
+}
+
+void TestClip::threeInARow() {
+    encoder->hold();
+    const auto job = makeJob();
+    Clip first(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    Clip second(job.get(), 1, blueSnapshot(), 10.0, 15.0, 11.0);
+    Clip third(job.get(), 2, blueSnapshot(), 20.0, 25.0, 21.0);
+    for (Clip* clip : {&first, &second, &third})
+        clip->exportClip(false);
+    QCOMPARE(first.status, int(Clip::Exporting));
+    QCOMPARE(second.status, int(Clip::Queued));
+    QCOMPARE(third.status, int(Clip::Queued));
+    QCOMPARE(Clip::exportQueueLength(), 2);
+
+    // The second clip stays in the queue while it is exported.
+    encoder->releaseOutput("0000.avi");
+    QTRY_COMPARE(first.status, int(Clip::Exported));
+    QCOMPARE(second.status, int(Clip::Exporting));
+    QCOMPARE(third.status, int(Clip::Queued));
+    QCOMPARE(Clip::exportQueueLength(), 2);
+    encoder->releaseOutput("0001.avi");
+    QTRY_COMPARE(second.status, int(Clip::Exported));
+    QCOMPARE(third.status, int(Clip::Exporting));
+    QCOMPARE(Clip::exportQueueLength(), 1);
+
+    encoder->release();
+    QTRY_COMPARE(third.status, int(Clip::Exported));
+    QCOMPARE(encoder->outputs(), QStringList({"0000.avi", "0001.avi", "0002.avi"}));
+}
+
+void TestClip::runsInTheProgramsDirectory() {
+    QDir::setCurrent("/");
+    const auto job = makeJob(true);
+    const Clip clip(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    QCOMPARE(QDir::currentPath(), QCoreApplication::applicationDirPath());
+    QTRY_COMPARE(clip.status, int(Clip::Exported));
+}
+
+void TestClip::readsTheSettingsAtEveryStart() {
+    const auto job = makeJob();
+    Clip clip(job.get(), 12345, blueSnapshot(), 0.0, 5.0, 1.0);
+    QSettings().setValue("output_format", 3);
+    clip.exportClip(false);
+    QTRY_COMPARE(clip.status, int(Clip::Exported));
+    QSettings().setValue("output_format", 2);
+    QSettings().setValue("do_transcoding", true);
+    QSettings().setValue("disable_audio", true);
+    QSettings().setValue("bitrate_output", 0.5);
+    clip.exportClip(false);
+    QTRY_COMPARE(clip.status, int(Clip::Exported));
+    QCOMPARE(encoder->outputs(), QStringList({"12345.avi", "12345.mkv"}));
+    QCOMPARE(encoder->calls()[1].mid(8),
+             QStringList({"-b:v", "524288", "-an", "-avoid_negative_ts", "disabled",
+                          job->clipDirectory + "/12345.mkv"}));
+}
+
+void TestClip::exportsAgain() {
+    const auto job = makeJob();
+    Clip clip(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    encoder->setEnd("1");
+    clip.exportClip(false);
+    QTRY_COMPARE(clip.status, int(Clip::ExportFailed));
+    encoder->setEnd("0");
+    for (int run = 2; run <= 3; ++run) {
+        clip.exportClip(false);
+        QCOMPARE(clip.status, int(Clip::Exporting));
+        QTRY_COMPARE(clip.status, int(Clip::Exported));
+        QCOMPARE(encoder->calls().size(), run);
+    }
+}
+
+void TestClip::handsOverTheOverlay() {
+    const auto job = makeJob(true, true, QDateTime(QDate(2026, 11, 16), QTime(9, 5, 0), Qt::UTC));
+    const Clip clip(job.get(), 0, blueSnapshot(), 3.7, 9.0, 5.0);
+    QTRY_COMPARE(clip.status, int(Clip::Exported));
+    QCOMPARE(encoder->calls()[0].mid(8, 4),
+             QStringList({"-vf",
+                          "drawtext=fontfile=DejaVuSansMono.ttf:text='Mon Nov 16 2026 "
+                          "%{pts\\:hms\\:32703}':x=10:y=10:fontcolor=white:box=1:boxborderw=3:"
+                          "boxcolor=0x00000000@1",
+                          "-b:v", "2097152"}));
+}
+
+void TestClip::seeksBehindAnIntraCodedInput() {
+    const auto job = makeJob();
+    job->intraCodec = true;
+    Clip clip(job.get(), 0, blueSnapshot(), 3.7, 9.0, 5.0);
+    clip.exportClip(false);
+    QTRY_COMPARE(clip.status, int(Clip::Exported));
+    QCOMPARE(encoder->calls()[0].mid(2, 8),
+             QStringList({"-i", videoName, "-ss", "3", "-t", "5", "-b:v", "2097152"}));
+}
+
+void TestClip::opensWhatIsExported() {
+    const auto job = makeJob(true);
+    Clip clip(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    QTRY_COMPARE(clip.status, int(Clip::Exported));
+    QVERIFY(openedUrls.isEmpty());
+    clip.openClip();
+    QCOMPARE(openedUrls, QList<QUrl>({QUrl("file:///" + clip.outputPath)}));
+    QCOMPARE(encoder->calls().size(), 1);
+}
+
+void TestClip::openingExportsFirst() {
+    encoder->hold();
+    const auto job = makeJob();
+    Clip clip(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    clip.openClip();
+    QCOMPARE(clip.status, int(Clip::Exporting));
+    QVERIFY(clip.openWhenDone);
+    QVERIFY(openedUrls.isEmpty());
+    encoder->release();
+    QTRY_COMPARE(openedUrls, QList<QUrl>({QUrl("file:///" + clip.outputPath)}));
+    QCOMPARE(clip.status, int(Clip::Exported));
+    QVERIFY(!clip.openWhenDone);
+}
+
+void TestClip::openingGoesToTheHead() {
+    encoder->hold();
+    const auto job = makeJob();
+    Clip running(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    Clip waiting(job.get(), 1, blueSnapshot(), 10.0, 15.0, 11.0);
+    Clip opened(job.get(), 2, blueSnapshot(), 20.0, 25.0, 21.0);
+    for (Clip* clip : {&running, &waiting, &opened})
+        clip->exportClip(false);
+    opened.openClip();
+    QCOMPARE(Clip::exportQueueLength(), 3);
+    encoder->release();
+    QTRY_COMPARE(waiting.status, int(Clip::Exported));
+    QCOMPARE(encoder->outputs(), QStringList({"0000.avi", "0002.avi", "0001.avi"}));
+    QCOMPARE(openedUrls, QList<QUrl>({QUrl("file:///" + opened.outputPath)}));
+}
+
+void TestClip::openingWhileExporting() {
+    encoder->hold();
+    const auto job = makeJob(true);
+    Clip clip(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    clip.openClip();
+    QCOMPARE(clip.status, int(Clip::Queued));
+    QCOMPARE(Clip::exportQueueLength(), 1);
+    encoder->release();
+    QTRY_COMPARE(openedUrls.size(), 1);
+    QCOMPARE(clip.status, int(Clip::Exported));
+    QCOMPARE(Clip::exportQueueLength(), 0);
+    QCOMPARE(encoder->calls().size(), 1);
+}
+
+void TestClip::failedIsNotOpened() {
+    encoder->setEnd("1");
+    const auto job = makeJob();
+    Clip clip(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    clip.openClip();
+    QTRY_COMPARE(clip.status, int(Clip::ExportFailed));
+    clip.openClip();
+    QCOMPARE(clip.status, int(Clip::ExportFailed));
+    QVERIFY(openedUrls.isEmpty());
+    QCOMPARE(encoder->calls().size(), 1);
+}
+
+void TestClip::encoderFails() {
+    encoder->setEnd("1");
+    encoder->hold();
+    const auto job = makeJob(true);
+    const Clip failing(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    const Clip next(job.get(), 1, blueSnapshot(), 10.0, 15.0, 11.0);
+    QTRY_COMPARE(encoder->calls().size(), 1);
+    encoder->setEnd("0");
+    encoder->release();
+    QTRY_COMPARE(next.status, int(Clip::Exported));
+    QCOMPARE(secondLine(failing), QString("#0 0:00:00 (5 sec) (export failed!)"));
+}
+
+void TestClip::encoderIsMissing() {
+    encoder->useNone();
+    const auto job = makeJob();
+    Clip first(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    Clip second(job.get(), 1, blueSnapshot(), 10.0, 15.0, 11.0);
+    first.exportClip(false);
+    second.exportClip(false);
+    QTRY_COMPARE(second.status, int(Clip::ExportFailed));
+    QCOMPARE(first.status, int(Clip::ExportFailed));
+    QCOMPARE(Clip::exportQueueLength(), 0);
+
+    encoder->useRecorder();
+    first.exportClip(false);
+    QTRY_COMPARE(first.status, int(Clip::Exported));
+}
+
+void TestClip::crashEndsTwice() {
+    encoder->setEnd("crash");
+    encoder->hold();
+    const auto job = makeJob(true);
+    const Clip crashing(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    const Clip next(job.get(), 1, blueSnapshot(), 10.0, 15.0, 11.0);
+    QTRY_COMPARE(encoder->calls().size(), 1);
+    encoder->setEnd("0");
+    encoder->release();
+    // Both the error and the end of the crashed run start the next clip.
+    QTRY_COMPARE(encoder->outputs(), QStringList({"0000.avi", "0001.avi", "0001.avi"}));
+    QTRY_COMPARE(next.status, int(Clip::Exported));
+    QCOMPARE(crashing.status, int(Clip::ExportFailed));
+    QCOMPARE(Clip::exportQueueLength(), 0);
+}
+
+void TestClip::removingTheExportingClip() {
+    encoder->hold();
+    const auto job = makeJob();
+    Clip direct(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    auto removed = std::make_unique<Clip>(job.get(), 1, blueSnapshot(), 10.0, 15.0, 11.0);
+    Clip next(job.get(), 2, blueSnapshot(), 20.0, 25.0, 21.0);
+    Clip last(job.get(), 3, blueSnapshot(), 30.0, 35.0, 31.0);
+    for (Clip* clip : {&direct, removed.get(), &next, &last})
+        clip->exportClip(false);
+    encoder->releaseOutput("0000.avi");
+    QTRY_COMPARE(removed->status, int(Clip::Exporting));
+    const QString removedFile = removed->outputPath;
+
+    removed.reset();
+    QCOMPARE(next.status, int(Clip::Exporting));
+    QCOMPARE(last.status, int(Clip::Queued));
+    QCOMPARE(Clip::exportQueueLength(), 2);
+    encoder->release();
+    QTRY_VERIFY(QFile::exists(removedFile));
+    QTRY_COMPARE(last.status, int(Clip::Exported));
+}
+
+void TestClip::removingBesideADirectExport() {
+    encoder->hold();
+    const auto job = makeJob();
+    Clip direct(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    Clip waiting(job.get(), 1, blueSnapshot(), 10.0, 15.0, 11.0);
+    auto other = std::make_unique<Clip>(job.get(), 2, blueSnapshot(), 20.0, 25.0, 21.0);
+    direct.exportClip(false);
+    waiting.exportClip(false);
+    other.reset();
+    // The direct export is not in the queue, so a second encoder runs beside its own.
+    QCOMPARE(waiting.status, int(Clip::Exporting));
+    QTRY_COMPARE(encoder->calls().size(), 2);
+    encoder->release();
+    QTRY_COMPARE(direct.status, int(Clip::Exported));
+    QTRY_COMPARE(waiting.status, int(Clip::Exported));
+}
+
+void TestClip::removingAWaitingClip() {
+    encoder->hold();
+    const auto job = makeJob();
+    Clip direct(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    Clip exporting(job.get(), 1, blueSnapshot(), 10.0, 15.0, 11.0);
+    auto removed = std::make_unique<Clip>(job.get(), 2, blueSnapshot(), 20.0, 25.0, 21.0);
+    Clip last(job.get(), 3, blueSnapshot(), 30.0, 35.0, 31.0);
+    for (Clip* clip : {&direct, &exporting, removed.get(), &last})
+        clip->exportClip(false);
+    encoder->releaseOutput("0000.avi");
+    QTRY_COMPARE(exporting.status, int(Clip::Exporting));
+    removed->exportClip(true);
+    QCOMPARE(Clip::exportQueueLength(), 4);
+
+    removed.reset();
+    QCOMPARE(Clip::exportQueueLength(), 2);
+    QCOMPARE(exporting.status, int(Clip::Exporting));
+    QCOMPARE(last.status, int(Clip::Queued));
+    encoder->release();
+    QTRY_COMPARE(last.status, int(Clip::Exported));
+    QCOMPARE(encoder->outputs(), QStringList({"0000.avi", "0001.avi", "0003.avi"}));
+}
+
+void TestClip::removingAll() {
+    encoder->hold();
+    const auto job = makeJob();
+    std::vector<std::unique_ptr<Clip>> clips;
+    for (int index = 0; index < 4; ++index) {
+        clips.push_back(
+            std::make_unique<Clip>(job.get(), index, blueSnapshot(), index, index + 1.0, index));
+        clips.back()->exportClip(false);
+    }
+    for (auto& clip : clips)
+        clip.reset();
+    QCOMPARE(Clip::exportQueueLength(), 0);
+    // Each removal lets the next clip start; the encoders run on without them.
+    QTRY_COMPARE(encoder->calls().size(), 4);
+    encoder->release();
+    for (int index = 0; index < 4; ++index)
+        QTRY_VERIFY(QFile::exists(job->clipDirectory + QString("/000%1.avi").arg(index)));
+}
+
+void TestClip::jobGone() {
+    encoder->hold();
+    auto job = makeJob(true);
+    auto running = std::make_unique<Clip>(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    auto waiting = std::make_unique<Clip>(job.get(), 1, blueSnapshot(), 10.0, 15.0, 11.0);
+    Clip kept(job.get(), 2, blueSnapshot(), 20.0, 25.0, 21.0);
+    QTRY_COMPARE(encoder->calls().size(), 1);
+    job.reset();
+    running.reset();
+    QCOMPARE(waiting->status, int(Clip::Queued));
+    waiting.reset();
+    kept.updateText();
+    QCOMPARE(kept.text(), QString("\n#2 0:00:20 (5 sec) (queued...)"));
+    kept.openClip();
+    QCOMPARE(Clip::exportQueueLength(), 1);
+    encoder->release();
+    QMetaObject::invokeMethod(&kept, "processFinished", Q_ARG(int, -1));
+    QCOMPARE(Clip::exportQueueLength(), 0);
+    QCOMPARE(encoder->calls().size(), 1);
+}
+
+/// 12 s with sound, a key frame every second.
+QString TestClip::makeRecording(const QString& name, const QStringList& codec) const {
+    QString fileName = folder->filePath(name);
+    const QStringList sound = {"-f", "lavfi", "-i", "sine=frequency=440:duration=12"};
+    const QStringList output = {"-g", "25", "-c:a", "aac", "-shortest", fileName};
+    if (!media::encode(sound + media::crossingBox(12, 3, 9) + codec + output))
+        return {};
+    return fileName;
+}
+
+std::unique_ptr<Clip> TestClip::exportOne(Video& job, double start, double end) {
+    encoder->useRealEncoder();
+    auto clip = std::make_unique<Clip>(&job, 0, blueSnapshot(), start, end, start);
+    clip->exportClip(false);
+    if (!QTest::qWaitFor([&clip] { return clip->status != Clip::Exporting; }, 60000))
+        qWarning("the encoder does not end");
+    return clip;
+}
+
+void TestClip::realExport_data() {
+    QTest::addColumn<int>("outputFormat");
+    QTest::addColumn<bool>("doTranscoding");
+    QTest::addColumn<bool>("disableAudio");
+    QTest::addColumn<QString>("codec");
+    QTest::newRow("AVI, copy") << 0 << false << false << "h264";
+    QTest::newRow("MP4, copy") << 1 << false << false << "h264";
+    QTest::newRow("MKV, copy, no sound") << 2 << false << true << "h264";
+    QTest::newRow("AVI, re-encoded") << 0 << true << true << "mpeg4";
+    QTest::newRow("MP4, re-encoded") << 1 << true << false << "h264";
+    QTest::newRow("MKV, re-encoded") << 2 << true << false << "h264";
+}
+
+void TestClip::realExport() {
+    QFETCH(int, outputFormat);
+    QFETCH(bool, doTranscoding);
+    QFETCH(bool, disableAudio);
+    QFETCH(QString, codec);
+    QSettings().setValue("output_format", outputFormat);
+    QSettings().setValue("do_transcoding", doTranscoding);
+    QSettings().setValue("disable_audio", disableAudio);
+    videoName = makeRecording("garden.mp4", {"-c:v", "libx264", "-preset", "ultrafast"});
+    QVERIFY(!videoName.isEmpty());
+    const auto job = makeJob();
+    const auto clip = exportOne(*job, 2.6, 8.2);
+    QCOMPARE(clip->status, int(Clip::Exported));
+
+    const ClipProbe probe = probeClip(clip->outputPath);
+    QVERIFY(probe.isPlayable);
+    QCOMPARE(probe.videoCodec, codec);
+    QCOMPARE(probe.hasSound, !disableAudio);
+    // 5 whole seconds; a copy starts at the key frame before, up to a second earlier.
+    const double earliest = doTranscoding ? 0.0 : 1.0;
+    QVERIFY2(probe.seconds > 4.9 && probe.seconds < 5.1 + earliest,
+             qPrintable(QString::number(probe.seconds)));
+    QVERIFY(!hasOverlay(firstPicture(clip->outputPath)));
+}
+
+void TestClip::realOverlay() {
+    videoName = makeRecording("garden.mp4", {"-c:v", "libx264", "-preset", "ultrafast"});
+    QVERIFY(!videoName.isEmpty());
+    const auto job = makeJob(false, true, QDateTime(QDate(2026, 11, 16), QTime(9, 5, 0), Qt::UTC));
+    const auto clip = exportOne(*job, 2.6, 8.2);
+    QCOMPARE(clip->status, int(Clip::Exported));
+    QVERIFY(probeClip(clip->outputPath).isPlayable);
+    QVERIFY(hasOverlay(firstPicture(clip->outputPath)));
+    QVERIFY(!hasOverlay(firstPicture(videoName)));
+}
+
+void TestClip::realIntraCodedExport() {
+    videoName = makeRecording("garden.avi", {"-c:v", "mjpeg"});
+    QVERIFY(!videoName.isEmpty());
+    const auto job = makeJob();
+    job->intraCodec = true;
+    const auto clip = exportOne(*job, 2.6, 8.2);
+    QCOMPARE(clip->status, int(Clip::Exported));
+    const ClipProbe probe = probeClip(clip->outputPath);
+    QVERIFY(probe.isPlayable);
+    QCOMPARE(probe.videoCodec, QString("mpeg4"));
+    QVERIFY2(probe.seconds > 4.9 && probe.seconds < 5.1,
+             qPrintable(QString::number(probe.seconds)));
+}
+
+QTEST_MAIN(TestClip)
+#include "test_clip.moc"

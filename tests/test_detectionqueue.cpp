@@ -1,0 +1,348 @@
+#include "encoderstand.h"
+#include "mainwindowdriver.h"
+#include "media.h"
+
+#include <QDir>
+#include <QProgressBar>
+#include <QSettings>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+constexpr int longMilliseconds = 60000;
+
+bool isEnded(const Video* job) {
+    return job->state >= Video::CancelRequested;
+}
+
+} // namespace
+
+class TestDetectionQueue : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+
+    void oneJobAfterTheOther();
+    void fileThatIsNoVideoHoldsNothingUp();
+    void cancelEndsAllJobs();
+    void jobAcceptedAfterACancel();
+    void jobIsStartedOnce();
+    void progressIsShownWhileJobsRun();
+
+    void clipIsListed();
+    void automaticExport();
+    void backlogMessage();
+    void exportsSelected();
+    void opensSelected();
+    void doubleClickOpens();
+    void removesSelected();
+    void removesAll();
+    void listActionsFollowTheSelection();
+    void clipOfAnotherSenderIsIgnored();
+
+    void directoryGoesToSetup();
+    void emptyDirectoryGoesToSetup();
+
+private:
+    Video* makeJob(const QString& fileName, bool autoExport = false) const;
+    /// A job that has been accepted and has failed, so that its clips can be announced by hand.
+    Video* failedJob(bool autoExport = false);
+    void announceClips(Video* job, int count);
+    void tick() { QMetaObject::invokeMethod(&driver->window, "updateStatus"); }
+
+    QTemporaryDir recordings;
+    QString shortRecording;
+    QString longRecording;
+    std::unique_ptr<QTemporaryDir> folder;
+    std::unique_ptr<EncoderStand> encoder;
+    std::unique_ptr<MainWindowDriver> driver;
+};
+
+void TestDetectionQueue::initTestCase() {
+    QCoreApplication::setOrganizationName("kestrova");
+    QCoreApplication::setApplicationName("kestrova");
+    QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    shortRecording = recordings.filePath("short.mp4");
+    longRecording = recordings.filePath("long.mp4");
+    QVERIFY(media::encode(media::crossingBox(12, 3, 9, "160x120") +
+                          QStringList{"-c:v", "mpeg4", shortRecording}));
+    QVERIFY(
+        media::encode({"-stream_loop", "400", "-i", shortRecording, "-c", "copy", longRecording}));
+}
+
+void TestDetectionQueue::init() {
+    QSettings().clear();
+    folder = std::make_unique<QTemporaryDir>();
+    encoder = std::make_unique<EncoderStand>();
+    driver = std::make_unique<MainWindowDriver>();
+    driver->window.show();
+}
+
+void TestDetectionQueue::cleanup() {
+    encoder->release();
+    QTRY_COMPARE(Clip::exportQueueLength(), 0);
+    driver.reset();
+    encoder.reset();
+    folder.reset();
+}
+
+Video* TestDetectionQueue::makeJob(const QString& fileName, bool autoExport) const {
+    return new Video(fileName, folder->path(), 1.0, 2.0, 2.0, 0, autoExport, nullptr, nullptr,
+                     false, QDateTime());
+}
+
+Video* TestDetectionQueue::failedJob(bool autoExport) {
+    Video* job = makeJob("missing.mp4", autoExport);
+    driver->accept(job);
+    [&] { QTRY_COMPARE(int(job->state), int(Video::Failed)); }();
+    return job;
+}
+
+void TestDetectionQueue::announceClips(Video* job, int count) {
+    QImage snapshot(320, 240, QImage::Format_RGB32);
+    snapshot.fill(Qt::green);
+    for (int index = 0; index < count; ++index)
+        Q_EMIT job->newClip(index, snapshot, index * 10.0, index * 10.0 + 5.0, index * 10.0 + 1.0);
+}
+
+void TestDetectionQueue::oneJobAfterTheOther() {
+    Video* first = makeJob(shortRecording);
+    Video* second = makeJob(shortRecording);
+    QSignalSpy firstEnd(first, SIGNAL(resultReady()));
+    int secondAtFirstEnd = -1;
+    connect(
+        first, &Video::resultReady, first, [&] { secondAtFirstEnd = second->state; },
+        Qt::DirectConnection);
+    driver->setup.readyVideos.append(first);
+    driver->accept(second);
+    QVERIFY(driver->setup.readyVideos.isEmpty());
+    QTRY_COMPARE_WITH_TIMEOUT(int(second->state), int(Video::Finished), longMilliseconds);
+    QCOMPARE(int(first->state), int(Video::Finished));
+    QCOMPARE(secondAtFirstEnd, int(Video::Waiting));
+    QCOMPARE(firstEnd.size(), 1);
+    QTRY_COMPARE(driver->list().count(), 2);
+    QCOMPARE(driver->clip(0).video.data(), first);
+    QCOMPARE(driver->clip(1).video.data(), second);
+}
+
+void TestDetectionQueue::fileThatIsNoVideoHoldsNothingUp() {
+    Video* broken = makeJob(QCoreApplication::applicationFilePath());
+    Video* good = makeJob(shortRecording);
+    driver->setup.readyVideos.append(broken);
+    driver->accept(good);
+    QTRY_COMPARE_WITH_TIMEOUT(int(good->state), int(Video::Finished), longMilliseconds);
+    QCOMPARE(int(broken->state), int(Video::Failed));
+}
+
+void TestDetectionQueue::cancelEndsAllJobs() {
+    QList<Video*> jobs = {makeJob(longRecording), makeJob(shortRecording), makeJob(shortRecording)};
+    QSignalSpy end(jobs[0], SIGNAL(resultReady()));
+    driver->setup.readyVideos = jobs.mid(0, 2);
+    driver->accept(jobs[2]);
+    QTRY_COMPARE(int(jobs[0]->state), int(Video::Running));
+    tick();
+    QVERIFY(driver->action("actionCancel").isEnabled());
+    driver->click("pushButtonCancel");
+    for (const Video* job : qAsConst(jobs))
+        QCOMPARE(int(job->state), int(Video::CancelRequested));
+    QTRY_COMPARE(end.size(), 1);
+    tick();
+    QVERIFY(!driver->part<QProgressBar>("progressBar").isVisible());
+    QVERIFY(!driver->part<QPushButton>("pushButtonCancel").isVisible());
+    QVERIFY(!driver->action("actionCancel").isEnabled());
+    for (const Video* job : qAsConst(jobs))
+        QCOMPARE(int(job->state), int(Video::CancelRequested));
+    QVERIFY(jobs[1]->thread() == QThread::currentThread()); // never started
+    QVERIFY(jobs[2]->thread() == QThread::currentThread());
+}
+
+void TestDetectionQueue::jobAcceptedAfterACancel() {
+    Video* cancelled = makeJob(longRecording);
+    driver->accept(cancelled);
+    QTRY_COMPARE(int(cancelled->state), int(Video::Running));
+    tick();
+    driver->trigger("actionCancel");
+    Video* next = makeJob(shortRecording);
+    driver->accept(next);
+    QTRY_COMPARE_WITH_TIMEOUT(int(next->state), int(Video::Finished), longMilliseconds);
+    QCOMPARE(int(cancelled->state), int(Video::CancelRequested));
+}
+
+void TestDetectionQueue::jobIsStartedOnce() {
+    Video* job = makeJob(shortRecording);
+    QSignalSpy end(job, SIGNAL(resultReady()));
+    driver->accept(job);
+    // The worker may not have begun with it yet.
+    QMetaObject::invokeMethod(&driver->window, "processQueue");
+    QMetaObject::invokeMethod(&driver->window, "processQueue");
+    Video* next = makeJob(shortRecording);
+    driver->accept(next);
+    QTRY_COMPARE_WITH_TIMEOUT(int(next->state), int(Video::Finished), longMilliseconds);
+    QTRY_COMPARE(driver->list().count(), 2);
+    QCOMPARE(end.size(), 1);
+}
+
+void TestDetectionQueue::progressIsShownWhileJobsRun() {
+    Video* job = makeJob(longRecording);
+    driver->accept(job);
+    auto& bar = driver->part<QProgressBar>("progressBar");
+    QTRY_VERIFY(bar.isVisible()); // within a tick of the timer
+    QVERIFY(driver->part<QPushButton>("pushButtonCancel").isVisible());
+    QTRY_VERIFY(job->bytesRead * 100 / job->fileSize >= 3 || isEnded(job));
+    QVERIFY(!isEnded(job));
+    tick();
+    const int value = bar.value();
+    QVERIFY2(value >= 3 && value <= job->bytesRead * 100 / job->fileSize,
+             qPrintable(QString::number(value)));
+    driver->click("pushButtonCancel");
+    QTRY_VERIFY(!bar.isVisible());
+    QVERIFY(bar.value() >= value);
+}
+
+void TestDetectionQueue::clipIsListed() {
+    driver->accept(makeJob(shortRecording));
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
+    const Clip& clip = driver->clip(0);
+    QCOMPARE(clip.text().section('\n', 0, 0), QString("short.mp4"));
+    QVERIFY(driver->captions()[0].endsWith("(not exported)"));
+    QCOMPARE(clip.icon().actualSize({320, 320}), QSize(320, 240));
+    QCOMPARE(Clip::exportQueueLength(), 0);
+    QVERIFY(driver->action("actionRemoveAll").isEnabled());
+    QVERIFY(!driver->action("actionRemoveSelected").isEnabled());
+}
+
+void TestDetectionQueue::automaticExport() {
+    encoder->hold();
+    announceClips(failedJob(true), 2);
+    QCOMPARE(driver->captions(),
+             QStringList({"#0 0:00:00 (5 sec) (queued...)", "#1 0:00:10 (5 sec) (queued...)"}));
+    QCOMPARE(Clip::exportQueueLength(), 3);
+    QTRY_COMPARE(encoder->outputs(), QStringList({"0000.avi"}));
+    encoder->release();
+    QTRY_COMPARE(driver->captions(),
+                 QStringList({"#0 0:00:00 (5 sec) (exported)", "#1 0:00:10 (5 sec) (exported)"}));
+    QCOMPARE(encoder->outputs(), QStringList({"0000.avi", "0001.avi"}));
+}
+
+void TestDetectionQueue::backlogMessage() {
+    auto& statusBar = driver->part<QStatusBar>("statusBar");
+    encoder->hold();
+    announceClips(failedJob(), 4);
+    tick();
+    QVERIFY(statusBar.currentMessage().isEmpty());
+    driver->list().selectAll();
+    driver->trigger("actionExport_selected");
+    QTRY_COMPARE(statusBar.currentMessage(), QString("3 clips queued to export..."));
+    statusBar.clearMessage();
+    QTRY_COMPARE(statusBar.currentMessage(), QString("3 clips queued to export..."));
+    encoder->release();
+    QTRY_COMPARE(Clip::exportQueueLength(), 0);
+    QTRY_VERIFY(statusBar.currentMessage().isEmpty());
+}
+
+void TestDetectionQueue::exportsSelected() {
+    announceClips(failedJob(), 4);
+    driver->clip(1).setSelected(true);
+    driver->clip(3).setSelected(true);
+    driver->trigger("actionExport_selected");
+    QTRY_COMPARE(
+        driver->captions(),
+        QStringList({"#0 0:00:00 (5 sec) (not exported)", "#1 0:00:10 (5 sec) (exported)",
+                     "#2 0:00:20 (5 sec) (not exported)", "#3 0:00:30 (5 sec) (exported)"}));
+}
+
+void TestDetectionQueue::opensSelected() {
+    encoder->setEnd("1");
+    announceClips(failedJob(), 3);
+    driver->clip(2).setSelected(true);
+    driver->trigger("actionOpen_selected");
+    QVERIFY(driver->clip(2).openWhenDone);
+    QVERIFY(!driver->clip(0).openWhenDone);
+    QTRY_COMPARE(driver->clip(2).status, int(Clip::ExportFailed));
+}
+
+void TestDetectionQueue::doubleClickOpens() {
+    encoder->setEnd("1");
+    announceClips(failedJob(), 3);
+    driver->clip(0).setSelected(true);
+    const QRect place = driver->list().visualItemRect(&driver->clip(1));
+    QTest::mouseClick(driver->list().viewport(), Qt::LeftButton, {}, place.center());
+    QTest::mouseDClick(driver->list().viewport(), Qt::LeftButton, {}, place.center());
+    QVERIFY(driver->clip(1).openWhenDone);
+    QVERIFY(!driver->clip(0).openWhenDone);
+    QTRY_COMPARE(driver->clip(1).status, int(Clip::ExportFailed));
+}
+
+void TestDetectionQueue::removesSelected() {
+    announceClips(failedJob(), 4);
+    const QPointer<Clip> first(&driver->clip(0));
+    driver->clip(0).setSelected(true);
+    driver->clip(2).setSelected(true);
+    driver->trigger("actionRemoveSelected");
+    QCOMPARE(driver->captions(), QStringList({"#1 0:00:10 (5 sec) (not exported)",
+                                              "#3 0:00:30 (5 sec) (not exported)"}));
+    QVERIFY(!first);
+    QVERIFY(!driver->action("actionRemoveSelected").isEnabled());
+    QVERIFY(driver->action("actionRemoveAll").isEnabled());
+}
+
+void TestDetectionQueue::removesAll() {
+    announceClips(failedJob(), 4);
+    driver->clip(1).setSelected(true);
+    driver->trigger("actionRemoveAll");
+    QCOMPARE(driver->list().count(), 0);
+    for (const char* name : {"actionOpen_selected", "actionExport_selected", "actionRemoveSelected",
+                             "actionRemoveAll"})
+        QVERIFY2(!driver->action(name).isEnabled(), name);
+}
+
+void TestDetectionQueue::listActionsFollowTheSelection() {
+    announceClips(failedJob(), 2);
+    driver->list().selectAll();
+    for (const char* name : {"actionOpen_selected", "actionExport_selected", "actionRemoveSelected",
+                             "actionRemoveAll"})
+        QVERIFY2(driver->action(name).isEnabled(), name);
+    driver->list().clearSelection();
+    for (const char* name :
+         {"actionOpen_selected", "actionExport_selected", "actionRemoveSelected"})
+        QVERIFY2(!driver->action(name).isEnabled(), name);
+    QVERIFY(driver->action("actionRemoveAll").isEnabled());
+}
+
+void TestDetectionQueue::clipOfAnotherSenderIsIgnored() {
+    QMetaObject::invokeMethod(&driver->window, "newClip", Q_ARG(int, 0), Q_ARG(QImage, QImage()),
+                              Q_ARG(double, 0.0), Q_ARG(double, 1.0), Q_ARG(double, 0.5));
+    QCOMPARE(driver->list().count(), 0);
+}
+
+void TestDetectionQueue::directoryGoesToSetup() {
+    const QDir directory(folder->path());
+    QVERIFY(directory.mkpath("in/deep") && directory.mkpath("out"));
+    QVERIFY(QFile::copy(shortRecording, directory.filePath("in/deep/a.dat")));
+    QVERIFY(QFile::copy(shortRecording, directory.filePath("in/.hidden.mp4")));
+    QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), directory.filePath("in/b.mp4")));
+    driver->addDirectory(directory.filePath("in"));
+    QVERIFY(driver->setup.isVisible());
+    QCOMPARE(driver->setupPart<QLabel>("labelInfo").text(), directory.filePath("in/deep/a.dat"));
+    driver->setupPart<QLineEdit>("lineEditDir").setText(directory.filePath("out"));
+    driver->clickSetup("pushButtonAddAll");
+    QVERIFY(!driver->setup.isVisible());
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
+    QCOMPARE(driver->clip(0).text().section('\n', 0, 0), QString("a.dat"));
+    QCOMPARE(driver->clip(0).video->clipDirectory, directory.filePath("out/a_dat_0"));
+}
+
+void TestDetectionQueue::emptyDirectoryGoesToSetup() {
+    QVERIFY(QDir(folder->path()).mkpath("empty"));
+    driver->addFiles({shortRecording});
+    QVERIFY(driver->setup.isVisible());
+    driver->addDirectory(folder->filePath("empty"));
+    QVERIFY(!driver->setup.isVisible()); // drops what it showed
+}
+
+QTEST_MAIN(TestDetectionQueue)
+#include "test_detectionqueue.moc"

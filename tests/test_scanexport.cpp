@@ -1,0 +1,293 @@
+// The scanner's export, as a person or a script calls it.
+
+#include "clipprobe.h"
+#include "encoderstand.h"
+#include "files.h"
+#include "media.h"
+
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <csignal>
+
+namespace {
+
+struct ScanResult {
+    int status = -1;
+    QByteArray output;
+    QByteArray errors;
+};
+
+/// With these the box is one clip: half of 2 s is filled at about second 8, so that it starts
+/// at 4.5.
+const QStringList oneClip = {"--prerecord", "1.5", "--postrecord", "2", "--minimum", "2"};
+
+/// The copy of the scanner beside this test's own program, and so beside its encoder.
+QString scannerPath() {
+    return QCoreApplication::applicationDirPath() + "/kestrova-scan";
+}
+
+} // namespace
+
+class TestScanExport : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanup();
+    void cleanupTestCase();
+
+    void exportsEachClip();
+    void everyRecordingGetsItsOwnFolder();
+    void defaultsReachTheEncoder();
+    void optionsReachTheEncoder();
+    void intraCodedRecording();
+    void startTimeIsTheClockOnTheWall_data();
+    void startTimeIsTheClockOnTheWall();
+    void overlayIsWritten();
+    void csvHasColumnsForIt();
+    void textNamesTheFile();
+    void withoutExportNothingIsMade();
+
+    void failedEncoderIsNamed();
+    void crashedEncoderIsNamed();
+    void missingEncoderIsNamed();
+    void interruptEndsTheEncoder();
+    void usageErrors_data();
+    void usageErrors();
+
+private:
+    ScanResult scan(const QStringList& arguments) const;
+    QStringList argumentsOf(const QStringList& options);
+    QString path(const QString& name) const { return clips->filePath(name); }
+
+    QTemporaryDir recordings;
+    QString recording; ///< 20 s; a box crosses from second 7 to second 13
+    std::unique_ptr<QTemporaryDir> clips;
+    std::unique_ptr<EncoderStand> encoder;
+};
+
+void TestScanExport::initTestCase() {
+    QFile::remove(scannerPath());
+    QVERIFY(QFile::copy(media::programDirectory() + "/kestrova-scan", scannerPath()));
+    recording = recordings.filePath("garden.mp4");
+    QVERIFY(media::encode(
+        media::crossingBox(20, 7, 13, "160x120") +
+        QStringList{"-c:v", "libx264", "-preset", "ultrafast", "-g", "25", recording}));
+}
+
+void TestScanExport::init() {
+    clips = std::make_unique<QTemporaryDir>();
+    encoder = std::make_unique<EncoderStand>();
+}
+
+void TestScanExport::cleanup() {
+    encoder.reset();
+    clips.reset();
+}
+
+void TestScanExport::cleanupTestCase() {
+    QFile::remove(scannerPath());
+}
+
+ScanResult TestScanExport::scan(const QStringList& arguments) const {
+    QProcess process;
+    process.setWorkingDirectory(recordings.path());
+    process.start(scannerPath(), oneClip + arguments);
+    ScanResult result;
+    if (process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit)
+        result.status = process.exitCode();
+    result.output = process.readAllStandardOutput();
+    result.errors = process.readAllStandardError();
+    return result;
+}
+
+/// The encoder's arguments behind "-t" and its value.
+QStringList TestScanExport::argumentsOf(const QStringList& options) {
+    if (scan(QStringList{"--quiet", "--export", clips->path()} + options).status != 0)
+        return {};
+    const QStringList call = encoder->calls().value(0);
+    return call.mid(call.indexOf("-t") + 2);
+}
+
+void TestScanExport::exportsEachClip() {
+    encoder->useRealEncoder();
+    const ScanResult result =
+        scan({"--export", path("new/folder"), "--format", "jsonl", "garden.mp4"});
+    QCOMPARE(result.status, 0);
+    const QList<QJsonObject> lines = jsonLines(result.output);
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(lines[0]["video"].toString(), QString("garden.mp4"));
+    QCOMPARE(lines[0]["file"].toString(), path("new/folder/garden_mp4_0/0000.avi"));
+    QCOMPARE(lines[0]["exported"].toBool(), true);
+    QVERIFY(!lines[1].contains("exported"));
+    const ClipProbe probe = probeClip(lines[0]["file"].toString());
+    QVERIFY(probe.isPlayable);
+    const int length = int(lines[0]["end"].toDouble() - lines[0]["start"].toDouble());
+    QVERIFY2(probe.seconds > length - 0.1 && probe.seconds < length + 1.1,
+             qPrintable(QString::number(probe.seconds)));
+}
+
+void TestScanExport::everyRecordingGetsItsOwnFolder() {
+    QVERIFY(scan({"--export", clips->path(), recording, recording}).status == 0);
+    QVERIFY(scan({"--export", clips->path(), recording}).status == 0);
+    QCOMPARE(QDir(clips->path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+             QStringList({"garden_mp4_0", "garden_mp4_1", "garden_mp4_2"}));
+    QCOMPARE(encoder->calls().size(), 3);
+}
+
+void TestScanExport::defaultsReachTheEncoder() {
+    QCOMPARE(argumentsOf({"garden.mp4"}),
+             QStringList({"-vcodec", "copy", "-acodec", "copy", "-avoid_negative_ts", "disabled",
+                          path("garden_mp4_0/0000.avi")}));
+    // The encoder runs elsewhere, so a relative path would not be found.
+    QCOMPARE(encoder->calls()[0].mid(0, 6),
+             QStringList({"-nostats", "-y", "-ss", "4", "-i", recording}));
+}
+
+void TestScanExport::optionsReachTheEncoder() {
+    QCOMPARE(argumentsOf({"--container", "mkv", "--transcode", "--bitrate", "0.5", "--no-audio",
+                          recording}),
+             QStringList({"-b:v", "524288", "-an", "-avoid_negative_ts", "disabled",
+                          path("garden_mp4_0/0000.mkv")}));
+}
+
+void TestScanExport::intraCodedRecording() {
+    const QString intraCoded = recordings.filePath("garden.avi");
+    QVERIFY(media::encode({"-i", recording, "-c:v", "mjpeg", intraCoded}));
+    QCOMPARE(argumentsOf({"--container", "mp4", intraCoded}),
+             QStringList({"-b:v", "2097152", "-acodec", "copy", "-avoid_negative_ts", "disabled",
+                          path("garden_avi_0/0000.mp4")}));
+    QCOMPARE(encoder->calls()[0].mid(0, 6),
+             QStringList({"-nostats", "-y", "-i", intraCoded, "-ss", "4"}));
+}
+
+void TestScanExport::startTimeIsTheClockOnTheWall_data() {
+    QTest::addColumn<QString>("startTime");
+    QTest::newRow("local") << "2026-11-16T09:05:00";
+    QTest::newRow("UTC") << "2026-11-16T09:05:00Z";
+    QTest::newRow("with an offset") << "2026-11-16T09:05:00+02:00";
+    QTest::newRow("with a fraction") << "2026-11-16T09:05:00.250";
+}
+
+void TestScanExport::startTimeIsTheClockOnTheWall() {
+    QFETCH(QString, startTime);
+    // The clip starts in second 4 of the recording: 9:05:04 is second 32704 of the day.
+    QCOMPARE(argumentsOf({"--start-time", startTime, recording}).mid(0, 2),
+             QStringList({"-vf", "drawtext=fontfile=DejaVuSansMono.ttf:text='Mon Nov 16 2026 "
+                                 "%{pts\\:hms\\:32704}':x=10:y=10:fontcolor=white:box=1:"
+                                 "boxborderw=3:boxcolor=0x00000000@1"}));
+}
+
+void TestScanExport::overlayIsWritten() {
+    encoder->useRealEncoder();
+    const ScanResult result = scan({"--export", clips->path(), "--start-time",
+                                    "2026-11-16T09:05:00", "--container", "mp4", recording});
+    QVERIFY2(result.status == 0, result.errors.constData());
+    QVERIFY(hasOverlay(firstPicture(path("garden_mp4_0/0000.mp4"))));
+    QVERIFY(!hasOverlay(firstPicture(recording)));
+}
+
+void TestScanExport::csvHasColumnsForIt() {
+    const QList<QByteArray> lines =
+        scan({"--export", clips->path(), "--format", "csv", recording}).output.split('\n');
+    QCOMPARE(lines[0], QByteArray("video,index,start,end,snapshotTime,snapshot,file,exported\r"));
+    QVERIFY2(lines[1].endsWith("," + path("garden_mp4_0/0000.avi").toUtf8() + ",true\r"),
+             lines[1].constData());
+}
+
+void TestScanExport::textNamesTheFile() {
+    const ScanResult result = scan({"--export", clips->path(), recording});
+    QVERIFY(result.output.endsWith("  " + path("garden_mp4_0/0000.avi").toUtf8() + "\n"));
+}
+
+void TestScanExport::withoutExportNothingIsMade() {
+    QVERIFY(scan({recording}).status == 0);
+    QVERIFY(encoder->calls().isEmpty());
+    QVERIFY(QDir(recordings.path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).isEmpty());
+}
+
+void TestScanExport::failedEncoderIsNamed() {
+    encoder->setEnd("1");
+    const ScanResult failed =
+        scan({"--export", clips->path(), "--format", "jsonl", recording, recording});
+    QCOMPARE(failed.status, 1);
+    const QList<QJsonObject> lines = jsonLines(failed.output);
+    QCOMPARE(lines.size(), 4);
+    QCOMPARE(lines[0]["file"].toString(), path("garden_mp4_0/0000.avi"));
+    QVERIFY(!lines[0]["exported"].toBool(true));
+    QVERIFY(!lines[2]["exported"].toBool(true));
+    const QByteArray message = "kestrova-scan: " + path("garden_mp4_0/0000.avi").toUtf8() +
+                               ": the encoder failed: told to fail\n";
+    QVERIFY2(failed.errors.contains(message), failed.errors.constData());
+}
+
+void TestScanExport::crashedEncoderIsNamed() {
+    encoder->setEnd("crash");
+    const ScanResult result = scan({"--export", clips->path(), recording});
+    QCOMPARE(result.status, 1);
+    QVERIFY2(result.errors.contains("0000.avi: the encoder crashed\n"), result.errors.constData());
+}
+
+void TestScanExport::missingEncoderIsNamed() {
+    encoder->useNone();
+    const ScanResult result = scan({"--export", clips->path(), "--format", "jsonl", recording});
+    QCOMPARE(result.status, 1);
+    QVERIFY2(result.errors.contains("0000.avi: the encoder cannot be started: "),
+             result.errors.constData());
+    QVERIFY(!jsonLines(result.output)[0]["exported"].toBool(true));
+}
+
+void TestScanExport::interruptEndsTheEncoder() {
+    encoder->hold();
+    QProcess process;
+    process.start(scannerPath(),
+                  oneClip + QStringList{"--export", clips->path(), "--format", "jsonl", recording});
+    QTRY_COMPARE(encoder->calls().size(), 1);
+    QElapsedTimer timer;
+    timer.start();
+    QCOMPARE(kill(pid_t(process.processId()), SIGTERM), 0);
+    QVERIFY(process.waitForFinished());
+    QVERIFY(timer.elapsed() < 2500);
+    QCOMPARE(process.exitCode(), 130);
+    const QJsonObject clip = jsonLines(process.readAllStandardOutput())[0];
+    QVERIFY(!clip["exported"].toBool(true));
+    QVERIFY(!QFile::exists(path("garden_mp4_0/0000.avi")));
+}
+
+void TestScanExport::usageErrors_data() {
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("message");
+    const auto row = [](const QStringList& arguments, const QByteArray& message) {
+        QTest::newRow(qPrintable(arguments.join(' '))) << arguments << message;
+    };
+    for (const char* option : {"--transcode", "--no-audio"})
+        row({option}, QByteArray(option) + " needs --export");
+    row({"--container", "mp4"}, "--container needs --export");
+    row({"--bitrate", "2"}, "--bitrate needs --export");
+    row({"--start-time", "2026-11-16T09:05:00"}, "--start-time needs --export");
+    row({"--export", ""}, "--export needs a name");
+    row({"--export", "out", "--container", "mov"}, "--container takes avi, mp4 or mkv, not 'mov'");
+    row({"--export", "out", "--bitrate", "101"}, "--bitrate takes a number from 0 to 100");
+    row({"--export", "out", "--bitrate", "nan"}, "--bitrate takes");
+    row({"--export", "out", "--start-time", "noon"}, "--start-time takes a time like");
+    row({"--export", "/dev/null/out"}, "/dev/null/out: cannot write into this folder");
+}
+
+void TestScanExport::usageErrors() {
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, message);
+    const ScanResult result = scan(arguments + QStringList{recording});
+    QCOMPARE(result.status, 2);
+    QVERIFY2(result.errors.contains(message), result.errors.constData());
+    QCOMPARE(result.output, QByteArray());
+    QVERIFY(!QFile::exists(recordings.filePath("out")));
+}
+
+QTEST_GUILESS_MAIN(TestScanExport)
+#include "test_scanexport.moc"
