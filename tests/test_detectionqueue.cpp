@@ -76,6 +76,8 @@ void TestDetectionQueue::initTestCase() {
 
 void TestDetectionQueue::init() {
     QSettings().clear();
+    QSettings().setValue("export_postrecord", 2.0);
+    QSettings().setValue("export_minimum", 2.0);
     folder = std::make_unique<QTemporaryDir>();
     encoder = std::make_unique<EncoderStand>();
     driver = std::make_unique<MainWindowDriver>();

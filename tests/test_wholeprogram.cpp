@@ -15,6 +15,7 @@
 #include <QSettings>
 #include <QSpinBox>
 #include <QTemporaryDir>
+#include <QTimer>
 #include <QtTest>
 
 namespace {
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void fromAddingToOpening();
     void encoderArguments_data();
     void encoderArguments();
+    void staysResponsive();
     void twoThousandClips();
 
 public Q_SLOTS:
@@ -209,6 +211,28 @@ void TestWholeProgram::encoderArguments() {
         argument = values.value(argument, argument);
     QCOMPARE(encoder->calls(), QList<QStringList>({arguments}));
     qInfo().noquote() << "encoder called with" << arguments.join(' ');
+}
+
+void TestWholeProgram::staysResponsive() {
+    const QString large = recordings.filePath("large.mp4");
+    QVERIFY(media::encode(media::crossingBox(6, 1, 5, "3840x2160") +
+                          QStringList{"-c:v", "libx264", "-preset", "ultrafast", large}));
+    driver->addFiles({large});
+    driver->clickSetup("pushButtonAdd");
+    QElapsedTimer sinceTick;
+    qint64 longestGap = 0;
+    QTimer ticks;
+    connect(&ticks, &QTimer::timeout, this, [&] {
+        longestGap = qMax(longestGap, sinceTick.isValid() ? sinceTick.elapsed() : 0);
+        sinceTick.start();
+    });
+    ticks.start(5);
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
+    const Video* job = driver->clip(0).video;
+    QTRY_COMPARE_WITH_TIMEOUT(int(job->state), int(Video::Finished), longMilliseconds);
+    qInfo("3840x2160, %d pictures: events waited %lld ms at most", job->motionValues.size(),
+          longestGap);
+    QVERIFY(longestGap < 1000); // some 30 ms where nothing else runs
 }
 
 void TestWholeProgram::twoThousandClips() {

@@ -6,6 +6,7 @@
 #include "media.h"
 #include "mouse.h"
 #include "settingsdialog.h"
+#include "tour.h"
 #include "widgeteditor.h"
 
 #include <QApplication>
@@ -115,7 +116,7 @@ bool takeAll(const QDir& images) {
     bool isGood = takeSetup(images.filePath("setup-rectangle.png"), larger, drawRectangle) &&
                   takeSetup(images.filePath("setup-free.png"), smallest, drawShapes) &&
                   takeSetup(images.filePath("setup-inverted.png"), smallest, drawShapesInverted) &&
-                  takeSettings(images.filePath("settings.png"));
+                  takeSettings(images.filePath("settings.png")) && takeTour(images);
     QSettings().setValue("export_timestamps", true);
     QApplication::setPalette(darkPalette());
     return isGood && takeSetup(images.filePath("setup-dark.png"), smallest, drawRectangle) &&

@@ -21,7 +21,7 @@ QStringList filesBelow(const QString& directory) {
 
 QStringList askForFiles(QWidget* parent) {
     QSettings settings;
-    const QStringList files =
+    QStringList files =
         QFileDialog::getOpenFileNames(parent, MainWindow::tr("Select one or more files to open"),
                                       settings.value(QStringLiteral("last_files")).toString());
     if (!files.isEmpty())

@@ -1,10 +1,10 @@
 // Stands in for the encoder: notes what it was told and ends as it is told.
 //
 // RECORDER_FOLDER names the folder that it works with:
-//   calls      gets a line for every call, its arguments separated by the unit separator
-//   end        "1": exit status 1 after a message, "crash": ends by a signal, everything else: exit
-//   status 0 hold       while this file exists, calls do not end ... free-NAME  ... but the one
-//   whose output file has this name does
+// - calls gets a line for every call, its arguments separated by the unit separator.
+// - end tells how: "1" with status 1 after a message, "crash" by a signal, else with status 0.
+// - hold: while this file exists, calls do not end ...
+// - free-NAME: ... but the one whose output file has this name does.
 // The output file, the last argument, is written when a call ends with status 0.
 
 #include <chrono>
