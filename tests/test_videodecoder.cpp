@@ -58,15 +58,39 @@ QStringList sound() {
     return {"-f", "lavfi", "-i", "sine=d=1"};
 }
 
+const QStringList vp9 = {"-pix_fmt", "yuv420p",   "-c:v", "libvpx-vp9",     "-deadline",
+                         "realtime", "-cpu-used", "8",    "-lag-in-frames", "0"};
+
+/// The packets of an IVF file: a header of 32 bytes, then size (4 bytes), time (8 bytes) and data
+/// of each.
+QVector<QByteArray> ivfPackets(const QByteArray& file) {
+    QVector<QByteArray> packets;
+    for (int at = 32; at + 12 <= file.size(); at += 12 + packets.last().size()) {
+        const auto size = qFromLittleEndian<quint32>(file.constData() + at);
+        packets.append(file.mid(at + 12, int(size)));
+    }
+    return packets;
+}
+
+QByteArray littleEndian(int value, int bytes) {
+    QByteArray text;
+    for (int i = 0; i < bytes; ++i)
+        text += i < 4 ? char(value >> 8 * i) : '\0';
+    return text;
+}
+
+QByteArray ivfFile(const QByteArray& original, const QVector<QByteArray>& packets) {
+    QByteArray file = original.left(32);
+    for (int i = 0; i < packets.size(); ++i)
+        file += littleEndian(packets[i].size(), 4) + littleEndian(i, 8) + packets[i];
+    return file;
+}
+
 /// One packet that holds two VP9 pictures, both of them to be shown.
 QByteArray vp9Superframe(const QByteArray& first, const QByteArray& second) {
-    const auto size = [](const QByteArray& picture) {
-        QByteArray bytes(4, 0);
-        qToLittleEndian(quint32(picture.size()), bytes.data());
-        return bytes;
-    };
     const char marker = char(0xC0 | (4 - 1) << 3 | (2 - 1)); // sizes of 4 bytes, 2 pictures
-    return first + second + marker + size(first) + size(second) + marker;
+    return first + second + marker + littleEndian(first.size(), 4) +
+           littleEndian(second.size(), 4) + marker;
 }
 
 } // namespace
@@ -88,6 +112,7 @@ private Q_SLOTS:
     void timesStartWhereTheStreamStarts();
     void missingDecodingTimeIsVeryNegative();
     void onePicturePerPacket();
+    void emptyPacketsAreSkipped();
     void sizeChangesInMidStream();
     void pixelFormatChangesInMidStream();
     void bytePositionFollowsTheFile();
@@ -218,6 +243,7 @@ void TestVideoDecoder::packedBPicturesComeOneByOne() {
     // it refers to, and a packet of a few bytes stands where it would have been.
     QVERIFY(makeNumbered("packed.avi",
                          {"-pix_fmt", "yuv420p", "-c:v", "libxvid", "-bf", "1", "-q:v", "3"}));
+    QVERIFY(readFile(path("packed.avi")).contains("DivX503b1393p")); // p: packed
     const media::ProbedVideo probed = media::probe(path("packed.avi"));
     VideoDecoder decoder;
     QVERIFY(openFile(decoder, "packed.avi"));
@@ -309,36 +335,31 @@ void TestVideoDecoder::missingDecodingTimeIsVeryNegative() {
 }
 
 void TestVideoDecoder::onePicturePerPacket() {
-    // IVF: a header of 32 bytes, then packets of size (4 bytes), time (8 bytes) and data.
-    QVERIFY(makeNumbered("single.ivf", {"-pix_fmt", "yuv420p", "-c:v", "libvpx-vp9", "-deadline",
-                                        "realtime", "-cpu-used", "8", "-lag-in-frames", "0"}));
-    const QByteArray single = readFile(path("single.ivf"));
-    QByteArray merged = single.left(32);
-    QByteArray waiting;
-    int count = 0;
-    for (int at = 32; at + 12 <= single.size(); ++count) {
-        const int size = int(qFromLittleEndian<quint32>(single.constData() + at));
-        const QByteArray picture = single.mid(at + 12, size);
-        if (count % 2 == 0) {
-            waiting = picture;
-        } else {
-            const QByteArray packet = vp9Superframe(waiting, picture);
-            QByteArray header = single.mid(at, 12);
-            qToLittleEndian(quint32(packet.size()), header.data());
-            merged += header + packet;
-        }
-        at += 12 + size;
-    }
-    QCOMPARE(count, pictureCount);
-    QVERIFY(writeFile(path("merged.ivf"), merged));
+    QVERIFY(makeNumbered("vp9.ivf", vp9));
+    const QVector<QByteArray> single = ivfPackets(readFile(path("vp9.ivf")));
+    QCOMPARE(single.size(), pictureCount);
+    QVector<QByteArray> merged;
+    for (int i = 0; i < single.size(); i += 2)
+        merged.append(vp9Superframe(single[i], single[i + 1]));
+    QVERIFY(writeFile(path("merged.ivf"), ivfFile(readFile(path("vp9.ivf")), merged)));
 
     VideoDecoder decoder;
     QVERIFY(openFile(decoder, "merged.ivf"));
-    const std::vector<FramePointer> frames = readAll(decoder);
-    QCOMPARE(int(frames.size()), pictureCount / 2);
-    const QVector<int> numbers = numbersOf(frames);
+    const QVector<int> numbers = numbersOf(readAll(decoder));
+    QCOMPARE(numbers.size(), pictureCount / 2);
     for (int i = 0; i < numbers.size(); ++i)
         QCOMPARE(numbers[i], 2 * i);
+}
+
+void TestVideoDecoder::emptyPacketsAreSkipped() {
+    QVERIFY(makeNumbered("vp9.ivf", vp9));
+    QVector<QByteArray> packets = ivfPackets(readFile(path("vp9.ivf")));
+    packets.insert(10, QByteArray());
+    packets.insert(5, QByteArray());
+    QVERIFY(writeFile(path("empty.ivf"), ivfFile(readFile(path("vp9.ivf")), packets)));
+    VideoDecoder decoder;
+    QVERIFY(openFile(decoder, "empty.ivf"));
+    QCOMPARE(numbersOf(readAll(decoder)), counting(pictureCount));
 }
 
 void TestVideoDecoder::sizeChangesInMidStream() {
