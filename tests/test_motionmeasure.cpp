@@ -335,11 +335,11 @@ void TestMotionMeasure::sizeChangePreparesTheRegionAnew() {
     const HandMadeFrame large(picture);
     picture(cv::Rect(10, 0, 10, 20)) = 200;
     const HandMadeFrame rightChanged(picture);
-    picture(cv::Rect(0, 0, 10, 20)) = 60;
+    picture(cv::Rect(5, 10, 5, 10)) = 60; // a quarter of the left half
     const HandMadeFrame leftChanged(picture);
     QCOMPARE(measure.measure(smallChanged, large), 50.0);
     QCOMPARE(measure.measure(large, rightChanged), 0.0);
-    QCOMPARE(measure.measure(rightChanged, leftChanged), 60.0);
+    QCOMPARE(measure.measure(rightChanged, leftChanged), 15.0);
 }
 
 void TestMotionMeasure::sizeChangeIsMadeUpFor() {
