@@ -231,6 +231,7 @@ void TestEditMaskWindow::addAllGivesEveryFileTheSameRegion() {
     const QSignalSpy accepted(&window, SIGNAL(newVideo()));
     window.addFiles({path("a.avi"), path("b.avi"), path("text.avi"), path("c.avi")});
     window.draw({{300, 300}, {600, 600}});
+    window.get<QSpinBox>("spinBoxSkip").setValue(6);
     const QImage drawn = *window.editor().mask();
     window.click("pushButtonAddAll");
     QCOMPARE(accepted.count(), 1);
@@ -244,6 +245,8 @@ void TestEditMaskWindow::addAllGivesEveryFileTheSameRegion() {
         QVERIFY(job->roiRect);
     }
     QCOMPARE(names, QStringList({"a.avi", "b.avi", "text.avi", "c.avi"}));
+    QCOMPARE(QSettings().allKeys(), keys);
+    QCOMPARE(QSettings().value("skip").toInt(), 6);
 }
 
 void TestEditMaskWindow::nextFileStartsWithModeAndOptionsButAnEmptyMask() {
