@@ -33,6 +33,9 @@ private Q_SLOTS:
     void snapshotsAreWrittenAndNamed();
     void sameNamesGetSnapshotsOfTheirOwn();
     void traceHasOneLinePerFrame();
+    void sideBySideEqualsOneAfterAnother_data();
+    void sideBySideEqualsOneAfterAnother();
+    void threadsDoNotChangeAnything();
     void quietSaysNothing();
     void summaryGoesToStandardError();
     void maskAndRectangleLimitTheRegion();
@@ -149,6 +152,55 @@ void TestScan::traceHasOneLinePerFrame() {
             QCOMPARE(fields[2], held);
         held = fields[2];
     }
+}
+
+void TestScan::sideBySideEqualsOneAfterAnother_data() {
+    QTest::addColumn<QString>("format");
+    QTest::newRow("text") << "text";
+    QTest::newRow("jsonl") << "jsonl";
+    QTest::newRow("csv") << "csv";
+}
+
+void TestScan::sideBySideEqualsOneAfterAnother() {
+    QFETCH(QString, format);
+    QStringList videos;
+    for (int i = 0; i < 6; ++i) {
+        // The first is the longest, so that the others have to wait for it.
+        const QString name = folder.filePath(QStringLiteral("side%1.mp4").arg(i));
+        if (!QFileInfo::exists(name))
+            QVERIFY(media::encode(media::crossingBox(18 - 2 * i, 1, 5) +
+                                  QStringList{"-c:v", "libx264", "-preset", "ultrafast", name}));
+        videos.append(name);
+    }
+    videos.insert(3, folder.filePath("missing.mp4"));
+    const auto run = [&](const char* jobs) {
+        const QString trace = folder.filePath("side.trace");
+        ProcessResult result =
+            scan(QStringList{"--format", format, "--minimum", "2", "--postrecord", "2", "--jobs",
+                             jobs, "--trace", trace} +
+                 videos);
+        result.errors = readFile(trace); // the errors' order is not promised
+        return result;
+    };
+    const ProcessResult one = run("1");
+    QCOMPARE(one.status, 1);
+    QVERIFY(one.output.count("side") >= 6);
+    for (const char* jobs : {"2", "3", "64"}) {
+        const ProcessResult several = run(jobs);
+        QCOMPARE(several.status, 1);
+        QCOMPARE(several.output, one.output);
+        QCOMPARE(several.errors, one.errors);
+    }
+}
+
+void TestScan::threadsDoNotChangeAnything() {
+    const auto run = [&](const char* threads) {
+        return scan({"--format", "jsonl", "--minimum", "2", "--threads", threads, video}).output;
+    };
+    const QByteArray one = run("1");
+    QVERIFY(!one.isEmpty());
+    for (const char* threads : {"0", "2", "5", "256"})
+        QCOMPARE(run(threads), one);
 }
 
 void TestScan::quietSaysNothing() {
@@ -273,6 +325,8 @@ void TestScan::usageErrors_data() {
     row({"--roi", "1,2,3,4", "--mask", "/nonexistent.png", "x.mp4"}, "exclude each other");
     row({"--format", "xml", "x.mp4"}, "'xml'");
     row({"--snapshots", "", "x.mp4"}, "--snapshots");
+    row({"--jobs", "0", "x.mp4"}, "--jobs takes");
+    row({"--threads", "-1", "x.mp4"}, "--threads takes");
 }
 
 void TestScan::usageErrors() {

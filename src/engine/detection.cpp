@@ -1,5 +1,6 @@
 #include "detection.h"
 
+#include "decodeahead.h"
 #include "ffmpegmutex.h"
 #include "framepicture.h"
 #include "videodecoder.h"
@@ -12,10 +13,6 @@ namespace {
 
 using SharedFrame = std::shared_ptr<const DecodedFrame>;
 
-SharedFrame readShared(VideoDecoder& decoder) {
-    return FramePointer(decoder.readFrame(true));
-}
-
 } // namespace
 
 Detection::Detection(const DetectionOptions& options, DetectionClient& client,
@@ -26,7 +23,7 @@ Detection::Detection(const DetectionOptions& options, DetectionClient& client,
     , frameTimes(frameTimes) {}
 
 DetectionOutcome Detection::run(const QString& fileName) {
-    VideoDecoder decoder;
+    VideoDecoder decoder(options.threads);
     decoder.setInterrupt([this] { return client.isCancelled(); });
     bool isOpen = false;
     {
@@ -52,14 +49,17 @@ DetectionOutcome Detection::run(const QString& fileName) {
 }
 
 DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
-    SharedFrame previous = readShared(decoder);
-    SharedFrame current = previous ? readShared(decoder) : nullptr;
+    const bool isIntraCodec = decoder.isIntraCodec();
+    const double duration = decoder.duration();
+    DecodeAhead pictures(decoder, options.threads != 1);
+    SharedFrame previous = pictures.next().frame;
+    SharedFrame current = previous ? pictures.next().frame : nullptr;
     if (!current) {
         error = previous ? QStringLiteral("only one picture could be decoded")
                          : QStringLiteral("no picture could be decoded");
         return DetectionOutcome::TooFewPictures;
     }
-    client.opened(decoder.isIntraCodec(), decoder.duration());
+    client.opened(isIntraCodec, duration);
 
     const double firstTime = previous->time;
     MotionMeasure measure(options.measure);
@@ -74,11 +74,12 @@ DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
             client.clipFound(*clip);
         client.frameProcessed({number, current->time - firstTime, motion});
         previous = std::move(current);
-        current = readShared(decoder);
+        const ReadPicture next = pictures.next();
+        current = next.frame;
         ended = !current && !client.isCancelled();
         if (ended)
             client.endReached();
-        client.positionChanged(decoder.bytePosition());
+        client.positionChanged(next.bytePosition);
     }
     if (const auto clip = segmenter.finish())
         client.clipFound(*clip);

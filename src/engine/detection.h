@@ -12,6 +12,7 @@ class VideoDecoder;
 struct DetectionOptions {
     MeasureOptions measure;
     SegmentationOptions segmentation;
+    int threads = 0; ///< that decode; 0 = as many as the machine has cores, 1 = the caller's alone
 };
 
 /// One frame after the first, measured or held.
@@ -21,12 +22,12 @@ struct FrameReport {
     double motion = 0.0; ///< motion value, 0 or more
 };
 
-/// What a detection asks and tells while it runs, all on the thread that runs it.
+/// What a detection asks and tells while it runs, on the thread that runs it.
 class DetectionClient {
 public:
     virtual ~DetectionClient() = default;
 
-    /// Asked at least once per frame; the detection ends when it answers true.
+    /// Asked at least once per frame, on any thread; the detection ends when it answers true.
     virtual bool isCancelled() = 0;
 
     /// The file is open and has its first two pictures. `duration` in seconds, 0 if unknown.

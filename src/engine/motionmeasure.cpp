@@ -1,11 +1,19 @@
 #include "motionmeasure.h"
 
+#include "differencesum.h"
 #include "logging.h"
 
-#include <opencv2/core.hpp>
-#include <opencv2/imgproc.hpp>
-
 #include <exception>
+
+namespace {
+
+/// Formed as cv::mean forms it, the sum times the reciprocal of the count, and rounded to a float.
+double mean(const cv::Mat& previous, const cv::Mat& current, int threshold, const cv::Mat& mask) {
+    const std::uint64_t sum = differenceSum(previous, current, threshold, mask);
+    return double(float(double(sum) * (1.0 / double(current.total()))));
+}
+
+} // namespace
 
 MotionMeasure::MotionMeasure(const MeasureOptions& options)
     : options(options)
@@ -33,7 +41,6 @@ void MotionMeasure::prepare(int newWidth, int newHeight) {
     if (options.region.space.isEmpty())
         options.region.space = QSize(width, height);
     region = prepareRegion(options.region, width, height);
-    masked.release();
 }
 
 bool MotionMeasure::compare(const DecodedFrame& previous, const DecodedFrame& current) {
@@ -47,23 +54,16 @@ bool MotionMeasure::compare(const DecodedFrame& previous, const DecodedFrame& cu
     return true;
 }
 
-double MotionMeasure::meanDifference(const cv::Mat& previous, const cv::Mat& current) {
-    const bool isRectangle = region.kind == RegionOfInterest::Kind::Rectangle;
-    if (isRectangle && region.roi.empty())
-        return 0.0;
-    if (isRectangle)
-        cv::absdiff(current(region.roi), previous(region.roi), diff);
-    else
-        cv::absdiff(current, previous, diff);
-    cv::threshold(diff, diff, options.thresholdValue, 255, cv::THRESH_TOZERO);
-    if (region.kind != RegionOfInterest::Kind::Mask)
-        return float(cv::mean(diff)[0]);
-
-    diff.copyTo(masked, region.maskMat);
-    const auto value = float(cv::mean(masked)[0]);
+double MotionMeasure::meanDifference(const cv::Mat& previous, const cv::Mat& current) const {
+    if (region.kind == RegionOfInterest::Kind::Rectangle) {
+        if (region.roi.empty())
+            return 0.0;
+        return mean(previous(region.roi), current(region.roi), options.thresholdValue, {});
+    }
+    const double value = mean(previous, current, options.thresholdValue, region.maskMat);
     if (region.maskCount == 0)
         return value;
     // The whole quotient is meant: a region that covers 40 % of the picture counts double.
     const std::uint32_t weight = std::uint32_t(width) * std::uint32_t(height) / region.maskCount;
-    return value * float(weight);
+    return double(float(value) * float(weight));
 }

@@ -18,7 +18,7 @@ struct MeasureOptions {
 /// Value = mean over the picture or rectangle of the 8-bit differences of plane 0 that exceed
 /// `thresholdValue`, the others counting as 0. With a free mask the mean is still taken over the
 /// whole picture and then multiplied by (picture pixels / selected pixels), an integer quotient.
-/// Nothing is allocated per frame after the first. Throws nothing.
+/// Nothing is allocated per frame. Throws nothing.
 class MotionMeasure {
 public:
     explicit MotionMeasure(const MeasureOptions& options);
@@ -33,7 +33,7 @@ public:
 private:
     void prepare(int newWidth, int newHeight);
     bool compare(const DecodedFrame& previous, const DecodedFrame& current);
-    double meanDifference(const cv::Mat& previous, const cv::Mat& current);
+    double meanDifference(const cv::Mat& previous, const cv::Mat& current) const;
 
     MeasureOptions options;
     PreparedRegion region;
@@ -43,6 +43,4 @@ private:
     double motion = 0.0;
     LumaPlane previousPlane;
     LumaPlane currentPlane;
-    cv::Mat diff;
-    cv::Mat masked; ///< only pixels under the mask are ever written; the others stay 0
 };

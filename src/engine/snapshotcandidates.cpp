@@ -6,7 +6,7 @@ constexpr std::size_t fewestPictures = 10;
 
 // A candidate that outlives a few newer ones costs one small conversion and then next to nothing.
 // Few enough for the whole engine to stay within a dozen decoded pictures.
-constexpr std::size_t mostFullSize = 4;
+constexpr std::size_t mostFullSize = 2;
 
 } // namespace
 

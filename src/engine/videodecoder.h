@@ -6,6 +6,7 @@
 #include <QtGlobal>
 
 #include <functional>
+#include <memory>
 
 struct DecodingContext;
 
@@ -15,7 +16,11 @@ struct DecodingContext;
 /// Calling order: construct, `open`, `readFrame` until it answers null, `close`.
 class VideoDecoder {
 public:
-    VideoDecoder();
+    /// `threads`: how many threads may decode; 0 = as many as the machine has cores. Undamaged
+    /// streams give the same pictures with the same times at every number. Damaged ones give
+    /// pictures of the same number and times; what a concealed area shows may differ, as it may
+    /// between two runs on one thread.
+    explicit VideoDecoder(int threads = 0);
     ~VideoDecoder();
     VideoDecoder(const VideoDecoder&) = delete;
     VideoDecoder& operator=(const VideoDecoder&) = delete;
@@ -55,12 +60,7 @@ public:
     QString errorText() const;
 
 private:
-    bool openFile(const char* fileName);
-    bool openStream();
-    bool decodePacket();
-    DecodedFrame* takePicture(bool clone);
-
-    DecodingContext* context = nullptr;
+    std::unique_ptr<DecodingContext> context; ///< null while nothing is open
     std::function<bool()> interrupt;
-    QString error;
+    int threads;
 };

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "clipreport.h"
+#include "clipformat.h"
 #include "scanoptions.h"
 
 /// Exports the clips of one recording, one after the other, into a folder of their own.

@@ -95,6 +95,10 @@ void addOptions(QCommandLineParser& parser) {
         {"trace",
          "Write each picture's number, time and motion value, for choosing the thresholds.",
          "FILE"},
+        {"threads",
+         "Threads that decode a recording, 0 to 256; 0 is one per core, shared among --jobs (0).",
+         "N", "0"},
+        {"jobs", "Recordings scanned side by side, 1 to 256 (1). Lines stay in order.", "N", "1"},
         {"quiet", "No progress and no summary, only clips and errors."},
         {{"h", "help"}, "Print this text."},
         {{"v", "version"}, "Print the version."},
@@ -182,6 +186,7 @@ DetectionOptions readDetection(const QCommandLineParser& parser, Values& values)
     options.segmentation.thresholdMotion = float(values.number("threshold-motion", 0.0, 10.0));
     options.measure.thresholdValue = values.integer("threshold-value", 0, 255);
     options.measure.skip = values.integer("skip", 0, 100);
+    options.threads = values.integer("threads", 0, 256);
     if (parser.isSet("roi") && parser.isSet("mask"))
         values.reject(QStringLiteral("--roi and --mask exclude each other"));
     else if (parser.isSet("roi"))
@@ -213,6 +218,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     options.snapshotDirectory = parser.value("snapshots");
     options.exporting = readExport(parser, values);
     options.traceFile = parser.value("trace");
+    options.jobs = values.integer("jobs", 1, 256);
     options.quiet = parser.isSet("quiet");
     if (options.videos.isEmpty())
         values.reject(QStringLiteral("no video named"));

@@ -5,6 +5,8 @@
 #include <QCoreApplication>
 #include <QProcess>
 
+#include <mutex>
+
 namespace {
 
 constexpr int interruptPollMilliseconds = 50;
@@ -30,6 +32,8 @@ QString lastLine(const QByteArray& text) {
 } // namespace
 
 QString runEncoder(const QStringList& arguments) {
+    static std::mutex turn;
+    const std::lock_guard<std::mutex> lock(turn);
     QProcess encoder;
     encoder.setStandardInputFile(QProcess::nullDevice());
     encoder.setStandardOutputFile(QProcess::nullDevice());

@@ -1,6 +1,6 @@
 #include "progressline.h"
 
-#include <QFile>
+#include <QString>
 
 #include <algorithm>
 #include <cstdio>
@@ -15,8 +15,8 @@ QString line(const Progress& progress, double elapsedSeconds) {
     const QString share = progress.share < 0.0
                               ? QStringLiteral("?")
                               : QString::number(int(std::min(progress.share, 1.0) * 100.0));
-    return QStringLiteral("%1  %2%  %3 clips  %4x")
-        .arg(progress.video, share)
+    return QStringLiteral("%1%  clips: %2  speed: %3x")
+        .arg(share)
         .arg(progress.clips)
         .arg(speed, 0, 'f', 1);
 }
@@ -24,9 +24,7 @@ QString line(const Progress& progress, double elapsedSeconds) {
 } // namespace
 
 ProgressLine::ProgressLine(bool isWanted)
-    : isShown(isWanted && isatty(STDERR_FILENO) == 1) {}
-
-void ProgressLine::start() {
+    : isShown(isWanted && isatty(STDERR_FILENO) == 1) {
     sinceStart.start();
 }
 
@@ -35,7 +33,7 @@ void ProgressLine::show(const Progress& progress) {
     if (!isShown || isTooSoon)
         return;
     const QString text = line(progress, double(sinceStart.elapsed()) / 1000.0);
-    std::fprintf(stderr, "\r%s\033[K", QFile::encodeName(text).constData());
+    std::fprintf(stderr, "\r%s\033[K", qPrintable(text));
     std::fflush(stderr);
     sinceShown.start();
     isDirty = true;

@@ -1,24 +1,20 @@
 #pragma once
 
 #include <QElapsedTimer>
-#include <QString>
+#include <QtGlobal>
 
-/// What the progress line shows.
+/// How far a scan is, over all its recordings.
 struct Progress {
-    QString video;
-    double share = 0.0; ///< of the recording, 0 to 1; negative if unknown
-    int clips = 0;
-    double seconds = 0.0; ///< of the recording, done so far
+    double share = 0.0;   ///< of all bytes, 0 to 1; negative if unknown
+    int clips = 0;        ///< found so far
+    double seconds = 0.0; ///< of recordings, done so far
 };
 
 /// The line on standard error that shows how far a scan is. Silent where that is no terminal.
 class ProgressLine {
 public:
-    /// `isWanted`: false keeps it silent on a terminal, too.
+    /// `isWanted`: false keeps it silent on a terminal, too. Speeds count from here.
     explicit ProgressLine(bool isWanted);
-
-    /// A recording begins: speeds count from here.
-    void start();
 
     /// Shows `progress`, a few times a second at the most.
     void show(const Progress& progress);

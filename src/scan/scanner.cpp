@@ -1,173 +1,94 @@
 #include "scanner.h"
 
-#include "clipexport.h"
-#include "clipreport.h"
 #include "interrupt.h"
-#include "progressline.h"
-#include "snapshotfolder.h"
-#include "tracefile.h"
+#include "recordingscan.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
-#include <QVector>
+#include <QThread>
 
-#include <cstdio>
+#include <algorithm>
+#include <atomic>
+#include <thread>
+#include <vector>
 
 namespace {
 
-/// Everything that one call writes to.
-struct Outputs {
-    ClipReport& report;
-    ProgressLine& progress;
-    SnapshotFolder& snapshots;
-    TraceFile& trace;
-};
-
-void complain(Outputs& outputs, const QString& subject, const QString& reason) {
-    outputs.progress.clear();
-    const QString text = QStringLiteral("kestrova-scan: %1: %2\n").arg(subject, reason);
-    std::fputs(QFile::encodeName(text).constData(), stderr);
+/// The cores divided among the recordings that are scanned side by side.
+ScanOptions withSharedThreads(ScanOptions options) {
+    options.jobs = std::min(options.jobs, options.videos.size());
+    if (options.jobs > 1 && options.detection.threads == 0)
+        options.detection.threads = std::max(1, QThread::idealThreadCount() / options.jobs);
+    return options;
 }
 
 bool prepareFolder(const QString& path) {
     return QDir().mkpath(path) && QFileInfo(path).isWritable();
 }
 
-/// Follows the detection of one recording and reports it.
-class RecordingScan : public DetectionClient {
-public:
-    RecordingScan(const QString& video, const ScanOptions& options, Outputs& outputs);
-
-    /// True if the recording was read to its end and everything found was written.
-    bool run();
-
-    bool isCancelled() override { return isInterrupted(); }
-    void opened(bool isIntraCodec, double) override { exporter.setIntraCodec(isIntraCodec); }
-    void frameProcessed(const FrameReport& frame) override;
-    void positionChanged(qint64 bytePosition) override;
-    void endReached() override {}
-    void clipFound(const DetectedClip& clip) override;
-
-private:
-    QString writeSnapshot(const DetectedClip& clip);
-    void summarise() const;
-
-    const ScanOptions& options;
-    Outputs& outputs;
-    ClipExport exporter;
-    VideoLine line;
-    QString snapshotName;
-    qint64 fileSize;
-    bool isWritten = true;
-};
-
-RecordingScan::RecordingScan(const QString& video, const ScanOptions& options, Outputs& outputs)
-    : options(options)
-    , outputs(outputs)
-    , exporter(video, options.exporting)
-    , fileSize(QFileInfo(video).size()) {
-    line.video = video;
-    if (!options.snapshotDirectory.isEmpty())
-        snapshotName = outputs.snapshots.takeName(video);
-}
-
-bool RecordingScan::run() {
-    outputs.progress.start();
-    QVector<float> motionValues;
-    QVector<double> frameTimes;
-    Detection detection(options.detection, *this, motionValues, frameTimes);
-    // An absolute path is a file to the media libraries, whatever colons its name has.
-    line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
-    outputs.progress.clear();
-    if (!detection.errorText().isEmpty())
-        complain(outputs, line.video, detection.errorText());
-    outputs.report.endVideo(line);
-    const bool isRead = line.outcome == DetectionOutcome::Finished;
-    if (isRead && !options.quiet)
-        summarise();
-    return isRead && isWritten;
-}
-
-void RecordingScan::frameProcessed(const FrameReport& frame) {
-    line.frames = frame.number + 1;
-    line.seconds = frame.time;
-    outputs.trace.add(frame);
-}
-
-void RecordingScan::positionChanged(qint64 bytePosition) {
-    const bool isKnown = bytePosition >= 0 && fileSize > 0;
-    const double share = isKnown ? double(bytePosition) / double(fileSize) : -1.0;
-    outputs.progress.show({line.video, share, line.clips, line.seconds});
-}
-
-void RecordingScan::clipFound(const DetectedClip& clip) {
-    ++line.clips;
-    ClipLine clipLine;
-    clipLine.video = line.video;
-    clipLine.clip = clip;
-    if (!snapshotName.isEmpty())
-        clipLine.snapshotFile = writeSnapshot(clip);
-    const QString failure = exporter.run(clipLine);
-    if (!failure.isEmpty()) {
-        isWritten = false;
-        complain(outputs, clipLine.exportFile, failure);
-    }
-    outputs.progress.clear();
-    outputs.report.addClip(clipLine);
-}
-
-/// The path of the picture written, empty if there is none.
-QString RecordingScan::writeSnapshot(const DetectedClip& clip) {
-    QString path = outputs.snapshots.pathOf(snapshotName, clip.index);
-    if (clip.snapshot.save(path, "PNG"))
-        return path;
-    isWritten = false;
-    complain(outputs, path, QStringLiteral("cannot write the picture"));
-    return {};
-}
-
-void RecordingScan::summarise() const {
-    const QString text = QStringLiteral("%1: clips: %2, length: %3\n")
-                             .arg(line.video)
-                             .arg(line.clips)
-                             .arg(clockText(line.seconds));
-    std::fputs(QFile::encodeName(text).constData(), stderr);
+/// Scans all recordings, `options.jobs` at a time; true if nothing went wrong with any.
+bool scanAll(const ScanOptions& options, ScanOutputs& outputs) {
+    std::atomic<int> next{0};
+    std::atomic<bool> isGood{true};
+    const auto work = [&] {
+        int index = 0;
+        while (!isInterrupted() && (index = next++) < options.videos.size()) {
+            if (!RecordingScan(index, options, outputs).run())
+                isGood = false;
+            outputs.clips.finish(index);
+            if (outputs.trace)
+                outputs.trace->finish(index);
+        }
+    };
+    std::vector<std::thread> workers;
+    for (int i = 1; i < options.jobs; ++i)
+        workers.emplace_back(work);
+    work();
+    for (std::thread& worker : workers)
+        worker.join();
+    return isGood;
 }
 
 } // namespace
 
-ExitStatus scan(const ScanOptions& options, QIODevice& output) {
-    const auto report =
-        makeClipReport(options.format, !options.exporting.directory.isEmpty(), output);
-    ProgressLine progress(!options.quiet);
-    SnapshotFolder snapshots(options.snapshotDirectory);
-    TraceFile trace;
-    Outputs outputs{*report, progress, snapshots, trace};
-
+ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
+    const ScanOptions options = withSharedThreads(asked);
+    Messages messages(options.quiet);
+    const SnapshotFolder snapshots(options.snapshotDirectory, options.videos);
     if (!options.snapshotDirectory.isEmpty() && !snapshots.prepare()) {
-        complain(outputs, options.snapshotDirectory,
-                 QStringLiteral("cannot write into this folder"));
+        messages.complain(options.snapshotDirectory,
+                          QStringLiteral("cannot write into this folder"));
         return UsageError;
     }
     if (!options.exporting.directory.isEmpty() && !prepareFolder(options.exporting.directory)) {
-        complain(outputs, options.exporting.directory,
-                 QStringLiteral("cannot write into this folder"));
+        messages.complain(options.exporting.directory,
+                          QStringLiteral("cannot write into this folder"));
         return UsageError;
     }
-    if (!options.traceFile.isEmpty() && !trace.open(options.traceFile)) {
-        complain(outputs, options.traceFile, trace.errorText());
+    QFile traceFile(options.traceFile);
+    const bool isTraced = !options.traceFile.isEmpty();
+    if (isTraced && !traceFile.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+        messages.complain(options.traceFile, traceFile.errorString());
         return UsageError;
     }
-    report->begin();
-    ExitStatus status = AllRead;
-    for (const QString& video : options.videos) {
-        if (!RecordingScan(video, options, outputs).run())
-            status = SomeFailed;
-        if (isInterrupted())
-            break;
-    }
-    if (!trace.close()) {
-        complain(outputs, options.traceFile, trace.errorText());
+
+    const bool isExported = !options.exporting.directory.isEmpty();
+    const auto format = makeClipFormat(options.format, isExported);
+    // Their folders are named here, in the order of the recordings.
+    std::vector<ClipExport> exports;
+    for (const QString& video : options.videos)
+        exports.emplace_back(video, options.exporting);
+    output.write(format->header());
+    OrderedOutput clips(output, options.videos.size());
+    OrderedOutput trace(traceFile, options.videos.size());
+    Totals totals(options.videos);
+    ScanOutputs outputs{*format,  clips, isTraced ? &trace : nullptr, snapshots, exports,
+                        messages, totals};
+    ExitStatus status = scanAll(options, outputs) ? AllRead : SomeFailed;
+    messages.makeRoom();
+    if (isTraced && !(traceFile.flush() && traceFile.error() == QFileDevice::NoError)) {
+        messages.complain(options.traceFile, traceFile.errorString());
         status = SomeFailed;
     }
     return isInterrupted() ? Interrupted : status;

@@ -4,6 +4,6 @@
 
 #include <QIODevice>
 
-/// Scans the videos one after the other. Clips go to `output`, which must be open; everything else
-/// goes to standard error.
+/// Scans the videos, `options.jobs` of them side by side. Clips go to `output`, which must be open;
+/// everything else goes to standard error.
 ExitStatus scan(const ScanOptions& options, QIODevice& output);

@@ -23,6 +23,7 @@ struct ScanOptions {
     QString snapshotDirectory; ///< empty: no snapshots
     ExportOptions exporting;
     QString traceFile;  ///< empty: no trace
+    int jobs = 1;       ///< recordings scanned side by side, 1 or more
     bool quiet = false; ///< no progress and no summary on standard error
 };
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QSet>
 #include <QString>
+#include <QStringList>
 
 /// The folder that clips' pictures are written into, as NAME-0000.png and so on.
 ///
@@ -9,18 +9,15 @@
 /// becomes NAME_1, the third NAME_2.
 class SnapshotFolder {
 public:
-    explicit SnapshotFolder(const QString& path);
+    SnapshotFolder(const QString& path, const QStringList& videos);
 
     /// Makes the folder if it is missing; false if it cannot be written into.
     bool prepare() const;
 
-    /// The NAME for the recording's pictures. Each call takes one.
-    QString takeName(const QString& video);
-
-    /// The path of the picture of clip `index` (0 or more).
-    QString pathOf(const QString& name, int index) const;
+    /// The path of the picture of clip `index` (0 or more) of the recording at `recording`.
+    QString pathOf(int recording, int index) const;
 
 private:
     QString path;
-    QSet<QString> taken;
+    QStringList names;
 };

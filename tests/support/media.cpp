@@ -53,6 +53,11 @@ bool encodeGrey(const QString& fileName, const QList<QImage>& pictures, int fram
     return encode(input + codec + QStringList{fileName});
 }
 
+QStringList bottomUpRgb() {
+    // The container only says so; turning the pictures over is the filter's part.
+    return {"-vf", "vflip", "-c:v", "rawvideo", "-pix_fmt", "bgr24", "-flipped_raw_rgb", "1"};
+}
+
 QStringList crossingBox(int seconds, int from, int to, const QString& size) {
     const QString scene =
         QStringLiteral(

@@ -27,6 +27,9 @@ QImage grey(int width, int height, int value);
 bool encodeGrey(const QString& fileName, const QList<QImage>& pictures, int framesPerSecond,
                 const QStringList& codec);
 
+/// Arguments for raw RGB in AVI whose rows are stored bottom-up.
+QStringList bottomUpRgb();
+
 /// Encoder input: a still scene with sensor noise in which a flickering box crosses from second
 /// `from` to second `to`, at a third of the height.
 /// 320x240 at 25 frames per second unless `size` says otherwise ("1920x1080").

@@ -2,13 +2,14 @@
 
 #include "media.h"
 
+#include <QDir>
 #include <QProcess>
 
 ProcessResult runProgram(const QString& name, const QStringList& arguments,
                          int timeoutMilliseconds) {
     QProcess process;
     process.setStandardInputFile(QProcess::nullDevice());
-    process.start(media::programDirectory() + '/' + name, arguments);
+    process.start(QDir(media::programDirectory()).filePath(name), arguments);
     const bool hasEnded = process.waitForFinished(timeoutMilliseconds);
     ProcessResult result;
     result.output = process.readAllStandardOutput();

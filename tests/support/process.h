@@ -10,6 +10,7 @@ struct ProcessResult {
     QByteArray errors;
 };
 
-/// Runs a program of the program directory to its end, without standard input.
+/// Runs a program of the program directory, or one named by its absolute path, to its end, without
+/// standard input.
 ProcessResult runProgram(const QString& name, const QStringList& arguments,
                          int timeoutMilliseconds = 120000);

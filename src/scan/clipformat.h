@@ -3,7 +3,7 @@
 #include "scanoptions.h"
 #include "segmentation.h"
 
-#include <QIODevice>
+#include <QByteArray>
 #include <QString>
 
 #include <memory>
@@ -26,19 +26,18 @@ struct VideoLine {
     double seconds = 0.0; ///< of the recording, from its first to its last picture
 };
 
-/// Prints clips in one of the report formats, each line in one write, at once.
-class ClipReport {
+/// How clips are written down: whole lines, with their line ends.
+class ClipFormat {
 public:
-    virtual ~ClipReport() = default;
+    virtual ~ClipFormat() = default;
 
-    virtual void begin() {}
-    virtual void addClip(const ClipLine& line) = 0;
-    virtual void endVideo(const VideoLine&) {}
+    virtual QByteArray header() const { return {}; }
+    virtual QByteArray clip(const ClipLine& line) const = 0;
+    virtual QByteArray videoEnd(const VideoLine&) const { return {}; }
 };
 
-/// A report on `output`, which must be open and outlive it. `withExports`: it tells of exports.
-std::unique_ptr<ClipReport> makeClipReport(ReportFormat format, bool withExports,
-                                           QIODevice& output);
+/// `withExports`: lines tell what became of each clip's export.
+std::unique_ptr<ClipFormat> makeClipFormat(ReportFormat format, bool withExports);
 
 /// "0:01:02.345": hours, minutes, seconds, milliseconds (rounded); a minus sign where negative.
 QString clockText(double seconds);

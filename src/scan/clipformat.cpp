@@ -1,4 +1,4 @@
-#include "clipreport.h"
+#include "clipformat.h"
 
 #include <QFile>
 #include <QLocale>
@@ -9,49 +9,29 @@
 
 namespace {
 
-class Report : public ClipReport {
+class TextFormat : public ClipFormat {
 public:
-    Report(bool withExports, QIODevice& output)
-        : withExports(withExports)
-        , output(output) {}
-
-protected:
-    void write(const QByteArray& line) {
-        output.write(line);
-        if (auto* file = qobject_cast<QFileDevice*>(&output))
-            file->flush();
-    }
-
-    const bool withExports;
-
-private:
-    QIODevice& output;
-};
-
-class TextReport : public Report {
-public:
-    using Report::Report;
-
-    void addClip(const ClipLine& line) override {
-        const DetectedClip& clip = line.clip;
+    QByteArray clip(const ClipLine& line) const override {
+        const DetectedClip& found = line.clip;
         QString text = QStringLiteral("%1  #%2  %3 - %4  %5 s")
                            .arg(line.video)
-                           .arg(clip.index)
-                           .arg(clockText(clip.start), clockText(clip.end))
-                           .arg(clip.end - clip.start, 0, 'f', 1);
+                           .arg(found.index)
+                           .arg(clockText(found.start), clockText(found.end))
+                           .arg(found.end - found.start, 0, 'f', 1);
         if (!line.snapshotFile.isEmpty())
             text += QStringLiteral("  ") + line.snapshotFile;
         if (line.isExported)
             text += QStringLiteral("  ") + line.exportFile;
-        write(QFile::encodeName(text) + '\n');
+        return QFile::encodeName(text) + '\n';
     }
 };
 
-class JsonLinesReport : public Report {
+class JsonLinesFormat : public ClipFormat {
 public:
-    using Report::Report;
+    explicit JsonLinesFormat(bool withExports)
+        : withExports(withExports) {}
 
-    void addClip(const ClipLine& line) override {
+    QByteArray clip(const ClipLine& line) const override {
         Json object;
         object["video"] = line.video.toStdString();
         object["index"] = line.clip.index;
@@ -63,17 +43,17 @@ public:
             object["snapshot"] = line.snapshotFile.toStdString();
         if (withExports)
             addExport(object, line);
-        writeObject(object);
+        return written(object);
     }
 
-    void endVideo(const VideoLine& line) override {
+    QByteArray videoEnd(const VideoLine& line) const override {
         Json object;
         object["video"] = line.video.toStdString();
         object["state"] = stateName(line.outcome);
         object["frames"] = line.frames;
         object["clips"] = line.clips;
         object["seconds"] = line.seconds;
-        writeObject(object);
+        return written(object);
     }
 
 private:
@@ -97,30 +77,33 @@ private:
         }
     }
 
-    void writeObject(const Json& object) {
+    static QByteArray written(const Json& object) {
         const std::string text = object.dump(-1, ' ', false, Json::error_handler_t::replace);
-        write(QByteArray::fromStdString(text) + '\n');
+        return QByteArray::fromStdString(text) + '\n';
     }
+
+    bool withExports;
 };
 
 /// RFC 4180: lines end with CR LF, fields with separators or quotes in them are quoted.
-class CsvReport : public Report {
+class CsvFormat : public ClipFormat {
 public:
-    using Report::Report;
+    explicit CsvFormat(bool withExports)
+        : withExports(withExports) {}
 
-    void begin() override {
+    QByteArray header() const override {
         const QByteArray exportColumns = withExports ? ",file,exported" : "";
-        write("video,index,start,end,snapshotTime,snapshot" + exportColumns + "\r\n");
+        return "video,index,start,end,snapshotTime,snapshot" + exportColumns + "\r\n";
     }
 
-    void addClip(const ClipLine& line) override {
-        const DetectedClip& clip = line.clip;
-        QByteArrayList fields = {quoted(line.video),        QByteArray::number(clip.index),
-                                 number(clip.start),        number(clip.end),
-                                 number(clip.snapshotTime), quoted(line.snapshotFile)};
+    QByteArray clip(const ClipLine& line) const override {
+        const DetectedClip& found = line.clip;
+        QByteArrayList fields = {quoted(line.video),         QByteArray::number(found.index),
+                                 number(found.start),        number(found.end),
+                                 number(found.snapshotTime), quoted(line.snapshotFile)};
         if (withExports)
             fields << quoted(line.exportFile) << (line.isExported ? "true" : "false");
-        write(fields.join(',') + "\r\n");
+        return fields.join(',') + "\r\n";
     }
 
 private:
@@ -135,21 +118,22 @@ private:
             needsQuotes = needsQuotes || field.contains(special);
         return needsQuotes ? '"' + field.replace("\"", "\"\"") + '"' : field;
     }
+
+    bool withExports;
 };
 
 } // namespace
 
-std::unique_ptr<ClipReport> makeClipReport(ReportFormat format, bool withExports,
-                                           QIODevice& output) {
+std::unique_ptr<ClipFormat> makeClipFormat(ReportFormat format, bool withExports) {
     switch (format) {
     case ReportFormat::JsonLines:
-        return std::make_unique<JsonLinesReport>(withExports, output);
+        return std::make_unique<JsonLinesFormat>(withExports);
     case ReportFormat::Csv:
-        return std::make_unique<CsvReport>(withExports, output);
+        return std::make_unique<CsvFormat>(withExports);
     case ReportFormat::Text:
         break;
     }
-    return std::make_unique<TextReport>(withExports, output);
+    return std::make_unique<TextFormat>();
 }
 
 QString clockText(double seconds) {

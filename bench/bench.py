@@ -1,0 +1,216 @@
+#!/usr/bin/env python3
+"""Times kestrova-scan as a whole process against decoding alone with the encoder program.
+
+Every comparison runs its two commands in turn and quotes the median of the pairwise ratios, so that
+a machine whose speed drifts does not matter. Prints a table and writes the same as JSON.
+"""
+
+import argparse
+import json
+import os
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+from pathlib import Path
+
+SECONDS = {"1920x1080": 10, "3840x2160": 5}
+
+
+def run(command):
+    """Wall seconds and peak resident MiB of one run."""
+    begin = time.monotonic()
+    process = subprocess.Popen(command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                               stdin=subprocess.DEVNULL)
+    _, status, usage = os.wait4(process.pid, 0)
+    process.returncode = os.waitstatus_to_exitcode(status)
+    if process.returncode != 0:
+        sys.exit(f"{' '.join(map(str, command))}: status {process.returncode}")
+    return time.monotonic() - begin, usage.ru_maxrss / 1024
+
+
+class Bench:
+    def __init__(self, arguments):
+        self.bin = arguments.bin
+        self.runs = arguments.runs
+        self.folder = Path(arguments.folder)
+        self.cores = len(os.sched_getaffinity(0))
+        self.rows = []
+
+    def scan(self, video, *options):
+        videos = video if isinstance(video, list) else [video]
+        return [self.bin / "kestrova-scan", "--quiet", *options, *videos]
+
+    def decode(self, video, threads):
+        return [self.bin / "ffmpeg", "-nostdin", "-v", "error", "-threads", str(threads), "-i",
+                video, "-map", "0:v:0", "-f", "null", "-"]
+
+    def compare(self, group, name, a, b, scale=1.0):
+        """Runs a and b in turn; the ratio is a / b, divided by `scale`."""
+        run(a), run(b)
+        pairs = [(run(a), run(b)) for _ in range(self.runs)]
+        ratios = [x[0] / y[0] / scale for x, y in pairs]
+        row = {
+            "group": group, "name": name,
+            "ratio": statistics.median(ratios), "lowest": min(ratios), "highest": max(ratios),
+            "secondsA": statistics.median(x[0] for x, _ in pairs),
+            "secondsB": statistics.median(y[0] for _, y in pairs),
+            "peakA": statistics.median(x[1] for x, _ in pairs),
+            "peakB": statistics.median(y[1] for _, y in pairs),
+        }
+        self.rows.append(row)
+        print(f"{name:<44} {row['ratio']:6.3f}  ({row['lowest']:.3f} - {row['highest']:.3f})  "
+              f"{row['secondsA']:7.3f} {row['secondsB']:7.3f} s  "
+              f"{row['peakA']:6.0f} {row['peakB']:6.0f} MiB", flush=True)
+
+    def heading(self, text):
+        print(f"\n{text}\n{'':<44} ratio   (lowest - highest)     A       B        A      B")
+
+    def encode(self, name, *arguments):
+        path = self.folder / name
+        if not path.exists():
+            part = path.with_name("part-" + name)
+            subprocess.run([self.bin / "ffmpeg", "-nostdin", "-v", "error", "-y", *arguments, part],
+                           check=True)
+            part.rename(path)
+        return path
+
+    def material(self, name, size, seconds, *codec):
+        """Mostly still, with sensor noise; something crosses for 3 s of every 10."""
+        width, height = map(int, size.split("x"))
+        scene = (f"color=c=0x557755:s={size}:r=25:d={seconds},noise=alls=4:allf=t[scene];"
+                 f"color=c=0x998866:s={width // 8}x{height // 5}:r=25:d={seconds},"
+                 "noise=alls=70:allf=t[animal];"
+                 "[scene][animal]overlay=x='mod(t,10)/3*W':y=H/3:"
+                 "enable='lt(mod(t,10),3)',format=yuv420p")
+        return self.encode(name, "-filter_complex", scene, *codec)
+
+    def looped(self, name, video, times):
+        return self.encode(name, "-stream_loop", str(times - 1), "-i", video, "-c", "copy")
+
+
+CODECS = {
+    "h264": ("mp4", ["-c:v", "libx264", "-preset", "superfast", "-crf", "26", "-bf", "0"]),
+    "h264 with B-frames": ("mp4", ["-c:v", "libx264", "-preset", "superfast", "-crf", "26", "-bf", "3"]),
+    "hevc": ("mp4", ["-c:v", "libx265", "-preset", "ultrafast", "-x265-params", "log-level=none"]),
+    "mjpeg": ("avi", ["-c:v", "mjpeg", "-q:v", "5", "-pix_fmt", "yuvj420p"]),
+}
+
+
+def decoding(bench):
+    for size in ("1920x1080", "3840x2160"):
+        for codec, (suffix, options) in CODECS.items():
+            name = f"{codec.replace(' ', '-')}-{size}.{suffix}"
+            video = bench.material(name, size, SECONDS[size], *options)
+            yield size, codec, video
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--bin", type=Path, required=True, help="folder with the programs")
+    parser.add_argument("--runs", type=int, default=5, help="counted runs of each command")
+    parser.add_argument("--folder", default=os.path.join(tempfile.gettempdir(), "kestrova-bench"),
+                        help="where the generated material is kept between calls")
+    parser.add_argument("--json", type=Path, help="write the figures here as well")
+    parser.add_argument("--only", default="", help="names of groups, separated by commas")
+    parser.add_argument("video", nargs="*", type=Path, help="real footage to compare as well")
+    arguments = parser.parse_args()
+    bench = Bench(arguments)
+    bench.folder.mkdir(parents=True, exist_ok=True)
+    wanted = [name for name in arguments.only.split(",") if name]
+
+    groups = {
+        "decoding": against_decoding, "threads": one_thread_against_all, "memory": peak_memory,
+        "length": length_of_the_recording, "minimum": length_of_the_window,
+        "region": regions_and_skip, "files": many_small_files, "jobs": side_by_side,
+    }
+    for name in wanted:
+        if name not in groups:
+            parser.error(f"no group {name}; there are {', '.join(groups)}")
+    print(f"{bench.cores} cores, {bench.runs} pairs of runs each, medians")
+    for name, measure in groups.items():
+        if not wanted or name in wanted:
+            measure(bench, arguments.video)
+    if arguments.json:
+        arguments.json.write_text(json.dumps({"cores": bench.cores, "rows": bench.rows}, indent=1))
+
+
+def against_decoding(bench, footage):
+    bench.heading("Detection (A) against decoding alone (B)")
+    for size, codec, video in decoding(bench):
+        for threads in (1, bench.cores):
+            bench.compare("decoding", f"{size} {codec}, threads {threads}",
+                          bench.scan(video, "--threads", str(threads)),
+                          bench.decode(video, threads))
+    for video in footage:
+        bench.compare("decoding", f"{video.name}, threads {bench.cores}", bench.scan(video),
+                      bench.decode(video, bench.cores))
+
+
+def one_thread_against_all(bench, _):
+    bench.heading("Detection on one thread (A) against all cores (B)")
+    for size, codec, video in decoding(bench):
+        bench.compare("threads", f"{size} {codec}", bench.scan(video, "--threads", "1"),
+                      bench.scan(video))
+
+
+def peak_memory(bench, _):
+    bench.heading("Peak memory of detection (A) against decoding alone (B)")
+    for size in ("1920x1080", "3840x2160"):
+        video = bench.material(f"h264-{size}.mp4", size, SECONDS[size], *CODECS["h264"][1])
+        for minimum in (1, 5, 60, 3600):
+            bench.compare("memory", f"{size} --minimum {minimum}",
+                          bench.scan(video, "--minimum", str(minimum)),
+                          bench.decode(video, bench.cores))
+
+
+def small_minute(bench):
+    return bench.material("minute.mp4", "640x360", 60, *CODECS["h264"][1])
+
+
+def length_of_the_recording(bench, _):
+    bench.heading("Cost per picture of a longer recording (A) against one minute (B)")
+    minute = small_minute(bench)
+    for minutes in (10, 60):
+        video = bench.looped(f"minutes-{minutes}.mp4", minute, minutes)
+        bench.compare("length", f"{minutes} minutes", bench.scan(video), bench.scan(minute),
+                      minutes)
+
+
+def length_of_the_window(bench, _):
+    bench.heading("Cost of a longer window (A) against --minimum 1 (B), 10 minutes")
+    video = bench.looped("minutes-10.mp4", small_minute(bench), 10)
+    for minimum in (5, 60, 3600):
+        bench.compare("minimum", f"--minimum {minimum}",
+                      bench.scan(video, "--minimum", str(minimum)),
+                      bench.scan(video, "--minimum", "1"))
+
+
+def regions_and_skip(bench, _):
+    bench.heading("A region or skip (A) against the whole picture (B), 1080p")
+    video = bench.material("h264-1920x1080.mp4", "1920x1080", 10, *CODECS["h264"][1])
+    mask = bench.encode("mask.png", "-f", "lavfi", "-i", "color=c=0x00ff00:s=480x270",
+                        "-vf", "drawbox=x=0:y=0:w=240:h=270:c=black:t=fill", "-frames:v", "1")
+    for name, options in (("a quarter as rectangle", ["--roi", "480,270,960,540"]),
+                          ("a free mask", ["--mask", mask]), ("--skip 9", ["--skip", "9"])):
+        bench.compare("region", name, bench.scan(video, *options), bench.scan(video))
+
+
+def many_small_files(bench, _):
+    bench.heading("60 recordings of a minute in one call (A) against one of an hour (B)")
+    minute = small_minute(bench)
+    hour = bench.looped("minutes-60.mp4", minute, 60)
+    bench.compare("files", "60 files", bench.scan([minute] * 60), bench.scan(hour))
+
+
+def side_by_side(bench, _):
+    bench.heading("As many recordings at once as there are cores (A) against one (B)")
+    minute = small_minute(bench)
+    bench.compare("jobs", f"20 files, --jobs {bench.cores}",
+                  bench.scan([minute] * 20, "--jobs", str(bench.cores)),
+                  bench.scan([minute] * 20))
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "libavpointers.h"
+
+#include <QString>
+
+/// A decoder for one stream, or why there is none.
+struct OpenedCodec {
+    CodecContextPointer context; ///< null after a failure
+    bool hasFrameThreads = false;
+    QString error; ///< for a person; empty after a success
+};
+
+/// Opens a decoder for `parameters` that uses up to `threads` threads (1 or more).
+OpenedCodec openCodec(const AVCodecParameters& parameters, int threads);

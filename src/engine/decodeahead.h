@@ -1,0 +1,49 @@
+#pragma once
+
+#include "decodedframe.h"
+
+#include <QtGlobal>
+
+#include <condition_variable>
+#include <deque>
+#include <memory>
+#include <mutex>
+#include <thread>
+
+class VideoDecoder;
+
+/// A picture and how far into the file the demuxer was when it came out.
+struct ReadPicture {
+    std::shared_ptr<const DecodedFrame> frame; ///< null at the end
+    qint64 bytePosition = -1;
+};
+
+/// Hands out a decoder's pictures in order, at the moment or, on a thread of its own, a few ahead.
+class DecodeAhead {
+public:
+    /// `decoder` must be open and is this object's alone until it is destroyed. With `isAhead` the
+    /// decoder's interrupt is asked on the other thread, too.
+    DecodeAhead(VideoDecoder& decoder, bool isAhead);
+
+    /// Waits for what the decoder has in hand, no longer.
+    ~DecodeAhead();
+    DecodeAhead(const DecodeAhead&) = delete;
+    DecodeAhead& operator=(const DecodeAhead&) = delete;
+
+    /// The next picture; waits for it. After the end it answers the end for ever.
+    ReadPicture next();
+
+private:
+    ReadPicture readOne();
+    void readAll();
+
+    VideoDecoder& decoder;
+
+    std::mutex mutex;
+    std::condition_variable changed;
+    // Under the mutex, for both threads.
+    std::deque<ReadPicture> queue; ///< closed by a null picture once the end is reached
+    bool isStopping = false;
+
+    std::thread thread; ///< last: it begins with everything above in place
+};

@@ -1,0 +1,47 @@
+#include "decoderthreads.h"
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+}
+
+#include <algorithm>
+
+namespace {
+
+// A codec stands here when the tests have shown that its undamaged, progressive streams give the
+// same pictures, completed by the same packets, at every thread count. Interlaced streams do not
+// (MPEG-4 Part 2 at any count, H.264 where a field lacks its pair), nor do damaged ones: see
+// FrameThreadedDecoder for how these are kept exact.
+//
+// Not here: MJPEG, MPEG-4's Microsoft variants, FLV1 and raw video, whose decoders have no threads;
+// and everything that nobody has tried.
+DecoderThreading threadingOf(AVCodecID codec) {
+    switch (codec) {
+    case AV_CODEC_ID_H264:
+    case AV_CODEC_ID_HEVC:
+    case AV_CODEC_ID_MPEG4:
+    case AV_CODEC_ID_VP8:
+    case AV_CODEC_ID_VP9:
+        return DecoderThreading::Frame;
+    case AV_CODEC_ID_MPEG1VIDEO:
+    case AV_CODEC_ID_MPEG2VIDEO:
+    case AV_CODEC_ID_FFV1:
+    case AV_CODEC_ID_AV1: // its decoder threads by itself; told to have no delay, inside a picture
+        return DecoderThreading::Slice;
+    default:
+        return DecoderThreading::One;
+    }
+}
+
+} // namespace
+
+DecoderThreading setUpThreads(AVCodecContext& context, int threads) {
+    const DecoderThreading threading =
+        threads > 1 ? threadingOf(context.codec_id) : DecoderThreading::One;
+    context.thread_count =
+        threading == DecoderThreading::One ? 1 : std::min(threads, mostDecoderThreads);
+    context.thread_type = threading == DecoderThreading::Frame ? FF_THREAD_FRAME : FF_THREAD_SLICE;
+    if (context.codec_id == AV_CODEC_ID_AV1)
+        context.flags |= AV_CODEC_FLAG_LOW_DELAY;
+    return threading;
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+struct AVCodecContext;
+
+/// How a codec may use several threads without changing what comes out of it.
+enum class DecoderThreading {
+    One,   ///< on the calling thread only
+    Slice, ///< the parts of one picture at a time; a picture comes out with its packet as before
+    Frame  ///< several pictures at a time; pictures come out later than on one thread
+};
+
+/// The most threads that a decoder is given.
+constexpr int mostDecoderThreads = 16;
+
+/// Sets up `context`, not yet opened, for its `codec_id` and up to `threads` threads (1 or more).
+///
+/// Only codecs that are known to give the same pictures for the same packets at every thread count
+/// use more than one. Answers what was chosen.
+DecoderThreading setUpThreads(AVCodecContext& context, int threads);

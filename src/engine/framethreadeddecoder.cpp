@@ -1,0 +1,63 @@
+#include "framethreadeddecoder.h"
+
+FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context)
+    : context(std::move(context)) {}
+
+FrameThreadedDecoder::Result FrameThreadedDecoder::next(PacketReader& reader) {
+    PicturePointer picture(av_frame_alloc());
+    while (picture) {
+        const int result = avcodec_receive_frame(context.get(), picture.get());
+        if (result == AVERROR_EOF)
+            break;
+        if (result == AVERROR(EAGAIN)) {
+            auto packet = reader.read();
+            if (reader.isInterrupted())
+                break;
+            if (!packet && !isDraining)
+                isDraining = avcodec_send_packet(context.get(), nullptr) >= 0;
+            else if (!packet || !send(std::move(*packet)))
+                return {Outcome::Unsafe, {}};
+            continue;
+        }
+        if (result < 0 || isUnsafe(*picture))
+            return {Outcome::Unsafe, {}};
+        if (picture->pkt_dts != AV_NOPTS_VALUE && picture->pkt_dts > lastNumber)
+            return {Outcome::Picture, complete(std::move(picture))};
+        av_frame_unref(picture.get());
+    }
+    return {Outcome::End, {}};
+}
+
+std::deque<NumberedPacket> FrameThreadedDecoder::takeRestartPackets() {
+    return restart.take();
+}
+
+int FrameThreadedDecoder::reorderDelay() const {
+    return context->has_b_frames;
+}
+
+/// False at a sign of damage.
+bool FrameThreadedDecoder::send(NumberedPacket packet) {
+    restart.add(packet);
+    stamps.push_back(packet.packet->dts);
+    packet.packet->dts = packet.number;
+    const bool isDamaged = (packet.packet->flags & AV_PKT_FLAG_CORRUPT) != 0;
+    return avcodec_send_packet(context.get(), packet.packet.get()) >= 0 && !isDamaged;
+}
+
+// Interlaced pictures are not damaged, but where a field lacks its pair, or in MPEG-4 Part 2 at
+// all, frame threads give other pictures than one thread.
+bool FrameThreadedDecoder::isUnsafe(const AVFrame& picture) const {
+    return (picture.flags & AV_FRAME_FLAG_CORRUPT) != 0 || picture.decode_error_flags != 0 ||
+           picture.interlaced_frame != 0;
+}
+
+CompletedPicture FrameThreadedDecoder::complete(PicturePointer picture) {
+    lastNumber = picture->pkt_dts;
+    while (firstStamp < lastNumber) {
+        stamps.pop_front();
+        ++firstStamp;
+    }
+    restart.handedOut(lastNumber);
+    return {lastNumber, stamps.front(), std::move(picture)};
+}

@@ -1,0 +1,65 @@
+#pragma once
+
+#include "libavpointers.h"
+#include "packetreader.h"
+#include "restartpackets.h"
+
+#include <deque>
+
+/// A picture and the packet that completed it.
+struct CompletedPicture {
+    qint64 number = -1;                ///< of the packet
+    std::int64_t dts = AV_NOPTS_VALUE; ///< of the packet; AV_NOPTS_VALUE if it has none
+    PicturePointer picture;
+};
+
+/// Decodes several pictures at a time and hands out what one thread would hand out.
+///
+/// Frame threads give pictures back later than one thread does. To know which packet completed a
+/// picture, every packet goes in with its running number in place of its decoding time stamp: the
+/// decoder passes that number on to the picture that came out of the call for that packet, on
+/// whichever thread the call ran. At the end of the stream the calls still under way end like all
+/// others; pictures that are only pushed out of the reorder buffer belong to no packet, carry no
+/// number and are dropped, as one thread never hands them out. Of several pictures that one packet
+/// completes only the first counts.
+///
+/// This is exact for undamaged, progressive streams of the codecs that `setUpThreads` gives frame
+/// threads. At the first sign that a stream is something else, `next` answers Unsafe and the caller
+/// goes on with one thread.
+class FrameThreadedDecoder {
+public:
+    enum class Outcome {
+        Picture, ///< `picture` holds the next one
+        End,     ///< end of file, error of the file, or interrupted
+        Unsafe   ///< what comes next may not be what one thread would hand out
+    };
+
+    struct Result {
+        Outcome outcome;
+        CompletedPicture picture;
+    };
+
+    /// `context` must be open with frame threads.
+    explicit FrameThreadedDecoder(CodecContextPointer context);
+
+    Result next(PacketReader& reader);
+
+    /// After Unsafe: the packets to begin from with one thread, up to the last one read; empty if
+    /// that must be the start of the file.
+    std::deque<NumberedPacket> takeRestartPackets();
+
+    /// Pictures that the decoder holds back to put them in order, as far as it knows by now.
+    int reorderDelay() const;
+
+private:
+    bool send(NumberedPacket packet);
+    bool isUnsafe(const AVFrame& picture) const;
+    CompletedPicture complete(PicturePointer picture);
+
+    CodecContextPointer context;
+    RestartPackets restart;
+    std::deque<std::int64_t> stamps; ///< decoding time stamps of the packets from `firstStamp` on
+    qint64 firstStamp = 0;
+    qint64 lastNumber = -1; ///< packet that completed the last picture handed out
+    bool isDraining = false;
+};

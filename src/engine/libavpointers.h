@@ -1,0 +1,31 @@
+#pragma once
+
+extern "C" {
+#include <libavcodec/avcodec.h>
+}
+
+#include <QtGlobal>
+
+#include <memory>
+
+struct PacketDeleter {
+    void operator()(AVPacket* packet) const { av_packet_free(&packet); }
+};
+
+struct PictureDeleter {
+    void operator()(AVFrame* picture) const { av_frame_free(&picture); }
+};
+
+struct CodecContextDeleter {
+    void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
+};
+
+using PacketPointer = std::unique_ptr<AVPacket, PacketDeleter>;
+using PicturePointer = std::unique_ptr<AVFrame, PictureDeleter>;
+using CodecContextPointer = std::unique_ptr<AVCodecContext, CodecContextDeleter>;
+
+/// A packet of the chosen stream and its place in it, counted from 0.
+struct NumberedPacket {
+    qint64 number = 0;
+    PacketPointer packet; ///< never empty
+};

@@ -1,0 +1,94 @@
+#include "packetreader.h"
+
+#include <array>
+
+namespace {
+
+int askInterrupt(void* reader) {
+    return static_cast<const PacketReader*>(reader)->isInterrupted() ? 1 : 0;
+}
+
+int firstVideoStream(const AVFormatContext& format) {
+    for (unsigned i = 0; i < format.nb_streams; ++i) {
+        if (format.streams[i]->codecpar->codec_type == AVMEDIA_TYPE_VIDEO)
+            return int(i);
+    }
+    return -1;
+}
+
+} // namespace
+
+QString libavErrorText(int code) {
+    std::array<char, AV_ERROR_MAX_STRING_SIZE> text{};
+    av_strerror(code, text.data(), text.size());
+    return QString::fromUtf8(text.data());
+}
+
+PacketReader::~PacketReader() {
+    close();
+}
+
+void PacketReader::setInterrupt(std::function<bool()> newInterrupt) {
+    interrupt = std::move(newInterrupt);
+}
+
+bool PacketReader::isInterrupted() const {
+    return interrupt && interrupt();
+}
+
+bool PacketReader::open(const char* fileName) {
+    close();
+    format = avformat_alloc_context();
+    if (!format) {
+        error = libavErrorText(AVERROR(ENOMEM));
+        return false;
+    }
+    format->interrupt_callback = {askInterrupt, this};
+    int result = avformat_open_input(&format, fileName, nullptr, nullptr);
+    if (result >= 0)
+        result = avformat_find_stream_info(format, nullptr);
+    if (result < 0) {
+        error = libavErrorText(result);
+        return false;
+    }
+    av_dump_format(format, 0, fileName, 0);
+    streamIndex = firstVideoStream(*format);
+    if (streamIndex < 0)
+        error = QStringLiteral("no video stream");
+    return streamIndex >= 0;
+}
+
+void PacketReader::close() {
+    avformat_close_input(&format);
+    streamIndex = -1;
+    nextNumber = 0;
+    error.clear();
+}
+
+std::optional<NumberedPacket> PacketReader::read() {
+    PacketPointer packet(av_packet_alloc());
+    while (format && packet && !isInterrupted() && av_read_frame(format, packet.get()) >= 0) {
+        // An empty packet holds no picture, and would tell the decoder that the stream has ended.
+        if (packet->stream_index == streamIndex && packet->size > 0)
+            return NumberedPacket{nextNumber++, std::move(packet)};
+        av_packet_unref(packet.get());
+    }
+    return std::nullopt;
+}
+
+const AVStream* PacketReader::stream() const {
+    return streamIndex < 0 ? nullptr : format->streams[streamIndex];
+}
+
+qint64 PacketReader::bytePosition() const {
+    return format && format->pb ? format->pb->pos : -1;
+}
+
+double PacketReader::duration() const {
+    const bool isKnown = format && format->duration > 0;
+    return isKnown ? double(format->duration) / AV_TIME_BASE : 0.0;
+}
+
+QString PacketReader::errorText() const {
+    return error;
+}

@@ -1,0 +1,57 @@
+#include "restartpackets.h"
+
+#include <limits>
+
+namespace {
+
+// A few seconds of any camera's stream; more would show beside what the decoder itself takes.
+constexpr qint64 mostBytes = 16 * 1024 * 1024;
+
+bool isKey(const NumberedPacket& packet) {
+    return (packet.packet->flags & AV_PKT_FLAG_KEY) != 0;
+}
+
+} // namespace
+
+void RestartPackets::add(const NumberedPacket& packet) {
+    if (packets.empty() && packet.number != 0 && !isKey(packet))
+        return;
+    PacketPointer reference(av_packet_clone(packet.packet.get()));
+    if (!reference || bytes + reference->size > mostBytes) {
+        dropUpTo(std::numeric_limits<qint64>::max());
+        return;
+    }
+    if (!packets.empty() && isKey(packet))
+        laterKeys.push_back(packet.number);
+    bytes += reference->size;
+    packets.push_back({packet.number, std::move(reference)});
+}
+
+void RestartPackets::handedOut(qint64 number) {
+    lastHandedOut = number;
+    // The oldest packet can be any key frame that has another one between it and the last picture.
+    while (laterKeys.size() >= 2 && laterKeys[1] <= number)
+        dropUpTo(laterKeys.front());
+}
+
+std::deque<NumberedPacket> RestartPackets::take() {
+    if (!canBegin())
+        return {};
+    return std::move(packets);
+}
+
+bool RestartPackets::canBegin() const {
+    if (packets.empty())
+        return false;
+    const bool hasKeyBetween = !laterKeys.empty() && laterKeys.front() <= lastHandedOut;
+    return packets.front().number == 0 || hasKeyBetween;
+}
+
+void RestartPackets::dropUpTo(qint64 number) {
+    while (!packets.empty() && packets.front().number < number) {
+        bytes -= packets.front().packet->size;
+        packets.pop_front();
+    }
+    while (!laterKeys.empty() && laterKeys.front() <= number)
+        laterKeys.pop_front();
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "libavpointers.h"
+
+/// Decodes packets one at a time: what a packet completes comes out before the next one goes in.
+class SerialDecoder {
+public:
+    /// `context` must be open and must not thread across pictures.
+    explicit SerialDecoder(CodecContextPointer context);
+
+    /// The first picture that the packet completes; null if it completes none. What the decoder
+    /// thinks of the packet does not matter: a damaged one can complete a picture, too, and a good
+    /// one need not.
+    PicturePointer decode(const AVPacket& packet);
+
+private:
+    CodecContextPointer context;
+    PicturePointer picture; ///< reused until the decoder has filled it
+    PicturePointer surplus; ///< takes the pictures after the first that one packet gives
+};

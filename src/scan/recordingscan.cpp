@@ -1,0 +1,99 @@
+#include "recordingscan.h"
+
+#include "interrupt.h"
+
+#include <QFileInfo>
+#include <QLocale>
+
+namespace {
+
+QByteArray exact(double value) {
+    return QByteArray::number(value, 'g', QLocale::FloatingPointShortest);
+}
+
+QByteArray traceLine(const FrameReport& frame) {
+    return QByteArray::number(frame.number) + '\t' + exact(frame.time) + '\t' +
+           exact(frame.motion) + '\n';
+}
+
+} // namespace
+
+RecordingScan::RecordingScan(int index, const ScanOptions& options, ScanOutputs& outputs)
+    : index(index)
+    , options(options)
+    , outputs(outputs)
+    , exporter(outputs.exports[std::size_t(index)]) {
+    line.video = options.videos[index];
+}
+
+bool RecordingScan::run() {
+    QVector<float> motionValues;
+    QVector<double> frameTimes;
+    Detection detection(options.detection, *this, motionValues, frameTimes);
+    // An absolute path is a file to the media libraries, whatever colons its name has.
+    line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
+    if (!detection.errorText().isEmpty())
+        outputs.messages.complain(line.video, detection.errorText());
+    report(outputs.format.videoEnd(line));
+    const bool isRead = line.outcome == DetectionOutcome::Finished;
+    if (isRead)
+        outputs.messages.summarise(QStringLiteral("%1: clips: %2, length: %3")
+                                       .arg(line.video)
+                                       .arg(line.clips)
+                                       .arg(clockText(line.seconds)));
+    return isRead && isWritten;
+}
+
+bool RecordingScan::isCancelled() {
+    return isInterrupted();
+}
+
+void RecordingScan::opened(bool isIntraCodec, double) {
+    exporter.setIntraCodec(isIntraCodec);
+}
+
+void RecordingScan::frameProcessed(const FrameReport& frame) {
+    outputs.totals.addSeconds(frame.time - line.seconds);
+    line.frames = frame.number + 1;
+    line.seconds = frame.time;
+    if (outputs.trace)
+        outputs.trace->write(index, traceLine(frame));
+}
+
+void RecordingScan::positionChanged(qint64 bytePosition) {
+    outputs.totals.setPosition(index, bytePosition);
+    outputs.messages.showProgress(outputs.totals.progress());
+}
+
+void RecordingScan::endReached() {}
+
+void RecordingScan::clipFound(const DetectedClip& clip) {
+    ++line.clips;
+    outputs.totals.addClip();
+    ClipLine found;
+    found.video = line.video;
+    found.clip = clip;
+    if (!options.snapshotDirectory.isEmpty())
+        found.snapshotFile = writeSnapshot(clip);
+    const QString failure = exporter.run(found);
+    if (!failure.isEmpty()) {
+        isWritten = false;
+        outputs.messages.complain(found.exportFile, failure);
+    }
+    report(outputs.format.clip(found));
+}
+
+void RecordingScan::report(const QByteArray& lines) {
+    outputs.messages.makeRoom();
+    outputs.clips.write(index, lines);
+}
+
+/// The path of the picture written, empty if there is none.
+QString RecordingScan::writeSnapshot(const DetectedClip& clip) {
+    QString path = outputs.snapshots.pathOf(index, clip.index);
+    if (clip.snapshot.save(path, "PNG"))
+        return path;
+    isWritten = false;
+    outputs.messages.complain(path, QStringLiteral("cannot write the picture"));
+    return {};
+}

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "clipexport.h"
+#include "clipformat.h"
+#include "messages.h"
+#include "orderedoutput.h"
+#include "scanoptions.h"
+#include "snapshotfolder.h"
+#include "totals.h"
+
+#include <vector>
+
+/// Everything that the recordings of one call share and write to.
+struct ScanOutputs {
+    const ClipFormat& format;
+    OrderedOutput& clips;
+    OrderedOutput* trace; ///< null: none wanted
+    const SnapshotFolder& snapshots;
+    std::vector<ClipExport>& exports; ///< one per recording
+    Messages& messages;
+    Totals& totals;
+};
+
+/// One recording of a call: follows its detection and reports it.
+class RecordingScan : public DetectionClient {
+public:
+    /// `index` is the recording's place in `options.videos`. All must outlive the scan.
+    RecordingScan(int index, const ScanOptions& options, ScanOutputs& outputs);
+
+    /// True if the recording was read to its end and everything found was written.
+    bool run();
+
+    bool isCancelled() override;
+    void opened(bool isIntraCodec, double duration) override;
+    void frameProcessed(const FrameReport& frame) override;
+    void positionChanged(qint64 bytePosition) override;
+    void endReached() override;
+    void clipFound(const DetectedClip& clip) override;
+
+private:
+    void report(const QByteArray& lines);
+    QString writeSnapshot(const DetectedClip& clip);
+
+    int index;
+    const ScanOptions& options;
+    ScanOutputs& outputs;
+    ClipExport& exporter;
+    VideoLine line;
+    bool isWritten = true;
+};

@@ -1,0 +1,33 @@
+#include "totals.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <numeric>
+
+Totals::Totals(const QStringList& videos)
+    : positions(videos.size(), 0) {
+    for (const QString& video : videos)
+        bytes += QFileInfo(video).size();
+}
+
+void Totals::setPosition(int recording, qint64 bytePosition) {
+    const std::lock_guard<std::mutex> lock(mutex);
+    positions[recording] = std::max(positions[recording], bytePosition);
+}
+
+void Totals::addSeconds(double more) {
+    const std::lock_guard<std::mutex> lock(mutex);
+    seconds += more;
+}
+
+void Totals::addClip() {
+    const std::lock_guard<std::mutex> lock(mutex);
+    ++clips;
+}
+
+Progress Totals::progress() const {
+    const std::lock_guard<std::mutex> lock(mutex);
+    const qint64 read = std::accumulate(positions.begin(), positions.end(), qint64(0));
+    return {bytes > 0 ? double(read) / double(bytes) : -1.0, clips, seconds};
+}

@@ -1,0 +1,61 @@
+#include "framepicture.h"
+
+#include "frames.h"
+#include "snapshotimage.h"
+
+#include <QtTest>
+
+namespace {
+
+std::shared_ptr<const DecodedFrame> greyFrame() {
+    FramePointer frame = media::libraryFrame(AV_PIX_FMT_GRAY8, 64, 48);
+    const QImage number = media::numberedPicture(45, QSize(64, 48));
+    for (int y = 0; y < 48; ++y)
+        std::copy_n(number.constScanLine(y), 64,
+                    const_cast<std::uint8_t*>(frame->data()) + y * frame->stride());
+    return frame;
+}
+
+} // namespace
+
+class TestFramePicture : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void shrinkingLetsGoOfTheFrame();
+    void snapshotIsTheSmallPicture();
+    void snapshotIsMadeOnce();
+    void unreadablePictureBecomesANullImage();
+};
+
+void TestFramePicture::shrinkingLetsGoOfTheFrame() {
+    auto frame = greyFrame();
+    const std::weak_ptr<const DecodedFrame> watched = frame;
+    FramePicture picture(std::move(frame));
+    QVERIFY(!watched.expired());
+    picture.shrink();
+    QVERIFY(watched.expired());
+    picture.shrink();
+    QCOMPARE(picture.snapshot().size(), QSize(320, 240));
+}
+
+void TestFramePicture::snapshotIsTheSmallPicture() {
+    const auto frame = greyFrame();
+    FramePicture picture(frame);
+    QCOMPARE(picture.snapshot(), snapshotImage(*frame));
+}
+
+void TestFramePicture::snapshotIsMadeOnce() {
+    FramePicture picture(greyFrame());
+    const QImage first = picture.snapshot();
+    QCOMPARE(picture.snapshot().cacheKey(), first.cacheKey());
+}
+
+void TestFramePicture::unreadablePictureBecomesANullImage() {
+    FramePicture picture(media::libraryFrame(AV_PIX_FMT_GRAY8, 640, 1));
+    QVERIFY(picture.snapshot().isNull());
+    QVERIFY(picture.snapshot().isNull());
+}
+
+QTEST_GUILESS_MAIN(TestFramePicture)
+#include "test_framepicture.moc"
