@@ -1,7 +1,5 @@
 #include "clip.h"
-#include "clipprobe.h"
 #include "encoderstand.h"
-#include "media.h"
 #include "video.h"
 
 #include <QDesktopServices>
@@ -65,19 +63,12 @@ private Q_SLOTS:
     void removingAll();
     void jobGone();
 
-    void realExport_data();
-    void realExport();
-    void realOverlay();
-    void realIntraCodedExport();
-
 public Q_SLOTS:
     void noteUrl(const QUrl& url) { openedUrls.append(url); }
 
 private:
     std::unique_ptr<Video> makeJob(bool autoExport = false, bool exportTimestamps = false,
                                    const QDateTime& start = {}) const;
-    QString makeRecording(const QString& name, const QStringList& codec) const;
-    std::unique_ptr<Clip> exportOne(Video& job, double start, double end);
 
     std::unique_ptr<QTemporaryDir> folder;
     std::unique_ptr<EncoderStand> encoder;
@@ -501,88 +492,6 @@ void TestClip::jobGone() {
     QMetaObject::invokeMethod(&kept, "processFinished", Q_ARG(int, -1));
     QCOMPARE(Clip::exportQueueLength(), 0);
     QCOMPARE(encoder->calls().size(), 1);
-}
-
-/// 12 s with sound, a key frame every second.
-QString TestClip::makeRecording(const QString& name, const QStringList& codec) const {
-    QString fileName = folder->filePath(name);
-    const QStringList sound = {"-f", "lavfi", "-i", "sine=frequency=440:duration=12"};
-    const QStringList output = {"-g", "25", "-c:a", "aac", "-shortest", fileName};
-    if (!media::encode(sound + media::crossingBox(12, 3, 9) + codec + output))
-        return {};
-    return fileName;
-}
-
-std::unique_ptr<Clip> TestClip::exportOne(Video& job, double start, double end) {
-    encoder->useRealEncoder();
-    auto clip = std::make_unique<Clip>(&job, 0, blueSnapshot(), start, end, start);
-    clip->exportClip(false);
-    if (!QTest::qWaitFor([&clip] { return clip->status != Clip::Exporting; }, 60000))
-        qWarning("the encoder does not end");
-    return clip;
-}
-
-void TestClip::realExport_data() {
-    QTest::addColumn<int>("outputFormat");
-    QTest::addColumn<bool>("doTranscoding");
-    QTest::addColumn<bool>("disableAudio");
-    QTest::addColumn<QString>("codec");
-    QTest::newRow("AVI, copy") << 0 << false << false << "h264";
-    QTest::newRow("MP4, copy") << 1 << false << false << "h264";
-    QTest::newRow("MKV, copy, no sound") << 2 << false << true << "h264";
-    QTest::newRow("AVI, re-encoded") << 0 << true << true << "mpeg4";
-    QTest::newRow("MP4, re-encoded") << 1 << true << false << "h264";
-    QTest::newRow("MKV, re-encoded") << 2 << true << false << "h264";
-}
-
-void TestClip::realExport() {
-    QFETCH(int, outputFormat);
-    QFETCH(bool, doTranscoding);
-    QFETCH(bool, disableAudio);
-    QFETCH(QString, codec);
-    QSettings().setValue("output_format", outputFormat);
-    QSettings().setValue("do_transcoding", doTranscoding);
-    QSettings().setValue("disable_audio", disableAudio);
-    videoName = makeRecording("garden.mp4", {"-c:v", "libx264", "-preset", "ultrafast"});
-    QVERIFY(!videoName.isEmpty());
-    const auto job = makeJob();
-    const auto clip = exportOne(*job, 2.6, 8.2);
-    QCOMPARE(clip->status, int(Clip::Exported));
-
-    const ClipProbe probe = probeClip(clip->outputPath);
-    QVERIFY(probe.isPlayable);
-    QCOMPARE(probe.videoCodec, codec);
-    QCOMPARE(probe.hasSound, !disableAudio);
-    // 5 whole seconds; a copy starts at the key frame before, up to a second earlier.
-    const double earliest = doTranscoding ? 0.0 : 1.0;
-    QVERIFY2(probe.seconds > 4.9 && probe.seconds < 5.1 + earliest,
-             qPrintable(QString::number(probe.seconds)));
-    QVERIFY(!hasOverlay(firstPicture(clip->outputPath)));
-}
-
-void TestClip::realOverlay() {
-    videoName = makeRecording("garden.mp4", {"-c:v", "libx264", "-preset", "ultrafast"});
-    QVERIFY(!videoName.isEmpty());
-    const auto job = makeJob(false, true, QDateTime(QDate(2026, 11, 16), QTime(9, 5, 0), Qt::UTC));
-    const auto clip = exportOne(*job, 2.6, 8.2);
-    QCOMPARE(clip->status, int(Clip::Exported));
-    QVERIFY(probeClip(clip->outputPath).isPlayable);
-    QVERIFY(hasOverlay(firstPicture(clip->outputPath)));
-    QVERIFY(!hasOverlay(firstPicture(videoName)));
-}
-
-void TestClip::realIntraCodedExport() {
-    videoName = makeRecording("garden.avi", {"-c:v", "mjpeg"});
-    QVERIFY(!videoName.isEmpty());
-    const auto job = makeJob();
-    job->intraCodec = true;
-    const auto clip = exportOne(*job, 2.6, 8.2);
-    QCOMPARE(clip->status, int(Clip::Exported));
-    const ClipProbe probe = probeClip(clip->outputPath);
-    QVERIFY(probe.isPlayable);
-    QCOMPARE(probe.videoCodec, QString("mpeg4"));
-    QVERIFY2(probe.seconds > 4.9 && probe.seconds < 5.1,
-             qPrintable(QString::number(probe.seconds)));
 }
 
 QTEST_MAIN(TestClip)
