@@ -29,6 +29,7 @@ private Q_SLOTS:
     void firstPacketNeedsNoKey();
     void streamWithoutKeysCannotRestartOnceTooLarge();
     void restartsAgainTwoKeysAfterALargeGroup();
+    void largeGroupsPushOutOnlyWhatIsTooMuch();
 };
 
 void TestRestartPackets::beginsAtTheFirstPacketOfTheFile() {
@@ -89,6 +90,19 @@ void TestRestartPackets::restartsAgainTwoKeysAfterALargeGroup() {
     const auto packets = restart.take();
     QVERIFY(!packets.empty());
     QCOMPARE(packets.front().number, 40);
+}
+
+void TestRestartPackets::largeGroupsPushOutOnlyWhatIsTooMuch() {
+    // Groups of 7 MB: three of them are too much, but not two.
+    RestartPackets restart;
+    for (int number = 0; number < 35; ++number) {
+        restart.add(packet(number, number % 10 == 0, 7 * 1024 * 1024 / 10));
+        restart.handedOut(number);
+    }
+    const auto packets = restart.take();
+    QVERIFY(!packets.empty());
+    QCOMPARE(packets.front().number, 20);
+    QCOMPARE(packets.back().number, 34);
 }
 
 QTEST_GUILESS_MAIN(TestRestartPackets)

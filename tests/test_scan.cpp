@@ -40,6 +40,8 @@ private Q_SLOTS:
     void summaryGoesToStandardError();
     void maskAndRectangleLimitTheRegion();
     void colonsAndSpacesInNames();
+    void namesWithPlaceholders();
+    void traceNeverOverwritesAVideo();
     void namesInUtf8WithoutALocale();
     void storedSettingsAreNotRead();
     void worksWithoutADisplay();
@@ -248,6 +250,30 @@ void TestScan::colonsAndSpacesInNames() {
     QCOMPARE(process.exitCode(), 0);
 }
 
+void TestScan::namesWithPlaceholders() {
+    const QString odd = folder.filePath("%1 %2 %3A05.mp4");
+    QVERIFY(QFile::copy(video, odd));
+    const ProcessResult result = scan(
+        {"--minimum", "2", "--postrecord", "2", "--snapshots", folder.filePath("odd"), odd, odd});
+    QCOMPARE(result.status, 0);
+    const QList<QByteArray> lines = result.output.trimmed().split('\n');
+    QVERIFY2(lines[0].startsWith(odd.toUtf8() + "  #0  "), lines[0].constData());
+    QVERIFY(lines[0].endsWith("/odd/%1 %2 %3A05.mp4-0000.png"));
+    QVERIFY(lines[1].endsWith("/odd/%1 %2 %3A05.mp4_1-0000.png"));
+    QVERIFY(QFileInfo::exists(folder.filePath("odd/%1 %2 %3A05.mp4_1-0000.png")));
+    QVERIFY(result.errors.contains(odd.toUtf8() + ": clips: 1, length: "));
+}
+
+void TestScan::traceNeverOverwritesAVideo() {
+    const QString copy = folder.filePath("precious.mp4");
+    QVERIFY(QFile::copy(video, copy));
+    const QString link = folder.filePath("link.mp4");
+    QVERIFY(QFile::link(copy, link));
+    const ProcessResult result = scan({"--trace", link, video, copy});
+    QCOMPARE(result.status, 2);
+    QCOMPARE(readFile(copy), readFile(video));
+}
+
 void TestScan::namesInUtf8WithoutALocale() {
     const QString name = folder.filePath(QStringLiteral("jardín-雪.mp4"));
     QVERIFY(QFile::copy(video, name));
@@ -321,6 +347,8 @@ void TestScan::usageErrors_data() {
     row({"--roi", "1,2,3", "x.mp4"}, "--roi takes");
     row({"--roi", "1,2,0,4", "x.mp4"}, "--roi takes");
     row({"--roi", "1,2,3,4,5", "x.mp4"}, "--roi takes");
+    row({"--roi", "2147483647,0,10,10", "x.mp4"}, "--roi takes");
+    row({"--roi", "0,0,10,2147483647", "x.mp4"}, "--roi takes");
     row({"--mask", "/nonexistent.png", "x.mp4"}, "cannot read the mask");
     row({"--roi", "1,2,3,4", "--mask", "/nonexistent.png", "x.mp4"}, "exclude each other");
     row({"--format", "xml", "x.mp4"}, "'xml'");

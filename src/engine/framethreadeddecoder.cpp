@@ -10,12 +10,10 @@ FrameThreadedDecoder::Result FrameThreadedDecoder::next(PacketReader& reader) {
         if (result == AVERROR_EOF)
             break;
         if (result == AVERROR(EAGAIN)) {
-            auto packet = reader.read();
+            const bool goesOn = feed(reader.read());
             if (reader.isInterrupted())
                 break;
-            if (!packet && !isDraining)
-                isDraining = avcodec_send_packet(context.get(), nullptr) >= 0;
-            else if (!packet || !send(std::move(*packet)))
+            if (!goesOn)
                 return {Outcome::Unsafe, {}};
             continue;
         }
@@ -36,7 +34,14 @@ int FrameThreadedDecoder::reorderDelay() const {
     return context->has_b_frames;
 }
 
-/// False at a sign of damage.
+/// Gives the decoder its next packet, or the end of the stream. False at a sign of damage, also
+/// where that lies in a packet that is still under way.
+bool FrameThreadedDecoder::feed(std::optional<NumberedPacket> packet) {
+    if (packet)
+        return send(std::move(*packet));
+    return avcodec_send_packet(context.get(), nullptr) >= 0;
+}
+
 bool FrameThreadedDecoder::send(NumberedPacket packet) {
     restart.add(packet);
     stamps.push_back(packet.packet->dts);

@@ -5,6 +5,7 @@
 #include "restartpackets.h"
 
 #include <deque>
+#include <optional>
 
 /// A picture and the packet that completed it.
 struct CompletedPicture {
@@ -52,6 +53,7 @@ public:
     int reorderDelay() const;
 
 private:
+    bool feed(std::optional<NumberedPacket> packet);
     bool send(NumberedPacket packet);
     bool isUnsafe(const AVFrame& picture) const;
     CompletedPicture complete(PicturePointer picture);
@@ -61,5 +63,4 @@ private:
     std::deque<std::int64_t> stamps; ///< decoding time stamps of the packets from `firstStamp` on
     qint64 firstStamp = 0;
     qint64 lastNumber = -1; ///< packet that completed the last picture handed out
-    bool isDraining = false;
 };

@@ -1,7 +1,5 @@
 #include "restartpackets.h"
 
-#include <limits>
-
 namespace {
 
 // A few seconds of any camera's stream; more would show beside what the decoder itself takes.
@@ -14,16 +12,20 @@ bool isKey(const NumberedPacket& packet) {
 } // namespace
 
 void RestartPackets::add(const NumberedPacket& packet) {
-    if (packets.empty() && packet.number != 0 && !isKey(packet))
+    const int size = packet.packet->size;
+    while (!packets.empty() && bytes + size > mostBytes)
+        dropUpTo(laterKeys.empty() ? packet.number : laterKeys.front());
+    const bool canBeFirst = packet.number == 0 || isKey(packet);
+    if ((packets.empty() && !canBeFirst) || size > mostBytes)
         return;
     PacketPointer reference(av_packet_clone(packet.packet.get()));
-    if (!reference || bytes + reference->size > mostBytes) {
-        dropUpTo(std::numeric_limits<qint64>::max());
+    if (!reference) {
+        dropUpTo(packet.number);
         return;
     }
     if (!packets.empty() && isKey(packet))
         laterKeys.push_back(packet.number);
-    bytes += reference->size;
+    bytes += size;
     packets.push_back({packet.number, std::move(reference)});
 }
 

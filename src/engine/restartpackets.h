@@ -9,8 +9,8 @@
 ///
 /// Such a key frame lies a whole group of pictures before the last picture handed out, so that
 /// everything that is still to come depends on packets behind it. The very first packet serves as
-/// well. What is kept is bounded: where groups of pictures are too large, there is nothing to begin
-/// from until two key frames have passed.
+/// well. What is kept is bounded: where groups of pictures are too large, there can be nothing to
+/// begin from until two key frames have passed.
 class RestartPackets {
 public:
     /// Keeps a reference to the packet's data. Packets come in the order of their numbers.

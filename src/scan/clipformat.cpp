@@ -13,11 +13,11 @@ class TextFormat : public ClipFormat {
 public:
     QByteArray clip(const ClipLine& line) const override {
         const DetectedClip& found = line.clip;
-        QString text = QStringLiteral("%1  #%2  %3 - %4  %5 s")
-                           .arg(line.video)
-                           .arg(found.index)
-                           .arg(clockText(found.start), clockText(found.end))
-                           .arg(found.end - found.start, 0, 'f', 1);
+        // All at once: a file name may hold a "%2" of its own.
+        QString text =
+            QStringLiteral("%1  #%2  %3 - %4  %5 s")
+                .arg(line.video, QString::number(found.index), clockText(found.start),
+                     clockText(found.end), QString::number(found.end - found.start, 'f', 1));
         if (!line.snapshotFile.isEmpty())
             text += QStringLiteral("  ") + line.snapshotFile;
         if (line.isExported)

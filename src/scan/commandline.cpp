@@ -1,28 +1,30 @@
 #include "commandline.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 #include <QImageReader>
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 
 namespace {
 
+// Lines end before column 79, where the option list below wraps as well.
 const char description[] =
-    "Finds the stretches of recordings in which something moves and prints them as clips.\n"
+    "Finds the stretches of recordings in which something moves and prints them\n"
+    "as clips.\n"
     "\n"
-    "Every picture is compared with the one before it. A clip opens when motion fills half of the\n"
-    "last --minimum seconds, starts --prerecord seconds before them, and ends when there has been\n"
-    "no motion for --postrecord seconds.\n"
+    "Every picture is compared with the one before it. A clip opens when motion\n"
+    "fills half of the last --minimum seconds, starts --prerecord seconds before\n"
+    "them, and ends when there has been no motion for --postrecord seconds.\n"
     "\n"
-    "With --export each clip is also cut out into a file of its own, in a folder for each video, "
-    "by\n"
-    "the encoder beside this program.\n"
+    "With --export each clip is also cut out into a file of its own, in a folder\n"
+    "for each video, by the encoder beside this program.\n"
     "\n"
-    "Exit status: 0 every video was read to its end and every clip exported that should be, 1 "
-    "some\n"
-    "could not be (the others were), 2 the command line is wrong, 130 interrupted (the open clip "
-    "is\n"
-    "still printed).";
+    "Exit status: 0 every video was read to its end and every clip exported that\n"
+    "should be, 1 some could not be (the others were), 2 the command line is\n"
+    "wrong, 130 interrupted (the open clip is still printed).";
 
 /// The message for the first thing that is wrong, if any.
 class Values {
@@ -117,7 +119,11 @@ void readRectangle(const QString& text, RegionOfInterest& region, Values& values
     for (int i = 0; isGood && i < parts.size(); ++i)
         numbers[std::size_t(i)] = parts[i].toInt(&isGood);
     const auto [x, y, width, height] = numbers;
-    if (!isGood || width < 1 || height < 1) {
+    // Far corners must still fit an int.
+    constexpr int farthest = 1 << 30;
+    const bool isNear = std::abs(double(x)) <= farthest && std::abs(double(y)) <= farthest &&
+                        width <= farthest && height <= farthest;
+    if (!isGood || !isNear || width < 1 || height < 1) {
         values.reject(expectedRectangle());
         return;
     }
@@ -178,6 +184,15 @@ ExportOptions readExport(const QCommandLineParser& parser, Values& values) {
     return options;
 }
 
+/// Whether `file` is one of the existing `videos`, by whatever path.
+bool isAmong(const QStringList& videos, const QString& file) {
+    const QString path = QFileInfo(file).canonicalFilePath();
+    return !path.isEmpty() &&
+           std::any_of(videos.cbegin(), videos.cend(), [&](const QString& video) {
+               return QFileInfo(video).canonicalFilePath() == path;
+           });
+}
+
 DetectionOptions readDetection(const QCommandLineParser& parser, Values& values) {
     DetectionOptions options;
     options.segmentation.prerecord = values.number("prerecord", 1.0, 3600.0);
@@ -226,6 +241,9 @@ CommandLine parseCommandLine(const QStringList& arguments) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             values.reject(QStringLiteral("--%1 needs a name").arg(option));
     }
+    if (isAmong(options.videos, options.traceFile))
+        values.reject(
+            QStringLiteral("--trace would overwrite the video '%1'").arg(options.traceFile));
     if (!values.error.isEmpty())
         return {CommandLine::Action::Reject, {}, values.error};
     return {CommandLine::Action::Scan, options, {}};

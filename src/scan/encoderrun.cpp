@@ -34,6 +34,8 @@ QString lastLine(const QByteArray& text) {
 QString runEncoder(const QStringList& arguments) {
     static std::mutex turn;
     const std::lock_guard<std::mutex> lock(turn);
+    if (isInterrupted()) // while it waited for its turn
+        return QStringLiteral("interrupted");
     QProcess encoder;
     encoder.setStandardInputFile(QProcess::nullDevice());
     encoder.setStandardOutputFile(QProcess::nullDevice());

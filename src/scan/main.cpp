@@ -33,7 +33,7 @@ int main(int argc, char* argv[]) {
         return SomeFailed;
     if (commandLine.action == CommandLine::Action::PrintText) {
         output.write(commandLine.text.toUtf8());
-        return AllRead;
+        return output.flush() ? AllRead : SomeFailed;
     }
     catchInterrupts();
     const ExitStatus status = scan(commandLine.options, output);

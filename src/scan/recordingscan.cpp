@@ -37,10 +37,9 @@ bool RecordingScan::run() {
     report(outputs.format.videoEnd(line));
     const bool isRead = line.outcome == DetectionOutcome::Finished;
     if (isRead)
-        outputs.messages.summarise(QStringLiteral("%1: clips: %2, length: %3")
-                                       .arg(line.video)
-                                       .arg(line.clips)
-                                       .arg(clockText(line.seconds)));
+        outputs.messages.summarise(
+            QStringLiteral("%1: clips: %2, length: %3")
+                .arg(line.video, QString::number(line.clips), clockText(line.seconds)));
     return isRead && isWritten;
 }
 
@@ -91,6 +90,10 @@ void RecordingScan::report(const QByteArray& lines) {
 /// The path of the picture written, empty if there is none.
 QString RecordingScan::writeSnapshot(const DetectedClip& clip) {
     QString path = outputs.snapshots.pathOf(index, clip.index);
+    if (clip.snapshot.isNull()) {
+        outputs.messages.complain(line.video, QStringLiteral("its pictures cannot be scaled"));
+        return {};
+    }
     if (clip.snapshot.save(path, "PNG"))
         return path;
     isWritten = false;

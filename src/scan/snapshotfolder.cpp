@@ -2,14 +2,19 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QHash>
+#include <QSet>
 
 SnapshotFolder::SnapshotFolder(const QString& path, const QStringList& videos)
     : path(path) {
+    QSet<QString> taken;
+    QHash<QString, int> next; // number to try next, by file name
     for (const QString& video : videos) {
         const QString fileName = QFileInfo(video).fileName();
         QString name = fileName;
-        for (int i = 1; names.contains(name); ++i)
-            name = QStringLiteral("%1_%2").arg(fileName).arg(i);
+        for (int& number = next[fileName]; taken.contains(name);)
+            name = fileName + QLatin1Char('_') + QString::number(++number);
+        taken.insert(name);
         names.append(name);
     }
 }
