@@ -9,6 +9,10 @@
 #include <QtTest>
 
 #include <memory>
+#include <vector>
+
+#include <sys/resource.h>
+#include <unistd.h>
 
 namespace {
 
@@ -55,6 +59,7 @@ private Q_SLOTS:
 
     void encoderFails();
     void encoderIsMissing();
+    void noProcessCanBeMade();
     void crashEndsTwice();
 
     void removingTheExportingClip();
@@ -374,6 +379,35 @@ void TestClip::encoderIsMissing() {
     encoder->useRecorder();
     first.exportClip(false);
     QTRY_COMPARE(first.status, int(Clip::Exported));
+}
+
+void TestClip::noProcessCanBeMade() {
+    // Far more clips than nested calls would survive.
+    constexpr int count = 20000;
+    const auto job = makeJob();
+    std::vector<std::unique_ptr<Clip>> clips;
+    encoder->hold();
+    for (int i = 0; i < count; ++i) {
+        clips.push_back(std::make_unique<Clip>(job.get(), i, QImage(), 0.0, 5.0, 1.0));
+        clips.back()->exportClip(false);
+    }
+    QTRY_COMPARE(encoder->calls().size(), 1);
+    // No descriptor is left for the pipes of another process.
+    const int lowestFree = dup(0);
+    close(lowestFree);
+    rlimit before{};
+    getrlimit(RLIMIT_NOFILE, &before);
+    const rlimit full{rlim_t(lowestFree), before.rlim_max};
+    encoder->release();
+    setrlimit(RLIMIT_NOFILE, &full);
+    const bool hasEnded =
+        QTest::qWaitFor([&] { return clips.back()->status == Clip::ExportFailed; }, 60000);
+    setrlimit(RLIMIT_NOFILE, &before);
+    QVERIFY(hasEnded);
+    QCOMPARE(clips.front()->status, int(Clip::Exported));
+    for (int i = 1; i < count; ++i)
+        QCOMPARE(clips[std::size_t(i)]->status, int(Clip::ExportFailed));
+    QCOMPARE(Clip::exportQueueLength(), 0);
 }
 
 void TestClip::crashEndsTwice() {

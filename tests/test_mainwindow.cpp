@@ -1,4 +1,5 @@
 #include "mainwindowdriver.h"
+#include "media.h"
 #include "settingsdialog.h"
 
 #include <QDesktopServices>
@@ -34,6 +35,8 @@ private Q_SLOTS:
     void helpIsNowhere();
     void quit();
     void closingLeavesTheSetupWindow();
+    void leavingTheSetupWindowEndsTheProgram();
+    void acceptedJobShowsTheClosedWindowAgain();
 
 public Q_SLOTS:
     void noteUrl(const QUrl& url) { openedUrl = url; }
@@ -280,6 +283,35 @@ void TestMainWindow::closingLeavesTheSetupWindow() {
     QTimer::singleShot(10000, qApp, [] { QCoreApplication::exit(1); });
     QCOMPARE(QCoreApplication::exec(), 0);
     QCOMPARE(lastClosed.size(), 1);
+}
+
+void TestMainWindow::leavingTheSetupWindowEndsTheProgram() {
+    MainWindowDriver driver;
+    driver.window.show();
+    driver.setup.show();
+    QTimer::singleShot(0, &driver.window, [&] {
+        QVERIFY(driver.window.close());
+        QTest::keyClick(&driver.setup, Qt::Key_Escape);
+        QVERIFY(!driver.setup.isVisible());
+    });
+    QTimer::singleShot(10000, qApp, [] { QCoreApplication::exit(1); });
+    QCOMPARE(QCoreApplication::exec(), 0);
+}
+
+void TestMainWindow::acceptedJobShowsTheClosedWindowAgain() {
+    const QTemporaryDir folder;
+    const QString video = folder.filePath("long.mp4");
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=s=640x360:d=60", "-c:v", "libx264",
+                           "-preset", "ultrafast", video}));
+    MainWindowDriver driver;
+    driver.window.show();
+    driver.setup.addFile(video);
+    QVERIFY(driver.setup.isVisible());
+    QVERIFY(driver.window.close());
+    driver.setupPart<QLineEdit>("lineEditDir").setText(folder.path());
+    driver.clickSetup("pushButtonAdd");
+    QVERIFY(!driver.setup.isVisible());
+    QTRY_VERIFY(driver.window.isVisible());
 }
 
 QTEST_MAIN(TestMainWindow)

@@ -2,6 +2,8 @@
 
 #include "video.h"
 
+#include <QSet>
+
 namespace {
 
 /// Wraps: positions come out of files and can be anything.
@@ -17,9 +19,10 @@ int BatchProgress::percent() const {
 
 BatchProgress updateBatch(const QList<Video*>& videos, QList<Video*>& batch) {
     BatchProgress progress;
+    const QSet<Video*> counted(batch.cbegin(), batch.cend());
     for (Video* video : videos) {
         const bool isUnfinished = video->state < Video::CancelRequested;
-        const bool isInBatch = batch.contains(video);
+        const bool isInBatch = counted.contains(video);
         if (!isInBatch && !isUnfinished)
             continue;
         if (!isInBatch)

@@ -36,6 +36,7 @@ MainWindow::MainWindow(QWidget* parent)
     setWindowIcon(applicationIcon());
     connect(&statusTimer, SIGNAL(timeout()), SLOT(updateStatus()));
     connect(&editMaskWindow, SIGNAL(newVideo()), SLOT(newVideo()));
+    editMaskWindow.installEventFilter(this);
     workerThread->start(QThread::InheritPriority);
     statusTimer.start(statusIntervalMilliseconds);
     updateActions();
@@ -55,6 +56,28 @@ MainWindow::~MainWindow() {
 
 void MainWindow::closeEvent(QCloseEvent* event) {
     event->accept();
+}
+
+bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    // Only once everything is done that comes with it: accepted jobs arrive after the window hides.
+    if (watched == &editMaskWindow && event->type() == QEvent::Hide)
+        QTimer::singleShot(0, this, [this] { endUnseen(); });
+    return QMainWindow::eventFilter(watched, event);
+}
+
+/// Job setup hides itself when it has no more files. Where this window has been closed before, the
+/// program would then live on without a window: it ends, or, with jobs to do, shows itself again.
+void MainWindow::endUnseen() {
+    const bool wasClosed = testAttribute(Qt::WA_WState_ExplicitShowHide) && isHidden();
+    if (!wasClosed || editMaskWindow.isVisible())
+        return;
+    const bool hasJobs = std::any_of(videos.cbegin(), videos.cend(), [](const Video* video) {
+        return video->state < Video::CancelRequested;
+    });
+    if (hasJobs)
+        show();
+    else
+        QCoreApplication::quit();
 }
 
 void MainWindow::newVideo() {

@@ -31,6 +31,7 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private Q_SLOTS:
     void newVideo();
@@ -58,6 +59,7 @@ private Q_SLOTS:
 
 private:
     void updateActions();
+    void endUnseen();
     void showProgress();
     void showBacklog();
     bool isDetecting() const;

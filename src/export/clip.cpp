@@ -14,9 +14,12 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
 
 QList<Clip*> Clip::exportQueue;
 bool Clip::exportRunning = false;
+bool Clip::isStarting = false;
+bool Clip::isNextDue = false;
 
 Clip::Clip(Video* video, int index, const QImage& snapshot, double start, double end,
            double snapshotTime)
@@ -86,15 +89,23 @@ int Clip::timeOfDay() const {
 void Clip::exportClip(bool first) {
     if (!video)
         return;
-    if (!exportRunning) {
-        status = Exporting;
-        exportRunning = true;
-        startEncoder();
-    } else {
+    if (exportRunning) {
         exportQueue.insert(first ? 0 : exportQueue.size(), this);
         status = Queued;
+        updateText();
+        return;
     }
+    const bool isOutermost = !std::exchange(isStarting, true);
+    status = Exporting;
+    exportRunning = true;
+    startEncoder();
     updateText();
+    if (!isOutermost)
+        return;
+    // Where no process can be made, start after start ends on the spot; they must not nest.
+    while (std::exchange(isNextDue, false) && !exportQueue.isEmpty())
+        exportQueue.first()->exportClip(false);
+    isStarting = false;
 }
 
 void Clip::openClip() {
@@ -148,6 +159,8 @@ void Clip::processFinished(int exitCode) {
     exportQueue.removeAll(this);
     updateText();
     // Goes on also with a clip that an earlier pass for the same run has already started.
-    if (!exportQueue.isEmpty())
+    if (isStarting)
+        isNextDue = true;
+    else if (!exportQueue.isEmpty())
         exportQueue.first()->exportClip(false);
 }

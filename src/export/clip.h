@@ -79,4 +79,6 @@ private:
 
     static QList<Clip*> exportQueue;
     static bool exportRunning;
+    static bool isStarting; ///< a start is under way, and may fail on the spot
+    static bool isNextDue;  ///< it has failed: the queue's first clip is next
 };
