@@ -62,12 +62,16 @@ void PacketReader::close() {
     avformat_close_input(&format);
     streamIndex = -1;
     nextNumber = 0;
+    hasEnded = false;
     error.clear();
 }
 
 std::optional<NumberedPacket> PacketReader::read() {
     PacketPointer packet(av_packet_alloc());
-    while (format && packet && !isInterrupted() && av_read_frame(format, packet.get()) >= 0) {
+    while (format && packet && !hasEnded && !isInterrupted()) {
+        hasEnded = av_read_frame(format, packet.get()) < 0;
+        if (hasEnded)
+            break;
         // An empty packet holds no picture, and would tell the decoder that the stream has ended.
         if (packet->stream_index == streamIndex && packet->size > 0)
             return NumberedPacket{nextNumber++, std::move(packet)};

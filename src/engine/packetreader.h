@@ -31,7 +31,8 @@ public:
     bool open(const char* fileName);
     void close();
 
-    /// The stream's next packet with any bytes in it; nothing at end of file and on any error.
+    /// The stream's next packet with any bytes in it; nothing at end of file and on any error, and
+    /// from then on nothing more, even where the file could be read on behind the error.
     std::optional<NumberedPacket> read();
 
     /// The chosen stream; null if there is none.
@@ -46,6 +47,7 @@ private:
     AVFormatContext* format = nullptr;
     int streamIndex = -1;
     qint64 nextNumber = 0;
+    bool hasEnded = false;
     QString error;
 };
 
