@@ -57,6 +57,7 @@ void TestOrderedOutput::threadsNeverTearLines() {
     constexpr int recordings = 8;
     OrderedOutput output(buffer, recordings);
     std::vector<std::thread> threads;
+    threads.reserve(recordings);
     for (int i = 0; i < recordings; ++i) {
         threads.emplace_back([&output, i] {
             for (int line = 0; line < 500; ++line)
