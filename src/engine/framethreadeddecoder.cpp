@@ -1,5 +1,18 @@
 #include "framethreadeddecoder.h"
 
+namespace {
+
+// MPEG-4 Part 2 in AVI can hold a B picture in one packet with the picture it refers to; then a
+// few bytes, a picture that is not coded, stand where it would have been. Containers mark such
+// placeholders as key frames, and where the stream is damaged, what comes of them depends on all
+// that came before.
+bool isPlaceholder(const AVPacket& packet, AVCodecID codec) {
+    constexpr int largestPlaceholder = 8;
+    return codec == AV_CODEC_ID_MPEG4 && packet.size <= largestPlaceholder;
+}
+
+} // namespace
+
 FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context)
     : context(std::move(context)) {}
 
@@ -46,8 +59,9 @@ bool FrameThreadedDecoder::send(NumberedPacket packet) {
     restart.add(packet);
     stamps.push_back(packet.packet->dts);
     packet.packet->dts = packet.number;
-    const bool isDamaged = (packet.packet->flags & AV_PKT_FLAG_CORRUPT) != 0;
-    return avcodec_send_packet(context.get(), packet.packet.get()) >= 0 && !isDamaged;
+    const bool isSuspect = (packet.packet->flags & AV_PKT_FLAG_CORRUPT) != 0 ||
+                           isPlaceholder(*packet.packet, context->codec_id);
+    return avcodec_send_packet(context.get(), packet.packet.get()) >= 0 && !isSuspect;
 }
 
 // Interlaced pictures are not damaged, but where a field lacks its pair, or in MPEG-4 Part 2 at

@@ -24,9 +24,9 @@ struct CompletedPicture {
 /// number and are dropped, as one thread never hands them out. Of several pictures that one packet
 /// completes only the first counts.
 ///
-/// This is exact for undamaged, progressive streams of the codecs that `setUpThreads` gives frame
-/// threads. At the first sign that a stream is something else, `next` answers Unsafe and the caller
-/// goes on with one thread.
+/// This is exact for undamaged, progressive streams without packed B pictures of the codecs that
+/// `setUpThreads` gives frame threads. At the first sign that a stream is something else, `next`
+/// answers Unsafe and the caller goes on with one thread.
 class FrameThreadedDecoder {
 public:
     enum class Outcome {
