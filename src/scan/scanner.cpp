@@ -23,6 +23,7 @@ ScanOptions withSharedThreads(ScanOptions options) {
     return options;
 }
 
+/// Makes the folder if it is missing; false if it cannot be written into.
 bool prepareFolder(const QString& path) {
     return QDir().mkpath(path) && QFileInfo(path).isWritable();
 }
@@ -56,14 +57,10 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
     const ScanOptions options = withSharedThreads(asked);
     Messages messages(options.quiet);
     const SnapshotFolder snapshots(options.snapshotDirectory, options.videos);
-    if (!options.snapshotDirectory.isEmpty() && !snapshots.prepare()) {
-        messages.complain(options.snapshotDirectory,
-                          QStringLiteral("cannot write into this folder"));
-        return UsageError;
-    }
-    if (!options.exporting.directory.isEmpty() && !prepareFolder(options.exporting.directory)) {
-        messages.complain(options.exporting.directory,
-                          QStringLiteral("cannot write into this folder"));
+    for (const QString& folder : {options.snapshotDirectory, options.exporting.directory}) {
+        if (folder.isEmpty() || prepareFolder(folder))
+            continue;
+        messages.complain(folder, QStringLiteral("cannot write into this folder"));
         return UsageError;
     }
     QFile traceFile(options.traceFile);

@@ -19,10 +19,6 @@ SnapshotFolder::SnapshotFolder(const QString& path, const QStringList& videos)
     }
 }
 
-bool SnapshotFolder::prepare() const {
-    return QDir().mkpath(path) && QFileInfo(path).isWritable();
-}
-
 QString SnapshotFolder::pathOf(int recording, int index) const {
     const QString number = QStringLiteral("%1").arg(index, 4, 10, QLatin1Char('0'));
     return QDir(path).filePath(QStringLiteral("%1-%2.png").arg(names[recording], number));

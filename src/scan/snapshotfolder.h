@@ -11,9 +11,6 @@ class SnapshotFolder {
 public:
     SnapshotFolder(const QString& path, const QStringList& videos);
 
-    /// Makes the folder if it is missing; false if it cannot be written into.
-    bool prepare() const;
-
     /// The path of the picture of clip `index` (0 or more) of the recording at `recording`.
     QString pathOf(int recording, int index) const;
 

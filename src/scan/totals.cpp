@@ -3,7 +3,6 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <numeric>
 
 Totals::Totals(const QStringList& videos)
     : positions(videos.size(), 0) {
@@ -13,7 +12,9 @@ Totals::Totals(const QStringList& videos)
 
 void Totals::setPosition(int recording, qint64 bytePosition) {
     const std::lock_guard<std::mutex> lock(mutex);
-    positions[recording] = std::max(positions[recording], bytePosition);
+    const qint64 more = std::max<qint64>(bytePosition - positions[recording], 0);
+    positions[recording] += more;
+    read += more;
 }
 
 void Totals::addSeconds(double more) {
@@ -28,6 +29,5 @@ void Totals::addClip() {
 
 Progress Totals::progress() const {
     const std::lock_guard<std::mutex> lock(mutex);
-    const qint64 read = std::accumulate(positions.begin(), positions.end(), qint64(0));
     return {bytes > 0 ? double(read) / double(bytes) : -1.0, clips, seconds};
 }

@@ -23,6 +23,7 @@ private:
     mutable std::mutex mutex;
     QVector<qint64> positions;
     qint64 bytes = 0; ///< of all recordings
+    qint64 read = 0;  ///< of these, the sum of the positions
     double seconds = 0.0;
     int clips = 0;
 };
