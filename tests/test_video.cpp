@@ -3,6 +3,7 @@
 #include "ffmpegmutex.h"
 #include "files.h"
 #include "media.h"
+#include "segmentation.h"
 
 #include <QDir>
 #include <QElapsedTimer>

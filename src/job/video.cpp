@@ -1,6 +1,7 @@
 #include "video.h"
 
 #include "clipfolder.h"
+#include "detection.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -40,6 +41,28 @@ private:
     QElapsedTimer timer;
 };
 
+DetectionOptions detectionOptions(const Video& job) {
+    const QSettings settings;
+    DetectionOptions options;
+    options.measure.thresholdValue =
+        std::clamp(settings.value(QStringLiteral("threshold_value"), 35).toInt(), 0, 255);
+    options.measure.skip = job.skip;
+    if (job.roiRect && job.mask) {
+        options.measure.region.kind = RegionOfInterest::Kind::Rectangle;
+        options.measure.region.rectangle = *job.roiRect;
+        options.measure.region.space = job.mask->size();
+    } else if (job.mask) {
+        options.measure.region.kind = RegionOfInterest::Kind::Mask;
+        options.measure.region.mask = *job.mask;
+    }
+    options.segmentation = {
+        job.prerecord, job.postrecord, job.minimum,
+        std::max(
+            settings.value(QStringLiteral("threshold_motion"), QStringLiteral("0.5")).toFloat(),
+            0.0F)};
+    return options;
+}
+
 } // namespace
 
 Video::Video(const QString& fileName, const QString& exportDirectory, double prerecord,
@@ -75,31 +98,9 @@ void Video::detect() {
     motionValues.clear();
     frameTimes.clear();
     JobClient client(*this);
-    Detection detection(detectionOptions(), client, motionValues, frameTimes);
+    Detection detection(detectionOptions(*this), client, motionValues, frameTimes);
     const DetectionOutcome outcome = detection.run(fileName);
     if (outcome == DetectionOutcome::CannotOpen || outcome == DetectionOutcome::TooFewPictures)
         state = Failed;
     Q_EMIT resultReady();
-}
-
-DetectionOptions Video::detectionOptions() const {
-    const QSettings settings;
-    DetectionOptions options;
-    options.measure.thresholdValue =
-        std::clamp(settings.value(QStringLiteral("threshold_value"), 35).toInt(), 0, 255);
-    options.measure.skip = skip;
-    if (roiRect && mask) {
-        options.measure.region.kind = RegionOfInterest::Kind::Rectangle;
-        options.measure.region.rectangle = *roiRect;
-        options.measure.region.space = mask->size();
-    } else if (mask) {
-        options.measure.region.kind = RegionOfInterest::Kind::Mask;
-        options.measure.region.mask = *mask;
-    }
-    options.segmentation = {
-        prerecord, postrecord, minimum,
-        std::max(
-            settings.value(QStringLiteral("threshold_motion"), QStringLiteral("0.5")).toFloat(),
-            0.0F)};
-    return options;
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "detection.h"
 #include "firstframe.h"
 #include "relaxed.h"
 
@@ -67,7 +66,4 @@ Q_SIGNALS:
 public Q_SLOTS:
     /// The whole run, on the thread that the job lives on.
     void detect();
-
-private:
-    DetectionOptions detectionOptions() const;
 };
