@@ -4,7 +4,6 @@
 #include "segmentation.h"
 
 #include <QString>
-#include <QVector>
 
 class VideoDecoder;
 
@@ -19,7 +18,7 @@ struct DetectionOptions {
 struct FrameReport {
     qint64 number = 0;   ///< number of the picture; the first one decoded, never reported, is 0
     double time = 0.0;   ///< seconds from the first picture
-    double motion = 0.0; ///< motion value, 0 or more
+    float motion = 0.0F; ///< motion value, 0 or more
 };
 
 /// What a detection asks and tells while it runs, on the thread that runs it.
@@ -52,13 +51,9 @@ enum class DetectionOutcome {
 };
 
 /// The road of one recording: open, decode, measure, segment.
-///
-/// The lists get one entry per frame after the first: motion value, and time in seconds as the
-/// stream counts it.
 class Detection {
 public:
-    Detection(const DetectionOptions& options, DetectionClient& client,
-              QVector<float>& motionValues, QVector<double>& frameTimes);
+    Detection(const DetectionOptions& options, DetectionClient& client);
 
     /// Reads the whole file. Takes `ffmpegMutex` for opening and closing. Runs once per object.
     DetectionOutcome run(const QString& fileName);
@@ -66,12 +61,14 @@ public:
     /// Why the file could not be read, for a person; empty unless the outcome is a failure.
     QString errorText() const;
 
+    /// What was measured; once the run has ended.
+    const MotionSeries& motionSeries() const { return series; }
+
 private:
     DetectionOutcome runOpened(VideoDecoder& decoder);
 
     DetectionOptions options;
     DetectionClient& client;
-    QVector<float>& motionValues;
-    QVector<double>& frameTimes;
+    MotionSeries series;
     QString error;
 };

@@ -94,13 +94,12 @@ QString Video::shortFileName() const {
 
 void Video::detect() {
     state = Running;
-    // The segmentation starts with empty lists, also where a job runs once more.
-    motionValues.clear();
-    frameTimes.clear();
     JobClient client(*this);
-    Detection detection(detectionOptions(*this), client, motionValues, frameTimes);
+    Detection detection(detectionOptions(*this), client);
     const DetectionOutcome outcome = detection.run(fileName);
     if (outcome == DetectionOutcome::CannotOpen || outcome == DetectionOutcome::TooFewPictures)
         state = Failed;
+    motionValues = detection.motionSeries().values;
+    frameTimes = detection.motionSeries().times;
     Q_EMIT resultReady();
 }
