@@ -29,10 +29,10 @@ class Recorder : public DetectionClient {
 public:
     bool isCancelled() override { return cancel && cancel(*this); }
 
-    void opened(bool intra, double length) override {
+    void opened(const QByteArray& codec, double length) override {
         isOpened = true;
         events.append("opened");
-        isIntraCodec = intra;
+        codecName = codec;
         duration = length;
     }
 
@@ -63,7 +63,7 @@ public:
     QVector<FrameReport> frames;
     QVector<qint64> positions;
     QVector<DetectedClip> clips;
-    bool isIntraCodec = false;
+    QByteArray codecName;
     double duration = -1.0;
 };
 
@@ -241,11 +241,11 @@ void TestDetection::openClipEndsWithTheFile() {
 
 void TestDetection::tellsCodecAndDuration() {
     const Run lossless(path("burst.mkv"));
-    QVERIFY(!lossless.recorder.isIntraCodec);
+    QCOMPARE(lossless.recorder.codecName, QByteArray("ffv1"));
     QCOMPARE(lossless.recorder.duration, 6.0);
     QVERIFY(media::encodeGrey(path("intra.avi"), media::numberedPictures(5), 25,
                               {"-c:v", "mjpeg", "-pix_fmt", "yuvj420p"}));
-    QVERIFY(Run(path("intra.avi")).recorder.isIntraCodec);
+    QCOMPARE(Run(path("intra.avi")).recorder.codecName, QByteArray("mjpeg"));
 }
 
 void TestDetection::positionsEndAtTheFileSize() {

@@ -46,7 +46,7 @@ DetectionOutcome Detection::run(const QString& fileName) {
 }
 
 DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
-    const bool isIntraCodec = decoder.isIntraCodec();
+    const QByteArray codecName = decoder.codecName();
     const double duration = decoder.duration();
     DecodeAhead pictures(decoder, options.threads != 1);
     SharedFrame previous = pictures.next().frame;
@@ -56,7 +56,7 @@ DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
                          : QStringLiteral("no picture could be decoded");
         return DetectionOutcome::TooFewPictures;
     }
-    client.opened(isIntraCodec, duration);
+    client.opened(codecName, duration);
 
     const double firstTime = previous->time;
     MotionMeasure measure(options.measure);

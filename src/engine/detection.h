@@ -3,6 +3,7 @@
 #include "motionmeasure.h"
 #include "segmentation.h"
 
+#include <QByteArray>
 #include <QString>
 
 class VideoDecoder;
@@ -29,8 +30,9 @@ public:
     /// Asked at least once per frame, on any thread; the detection ends when it answers true.
     virtual bool isCancelled() = 0;
 
-    /// The file is open and has its first two pictures. `duration` in seconds, 0 if unknown.
-    virtual void opened(bool isIntraCodec, double duration) = 0;
+    /// The file is open and has its first two pictures. `codecName` is the media libraries' name;
+    /// `duration` in seconds, 0 if unknown.
+    virtual void opened(const QByteArray& codecName, double duration) = 0;
 
     virtual void frameProcessed(const FrameReport& frame) = 0;
 

@@ -41,8 +41,8 @@ bool RecordingScan::isCancelled() {
     return isInterrupted();
 }
 
-void RecordingScan::opened(bool isIntraCodec, double) {
-    exporter.setIntraCodec(isIntraCodec);
+void RecordingScan::opened(const QByteArray& codecName, double) {
+    exporter.setCodec(codecName);
 }
 
 void RecordingScan::frameProcessed(const FrameReport& frame) {
