@@ -6,6 +6,7 @@
 #include <QByteArray>
 #include <QString>
 
+struct ReadEnd;
 class VideoDecoder;
 
 /// Everything that a detection can be told. The defaults are the program's.
@@ -39,6 +40,7 @@ public:
     /// After every read: the demuxer's position in bytes, -1 if unknown.
     virtual void positionChanged(qint64 bytePosition) = 0;
 
+    /// No further picture comes, be it the end of the file or an error of what the file lies on.
     virtual void endReached() = 0;
 
     virtual void clipFound(const DetectedClip& clip) = 0;
@@ -46,10 +48,12 @@ public:
 
 /// How a detection ended.
 enum class DetectionOutcome {
-    Finished,      ///< read to the end of the stream
-    Cancelled,     ///< the client said so; an open clip was still reported
-    CannotOpen,    ///< `Detection::errorText` says why
-    TooFewPictures ///< fewer than two pictures could be decoded
+    Finished,       ///< read to the end of the stream
+    Cancelled,      ///< the client said so; an open clip was still reported
+    CannotOpen,     ///< nothing was reported
+    TooFewPictures, ///< fewer than two pictures could be decoded; nothing was reported
+    ReadFailed,     ///< in the middle of the file; an open clip was still reported
+    OutOfMemory     ///< the same, but `endReached` was not called
 };
 
 /// The road of one recording: open, decode, measure, segment.
@@ -68,6 +72,8 @@ public:
 
 private:
     DetectionOutcome runOpened(VideoDecoder& decoder);
+    DetectionOutcome failToBegin(const ReadEnd& end, bool hasPicture);
+    DetectionOutcome outcomeOf(const ReadEnd& end);
 
     DetectionOptions options;
     DetectionClient& client;

@@ -42,7 +42,8 @@ ReadPicture DecodeAhead::next() {
 
 ReadPicture DecodeAhead::readOne() {
     FramePointer frame(decoder.readFrame(true));
-    return {std::move(frame), decoder.bytePosition()};
+    const ReadEnd end = frame ? ReadEnd() : decoder.readEnd();
+    return {std::move(frame), decoder.bytePosition(), end};
 }
 
 void DecodeAhead::readAll() {

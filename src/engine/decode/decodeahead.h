@@ -1,6 +1,7 @@
 #pragma once
 
 #include "decodedframe.h"
+#include "readend.h"
 
 #include <QtGlobal>
 
@@ -16,6 +17,7 @@ class VideoDecoder;
 struct ReadPicture {
     std::shared_ptr<const DecodedFrame> frame; ///< null at the end
     qint64 bytePosition = -1;
+    ReadEnd end; ///< with a null frame: why
 };
 
 /// Hands out a decoder's pictures in order, at the moment or, on a thread of its own, a few ahead.

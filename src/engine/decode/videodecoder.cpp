@@ -22,6 +22,7 @@ struct DecodingContext {
     qint64 lastNumber = -1;            ///< packet that completed the last picture handed out
     QByteArray codecName;              ///< empty until a decoder is open
     QString error;
+    ReadEnd end; ///< where the reader does not know it
 
     bool open(int threads);
     std::optional<CompletedPicture> nextPicture();
@@ -94,11 +95,15 @@ bool DecodingContext::goSerial() {
     replay = threaded->takeRestartPackets();
     const int reorderDelay = threaded->reorderDelay();
     threaded.reset();
-    if (replay.empty() && !reader.open(fileName.constData()))
+    if (replay.empty() && !reader.open(fileName.constData())) {
+        end = {ReadEnd::Cause::ReadError, reader.errorText()};
         return false;
+    }
     OpenedCodec opened = openCodec(*reader.stream()->codecpar, 1);
-    if (!opened.context)
+    if (!opened.context) {
+        end = {ReadEnd::Cause::OutOfMemory, opened.error};
         return false;
+    }
     // From the start of the file the decoder learns the delay anew, as it did the first time.
     if (!replay.empty() && replay.front().number > 0)
         opened.context->has_b_frames = reorderDelay;
@@ -144,6 +149,12 @@ DecodedFrame* VideoDecoder::readFrame(bool clone) {
         return nullptr;
     const AVStream* stream = context->reader.stream();
     return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture};
+}
+
+ReadEnd VideoDecoder::readEnd() const {
+    if (!context)
+        return {};
+    return context->end.error.isEmpty() ? context->reader.readEnd() : context->end;
 }
 
 void VideoDecoder::close() {
