@@ -3,7 +3,8 @@
 // FAILING_CALL names the call, FAILING_ERROR the number of the error that it gives, FAILING_FILE a
 // part of the paths of the files concerned. With FAILING_AFTER, writes take that many bytes in all
 // before the first one fails, as a disk does that fills up; reads fail from that place in the file
-// on, as a disk does with bad blocks; that many threads start before the first one does not.
+// on, as a disk does with bad blocks; that many threads start before the first one does not, and
+// none while the file is there, if one is named.
 
 #include <algorithm>
 #include <atomic>
@@ -73,7 +74,9 @@ ssize_t read(int descriptor, void* bytes, size_t size) {
 int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*routine)(void*),
                    void* argument) noexcept {
     static std::atomic<long> left{std::atol(setting("FAILING_AFTER"))};
-    if (isConcerned("pthread_create", "") && left-- <= 0)
+    const bool isConcerned = std::strcmp(setting("FAILING_CALL"), "pthread_create") == 0;
+    const char* file = setting("FAILING_FILE");
+    if (isConcerned && (*file == '\0' || access(file, F_OK) == 0) && left-- <= 0)
         return std::atoi(setting("FAILING_ERROR"));
     return next("pthread_create", pthread_create)(thread, attributes, routine, argument);
 }

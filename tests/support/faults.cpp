@@ -31,4 +31,8 @@ QProcessEnvironment noThreads(int started) {
     return failing("pthread_create", EAGAIN, started);
 }
 
+QProcessEnvironment noThreadsWhile(const QString& file) {
+    return failing("pthread_create", EAGAIN, 0, file);
+}
+
 } // namespace faults

@@ -12,4 +12,7 @@ QProcessEnvironment readError(const QString& file, qint64 offset);
 /// `started` threads beside the main one can be had, and then no more.
 QProcessEnvironment noThreads(int started);
 
+/// No thread can be had while there is a file of this name.
+QProcessEnvironment noThreadsWhile(const QString& file);
+
 } // namespace faults

@@ -11,5 +11,6 @@ struct OpenedCodec {
     QString error; ///< for a person; empty after a success
 };
 
-/// Opens a decoder for `parameters` that uses up to `threads` threads (1 or more).
+/// Opens a decoder for `parameters` that uses up to `threads` threads (1 or more), or, where they
+/// cannot be had, one.
 OpenedCodec openCodec(const AVCodecParameters& parameters, int threads);

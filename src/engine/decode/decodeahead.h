@@ -24,7 +24,8 @@ struct ReadPicture {
 class DecodeAhead {
 public:
     /// `decoder` must be open and is this object's alone until it is destroyed. With `isAhead` the
-    /// decoder's interrupt is asked on the other thread, too.
+    /// decoder's interrupt is asked on the other thread, too. Where no other thread can be had,
+    /// pictures are read at the moment.
     DecodeAhead(VideoDecoder& decoder, bool isAhead);
 
     /// Waits for what the decoder has in hand, no longer.
