@@ -34,7 +34,7 @@ void TestNoThreads::changesNothing() {
     if (!media::hasEncoder(codec[1]))
         QSKIP("the encoder cannot write this codec");
     const QString video = folder.filePath(name);
-    QVERIFY(media::encode(media::crossingBox(8, 2, 6, "160x120") + codec + QStringList{video}));
+    QVERIFY(media::encode(media::crossingBox(8, 2, 6, "96x64") + codec + QStringList{video}));
     const QStringList common = {"--format", "jsonl", "--minimum", "2", "--threads", "4"};
     for (const QStringList& arguments :
          {common + QStringList{video}, common + QStringList{"--jobs", "3", video, video, video}}) {

@@ -1,20 +1,13 @@
 #include "detection.h"
 
-#include "decodeahead.h"
 #include "ffmpegmutex.h"
 #include "framepicture.h"
-#include "readend.h"
+#include "picturesource.h"
 #include "videodecoder.h"
 
 #include <QMutexLocker>
 
 #include <memory>
-
-namespace {
-
-using SharedFrame = std::shared_ptr<const DecodedFrame>;
-
-} // namespace
 
 Detection::Detection(const DetectionOptions& options, DetectionClient& client)
     : options(options)
@@ -43,34 +36,32 @@ DetectionOutcome Detection::run(const QString& fileName) {
 DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
     const QByteArray codecName = decoder.codecName();
     const double duration = decoder.duration();
-    DecodeAhead pictures(decoder, options.threads != 1);
-    ReadPicture next = pictures.next();
-    SharedFrame previous = next.frame;
-    if (previous)
-        next = pictures.next();
-    SharedFrame current = next.frame;
-    if (!current)
-        return failToBegin(next.end, previous != nullptr);
+    PictureSource pictures(decoder, options.threads != 1, options.times);
+    TimedPicture previous = pictures.next();
+    TimedPicture current = previous.frame ? pictures.next() : TimedPicture();
+    if (!current.frame)
+        return failToBegin(pictures, previous.frame != nullptr);
+    if (pictures.frameRate() > 0.0)
+        client.numbered(pictures.frameRate());
     client.opened(codecName, duration);
 
-    const double firstTime = previous->time;
+    const double firstTime = previous.time;
     MotionMeasure measure(options.measure);
     ClipSegmenter segmenter(options.segmentation, firstTime,
-                            std::make_shared<FramePicture>(previous));
+                            std::make_shared<FramePicture>(previous.frame));
     DetectionOutcome outcome = DetectionOutcome::Cancelled;
-    for (qint64 number = 1; current && !client.isCancelled(); ++number) {
-        const float motion = measure.measure(*previous, *current);
+    for (qint64 number = 1; current.frame && !client.isCancelled(); ++number) {
+        const float motion = measure.measure(*previous.frame, *current.frame);
         const auto clip =
-            segmenter.addFrame(motion, current->time, std::make_shared<FramePicture>(current));
+            segmenter.addFrame(motion, current.time, std::make_shared<FramePicture>(current.frame));
         if (clip)
             client.clipFound(*clip);
-        client.frameProcessed({number, current->time - firstTime, motion});
+        client.frameProcessed({number, current.time - firstTime, motion});
         previous = std::move(current);
-        next = pictures.next();
-        current = next.frame;
-        if (!current && !client.isCancelled())
-            outcome = outcomeOf(next.end);
-        client.positionChanged(next.bytePosition);
+        current = pictures.next();
+        if (!current.frame && !client.isCancelled())
+            outcome = outcomeOf(pictures);
+        client.positionChanged(pictures.bytePosition());
     }
     if (const auto clip = segmenter.finish())
         client.clipFound(*clip);
@@ -78,11 +69,13 @@ DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
     return outcome;
 }
 
-DetectionOutcome Detection::failToBegin(const ReadEnd& end, bool hasPicture) {
+DetectionOutcome Detection::failToBegin(const PictureSource& pictures, bool hasPicture) {
     if (client.isCancelled()) // which cuts a read short
         return DetectionOutcome::Cancelled;
-    if (!end.error.isEmpty())
-        error = end.error;
+    if (pictures.isFirstUseless())
+        return failWithoutTimes();
+    if (!pictures.end().error.isEmpty())
+        error = pictures.end().error;
     else if (hasPicture)
         error = QStringLiteral("only one picture could be decoded");
     else
@@ -91,16 +84,23 @@ DetectionOutcome Detection::failToBegin(const ReadEnd& end, bool hasPicture) {
 }
 
 /// How a run has ended that nobody cancelled; tells the client.
-DetectionOutcome Detection::outcomeOf(const ReadEnd& end) {
+DetectionOutcome Detection::outcomeOf(const PictureSource& pictures) {
+    const ReadEnd& end = pictures.end();
     if (end.cause == ReadEnd::Cause::OutOfMemory) {
         error = end.error;
         return DetectionOutcome::OutOfMemory;
     }
     client.endReached();
-    if (end.cause == ReadEnd::Cause::EndOfFile)
-        return DetectionOutcome::Finished;
-    error = QStringLiteral("cannot be read to its end: %1").arg(end.error);
-    return DetectionOutcome::ReadFailed;
+    if (end.cause == ReadEnd::Cause::ReadError) {
+        error = QStringLiteral("cannot be read to its end: %1").arg(end.error);
+        return DetectionOutcome::ReadFailed;
+    }
+    return pictures.isStandingStill() ? failWithoutTimes() : DetectionOutcome::Finished;
+}
+
+DetectionOutcome Detection::failWithoutTimes() {
+    error = QStringLiteral("no usable times");
+    return DetectionOutcome::NoUsableTimes;
 }
 
 QString Detection::errorText() const {

@@ -1,18 +1,20 @@
 #pragma once
 
 #include "motionmeasure.h"
+#include "pictureclock.h"
 #include "segmentation.h"
 
 #include <QByteArray>
 #include <QString>
 
-struct ReadEnd;
+class PictureSource;
 class VideoDecoder;
 
 /// Everything that a detection can be told. The defaults are the program's.
 struct DetectionOptions {
     MeasureOptions measure;
     SegmentationOptions segmentation;
+    TimeOptions times;
     int threads = 0; ///< that decode; 0 = as many as the machine has cores, 1 = the caller's alone
 };
 
@@ -35,6 +37,9 @@ public:
     /// `duration` in seconds, 0 if unknown.
     virtual void opened(const QByteArray& codecName, double duration) = 0;
 
+    /// Before `opened`: the pictures are numbered at this rate, per second.
+    virtual void numbered(double frameRate) { static_cast<void>(frameRate); }
+
     virtual void frameProcessed(const FrameReport& frame) = 0;
 
     /// After every read: the demuxer's position in bytes, -1 if unknown.
@@ -52,6 +57,7 @@ enum class DetectionOutcome {
     Cancelled,      ///< the client said so; an open clip was still reported
     CannotOpen,     ///< nothing was reported
     TooFewPictures, ///< fewer than two pictures could be decoded; nothing was reported
+    NoUsableTimes,  ///< though they must be; found out at the first picture or at the end
     ReadFailed,     ///< in the middle of the file; an open clip was still reported
     OutOfMemory     ///< the same, but `endReached` was not called
 };
@@ -72,8 +78,9 @@ public:
 
 private:
     DetectionOutcome runOpened(VideoDecoder& decoder);
-    DetectionOutcome failToBegin(const ReadEnd& end, bool hasPicture);
-    DetectionOutcome outcomeOf(const ReadEnd& end);
+    DetectionOutcome failToBegin(const PictureSource& pictures, bool hasPicture);
+    DetectionOutcome outcomeOf(const PictureSource& pictures);
+    DetectionOutcome failWithoutTimes();
 
     DetectionOptions options;
     DetectionClient& client;

@@ -11,6 +11,8 @@ OpenedCodec openWith(const AVCodec& codec, const AVCodecParameters& parameters, 
     int result =
         context ? avcodec_parameters_to_context(context.get(), &parameters) : AVERROR(ENOMEM);
     if (result >= 0) {
+        // What the demuxer makes up where it knows none.
+        context->framerate = {0, 1};
         opened.hasFrameThreads = setUpThreads(*context, threads) == DecoderThreading::Frame;
         result = avcodec_open2(context.get(), &codec, nullptr);
     }
@@ -32,4 +34,9 @@ OpenedCodec openCodec(const AVCodecParameters& parameters, int threads) {
     if (opened.context || threads == 1)
         return opened;
     return openWith(*codec, parameters, 1);
+}
+
+double frameRateOf(const AVCodecContext& context) {
+    const AVRational rate = context.framerate;
+    return rate.num > 0 && rate.den > 0 ? av_q2d(rate) : 0.0;
 }

@@ -51,7 +51,8 @@ ReadPicture DecodeAhead::next() {
 ReadPicture DecodeAhead::readOne() {
     FramePointer frame(decoder.readFrame(true));
     const ReadEnd end = frame ? ReadEnd() : decoder.readEnd();
-    return {std::move(frame), decoder.bytePosition(), end};
+    const double rate = frame ? decoder.headerFrameRate() : 0.0;
+    return {std::move(frame), decoder.bytePosition(), rate, end};
 }
 
 void DecodeAhead::readAll() {

@@ -17,7 +17,8 @@ class VideoDecoder;
 struct ReadPicture {
     std::shared_ptr<const DecodedFrame> frame; ///< null at the end
     qint64 bytePosition = -1;
-    ReadEnd end; ///< with a null frame: why
+    double headerFrameRate = 0.0; ///< as `VideoDecoder` has it
+    ReadEnd end;                  ///< with a null frame: why
 };
 
 /// Hands out a decoder's pictures in order, at the moment or, on a thread of its own, a few ahead.

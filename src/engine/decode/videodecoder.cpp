@@ -148,7 +148,8 @@ DecodedFrame* VideoDecoder::readFrame(bool clone) {
     if (!picture)
         return nullptr;
     const AVStream* stream = context->reader.stream();
-    return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture};
+    return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture,
+                            completed->dts == AV_NOPTS_VALUE};
 }
 
 ReadEnd VideoDecoder::readEnd() const {
@@ -172,6 +173,13 @@ int VideoDecoder::videoStreamIndex() const {
 
 QByteArray VideoDecoder::codecName() const {
     return context ? context->codecName : QByteArray();
+}
+
+double VideoDecoder::headerFrameRate() const {
+    const AVStream* stream = context ? context->reader.stream() : nullptr;
+    if (!stream || stream->start_time != AV_NOPTS_VALUE)
+        return 0.0;
+    return context->threaded ? context->threaded->frameRate() : context->serial->frameRate();
 }
 
 double VideoDecoder::duration() const {

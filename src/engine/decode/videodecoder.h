@@ -57,6 +57,10 @@ public:
     /// The media libraries' name for the codec, as in "h264"; empty if nothing is open.
     QByteArray codecName() const;
 
+    /// Pictures per second as the stream's own headers tell, where no picture has a time: 0 if they
+    /// do not, or if times were seen while the file was opened. Once a picture has been read.
+    double headerFrameRate() const;
+
     /// Length of the file in seconds as its header says, 0 if unknown.
     double duration() const;
 
