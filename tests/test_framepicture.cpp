@@ -23,6 +23,7 @@ class TestFramePicture : public QObject {
 
 private Q_SLOTS:
     void shrinkingLetsGoOfTheFrame();
+    void veryLargeFrameIsNotKept();
     void snapshotIsTheSmallPicture();
     void snapshotIsMadeOnce();
     void unreadablePictureBecomesANullImage();
@@ -37,6 +38,15 @@ void TestFramePicture::shrinkingLetsGoOfTheFrame() {
     QVERIFY(watched.expired());
     picture.shrink();
     QCOMPARE(picture.snapshot().size(), QSize(320, 240));
+}
+
+void TestFramePicture::veryLargeFrameIsNotKept() {
+    std::shared_ptr<const DecodedFrame> frame = media::libraryFrame(AV_PIX_FMT_GRAY8, 8000, 4500);
+    const std::weak_ptr<const DecodedFrame> watched = frame;
+    const QImage expected = snapshotImage(*frame);
+    FramePicture picture(std::move(frame));
+    QVERIFY(watched.expired());
+    QCOMPARE(picture.snapshot(), expected);
 }
 
 void TestFramePicture::snapshotIsTheSmallPicture() {

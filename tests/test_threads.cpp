@@ -92,6 +92,8 @@ private Q_SLOTS:
     void initTestCase();
     void cleanupTestCase();
     void frameThreadsAreUsed();
+    void largePicturesGetFewerThreads_data();
+    void largePicturesGetFewerThreads();
     void undamagedStreams_data();
     void undamagedStreams();
     void sizeChange();
@@ -125,6 +127,30 @@ void TestThreads::frameThreadsAreUsed() {
     QCOMPARE(type, FF_THREAD_FRAME);
     QCOMPARE(one, DecoderThreading::One);
     QCOMPARE(countOfOne, 1);
+}
+
+void TestThreads::largePicturesGetFewerThreads_data() {
+    QTest::addColumn<QSize>("size");
+    QTest::addColumn<int>("threads");
+    QTest::newRow("1080p") << QSize(1920, 1080) << 16;
+    QTest::newRow("4K") << QSize(3840, 2160) << 16;
+    QTest::newRow("8K") << QSize(7680, 4320) << 3;
+    QTest::newRow("the largest") << QSize(16000, 16000) << 1;
+    QTest::newRow("unknown") << QSize(0, 0) << 16;
+}
+
+void TestThreads::largePicturesGetFewerThreads() {
+    QFETCH(QSize, size);
+    QFETCH(int, threads);
+    AVCodecContext* context = avcodec_alloc_context3(avcodec_find_decoder(AV_CODEC_ID_H264));
+    context->pix_fmt = AV_PIX_FMT_YUV420P;
+    context->width = size.width();
+    context->height = size.height();
+    const DecoderThreading threading = setUpThreads(*context, 16);
+    const int count = context->thread_count;
+    avcodec_free_context(&context);
+    QCOMPARE(count, threads);
+    QCOMPARE(threading, threads > 1 ? DecoderThreading::Frame : DecoderThreading::One);
 }
 
 void TestThreads::undamagedStreams_data() {

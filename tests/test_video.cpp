@@ -3,6 +3,7 @@
 #include "faults.h"
 #include "ffmpegmutex.h"
 #include "files.h"
+#include "hugepictures.h"
 #include "media.h"
 #include "process.h"
 #include "segmentation.h"
@@ -151,6 +152,7 @@ private Q_SLOTS:
     void failures_data();
     void failures();
     void readErrorInTheMiddleIsTheEnd();
+    void picturesThatBecomeTooLarge();
 
 private:
     QString path(const QString& name) const { return folder->filePath(name); }
@@ -554,7 +556,8 @@ void TestVideo::failures_data() {
     text.write("This is no video.\n");
     QVERIFY(media::encode({"-f", "lavfi", "-i", "sine=d=1", recordings.filePath("sound.wav")}));
     QVERIFY(media::encodeGrey(recordings.filePath("one.mkv"), turns(1, 0, 0), 25, ffv1));
-    for (const char* name : {"missing.mp4", "text.mp4", "sound.wav", "one.mkv", "."})
+    QVERIFY(media::writeGif(recordings.filePath("huge.gif"), 16000, 16000, 84));
+    for (const char* name : {"missing.mp4", "text.mp4", "sound.wav", "one.mkv", "huge.gif", "."})
         QTest::newRow(name) << name;
 }
 
@@ -591,6 +594,18 @@ void TestVideo::readErrorInTheMiddleIsTheEnd() {
     QCOMPARE(listener.statesAtResult, QVector<int>{Video::Finished});
     QVERIFY(job->motionValues.size() > 10 && job->motionValues.size() < 149);
     QCOMPARE(listener.clips.size(), 1);
+}
+
+void TestVideo::picturesThatBecomeTooLarge() {
+    const QString video = recordings.filePath("grows.avi");
+    QVERIFY(media::encodeGrey(video, burst(50, 50), 25, {"-c:v", "png", "-pix_fmt", "rgb24"}));
+    QVERIFY(media::changePngSize(video, 90, 16000, 16000));
+    const auto job = makeJob(video);
+    const Listener listener(*job);
+    job->detect();
+    QCOMPARE(listener.statesAtResult, QVector<int>{Video::Failed});
+    QCOMPARE(listener.clips.size(), 1);
+    QCOMPARE(listener.clips[0].end, 89 * 0.04);
 }
 
 QTEST_GUILESS_MAIN(TestVideo)

@@ -8,6 +8,7 @@
 #include <QMutexLocker>
 
 #include <memory>
+#include <new>
 
 Detection::Detection(const DetectionOptions& options, DetectionClient& client)
     : options(options)
@@ -23,7 +24,7 @@ DetectionOutcome Detection::run(const QString& fileName) {
     }
     DetectionOutcome outcome = DetectionOutcome::CannotOpen;
     if (isOpen)
-        outcome = runOpened(decoder);
+        outcome = runOrFail(decoder);
     else if (client.isCancelled()) // which cuts an open short
         outcome = DetectionOutcome::Cancelled;
     else
@@ -31,6 +32,15 @@ DetectionOutcome Detection::run(const QString& fileName) {
     QMutexLocker lock(&ffmpegMutex());
     decoder.close();
     return outcome;
+}
+
+DetectionOutcome Detection::runOrFail(VideoDecoder& decoder) {
+    try {
+        return runOpened(decoder);
+    } catch (const std::bad_alloc&) {
+        error = QStringLiteral("out of memory");
+        return DetectionOutcome::OutOfMemory;
+    }
 }
 
 DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {

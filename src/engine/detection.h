@@ -77,6 +77,7 @@ public:
     const MotionSeries& motionSeries() const { return series; }
 
 private:
+    DetectionOutcome runOrFail(VideoDecoder& decoder);
     DetectionOutcome runOpened(VideoDecoder& decoder);
     DetectionOutcome failToBegin(const PictureSource& pictures, bool hasPicture);
     DetectionOutcome outcomeOf(const PictureSource& pictures);

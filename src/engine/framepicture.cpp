@@ -1,9 +1,13 @@
 #include "framepicture.h"
 
+#include "picturememory.h"
 #include "snapshotimage.h"
 
 FramePicture::FramePicture(std::shared_ptr<const DecodedFrame> frame)
-    : frame(std::move(frame)) {}
+    : frame(std::move(frame)) {
+    if (this->frame->bytes() > largestKeptPicture)
+        shrink();
+}
 
 QImage FramePicture::snapshot() {
     shrink();

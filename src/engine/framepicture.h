@@ -3,7 +3,8 @@
 #include "clippicture.h"
 #include "decodedframe.h"
 
-/// A decoded picture that can still become a snapshot.
+/// A decoded picture that can still become a snapshot. A very large one is kept as its small
+/// picture only.
 class FramePicture : public ClipPicture {
 public:
     explicit FramePicture(std::shared_ptr<const DecodedFrame> frame);

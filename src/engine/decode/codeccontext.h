@@ -1,6 +1,7 @@
 #pragma once
 
 #include "libavpointers.h"
+#include "picturememory.h"
 
 #include <QString>
 
@@ -12,8 +13,9 @@ struct OpenedCodec {
 };
 
 /// Opens a decoder for `parameters` that uses up to `threads` threads (1 or more), or, where they
-/// cannot be had, one.
-OpenedCodec openCodec(const AVCodecParameters& parameters, int threads);
+/// cannot be had, one. Its pictures are counted by `memory`, which must outlive it; fails where
+/// they are known to be too large.
+OpenedCodec openCodec(const AVCodecParameters& parameters, int threads, PictureMemory& memory);
 
 /// Pictures per second as the decoder has read in the stream's headers; 0 if it has not, or not
 /// yet.

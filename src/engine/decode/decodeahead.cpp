@@ -1,15 +1,17 @@
 #include "decodeahead.h"
 
 #include "logging.h"
+#include "picturememory.h"
 #include "videodecoder.h"
 
+#include <new>
 #include <system_error>
 
 namespace {
 
 // Enough to even out pictures that take longer; with those that the measure and the segmentation
 // hold, the engine stays within a dozen decoded pictures.
-constexpr std::size_t mostQueued = 2;
+constexpr std::size_t mostQueued = 3;
 
 } // namespace
 
@@ -37,9 +39,12 @@ DecodeAhead::~DecodeAhead() {
 
 ReadPicture DecodeAhead::next() {
     if (!thread.joinable())
-        return readOne();
+        return readOrFail();
     std::unique_lock<std::mutex> lock(mutex);
+    isWanted = true;
+    changed.notify_all();
     changed.wait(lock, [this] { return !queue.empty(); });
+    isWanted = false;
     ReadPicture picture = queue.front();
     if (picture.frame)
         queue.pop_front();
@@ -55,17 +60,34 @@ ReadPicture DecodeAhead::readOne() {
     return {std::move(frame), decoder.bytePosition(), rate, end};
 }
 
+ReadPicture DecodeAhead::readOrFail() {
+    try {
+        return readOne();
+    } catch (const std::bad_alloc&) {
+        ReadPicture none;
+        none.end = {ReadEnd::Cause::OutOfMemory, QStringLiteral("out of memory")};
+        return none;
+    }
+}
+
 void DecodeAhead::readAll() {
     bool isAtEnd = false;
+    std::unique_lock<std::mutex> lock(mutex);
     while (!isAtEnd) {
-        ReadPicture picture = readOne();
-        isAtEnd = !picture.frame;
-        std::unique_lock<std::mutex> lock(mutex);
-        changed.wait(lock, [this] { return queue.size() < mostQueued || isStopping; });
+        changed.wait(lock, [this] { return mayRead() || isStopping; });
         if (isStopping)
             return;
-        queue.push_back(std::move(picture));
         lock.unlock();
+        ReadPicture picture = readOrFail();
+        lock.lock();
+        isAtEnd = !picture.frame;
+        areSmall = picture.frame && picture.frame->bytes() <= largestKeptPicture;
+        queue.push_back(std::move(picture));
         changed.notify_all();
     }
+}
+
+/// The first picture is not read before it is wanted, either: nobody knows its size.
+bool DecodeAhead::mayRead() const {
+    return areSmall ? queue.size() < mostQueued : queue.empty() && isWanted;
 }

@@ -22,6 +22,7 @@ struct ReadPicture {
 };
 
 /// Hands out a decoder's pictures in order, at the moment or, on a thread of its own, a few ahead.
+/// Very large pictures are never read ahead.
 class DecodeAhead {
 public:
     /// `decoder` must be open and is this object's alone until it is destroyed. With `isAhead` the
@@ -39,7 +40,9 @@ public:
 
 private:
     ReadPicture readOne();
+    ReadPicture readOrFail();
     void readAll();
+    bool mayRead() const;
 
     VideoDecoder& decoder;
 
@@ -48,6 +51,8 @@ private:
     // Under the mutex, for both threads.
     std::deque<ReadPicture> queue; ///< closed by a null picture once the end is reached
     bool isStopping = false;
+    bool isWanted = false; ///< somebody waits for the next picture
+    bool areSmall = false; ///< pictures, as far as the last one tells
 
     std::thread thread; ///< last: it begins with everything above in place
 };

@@ -20,6 +20,13 @@ int DecodedFrame::height() const {
     return frame->height;
 }
 
+qint64 DecodedFrame::bytes() const {
+    qint64 bytes = 0;
+    for (const AVBufferRef* buffer : frame->buf)
+        bytes += buffer ? qint64(buffer->size) : 0;
+    return bytes;
+}
+
 void freeFrame(DecodedFrame* record) {
     if (!record)
         return;

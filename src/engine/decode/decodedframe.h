@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QtGlobal>
+
 #include <cstdint>
 #include <memory>
 
@@ -15,6 +17,8 @@ struct DecodedFrame {
     int stride() const; ///< bytes from one row of plane 0 to the next; negative if stored bottom-up
     int width() const;  ///< pixels
     int height() const; ///< pixels
+
+    qint64 bytes() const; ///< that it holds
 };
 
 /// Releases the picture and the record. Null is allowed.

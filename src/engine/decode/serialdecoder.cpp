@@ -1,16 +1,22 @@
 #include "serialdecoder.h"
 
-SerialDecoder::SerialDecoder(CodecContextPointer context)
+#include <cerrno>
+
+SerialDecoder::SerialDecoder(CodecContextPointer context, PictureMemory& memory)
     : context(std::move(context))
+    , memory(memory)
     , picture(av_frame_alloc())
     , surplus(av_frame_alloc()) {}
 
 PicturePointer SerialDecoder::decode(const AVPacket& packet) {
     if (!picture)
         picture.reset(av_frame_alloc());
-    if (!picture || !surplus)
+    if (!picture || !surplus) {
+        memory.noteShortage();
         return nullptr;
-    avcodec_send_packet(context.get(), &packet);
+    }
+    errno = 0;
+    noteRefusal(avcodec_send_packet(context.get(), &packet));
     bool gotPicture = false;
     // A packet can hold several pictures. All of them are taken out, or the decoder would refuse
     // the next packet; an error inside it ends one picture and not the packet.
@@ -20,8 +26,20 @@ PicturePointer SerialDecoder::decode(const AVPacket& packet) {
         const int result = avcodec_receive_frame(context.get(), target);
         if (result == AVERROR(EAGAIN) || result == AVERROR_EOF)
             break;
+        noteRefusal(result);
         gotPicture = gotPicture || result >= 0;
     }
     av_frame_unref(surplus.get());
     return gotPicture ? std::move(picture) : nullptr;
+}
+
+/// Decoders that find no room for what they keep beside the pictures often answer that the data is
+/// invalid; what the system said of it is then still there.
+void SerialDecoder::noteRefusal(int result) {
+    const bool isRefused = result < 0 && result != AVERROR(EAGAIN);
+    if (result == AVERROR(ENOMEM) || (isRefused && errno == ENOMEM))
+        memory.noteShortage();
+    // That is what the AV1 decoder says of more than `max_pixels`.
+    if (result == AVERROR(ERANGE) && context->codec_id == AV_CODEC_ID_AV1)
+        memory.noteTooLarge();
 }

@@ -5,8 +5,9 @@
 /// Decodes packets one at a time: what a packet completes comes out before the next one goes in.
 class SerialDecoder {
 public:
-    /// `context` must be open and must not thread across pictures.
-    explicit SerialDecoder(CodecContextPointer context);
+    /// `context` must be open and must not thread across pictures. `memory` counts its pictures and
+    /// is told where the decoder runs out of it; it must outlive this object.
+    SerialDecoder(CodecContextPointer context, PictureMemory& memory);
 
     /// The first picture that the packet completes; null if it completes none. What the decoder
     /// thinks of the packet does not matter: a damaged one can complete a picture, too, and a good
@@ -17,7 +18,10 @@ public:
     double frameRate() const { return frameRateOf(*context); }
 
 private:
+    void noteRefusal(int result);
+
     CodecContextPointer context;
+    PictureMemory& memory;
     PicturePointer picture; ///< reused until the decoder has filled it
     PicturePointer surplus; ///< takes the pictures after the first that one packet gives
 };

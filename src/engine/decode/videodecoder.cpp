@@ -16,6 +16,7 @@
 struct DecodingContext {
     QByteArray fileName;
     PacketReader reader;
+    PictureMemory memory; ///< outlives the decoders
     std::unique_ptr<FrameThreadedDecoder> threaded;
     std::unique_ptr<SerialDecoder> serial;
     std::deque<NumberedPacket> replay; ///< packets that the serial decoder takes before reading on
@@ -38,7 +39,7 @@ bool DecodingContext::open(int threads) {
         error = reader.errorText();
         return false;
     }
-    OpenedCodec opened = openCodec(*reader.stream()->codecpar, threads);
+    OpenedCodec opened = openCodec(*reader.stream()->codecpar, threads, memory);
     if (!opened.context) {
         error = opened.error;
         return false;
@@ -47,14 +48,17 @@ bool DecodingContext::open(int threads) {
     if (opened.hasFrameThreads)
         threaded = std::make_unique<FrameThreadedDecoder>(std::move(opened.context));
     else
-        serial = std::make_unique<SerialDecoder>(std::move(opened.context));
+        serial = std::make_unique<SerialDecoder>(std::move(opened.context), memory);
     return true;
 }
 
 std::optional<CompletedPicture> DecodingContext::nextPicture() {
+    if (!end.error.isEmpty())
+        return std::nullopt;
     if (threaded) {
         FrameThreadedDecoder::Result result = threaded->next(reader);
-        if (result.outcome == FrameThreadedDecoder::Outcome::End)
+        // Where many threads found no room, one may.
+        if (result.outcome == FrameThreadedDecoder::Outcome::End && !memory.hasFailed())
             return std::nullopt;
         if (result.outcome == FrameThreadedDecoder::Outcome::Picture) {
             lastNumber = result.picture.number;
@@ -69,6 +73,10 @@ std::optional<CompletedPicture> DecodingContext::nextPicture() {
 std::optional<CompletedPicture> DecodingContext::nextSerialPicture() {
     while (auto next = nextSerialPacket()) {
         PicturePointer picture = serial->decode(*next->packet);
+        if (memory.hasFailed()) {
+            end = {ReadEnd::Cause::OutOfMemory, memory.errorText()};
+            return std::nullopt;
+        }
         // Up to that packet the frame threads have already handed everything out.
         if (!picture || next->number <= lastNumber)
             continue;
@@ -95,11 +103,12 @@ bool DecodingContext::goSerial() {
     replay = threaded->takeRestartPackets();
     const int reorderDelay = threaded->reorderDelay();
     threaded.reset();
+    memory.tryAgain();
     if (replay.empty() && !reader.open(fileName.constData())) {
         end = {ReadEnd::Cause::ReadError, reader.errorText()};
         return false;
     }
-    OpenedCodec opened = openCodec(*reader.stream()->codecpar, 1);
+    OpenedCodec opened = openCodec(*reader.stream()->codecpar, 1, memory);
     if (!opened.context) {
         end = {ReadEnd::Cause::OutOfMemory, opened.error};
         return false;
@@ -107,7 +116,7 @@ bool DecodingContext::goSerial() {
     // From the start of the file the decoder learns the delay anew, as it did the first time.
     if (!replay.empty() && replay.front().number > 0)
         opened.context->has_b_frames = reorderDelay;
-    serial = std::make_unique<SerialDecoder>(std::move(opened.context));
+    serial = std::make_unique<SerialDecoder>(std::move(opened.context), memory);
     return true;
 }
 
@@ -145,8 +154,10 @@ DecodedFrame* VideoDecoder::readFrame(bool clone) {
         return nullptr;
     AVFrame* picture =
         clone ? av_frame_clone(completed->picture.get()) : completed->picture.release();
-    if (!picture)
+    if (!picture) {
+        context->end = {ReadEnd::Cause::OutOfMemory, QStringLiteral("out of memory")};
         return nullptr;
+    }
     const AVStream* stream = context->reader.stream();
     return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture,
                             completed->dts == AV_NOPTS_VALUE};

@@ -3,7 +3,9 @@
 #include "differencesum.h"
 #include "logging.h"
 
-#include <exception>
+#include <opencv2/core.hpp>
+
+#include <QtGlobal>
 
 namespace {
 
@@ -27,7 +29,9 @@ float MotionMeasure::measure(const DecodedFrame& previous, const DecodedFrame& c
             prepare(current.width(), current.height());
         if (skipCounter < 0)
             skipCounter = compare(previous, current) ? options.skip : 0;
-    } catch (const std::exception& exception) {
+    } catch (const cv::Exception& exception) {
+        if (exception.code == cv::Error::StsNoMem)
+            qBadAlloc();
         qCWarning(engineLog, "a frame could not be measured: %s", exception.what());
         skipCounter = 0;
     }

@@ -36,8 +36,11 @@ void prepareMask(const QImage& mask, int width, int height, PreparedRegion& prep
     prepared.maskMat = cv::Mat::zeros(height, width, CV_8UC1);
     const QImage scaled =
         mask.scaled(QSize(width, height), Qt::IgnoreAspectRatio, Qt::FastTransformation);
-    if (scaled.isNull())
+    if (scaled.isNull()) {
+        if (!mask.isNull())
+            qBadAlloc();
         return;
+    }
     for (int y = 0; y < height; ++y) {
         std::uint8_t* row = prepared.maskMat.ptr(y);
         for (int x = 0; x < width; ++x) {

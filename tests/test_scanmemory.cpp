@@ -1,0 +1,138 @@
+// The scanner where pictures are huge or memory is short: all of a recording, or a clear word.
+
+#include "files.h"
+#include "hugepictures.h"
+#include "media.h"
+#include "process.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+const QStringList options = {"--quiet", "--format", "jsonl", "--minimum", "2"};
+
+/// In an address space of that many KB.
+ProcessResult scanWithin(int kilobytes, const QStringList& arguments) {
+    const QString command = QStringLiteral("ulimit -v %1 && exec \"$0\" \"$@\"").arg(kilobytes);
+    return runProgram("/bin/sh",
+                      QStringList{"-c", command, media::programDirectory() + "/kestrova-scan"} +
+                          options + arguments);
+}
+
+ProcessResult scan(const QStringList& arguments) {
+    return runProgram("kestrova-scan", options + arguments);
+}
+
+QByteArray complaint(const QString& video, const QByteArray& reason) {
+    return "kestrova-scan: " + video.toUtf8() + ": " + reason + '\n';
+}
+
+} // namespace
+
+class TestScanMemory : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void picturesThatAreTooLarge();
+    void picturesThatBecomeTooLarge();
+    void decoderThatAllocatesByItself();
+    void memoryIsShort_data();
+    void memoryIsShort();
+
+private:
+    QString path(const QString& name) const { return folder.filePath(name); }
+
+    QTemporaryDir folder;
+};
+
+void TestScanMemory::picturesThatAreTooLarge() {
+    QVERIFY(media::writeGif(path("huge.gif"), 16000, 16000, 84));
+    const ProcessResult result = scan({path("huge.gif")});
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.errors, complaint(path("huge.gif"), "pictures of 16000 x 16000 are too large"));
+    QCOMPARE(jsonLines(result.output).last()["state"].toString(), QString("failed"));
+}
+
+void TestScanMemory::picturesThatBecomeTooLarge() {
+    const QString video = path("grows.avi");
+    // Slow enough to stay in the left third, which is what is measured of packed pictures.
+    QVERIFY(media::encode(media::crossingBox(8, 2, 20, "160x128") +
+                          QStringList{"-pix_fmt", "rgb24", "-c:v", "png", video}));
+    // With three bytes per pixel, only one picture would fit.
+    QVERIFY(media::changePngSize(video, 150, 16000, 16000));
+    const ProcessResult result = scan({video});
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.errors, complaint(video, "pictures of 16000 x 16000 are too large"));
+    const QList<QJsonObject> lines = jsonLines(result.output);
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(lines[0]["end"].toDouble(), 149 / 25.0); // the clip that was open
+    QCOMPARE(lines[1]["state"].toString(), QString("failed"));
+    QCOMPARE(lines[1]["frames"].toInt(), 150);
+}
+
+void TestScanMemory::decoderThatAllocatesByItself() {
+    if (!media::hasEncoder("libsvtav1"))
+        QSKIP("the encoder cannot write AV1 fast enough");
+    const auto encode = [this](const QString& name, const QString& size, const QString& pictures) {
+        return media::encode({"-f", "lavfi", "-i", "color=c=gray:r=5:s=" + size, "-frames:v",
+                              pictures, "-c:v", "libsvtav1", "-preset", "12", path(name)});
+    };
+    QVERIFY(encode("large.obu", "8300x8300", "3"));
+    const ProcessResult large = scan({"--fps", "5", path("large.obu")});
+    QCOMPARE(large.status, 1);
+    QCOMPARE(large.errors, complaint(path("large.obu"), "pictures of 8300 x 8300 are too large"));
+
+    QVERIFY(encode("grows.obu", "320x240", "10"));
+    QFile grows(path("grows.obu"));
+    QVERIFY(grows.open(QIODevice::Append));
+    grows.write(readFile(path("large.obu")));
+    grows.close();
+    const ProcessResult result = scan({"--fps", "5", path("grows.obu")});
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.errors, complaint(path("grows.obu"), "its pictures become too large"));
+    QCOMPARE(jsonLines(result.output).last()["frames"].toInt(), 10);
+}
+
+void TestScanMemory::memoryIsShort_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QStringList>("encoding");
+    QTest::newRow("GIF") << "short.gif" << QStringList();
+    QTest::newRow("H.264") << "short.mp4"
+                           << QStringList{"-c:v", "libx264", "-preset", "ultrafast", "-refs", "4"};
+}
+
+void TestScanMemory::memoryIsShort() {
+#ifdef __SANITIZE_ADDRESS__
+    QSKIP("the address sanitizer needs all of the address space");
+#endif
+    QFETCH(QString, name);
+    QFETCH(QStringList, encoding);
+    const QString video = path(name);
+    const QStringList input = {"-f", "lavfi", "-i", "testsrc2=s=3840x2160:r=5:d=2"};
+    QVERIFY(encoding.isEmpty() ? media::writeGif(video, 4000, 4000, 20)
+                               : media::encode(input + encoding + QStringList{video}));
+    for (const char* threads : {"1", "4"}) {
+        const QByteArray whole = scan({"--threads", threads, video}).output;
+        QVERIFY(whole.contains("finished"));
+        int failures = 0;
+        int successes = 0;
+        for (int megabytes = 200; megabytes <= 600; megabytes += 50) {
+            const ProcessResult found = scanWithin(megabytes * 1024, {"--threads", threads, video});
+            if (found.status == 0) {
+                QCOMPARE(found.output, whole);
+                ++successes;
+            } else if (found.status == 1) {
+                QCOMPARE(found.errors, complaint(video, "out of memory"));
+                QVERIFY(!found.output.contains("finished"));
+                ++failures;
+            } else {
+                QCOMPARE(found.status, 127); // its libraries found no room
+            }
+        }
+        QVERIFY2(failures > 0 && successes > 0, qPrintable(QString::number(failures)));
+    }
+}
+
+QTEST_GUILESS_MAIN(TestScanMemory)
+#include "test_scanmemory.moc"
