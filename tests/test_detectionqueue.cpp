@@ -1,6 +1,8 @@
 #include "encoderstand.h"
+#include "faults.h"
 #include "mainwindowdriver.h"
 #include "media.h"
+#include "process.h"
 
 #include <QDir>
 #include <QProgressBar>
@@ -32,6 +34,7 @@ private Q_SLOTS:
     void jobAcceptedAfterACancel();
     void jobIsStartedOnce();
     void progressIsShownWhileJobsRun();
+    void noThreadForTheWorker();
 
     void clipIsListed();
     void automaticExport();
@@ -203,6 +206,45 @@ void TestDetectionQueue::progressIsShownWhileJobsRun() {
     driver->click("pushButtonCancel");
     QTRY_VERIFY(!bar.isVisible());
     QVERIFY(bar.value() >= value);
+}
+
+void TestDetectionQueue::noThreadForTheWorker() {
+    if (qEnvironmentVariableIsEmpty("FAILING_CALL")) {
+        const ProcessResult result =
+            runProgramIn(faults::noThreadsWhile(folder->filePath("no-threads")),
+                         QCoreApplication::applicationFilePath(), {"noThreadForTheWorker"});
+        QVERIFY2(result.status == 0, result.output.constData());
+        return;
+    }
+    // Here no thread can be had while the file is there.
+    QFile noThreads(qEnvironmentVariable("FAILING_FILE"));
+    QVERIFY(noThreads.open(QIODevice::WriteOnly));
+    driver = std::make_unique<MainWindowDriver>();
+    Video* first = makeJob(shortRecording);
+    Video* second = makeJob(shortRecording);
+    for (Video* job : {first, second}) {
+        driver->accept(job);
+        QCOMPARE(driver->part<QStatusBar>("statusBar").currentMessage(),
+                 QString("No thread to run detection on, trying again..."));
+        QCOMPARE(int(job->state), int(Video::Waiting));
+    }
+    driver->click("pushButtonCancel");
+    QVERIFY(isEnded(first) && isEnded(second));
+
+    Video* third = makeJob(shortRecording);
+    driver->accept(third);
+    QVERIFY(noThreads.remove());
+    QTRY_COMPARE_WITH_TIMEOUT(int(third->state), int(Video::Finished), longMilliseconds);
+    QCOMPARE(driver->list().count(), 1);
+    QCOMPARE(driver->part<QStatusBar>("statusBar").currentMessage(), QString());
+
+    // One that never got a thread ends like any other.
+    QVERIFY(noThreads.open(QIODevice::WriteOnly));
+    driver = std::make_unique<MainWindowDriver>();
+    driver->accept(makeJob(shortRecording));
+    driver.reset();
+    QVERIFY(noThreads.remove());
+    driver = std::make_unique<MainWindowDriver>();
 }
 
 void TestDetectionQueue::clipIsListed() {

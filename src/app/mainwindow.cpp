@@ -103,8 +103,20 @@ void MainWindow::processQueue() {
         return;
     const auto isWaiting = [](const Video* video) { return video->state == Video::Waiting; };
     const auto next = std::find_if(videos.cbegin(), videos.cend(), isWaiting);
-    if (next != videos.cend())
+    if (next != videos.cend() && hasWorker())
         startDetection(*next);
+}
+
+/// Where the system had no thread to give before, it is asked once more.
+bool MainWindow::hasWorker() {
+    if (workerThread->isRunning())
+        return true;
+    workerThread->start(QThread::InheritPriority);
+    if (workerThread->isRunning())
+        ui->statusBar->clearMessage();
+    else
+        ui->statusBar->showMessage(tr("No thread to run detection on, trying again..."));
+    return workerThread->isRunning();
 }
 
 /// Also while the worker has been told to start a job but has not begun with it.
@@ -124,6 +136,8 @@ void MainWindow::startDetection(Video* video) {
 }
 
 void MainWindow::updateStatus() {
+    if (!workerThread->isRunning())
+        processQueue();
     showProgress();
     showBacklog();
 }

@@ -63,6 +63,7 @@ private:
     void showProgress();
     void showBacklog();
     bool isDetecting() const;
+    bool hasWorker();
     void startDetection(Video* video);
 
     std::unique_ptr<Ui::MainWindow> ui;
