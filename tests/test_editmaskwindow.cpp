@@ -53,6 +53,9 @@ private Q_SLOTS:
     void cancelWithNothingPendingHides();
     void everythingIsDiscarded_data();
     void everythingIsDiscarded();
+    void escapeDuringAStrokeDropsIt();
+    void addedFileDuringAStrokeDropsIt();
+    void addDuringAStrokeDropsIt();
     void escapeWorksFromEveryControl();
     void otherKeysAreLeftAlone();
     void enterAddsAtFirst();
@@ -311,6 +314,45 @@ void TestEditMaskWindow::everythingIsDiscarded() {
     window.addFile(path("d.avi"));
     window.click("pushButtonCancel");
     QVERIFY(!window.isVisible());
+}
+
+void TestEditMaskWindow::escapeDuringAStrokeDropsIt() {
+    SetupWindow window;
+    window.addFile(path("a.avi"));
+    const QPoint centre = window.editor().rect().center();
+    mouse::press(window.editor(), centre);
+    mouse::move(window.editor(), centre + QPoint(100, 100));
+    QTest::keyClick(&window, Qt::Key_Escape);
+    QVERIFY(!window.isVisible());
+    QVERIFY(!window.editor().hasRoi());
+    window.addFile(path("b.avi"));
+    const QImage untouched = window.editor().grab().toImage();
+    mouse::move(window.editor(), centre + QPoint(150, 150));
+    mouse::release(window.editor(), centre + QPoint(150, 150));
+    QCOMPARE(window.editor().grab().toImage(), untouched);
+    window.click("pushButtonAdd");
+    const auto jobs = window.takeJobs();
+    QVERIFY(!jobs.at(0)->mask && !jobs[0]->roiRect);
+}
+
+void TestEditMaskWindow::addedFileDuringAStrokeDropsIt() {
+    SetupWindow window;
+    window.addFile(path("a.avi"));
+    const QPoint centre = window.editor().rect().center();
+    mouse::press(window.editor(), centre);
+    window.addFile(path("b.avi"));
+    mouse::release(window.editor(), centre + QPoint(100, 100));
+    QVERIFY(!window.editor().hasRoi());
+    QVERIFY(!window.isEnabled("pushButtonClear"));
+}
+
+void TestEditMaskWindow::addDuringAStrokeDropsIt() {
+    SetupWindow window;
+    window.addFile(path("a.avi"));
+    mouse::press(window.editor(), window.editor().rect().center());
+    window.get<QPushButton>("pushButtonAdd").click(); // with the keyboard
+    const auto jobs = window.takeJobs();
+    QVERIFY(!jobs.at(0)->mask && !jobs[0]->roiRect);
 }
 
 void TestEditMaskWindow::escapeWorksFromEveryControl() {

@@ -184,6 +184,7 @@ bool EditMaskWindow::isExportDirectoryGood() const {
 }
 
 void EditMaskWindow::createJob(const QString& path) {
+    ui->maskEditor->dropStroke(); // it counts as a region already, and has none to show
     readyVideos.append(
         new Video(path, ui->lineEditDir->text(), ui->doubleSpinBoxPrerecord->value(),
                   ui->doubleSpinBoxPostrecord->value(), ui->doubleSpinBoxMinimum->value(),
