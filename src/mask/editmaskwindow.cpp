@@ -6,12 +6,19 @@
 #include "ui_editmaskwindow.h"
 #include "video.h"
 
+#include <QApplication>
+#include <QDeadlineTimer>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMessageBox>
 
+#include <initializer_list>
+
 namespace {
+
+constexpr int sliceMilliseconds = 40; // of a search; with one more file it stays below 100
+constexpr int pauseMilliseconds = 100;
 
 /// Whether `image` got the first picture of the file. Pipes, devices and the like are never opened:
 /// that could wait for ever.
@@ -30,22 +37,31 @@ EditMaskWindow::EditMaskWindow(QWidget* parent)
     on_checkBoxExportTimestamp_clicked();
     prepareStartTime();
     connect(ui->maskEditor, SIGNAL(roiUpdated()), this, SLOT(roiUpdated()));
+    connect(&searchTimer, &QTimer::timeout, this, [this] { continueSearch(); });
     ui->pushButtonClear->setEnabled(ui->maskEditor->hasRoi());
     ui->pushButtonAdd->setFocus();
 }
 
 EditMaskWindow::~EditMaskWindow() {
+    setSearching(false);
     qDeleteAll(readyVideos);
 }
 
 void EditMaskWindow::addFile(const QString& path) {
-    pendingFiles.append(path);
-    showNext();
+    addFiles({path});
 }
 
 void EditMaskWindow::addFiles(const QStringList& paths) {
     pendingFiles.append(paths);
-    showNext();
+    if (!searchTimer.isActive())
+        showNext();
+}
+
+void EditMaskWindow::bringToFront() {
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
 }
 
 void EditMaskWindow::keyPressEvent(QKeyEvent* event) {
@@ -156,17 +172,66 @@ void EditMaskWindow::saveSettings() const {
 /// Shows the first pending file that has a picture. Without one the window hides and `currentFile`
 /// keeps its old text.
 void EditMaskWindow::showNext() {
+    const QDeadlineTimer deadline(sliceMilliseconds);
     while (!pendingFiles.isEmpty()) {
+        if (deadline.hasExpired()) {
+            setSearching(true);
+            return;
+        }
         currentFile = pendingFiles.takeFirst();
         QImage picture;
-        if (!grabPicture(currentFile, &picture))
-            continue;
-        ui->maskEditor->setImage(picture);
-        ui->labelInfo->setText(currentFile);
-        show();
-        return;
+        if (grabPicture(currentFile, &picture)) {
+            showPicture(picture);
+            return;
+        }
     }
+    setSearching(false);
     hide();
+}
+
+void EditMaskWindow::showPicture(const QImage& picture) {
+    setSearching(false);
+    ui->maskEditor->setImage(picture);
+    ui->labelInfo->setText(currentFile);
+    bringToFront();
+}
+
+/// While a search goes on nothing is on show: what would act on it is disabled.
+void EditMaskWindow::setSearching(bool isSearching) {
+    if (isSearching == searchTimer.isActive())
+        return;
+    if (isSearching) {
+        searchTimer.start(0);
+        QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+        ui->maskEditor->setImage(QImage());
+    } else {
+        searchTimer.stop();
+        QGuiApplication::restoreOverrideCursor();
+    }
+    const std::initializer_list<QWidget*> parts = {ui->labelInfo, ui->maskEditor, ui->pushButtonAdd,
+                                                   ui->pushButtonAddAll, ui->pushButtonCancel};
+    for (QWidget* part : parts)
+        setUsable(*part, !isSearching);
+}
+
+/// A part that is disabled keeps the focus from its neighbours: who presses Add's key once more
+/// must not press Cancel ALL. It has it again as soon as it is usable, if nobody else has.
+void EditMaskWindow::setUsable(QWidget& part, bool isUsable) {
+    if (!isUsable && &part == focusWidget()) {
+        focusBefore = &part;
+        part.clearFocus();
+    }
+    part.setEnabled(isUsable);
+    if (isUsable && &part == focusBefore && !focusWidget())
+        part.setFocus();
+}
+
+void EditMaskWindow::continueSearch() {
+    // What comes to the front now would cover the dialog that has to be answered first.
+    const bool isBlocked = QApplication::activeModalWidget();
+    searchTimer.setInterval(isBlocked ? pauseMilliseconds : 0);
+    if (!isBlocked)
+        showNext();
 }
 
 void EditMaskWindow::discardAll() {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QList>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -16,7 +18,10 @@ class EditMaskWindow;
 /// The window in which every new video file is set up before detection.
 ///
 /// Files wait in a queue and are shown one at a time on their first picture; files without one are
-/// dropped silently. The window shows itself for a file and hides when none is left.
+/// dropped silently. The window comes to the front for a file and hides when none is left.
+///
+/// Many files without a picture take their time: the search for the next one goes on from the event
+/// loop then, under a busy cursor, while no file is on show that could be added or cancelled.
 class EditMaskWindow : public QWidget {
     Q_OBJECT
 
@@ -24,11 +29,15 @@ public:
     explicit EditMaskWindow(QWidget* parent = nullptr);
     ~EditMaskWindow() override;
 
-    /// Queues a file and shows the next one; the file shown until now is dropped.
+    /// Queues a file and shows the next one; the file shown until now is dropped. While a search
+    /// goes on no file is shown, and the new one joins it.
     void addFile(const QString& path);
 
     /// Queues files and shows the next one, as `addFile`; also with an empty list.
     void addFiles(const QStringList& paths);
+
+    /// In front of the other windows, with the focus, also where it was minimised.
+    void bringToFront();
 
     /// Accepted jobs in the order of their acceptance. Who takes a job out of the list owns it.
     QList<Video*> readyVideos;
@@ -58,6 +67,10 @@ private:
     void loadSettings();
     void saveSettings() const;
     void showNext();
+    void showPicture(const QImage& picture);
+    void setSearching(bool isSearching);
+    void setUsable(QWidget& part, bool isUsable);
+    void continueSearch();
     void discardAll();
     bool isExportDirectoryGood() const;
     void createJob(const QString& path);
@@ -65,4 +78,8 @@ private:
     std::unique_ptr<Ui::EditMaskWindow> ui;
     QStringList pendingFiles; ///< waiting to be shown, first = next
     QString currentFile;      ///< the file shown now
+
+    // A search that goes on from the event loop.
+    QTimer searchTimer;            ///< runs as long as it goes on
+    QPointer<QWidget> focusBefore; ///< the disabled part that had the focus
 };
