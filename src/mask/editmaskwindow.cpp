@@ -11,7 +11,10 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMessageBox>
+#include <QScreen>
+#include <QStyle>
 
 #include <initializer_list>
 
@@ -33,6 +36,7 @@ EditMaskWindow::EditMaskWindow(QWidget* parent)
     , ui(std::make_unique<Ui::EditMaskWindow>()) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
+    fullMinimumSize = minimumSize();
     loadSettings();
     on_checkBoxExportTimestamp_clicked();
     prepareStartTime();
@@ -58,6 +62,7 @@ void EditMaskWindow::addFiles(const QStringList& paths) {
 }
 
 void EditMaskWindow::bringToFront() {
+    fitIntoScreen();
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
@@ -75,6 +80,12 @@ void EditMaskWindow::keyPressEvent(QKeyEvent* event) {
 
 void EditMaskWindow::closeEvent(QCloseEvent*) {
     discardAll();
+}
+
+void EditMaskWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        fitIntoScreen(); // its frame is known only now
 }
 
 void EditMaskWindow::on_pushButtonAdd_clicked() {
@@ -167,6 +178,23 @@ void EditMaskWindow::saveSettings() const {
     settings::minimum.write(store, ui->doubleSpinBoxMinimum->value());
     settings::automaticExport.write(store, ui->checkBoxExport->isChecked());
     settings::timestamps.write(store, ui->checkBoxExportTimestamp->isChecked());
+}
+
+/// On a screen that is lower than the window the minimum size yields, so that its buttons are seen.
+void EditMaskWindow::fitIntoScreen() {
+    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+        return; // its screen is low, but nobody looks at it
+    const QSize available = screen()->availableSize();
+    if (available.height() >= fullMinimumSize.height()) {
+        setMinimumSize(fullMinimumSize);
+        return;
+    }
+    QSize frame = frameSize() - size();
+    if (frame.isNull())
+        frame.setHeight(style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
+    const QSize room = available - frame;
+    setMinimumSize(fullMinimumSize.boundedTo(room).expandedTo(layout()->totalMinimumSize()));
+    resize(size().boundedTo(room));
 }
 
 /// Shows the first pending file that has a picture. Without one the window hides and `currentFile`

@@ -49,6 +49,7 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private Q_SLOTS:
     void on_pushButtonAdd_clicked();
@@ -66,6 +67,7 @@ private:
     void prepareStartTime();
     void loadSettings();
     void saveSettings() const;
+    void fitIntoScreen();
     void showNext();
     void showPicture(const QImage& picture);
     void setSearching(bool isSearching);
@@ -76,6 +78,7 @@ private:
     void createJob(const QString& path);
 
     std::unique_ptr<Ui::EditMaskWindow> ui;
+    QSize fullMinimumSize;    ///< on screens that have the room
     QStringList pendingFiles; ///< waiting to be shown, first = next
     QString currentFile;      ///< the file shown now
 
