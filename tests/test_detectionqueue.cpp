@@ -328,7 +328,7 @@ void TestDetectionQueue::directoryGoesToSetup() {
     QVERIFY(QFile::copy(shortRecording, directory.filePath("in/.hidden.mp4")));
     QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), directory.filePath("in/b.mp4")));
     driver->addDirectory(directory.filePath("in"));
-    QVERIFY(driver->setup.isVisible());
+    QTRY_VERIFY(driver->setup.isVisible());
     QCOMPARE(driver->setupPart<QLabel>("labelInfo").text(), directory.filePath("in/deep/a.dat"));
     driver->setupPart<QLineEdit>("lineEditDir").setText(directory.filePath("out"));
     driver->clickSetup("pushButtonAddAll");

@@ -1,7 +1,8 @@
 #include "editmaskwindow.h"
 
 #include "applicationicon.h"
-#include "firstframe.h"
+#include "busycursor.h"
+#include "picturesearch.h"
 #include "settingstable.h"
 #include "ui_editmaskwindow.h"
 #include "video.h"
@@ -15,19 +16,15 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QStyle>
+#include <QTimer>
 
 #include <initializer_list>
+#include <utility>
 
 namespace {
 
-constexpr int sliceMilliseconds = 40; // of a search; with one more file it stays below 100
+constexpr int longestLookMilliseconds = 40; // with one more file it stays below 100, as a rule
 constexpr int pauseMilliseconds = 100;
-
-/// Whether `image` got the first picture of the file. Pipes, devices and the like are never opened:
-/// that could wait for ever.
-bool grabPicture(const QString& path, QImage* image) {
-    return QFileInfo(path).isFile() && grabFirstFrame(path, image);
-}
 
 } // namespace
 
@@ -41,13 +38,13 @@ EditMaskWindow::EditMaskWindow(QWidget* parent)
     on_checkBoxExportTimestamp_clicked();
     prepareStartTime();
     connect(ui->maskEditor, SIGNAL(roiUpdated()), this, SLOT(roiUpdated()));
-    connect(&searchTimer, &QTimer::timeout, this, [this] { continueSearch(); });
     ui->pushButtonClear->setEnabled(ui->maskEditor->hasRoi());
     ui->pushButtonAdd->setFocus();
 }
 
 EditMaskWindow::~EditMaskWindow() {
-    setSearching(false);
+    if (search)
+        PictureSearch::abandon(std::move(search));
     qDeleteAll(readyVideos);
 }
 
@@ -57,7 +54,7 @@ void EditMaskWindow::addFile(const QString& path) {
 
 void EditMaskWindow::addFiles(const QStringList& paths) {
     pendingFiles.append(paths);
-    if (!searchTimer.isActive())
+    if (!search)
         showNext();
 }
 
@@ -200,10 +197,10 @@ void EditMaskWindow::fitIntoScreen() {
 /// Shows the first pending file that has a picture. Without one the window hides and `currentFile`
 /// keeps its old text.
 void EditMaskWindow::showNext() {
-    const QDeadlineTimer deadline(sliceMilliseconds);
+    const QDeadlineTimer deadline(longestLookMilliseconds);
     while (!pendingFiles.isEmpty()) {
         if (deadline.hasExpired()) {
-            setSearching(true);
+            startSearch();
             return;
         }
         currentFile = pendingFiles.takeFirst();
@@ -226,16 +223,13 @@ void EditMaskWindow::showPicture(const QImage& picture) {
 
 /// While a search goes on nothing is on show: what would act on it is disabled.
 void EditMaskWindow::setSearching(bool isSearching) {
-    if (isSearching == searchTimer.isActive())
+    if (search && !isSearching)
+        PictureSearch::abandon(std::move(search));
+    if (isSearching == bool(busyCursor))
         return;
-    if (isSearching) {
-        searchTimer.start(0);
-        QGuiApplication::setOverrideCursor(Qt::BusyCursor);
+    busyCursor = isSearching ? std::make_unique<BusyCursor>() : nullptr;
+    if (isSearching)
         ui->maskEditor->setImage(QImage());
-    } else {
-        searchTimer.stop();
-        QGuiApplication::restoreOverrideCursor();
-    }
     const std::initializer_list<QWidget*> parts = {ui->labelInfo, ui->maskEditor, ui->pushButtonAdd,
                                                    ui->pushButtonAddAll, ui->pushButtonCancel};
     for (QWidget* part : parts)
@@ -254,12 +248,30 @@ void EditMaskWindow::setUsable(QWidget& part, bool isUsable) {
         part.setFocus();
 }
 
-void EditMaskWindow::continueSearch() {
-    // What comes to the front now would cover the dialog that has to be answered first.
-    const bool isBlocked = QApplication::activeModalWidget();
-    searchTimer.setInterval(isBlocked ? pauseMilliseconds : 0);
-    if (!isBlocked)
-        showNext();
+void EditMaskWindow::startSearch() {
+    setSearching(true);
+    search = std::make_unique<PictureSearch>(pendingFiles);
+    connect(search.get(), &QThread::finished, this, [this] { endSearch(); });
+    search->start();
+}
+
+void EditMaskWindow::endSearch() {
+    if (!search || !search->isFinished())
+        return; // one that was abandoned has ended
+    if (QApplication::activeModalWidget()) {
+        // What comes to the front now would cover the dialog that has to be answered first.
+        QTimer::singleShot(pauseMilliseconds, this, [this] { endSearch(); });
+        return;
+    }
+    search->wait();
+    currentFile = pendingFiles.at(search->tried - 1);
+    pendingFiles.erase(pendingFiles.begin(), pendingFiles.begin() + search->tried);
+    const QImage picture = search->picture;
+    search.reset();
+    if (picture.isNull())
+        showNext(); // among those that were added meanwhile
+    else
+        showPicture(picture);
 }
 
 void EditMaskWindow::discardAll() {

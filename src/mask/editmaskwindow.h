@@ -4,11 +4,12 @@
 #include <QPointer>
 #include <QString>
 #include <QStringList>
-#include <QTimer>
 #include <QWidget>
 
 #include <memory>
 
+class BusyCursor;
+class PictureSearch;
 class Video;
 
 namespace Ui {
@@ -20,8 +21,8 @@ class EditMaskWindow;
 /// Files wait in a queue and are shown one at a time on their first picture; files without one are
 /// dropped silently. The window comes to the front for a file and hides when none is left.
 ///
-/// Many files without a picture take their time: the search for the next one goes on from the event
-/// loop then, under a busy cursor, while no file is on show that could be added or cancelled.
+/// Many files without a picture take their time: the search for the next one then goes on beside
+/// the event loop, under a busy cursor, while no file is on show that could be added or cancelled.
 class EditMaskWindow : public QWidget {
     Q_OBJECT
 
@@ -72,7 +73,8 @@ private:
     void showPicture(const QImage& picture);
     void setSearching(bool isSearching);
     void setUsable(QWidget& part, bool isUsable);
-    void continueSearch();
+    void startSearch();
+    void endSearch();
     void discardAll();
     bool isExportDirectoryGood() const;
     void createJob(const QString& path);
@@ -82,7 +84,8 @@ private:
     QStringList pendingFiles; ///< waiting to be shown, first = next
     QString currentFile;      ///< the file shown now
 
-    // A search that goes on from the event loop.
-    QTimer searchTimer;            ///< runs as long as it goes on
+    // A search that takes longer.
+    std::unique_ptr<PictureSearch> search; ///< among the first of `pendingFiles`
+    std::unique_ptr<BusyCursor> busyCursor;
     QPointer<QWidget> focusBefore; ///< the disabled part that had the focus
 };
