@@ -4,6 +4,7 @@
 #include "addedfiles.h"
 #include "applicationicon.h"
 #include "batchprogress.h"
+#include "captiondelegate.h"
 #include "clip.h"
 #include "settingsdialog.h"
 #include "ui_mainwindow.h"
@@ -34,6 +35,7 @@ MainWindow::MainWindow(QWidget* parent)
     , workerThread(std::make_unique<WorkerThread>()) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
+    ui->files->setItemDelegate(new CaptionDelegate(ui->files));
     connect(&statusTimer, SIGNAL(timeout()), SLOT(updateStatus()));
     connect(&editMaskWindow, SIGNAL(newVideo()), SLOT(newVideo()));
     editMaskWindow.installEventFilter(this);
