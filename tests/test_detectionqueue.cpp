@@ -46,6 +46,7 @@ private Q_SLOTS:
 
     void directoryGoesToSetup();
     void emptyDirectoryGoesToSetup();
+    void addFilesOpensWhereThePersonWas();
 
 private:
     Video* makeJob(const QString& fileName, bool autoExport = false) const;
@@ -79,6 +80,7 @@ void TestDetectionQueue::init() {
     QSettings().setValue("export_postrecord", 2.0);
     QSettings().setValue("export_minimum", 2.0);
     folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(QDir::setCurrent(folder->path())); // where a person starts the program
     encoder = std::make_unique<EncoderStand>();
     driver = std::make_unique<MainWindowDriver>();
     driver->window.show();
@@ -344,6 +346,22 @@ void TestDetectionQueue::emptyDirectoryGoesToSetup() {
     QVERIFY(driver->setup.isVisible());
     driver->addDirectory(folder->filePath("empty"));
     QVERIFY(!driver->setup.isVisible()); // drops what it showed
+}
+
+void TestDetectionQueue::addFilesOpensWhereThePersonWas() {
+    encoder->setEnd("1");
+    announceClips(failedJob(), 1);
+    driver->list().selectAll();
+    driver->trigger("actionExport_selected");
+    QTRY_COMPARE(driver->clip(0).status, int(Clip::ExportFailed));
+    QCOMPARE(QDir::currentPath(), QCoreApplication::applicationDirPath());
+    QString shown;
+    const DialogAnswer<QFileDialog> answer([&shown](QFileDialog& dialog) {
+        shown = dialog.directory().path();
+        dialog.reject();
+    });
+    driver->click("pushButtonAddFiles");
+    QCOMPARE(shown, folder->path());
 }
 
 QTEST_MAIN(TestDetectionQueue)

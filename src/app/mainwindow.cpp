@@ -13,6 +13,7 @@
 
 #include <QCloseEvent>
 #include <QDesktopServices>
+#include <QDir>
 #include <QMessageBox>
 #include <QUrl>
 
@@ -32,6 +33,7 @@ Clip* clipOf(QListWidgetItem* item) {
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , ui(std::make_unique<Ui::MainWindow>())
+    , startDirectory(QDir::currentPath())
     , workerThread(std::make_unique<WorkerThread>()) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
@@ -159,13 +161,13 @@ void MainWindow::on_actionQuit_triggered() {
 }
 
 void MainWindow::on_actionAddFiles_triggered() {
-    const QStringList files = askForFiles(this);
+    const QStringList files = askForFiles(this, startDirectory);
     if (!files.isEmpty())
         editMaskWindow.addFiles(files);
 }
 
 void MainWindow::on_actionAddDirectory_triggered() {
-    if (const auto files = askForDirectoryFiles(this))
+    if (const auto files = askForDirectoryFiles(this, startDirectory))
         editMaskWindow.addFiles(*files);
 }
 

@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QList>
 #include <QMainWindow>
+#include <QString>
 #include <QTimer>
 
 #include <memory>
@@ -68,6 +69,7 @@ private:
     std::unique_ptr<Ui::MainWindow> ui;
     EditMaskWindow editMaskWindow;
     QTimer statusTimer;
+    QString startDirectory;       ///< the current directory, before any export changes it
     QList<Video*> videos;         ///< every job, in the order of acceptance; owned
     QList<Video*> progressVideos; ///< the jobs that the progress bar counts
     std::unique_ptr<WorkerThread> workerThread;
