@@ -39,6 +39,7 @@ private Q_SLOTS:
     void exportsSelected();
     void opensSelected();
     void doubleClickOpens();
+    void otherButtonsOpenNothing();
     void removesSelected();
     void removesAll();
     void listActionsFollowTheSelection();
@@ -279,6 +280,17 @@ void TestDetectionQueue::doubleClickOpens() {
     QVERIFY(driver->clip(1).openWhenDone);
     QVERIFY(!driver->clip(0).openWhenDone);
     QTRY_COMPARE(driver->clip(1).status, int(Clip::ExportFailed));
+}
+
+void TestDetectionQueue::otherButtonsOpenNothing() {
+    announceClips(failedJob(), 1);
+    const QPoint place = driver->list().visualItemRect(&driver->clip(0)).center();
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        QTest::mouseClick(driver->list().viewport(), button, {}, place);
+        QTest::mouseDClick(driver->list().viewport(), button, {}, place);
+        QVERIFY(!driver->clip(0).openWhenDone);
+        QCOMPARE(driver->clip(0).status, int(Clip::NotExported));
+    }
 }
 
 void TestDetectionQueue::removesSelected() {
