@@ -42,6 +42,7 @@ private Q_SLOTS:
     void exportsSelected();
     void opensSelected();
     void doubleClickOpens();
+    void otherButtonsOpenNothing();
     void removesSelected();
     void removesAll();
     void listActionsFollowTheSelection();
@@ -49,6 +50,7 @@ private Q_SLOTS:
 
     void directoryGoesToSetup();
     void emptyDirectoryGoesToSetup();
+    void addFilesOpensWhereThePersonWas();
 
 private:
     Video* makeJob(const QString& fileName, bool autoExport = false) const;
@@ -82,6 +84,7 @@ void TestDetectionQueue::init() {
     QSettings().setValue("export_postrecord", 2.0);
     QSettings().setValue("export_minimum", 2.0);
     folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(QDir::setCurrent(folder->path())); // where a person starts the program
     encoder = std::make_unique<EncoderStand>();
     driver = std::make_unique<MainWindowDriver>();
     driver->window.show();
@@ -321,6 +324,17 @@ void TestDetectionQueue::doubleClickOpens() {
     QTRY_COMPARE(driver->clip(1).status, int(Clip::ExportFailed));
 }
 
+void TestDetectionQueue::otherButtonsOpenNothing() {
+    announceClips(failedJob(), 1);
+    const QPoint place = driver->list().visualItemRect(&driver->clip(0)).center();
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        QTest::mouseClick(driver->list().viewport(), button, {}, place);
+        QTest::mouseDClick(driver->list().viewport(), button, {}, place);
+        QVERIFY(!driver->clip(0).openWhenDone);
+        QCOMPARE(driver->clip(0).status, int(Clip::NotExported));
+    }
+}
+
 void TestDetectionQueue::removesSelected() {
     announceClips(failedJob(), 4);
     const QPointer<Clip> first(&driver->clip(0));
@@ -370,7 +384,7 @@ void TestDetectionQueue::directoryGoesToSetup() {
     QVERIFY(QFile::copy(shortRecording, directory.filePath("in/.hidden.mp4")));
     QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), directory.filePath("in/b.mp4")));
     driver->addDirectory(directory.filePath("in"));
-    QVERIFY(driver->setup.isVisible());
+    QTRY_VERIFY(driver->setup.isVisible());
     QCOMPARE(driver->setupPart<QLabel>("labelInfo").text(), directory.filePath("in/deep/a.dat"));
     driver->setupPart<QLineEdit>("lineEditDir").setText(directory.filePath("out"));
     driver->clickSetup("pushButtonAddAll");
@@ -386,6 +400,22 @@ void TestDetectionQueue::emptyDirectoryGoesToSetup() {
     QVERIFY(driver->setup.isVisible());
     driver->addDirectory(folder->filePath("empty"));
     QVERIFY(!driver->setup.isVisible()); // drops what it showed
+}
+
+void TestDetectionQueue::addFilesOpensWhereThePersonWas() {
+    encoder->setEnd("1");
+    announceClips(failedJob(), 1);
+    driver->list().selectAll();
+    driver->trigger("actionExport_selected");
+    QTRY_COMPARE(driver->clip(0).status, int(Clip::ExportFailed));
+    QCOMPARE(QDir::currentPath(), QCoreApplication::applicationDirPath());
+    QString shown;
+    const DialogAnswer<QFileDialog> answer([&shown](QFileDialog& dialog) {
+        shown = dialog.directory().path();
+        dialog.reject();
+    });
+    driver->click("pushButtonAddFiles");
+    QCOMPARE(shown, folder->path());
 }
 
 QTEST_MAIN(TestDetectionQueue)
