@@ -40,6 +40,7 @@ private Q_SLOTS:
     void showsNameNumberTimeLengthAndStatus();
     void text_data();
     void text();
+    void nameWithPlaceholders();
     void iconIsTheSnapshot();
 
     void exportsByItself();
@@ -52,6 +53,7 @@ private Q_SLOTS:
     void seeksBehindAnIntraCodedInput();
 
     void opensWhatIsExported();
+    void opensOddNames();
     void openingExportsFirst();
     void openingGoesToTheHead();
     void openingWhileExporting();
@@ -153,6 +155,13 @@ void TestClip::text() {
     const auto job = makeJob(false, videoStart.isValid(), videoStart);
     const Clip clip(job.get(), 0, blueSnapshot(), start, end, start);
     QCOMPARE(secondLine(clip), line);
+}
+
+void TestClip::nameWithPlaceholders() {
+    videoName = folder->filePath("cam%1 %7%L2.mp4");
+    const auto job = makeJob();
+    const Clip clip(job.get(), 3, blueSnapshot(), 0.0, 5.0, 1.0);
+    QCOMPARE(clip.text(), QString("cam%1 %7%L2.mp4\n#3 0:00:00 (5 sec) (not exported)"));
 }
 
 void TestClip::iconIsTheSnapshot() {
@@ -294,6 +303,18 @@ void TestClip::opensWhatIsExported() {
     clip.openClip();
     QCOMPARE(openedUrls, QList<QUrl>({QUrl("file:///" + clip.outputPath)}));
     QCOMPARE(encoder->calls().size(), 1);
+}
+
+void TestClip::opensOddNames() {
+    videoName = folder->filePath("100% #1?.mp4");
+    const auto job = makeJob(true);
+    Clip clip(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    QTRY_COMPARE(clip.status, int(Clip::Exported));
+    clip.openClip();
+    QCOMPARE(openedUrls.size(), 1);
+    QCOMPARE(openedUrls[0].toEncoded(),
+             "file:///" + folder->path().toUtf8() + "/100%25%20%231%3F_mp4_0/0000.avi");
+    QCOMPARE(openedUrls[0].toLocalFile(), '/' + clip.outputPath);
 }
 
 void TestClip::openingExportsFirst() {

@@ -5,6 +5,7 @@
 #include "applicationicon.h"
 #include "batchprogress.h"
 #include "clip.h"
+#include "fileurl.h"
 #include "settingsdialog.h"
 #include "ui_mainwindow.h"
 #include "video.h"
@@ -13,7 +14,6 @@
 #include <QCloseEvent>
 #include <QDesktopServices>
 #include <QMessageBox>
-#include <QUrl>
 
 #include <algorithm>
 
@@ -202,9 +202,8 @@ void MainWindow::on_pushButtonDirrectory_clicked() {
 }
 
 void MainWindow::on_actionHelp_triggered() {
-    const QString manual =
-        QStringLiteral("file:///%1/help/manual.pdf").arg(QCoreApplication::applicationDirPath());
-    if (!QDesktopServices::openUrl(QUrl(manual)))
+    const QString manual = QCoreApplication::applicationDirPath() + "/help/manual.pdf";
+    if (!QDesktopServices::openUrl(fileUrl(manual)))
         QMessageBox::critical(this, tr("Error"), tr("Can't open manual.pdf"));
 }
 

@@ -2,6 +2,7 @@
 
 #include "encoderprocess.h"
 #include "encodingsettings.h"
+#include "fileurl.h"
 #include "timeofday.h"
 #include "truncation.h"
 #include "video.h"
@@ -11,7 +12,6 @@
 #include <QDir>
 #include <QIcon>
 #include <QPixmap>
-#include <QUrl>
 
 #include <algorithm>
 #include <utility>
@@ -70,14 +70,15 @@ const char* Clip::statusText(int status) {
 
 void Clip::updateText() {
     const int time = timeOfDay();
-    const QString text = QStringLiteral("%1\n#%2 %3:%4:%5 (%6 sec) (%7)")
-                             .arg(video ? video->shortFileName() : QString())
-                             .arg(index)
-                             .arg(time / 3600)
-                             .arg(time / 60 % 60, 2, 10, QLatin1Char('0'))
-                             .arg(time % 60, 2, 10, QLatin1Char('0'))
-                             .arg(truncatedToInt(end - start))
-                             .arg(QLatin1String(statusText(status)));
+    const QLatin1Char zero('0');
+    // All at once: a file name may hold a "%1" of its own.
+    const QString text =
+        QStringLiteral("%1\n#%2 %3:%4:%5 (%6 sec) (%7)")
+            .arg(video ? video->shortFileName() : QString(), QString::number(index),
+                 QString::number(time / 3600),
+                 QStringLiteral("%1").arg(time / 60 % 60, 2, 10, zero),
+                 QStringLiteral("%1").arg(time % 60, 2, 10, zero),
+                 QString::number(truncatedToInt(end - start)), QLatin1String(statusText(status)));
     setData(Qt::DisplayRole, text);
 }
 
@@ -112,7 +113,7 @@ void Clip::openClip() {
     switch (status) {
     case Exported:
         openWhenDone = false;
-        QDesktopServices::openUrl(QUrl(QStringLiteral("file:///%1").arg(outputPath)));
+        QDesktopServices::openUrl(fileUrl(outputPath));
         break;
     case ExportFailed:
         break;
