@@ -1,7 +1,9 @@
 #include "clip.h"
 
+#include "cutrange.h"
 #include "encoderprocess.h"
 #include "encodingsettings.h"
+#include "exportnotices.h"
 #include "fileurl.h"
 #include "timeofday.h"
 #include "truncation.h"
@@ -10,8 +12,11 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFileInfo>
 #include <QIcon>
 #include <QPixmap>
+#include <QSet>
+#include <QTextDocument>
 
 #include <algorithm>
 #include <utility>
@@ -20,6 +25,18 @@ QList<Clip*> Clip::exportQueue;
 bool Clip::exportRunning = false;
 bool Clip::isStarting = false;
 bool Clip::isNextDue = false;
+
+namespace {
+
+/// Empty if the encoder, which says that it has succeeded, has written something.
+QString emptyFileReason(const QString& path) {
+    const QFileInfo file(path);
+    if (!file.exists())
+        return QStringLiteral("the encoder wrote no file");
+    return file.size() > 0 ? QString() : QStringLiteral("the encoder wrote an empty file");
+}
+
+} // namespace
 
 Clip::Clip(Video* video, int index, const QImage& snapshot, double start, double end,
            double snapshotTime)
@@ -47,6 +64,13 @@ Clip::~Clip() {
     const auto next = std::find_if(exportQueue.cbegin(), exportQueue.cend(), reads(Queued));
     if (next != exportQueue.cend())
         (*next)->exportClip(false);
+}
+
+void Clip::leaveQueue(const QList<Clip*>& clips) {
+    const QSet<Clip*> leaving(clips.cbegin(), clips.cend());
+    const auto leaves = [&leaving](Clip* clip) { return leaving.contains(clip); };
+    exportQueue.erase(std::remove_if(exportQueue.begin(), exportQueue.end(), leaves),
+                      exportQueue.end());
 }
 
 const char* Clip::statusText(int status) {
@@ -90,6 +114,12 @@ int Clip::timeOfDay() const {
 void Clip::exportClip(bool first) {
     if (!video)
         return;
+    if (!canBeCut(start, end)) {
+        status = ExportFailed;
+        explain(QStringLiteral("a clip with these times cannot be cut out"));
+        updateText();
+        return;
+    }
     if (exportRunning) {
         exportQueue.insert(first ? 0 : exportQueue.size(), this);
         status = Queued;
@@ -135,7 +165,8 @@ void Clip::startEncoder() {
                                           video->exportTimestamps, video->startDateTime},
                                          readEncodingSettings());
     outputPath = call.outputPath;
-    auto* process = new EncoderProcess;
+    setToolTip({});
+    auto* process = new EncoderProcess(this);
     connect(process, SIGNAL(finished(int, QProcess::ExitStatus)), this, SLOT(processFinished(int)));
     connect(process, SIGNAL(errorOccurred(QProcess::ProcessError)), this,
             SLOT(processError(QProcess::ProcessError)));
@@ -148,14 +179,17 @@ void Clip::processError(QProcess::ProcessError) {
 
 void Clip::processFinished(int exitCode) {
     exportRunning = false;
+    const auto* process = qobject_cast<EncoderProcess*>(sender());
     if (sender())
         sender()->deleteLater();
     if (exitCode == 0) {
         status = Exported;
+        explain(emptyFileReason(outputPath));
         if (openWhenDone)
             openClip();
     } else {
         status = ExportFailed;
+        explain(process ? process->failure() : QString());
     }
     exportQueue.removeAll(this);
     updateText();
@@ -164,4 +198,13 @@ void Clip::processFinished(int exitCode) {
         isNextDue = true;
     else if (!exportQueue.isEmpty())
         exportQueue.first()->exportClip(false);
+}
+
+/// Says why the export went wrong; an empty `reason`: it did not.
+void Clip::explain(const QString& reason) {
+    setToolTip(reason.isEmpty() ? reason : Qt::convertFromPlainText(reason, Qt::WhiteSpaceNormal));
+    if (!reason.isEmpty())
+        ExportNotices::instance().tell(QStringLiteral("%1 #%2: %3")
+                                           .arg(video ? video->shortFileName() : QString(),
+                                                QString::number(index), reason.simplified()));
 }
