@@ -705,7 +705,9 @@ void TestClip::leavingTheQueueTogether() {
     QCOMPARE(staysBehind->status, int(Clip::Queued));
     encoder->release();
     QTRY_COMPARE(staysBehind->status, int(Clip::Exported));
-    QCOMPARE(encoder->outputs(), QStringList({"0000.avi", "0007.avi", "0290.avi"}));
+    QStringList outputs = encoder->outputs();
+    outputs.sort(); // the first two start side by side
+    QCOMPARE(outputs, QStringList({"0000.avi", "0007.avi", "0290.avi"}));
 }
 
 void TestClip::jobGone() {

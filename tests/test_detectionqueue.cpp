@@ -276,6 +276,7 @@ void TestDetectionQueue::noThreadForTheWorker() {
     // Here no thread can be had while the file is there.
     QFile noThreads(qEnvironmentVariable("FAILING_FILE"));
     QVERIFY(noThreads.open(QIODevice::WriteOnly));
+    driver.reset(); // the new one looks for its own setup window
     driver = std::make_unique<MainWindowDriver>();
     Video* first = makeJob(shortRecording);
     Video* second = makeJob(shortRecording);
@@ -297,10 +298,12 @@ void TestDetectionQueue::noThreadForTheWorker() {
 
     // One that never got a thread ends like any other.
     QVERIFY(noThreads.open(QIODevice::WriteOnly));
+    driver.reset(); // the new one looks for its own setup window
     driver = std::make_unique<MainWindowDriver>();
     driver->accept(makeJob(shortRecording));
     driver.reset();
     QVERIFY(noThreads.remove());
+    driver.reset(); // the new one looks for its own setup window
     driver = std::make_unique<MainWindowDriver>();
 }
 
