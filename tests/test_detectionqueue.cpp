@@ -1,7 +1,9 @@
 #include "encoderstand.h"
+#include "faults.h"
 #include "filenamecodec.h"
 #include "mainwindowdriver.h"
 #include "media.h"
+#include "process.h"
 
 #include <QDir>
 #include <QMutex>
@@ -38,6 +40,7 @@ private Q_SLOTS:
     void withdrawnJobNeverRuns();
     void jobIsStartedOnce();
     void progressIsShownWhileJobsRun();
+    void noThreadForTheWorker();
 
     void clipIsListed();
     void automaticExport();
@@ -45,6 +48,7 @@ private Q_SLOTS:
     void exportsSelected();
     void opensSelected();
     void doubleClickOpens();
+    void otherButtonsOpenNothing();
     void removesSelected();
     void removesAll();
     void removesAllQueued();
@@ -56,6 +60,7 @@ private Q_SLOTS:
 
     void directoryGoesToSetup();
     void emptyDirectoryGoesToSetup();
+    void addFilesOpensWhereThePersonWas();
     void nameThatIsNotUtf8();
 
 private:
@@ -96,6 +101,7 @@ void TestDetectionQueue::init() {
     QSettings().setValue("export_postrecord", 2.0);
     QSettings().setValue("export_minimum", 2.0);
     folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(QDir::setCurrent(folder->path())); // where a person starts the program
     encoder = std::make_unique<EncoderStand>();
     driver = std::make_unique<MainWindowDriver>();
     driver->window.show();
@@ -259,6 +265,45 @@ void TestDetectionQueue::progressIsShownWhileJobsRun() {
     QVERIFY(bar.value() >= value);
 }
 
+void TestDetectionQueue::noThreadForTheWorker() {
+    if (qEnvironmentVariableIsEmpty("FAILING_CALL")) {
+        const ProcessResult result =
+            runProgramIn(faults::noThreadsWhile(folder->filePath("no-threads")),
+                         QCoreApplication::applicationFilePath(), {"noThreadForTheWorker"});
+        QVERIFY2(result.status == 0, result.output.constData());
+        return;
+    }
+    // Here no thread can be had while the file is there.
+    QFile noThreads(qEnvironmentVariable("FAILING_FILE"));
+    QVERIFY(noThreads.open(QIODevice::WriteOnly));
+    driver = std::make_unique<MainWindowDriver>();
+    Video* first = makeJob(shortRecording);
+    Video* second = makeJob(shortRecording);
+    for (Video* job : {first, second}) {
+        driver->accept(job);
+        QCOMPARE(driver->part<QStatusBar>("statusBar").currentMessage(),
+                 QString("No thread to run detection on, trying again..."));
+        QCOMPARE(int(job->state), int(Video::Waiting));
+    }
+    driver->click("pushButtonCancel");
+    QVERIFY(isEnded(first) && isEnded(second));
+
+    Video* third = makeJob(shortRecording);
+    driver->accept(third);
+    QVERIFY(noThreads.remove());
+    QTRY_COMPARE_WITH_TIMEOUT(int(third->state), int(Video::Finished), longMilliseconds);
+    QCOMPARE(driver->list().count(), 1);
+    QCOMPARE(driver->part<QStatusBar>("statusBar").currentMessage(), QString());
+
+    // One that never got a thread ends like any other.
+    QVERIFY(noThreads.open(QIODevice::WriteOnly));
+    driver = std::make_unique<MainWindowDriver>();
+    driver->accept(makeJob(shortRecording));
+    driver.reset();
+    QVERIFY(noThreads.remove());
+    driver = std::make_unique<MainWindowDriver>();
+}
+
 void TestDetectionQueue::clipIsListed() {
     driver->accept(makeJob(shortRecording));
     QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
@@ -331,6 +376,17 @@ void TestDetectionQueue::doubleClickOpens() {
     QVERIFY(driver->clip(1).openWhenDone);
     QVERIFY(!driver->clip(0).openWhenDone);
     QTRY_COMPARE(driver->clip(1).status, int(Clip::ExportFailed));
+}
+
+void TestDetectionQueue::otherButtonsOpenNothing() {
+    announceClips(failedJob(), 1);
+    const QPoint place = driver->list().visualItemRect(&driver->clip(0)).center();
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        QTest::mouseClick(driver->list().viewport(), button, {}, place);
+        QTest::mouseDClick(driver->list().viewport(), button, {}, place);
+        QVERIFY(!driver->clip(0).openWhenDone);
+        QCOMPARE(driver->clip(0).status, int(Clip::NotExported));
+    }
 }
 
 void TestDetectionQueue::removesSelected() {
@@ -455,7 +511,7 @@ void TestDetectionQueue::directoryGoesToSetup() {
     QVERIFY(QFile::copy(shortRecording, directory.filePath("in/.hidden.mp4")));
     QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), directory.filePath("in/b.mp4")));
     driver->addDirectory(directory.filePath("in"));
-    QVERIFY(driver->setup.isVisible());
+    QTRY_VERIFY(driver->setup.isVisible());
     QCOMPARE(driver->setupPart<QLabel>("labelInfo").text(), directory.filePath("in/deep/a.dat"));
     driver->setupPart<QLineEdit>("lineEditDir").setText(directory.filePath("out"));
     driver->clickSetup("pushButtonAddAll");
@@ -471,6 +527,22 @@ void TestDetectionQueue::emptyDirectoryGoesToSetup() {
     QVERIFY(driver->setup.isVisible());
     driver->addDirectory(folder->filePath("empty"));
     QVERIFY(!driver->setup.isVisible()); // drops what it showed
+}
+
+void TestDetectionQueue::addFilesOpensWhereThePersonWas() {
+    encoder->setEnd("1");
+    announceClips(failedJob(), 1);
+    driver->list().selectAll();
+    driver->trigger("actionExport_selected");
+    QTRY_COMPARE(driver->clip(0).status, int(Clip::ExportFailed));
+    QCOMPARE(QDir::currentPath(), QCoreApplication::applicationDirPath());
+    QString shown;
+    const DialogAnswer<QFileDialog> answer([&shown](QFileDialog& dialog) {
+        shown = dialog.directory().path();
+        dialog.reject();
+    });
+    driver->click("pushButtonAddFiles");
+    QCOMPARE(shown, folder->path());
 }
 
 void TestDetectionQueue::nameThatIsNotUtf8() {
