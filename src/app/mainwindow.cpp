@@ -19,6 +19,7 @@
 #include <QDeadlineTimer>
 #include <QDesktopServices>
 #include <QDir>
+#include <QKeyEvent>
 #include <QMessageBox>
 #include <QMouseEvent>
 
@@ -76,6 +77,24 @@ MainWindow::~MainWindow() {
     // The list outlives this part of the window, and its selection ends with its items.
     disconnect(ui->files, nullptr, this, nullptr);
     ui.reset();
+}
+
+bool MainWindow::event(QEvent* event) {
+    if (event->type() == QEvent::KeyRelease || event->type() == QEvent::ShortcutOverride)
+        recognizeHeldReturn(static_cast<QKeyEvent&>(*event));
+    return QMainWindow::event(event);
+}
+
+/// A window system may tell of a key that is held down as of one that is released and pressed again
+/// at the same instant, which does not always reach us marked as a repetition. Return, which opens
+/// clips, then goes to the list, which has no use for it.
+void MainWindow::recognizeHeldReturn(QKeyEvent& event) {
+    if (event.key() != Qt::Key_Return)
+        return;
+    if (event.type() == QEvent::KeyRelease)
+        returnReleased = event.timestamp();
+    else if (event.timestamp() == returnReleased)
+        event.accept();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
