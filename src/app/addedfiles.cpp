@@ -6,6 +6,8 @@
 #include <QDirIterator>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
 
 namespace {
 
@@ -15,6 +17,15 @@ QStringList filesBelow(const QString& directory) {
     while (iterator.hasNext())
         files.append(iterator.next());
     return files;
+}
+
+QStringList localPaths(const QMimeData& data) {
+    QStringList paths;
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    }
+    return paths;
 }
 
 } // namespace
@@ -38,4 +49,27 @@ std::optional<QStringList> askForDirectoryFiles(QWidget* parent) {
         return std::nullopt;
     settings::lastDirectory.write(store, directory);
     return filesBelow(directory);
+}
+
+bool canBeDropped(const QMimeData& data) {
+    return !localPaths(data).isEmpty();
+}
+
+QStringList droppedFiles(const QMimeData& data) {
+    QSettings store;
+    QStringList files;
+    bool hasFile = false;
+    for (const QString& path : localPaths(data)) {
+        const QFileInfo info(path);
+        if (info.isDir()) {
+            settings::lastDirectory.write(store, path);
+            files.append(filesBelow(path));
+            continue;
+        }
+        if (!hasFile)
+            settings::lastFiles.write(store, info.absolutePath());
+        hasFile = true;
+        files.append(path);
+    }
+    return files;
 }

@@ -12,7 +12,9 @@
 
 #include <QCloseEvent>
 #include <QDesktopServices>
+#include <QDragEnterEvent>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QUrl>
 
 #include <algorithm>
@@ -34,6 +36,7 @@ MainWindow::MainWindow(QWidget* parent)
     , workerThread(std::make_unique<WorkerThread>()) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
+    setAcceptDrops(true);
     connect(&statusTimer, SIGNAL(timeout()), SLOT(updateStatus()));
     connect(&editMaskWindow, SIGNAL(newVideo()), SLOT(newVideo()));
     editMaskWindow.installEventFilter(this);
@@ -63,6 +66,22 @@ bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
     if (watched == &editMaskWindow && event->type() == QEvent::Hide)
         QTimer::singleShot(0, this, [this] { endUnseen(); });
     return QMainWindow::eventFilter(watched, event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!canBeDropped(*event->mimeData()))
+        return;
+    // What is dropped stays where it is, whatever the other program proposes.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    const QStringList files = droppedFiles(*event->mimeData());
+    // The other program waits for the end of the drop, and must not wait for first pictures.
+    QTimer::singleShot(0, this, [this, files] { editMaskWindow.addFiles(files); });
 }
 
 /// Job setup hides itself when it has no more files. Where this window has been closed before, the
