@@ -4,8 +4,10 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <QtTest>
 
 namespace {
@@ -37,6 +39,8 @@ private Q_SLOTS:
     void directoryGivesAllFilesBelow();
     void emptyDirectoryGivesAnEmptyList();
     void cancelledDirectoryChangesNothing();
+    void dropsKeepTheirOrder();
+    void dropsFromElsewhereAreRefused();
 
 private:
     QString path(const QString& name) const { return folder->filePath(name); }
@@ -150,6 +154,26 @@ void TestAddedFiles::cancelledDirectoryChangesNothing() {
     QVERIFY(!askForDirectoryFiles(nullptr, QString()).has_value());
     QVERIFY(answer.wasShown());
     QCOMPARE(QSettings().value("last_dir").toString(), path("videos"));
+}
+
+void TestAddedFiles::dropsKeepTheirOrder() {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path("other.mp4")), QUrl::fromLocalFile(path("videos/deep")),
+                  QUrl("https://example.org/far.mp4"), QUrl::fromLocalFile(path("videos/b.mp4"))});
+    QVERIFY(canBeDropped(data));
+    QCOMPARE(droppedFiles(data),
+             QStringList({path("other.mp4"), path("videos/deep/deeper/c"), path("videos/b.mp4")}));
+    QCOMPARE(QSettings().value("last_files").toString(), folder->path());
+    QCOMPARE(QSettings().value("last_dir").toString(), path("videos/deep"));
+}
+
+void TestAddedFiles::dropsFromElsewhereAreRefused() {
+    QMimeData text;
+    text.setText(path("other.mp4"));
+    QVERIFY(!canBeDropped(text));
+    QMimeData remote;
+    remote.setUrls({QUrl("https://example.org/far.mp4")});
+    QVERIFY(!canBeDropped(remote));
 }
 
 QTEST_MAIN(TestAddedFiles)

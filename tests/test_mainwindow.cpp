@@ -3,14 +3,17 @@
 #include "settingsdialog.h"
 
 #include <QDesktopServices>
+#include <QDragEnterEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMetaMethod>
+#include <QMimeData>
 #include <QProgressBar>
 #include <QSettings>
+#include <QTemporaryDir>
 #include <QtTest>
 
 class TestMainWindow : public QObject {
@@ -28,6 +31,9 @@ private Q_SLOTS:
     void fileMenu();
     void slotsInTheirOrder();
     void nothingToDoAtStart();
+    void emptyListSaysWhatToDo();
+    void droppedFilesAreSetUp();
+    void droppedTextIsRefused();
 
     void settings();
     void about();
@@ -206,6 +212,59 @@ void TestMainWindow::nothingToDoAtStart() {
                              "actionRemoveSelected", "actionRemoveAll"})
         QVERIFY2(!driver.action(name).isEnabled(), name);
     QVERIFY(driver.part<QStatusBar>("statusBar").currentMessage().isEmpty());
+}
+
+void TestMainWindow::emptyListSaysWhatToDo() {
+    MainWindowDriver driver;
+    driver.window.show();
+    QListWidget& list = driver.list();
+    const QImage hint = list.viewport()->grab().toImage();
+    const QRgb background = list.palette().color(QPalette::Base).rgb();
+    const auto isBlank = [background](const QImage& image) {
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixel(x, y) != background)
+                    return false;
+            }
+        }
+        return true;
+    };
+    QVERIFY(!isBlank(hint));
+    QVERIFY(isBlank(hint.copy(0, 0, hint.width(), hint.height() / 4))); // it stands in the middle
+    list.addItem(QString());
+    list.item(0)->setHidden(true);
+    QVERIFY(isBlank(list.viewport()->grab().toImage()));
+}
+
+void TestMainWindow::droppedFilesAreSetUp() {
+    QTemporaryDir folder;
+    const QString video = folder.filePath("garden.mkv");
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=d=1", "-c:v", "ffv1", video}));
+    MainWindowDriver driver;
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(video)});
+    QDragEnterEvent enter(QPoint(50, 200), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                          Qt::NoModifier);
+    QCoreApplication::sendEvent(&driver.window, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPoint(50, 200), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                    Qt::NoModifier);
+    QCoreApplication::sendEvent(&driver.window, &drop);
+    QVERIFY(drop.isAccepted());
+    QCOMPARE(drop.dropAction(), Qt::CopyAction); // never moved away
+    QVERIFY(!driver.setup.isVisible());          // the other program is not kept waiting
+    QTRY_VERIFY(driver.setup.isVisible());
+    QCOMPARE(driver.setupPart<QLabel>("labelInfo").text(), video);
+}
+
+void TestMainWindow::droppedTextIsRefused() {
+    MainWindowDriver driver;
+    QMimeData data;
+    data.setText("garden.mkv");
+    QDragEnterEvent enter(QPoint(50, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QCoreApplication::sendEvent(&driver.window, &enter);
+    QVERIFY(!enter.isAccepted());
 }
 
 void TestMainWindow::settings() {

@@ -6,6 +6,8 @@
 #include <QDirIterator>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMimeData>
+#include <QUrl>
 
 namespace {
 
@@ -20,6 +22,15 @@ QStringList filesBelow(const QString& directory) {
     while (iterator.hasNext())
         files.append(iterator.next());
     return files;
+}
+
+QStringList localPaths(const QMimeData& data) {
+    QStringList paths;
+    for (const QUrl& url : data.urls()) {
+        if (url.isLocalFile())
+            paths.append(url.toLocalFile());
+    }
+    return paths;
 }
 
 } // namespace
@@ -43,4 +54,27 @@ std::optional<QStringList> askForDirectoryFiles(QWidget* parent, const QString& 
         return std::nullopt;
     settings::lastDirectory.write(store, directory);
     return filesBelow(directory);
+}
+
+bool canBeDropped(const QMimeData& data) {
+    return !localPaths(data).isEmpty();
+}
+
+QStringList droppedFiles(const QMimeData& data) {
+    QSettings store;
+    QStringList files;
+    bool hasFile = false;
+    for (const QString& path : localPaths(data)) {
+        const QFileInfo info(path);
+        if (info.isDir()) {
+            settings::lastDirectory.write(store, path);
+            files.append(filesBelow(path));
+            continue;
+        }
+        if (!hasFile)
+            settings::lastFiles.write(store, info.absolutePath());
+        hasFile = true;
+        files.append(path);
+    }
+    return files;
 }

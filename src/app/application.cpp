@@ -9,9 +9,28 @@
 
 #include <QApplication>
 
+#include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <string>
 
 namespace {
+
+/// What a lone --help or --version prints; empty for everything else.
+std::string answerTo(int argc, char* argv[]) {
+    const std::string argument = argc == 2 ? argv[1] : "";
+    std::error_code ignored;
+    if (std::filesystem::exists(argument, ignored))
+        return {};
+    if (argument == "--version")
+        return "kestrova " KESTROVA_VERSION "\n";
+    if (argument == "--help")
+        return "Usage: kestrova [VIDEO]...\n"
+               "Opens the window, and sets up the videos named. Of several the last one is shown.\n"
+               "Finds motion in recordings, shows it as clips and cuts them out.\n"
+               "Without a window: kestrova-scan --help\n";
+    return {};
+}
 
 int showMainWindow() {
     MainWindow window;
@@ -22,6 +41,9 @@ int showMainWindow() {
 } // namespace
 
 int runApplication(int argc, char* argv[]) {
+    const std::string answer = answerTo(argc, argv);
+    if (!answer.empty())
+        return std::fputs(answer.c_str(), stdout) >= 0 && std::fflush(stdout) == 0 ? 0 : 1;
     installFileNameCodec();
     CommandLinePaths paths(argc, argv);
     QApplication application(paths.count(), paths.arguments());

@@ -19,8 +19,10 @@
 #include <QDeadlineTimer>
 #include <QDesktopServices>
 #include <QDir>
+#include <QDragEnterEvent>
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QMouseEvent>
 
 #include <algorithm>
@@ -57,6 +59,7 @@ MainWindow::MainWindow(QWidget* parent)
     setWindowIcon(applicationIcon());
     ui->files->setItemDelegate(new CaptionDelegate(ui->files));
     ui->files->viewport()->installEventFilter(this);
+    setAcceptDrops(true);
     connect(&statusTimer, SIGNAL(timeout()), SLOT(updateStatus()));
     connect(&editMaskWindow, SIGNAL(newVideo()), SLOT(newVideo()));
     connect(&ExportNotices::instance(), SIGNAL(told(QString)), ui->statusBar,
@@ -131,6 +134,22 @@ void MainWindow::addCommandLineFiles(int milliseconds) {
         busyCursor = std::make_unique<BusyCursor>();
     QTimer::singleShot(isBlocked ? pauseMilliseconds : 0, this,
                        [this] { addCommandLineFiles(sliceMilliseconds); });
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!canBeDropped(*event->mimeData()))
+        return;
+    // What is dropped stays where it is, whatever the other program proposes.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    const QStringList files = droppedFiles(*event->mimeData());
+    // The other program waits for the end of the drop, and must not wait for first pictures.
+    QTimer::singleShot(0, this, [this, files] { editMaskWindow.addFiles(files); });
 }
 
 /// Job setup hides itself when it has no more files. Where this window has been closed before, the
