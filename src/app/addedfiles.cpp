@@ -1,13 +1,18 @@
 #include "addedfiles.h"
 
 #include "mainwindow.h"
+#include "settingstable.h"
 
 #include <QDirIterator>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QSettings>
 
 namespace {
+
+/// Never empty: a dialog takes that for the current directory, which the first export changes.
+QString oneOf(const QString& stored, const QString& startDirectory) {
+    return stored.isEmpty() ? startDirectory : stored;
+}
 
 QStringList filesBelow(const QString& directory) {
     QStringList files;
@@ -19,23 +24,23 @@ QStringList filesBelow(const QString& directory) {
 
 } // namespace
 
-QStringList askForFiles(QWidget* parent) {
-    QSettings settings;
+QStringList askForFiles(QWidget* parent, const QString& startDirectory) {
+    QSettings store;
     QStringList files =
         QFileDialog::getOpenFileNames(parent, MainWindow::tr("Select one or more files to open"),
-                                      settings.value(QStringLiteral("last_files")).toString());
+                                      oneOf(settings::lastFiles.read(store), startDirectory));
     if (!files.isEmpty())
-        settings.setValue(QStringLiteral("last_files"), QFileInfo(files.first()).absolutePath());
+        settings::lastFiles.write(store, QFileInfo(files.first()).absolutePath());
     return files;
 }
 
-std::optional<QStringList> askForDirectoryFiles(QWidget* parent) {
-    QSettings settings;
+std::optional<QStringList> askForDirectoryFiles(QWidget* parent, const QString& startDirectory) {
+    QSettings store;
     const QString directory = QFileDialog::getExistingDirectory(
         parent, MainWindow::tr("Select folder to add"),
-        settings.value(QStringLiteral("last_dir")).toString(), QFileDialog::ShowDirsOnly);
+        oneOf(settings::lastDirectory.read(store), startDirectory), QFileDialog::ShowDirsOnly);
     if (directory.isEmpty())
         return std::nullopt;
-    settings.setValue(QStringLiteral("last_dir"), directory);
+    settings::lastDirectory.write(store, directory);
     return filesBelow(directory);
 }

@@ -2,11 +2,12 @@
 
 #include "applicationicon.h"
 #include "commandlinepaths.h"
+#include "filenamecodec.h"
 #include "mainwindow.h"
+#include "picturesearch.h"
 #include "workerthread.h"
 
 #include <QApplication>
-#include <QTextCodec>
 
 #include <cstdlib>
 
@@ -21,8 +22,7 @@ int showMainWindow() {
 } // namespace
 
 int runApplication(int argc, char* argv[]) {
-    // File names are UTF-8 also where the program is started without a locale.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    installFileNameCodec();
     CommandLinePaths paths(argc, argv);
     QApplication application(paths.count(), paths.arguments());
     QCoreApplication::setOrganizationName(QStringLiteral("kestrova"));
@@ -31,8 +31,8 @@ int runApplication(int argc, char* argv[]) {
     QGuiApplication::setWindowIcon(applicationIcon());
 
     const int status = showMainWindow();
-    // A worker that is still busy must not find the program's globals destroyed.
-    if (WorkerThread::isAnyAbandoned())
+    // A thread that is still busy must not find the program's globals destroyed.
+    if (WorkerThread::isAnyAbandoned() || PictureSearch::isAnyAbandoned())
         std::_Exit(status);
     return status;
 }

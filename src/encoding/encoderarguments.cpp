@@ -13,13 +13,17 @@ QString wholeSeconds(double seconds) {
 /// In front of the input the seek jumps to a key frame; behind it, it counts decoded pictures.
 QStringList inputArguments(const EncodedClip& clip, const EncodedVideo& video) {
     const QStringList seek = {QStringLiteral("-ss"), wholeSeconds(clip.start)};
-    const QStringList input = {QStringLiteral("-i"), video.fileName};
-    return video.isIntraCodec ? input + seek : seek + input;
+    QStringList input = {QStringLiteral("-i"), video.fileName};
+    if (video.frameRate > 0.0)
+        input =
+            QStringList{QStringLiteral("-r"), QString::number(video.frameRate, 'g', 15)} + input;
+    return video.isCutByPictures() ? input + seek : seek + input;
 }
 
 QStringList pictureArguments(const EncodedClip& clip, const EncodedVideo& video,
                              const EncodingSettings& settings) {
-    const bool isEncoded = settings.doTranscoding || video.isIntraCodec || video.exportTimestamps;
+    const bool isEncoded =
+        settings.doTranscoding || video.isCutByPictures() || video.exportTimestamps;
     if (!isEncoded)
         return {QStringLiteral("-vcodec"), QStringLiteral("copy")};
     QStringList arguments;
@@ -39,7 +43,7 @@ QStringList soundArguments(const EncodingSettings& settings) {
 QString outputPath(const EncodedClip& clip, const EncodedVideo& video,
                    const EncodingSettings& settings) {
     const QString name = QStringLiteral("%1").arg(clip.index, 4, 10, QLatin1Char('0'));
-    return video.clipDirectory + '/' + name + '.' + containerExtension(settings.outputFormat);
+    return video.clipDirectory + '/' + name + '.' + containerName(settings.container);
 }
 
 } // namespace
@@ -55,15 +59,4 @@ EncoderCall encoderCall(const EncodedClip& clip, const EncodedVideo& video,
                      QStringList{QStringLiteral("-avoid_negative_ts"), QStringLiteral("disabled"),
                                  call.outputPath};
     return call;
-}
-
-QString containerExtension(int outputFormat) {
-    switch (outputFormat) {
-    case 1:
-        return QStringLiteral("mp4");
-    case 2:
-        return QStringLiteral("mkv");
-    default:
-        return QStringLiteral("avi");
-    }
 }

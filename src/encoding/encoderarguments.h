@@ -1,5 +1,7 @@
 #pragma once
 
+#include "container.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
@@ -19,11 +21,17 @@ struct EncodedVideo {
     bool isIntraCodec = false;     ///< every picture stands alone: always re-encoded
     bool exportTimestamps = false; ///< write date and time into the picture, which re-encodes
     QDateTime startDateTime;       ///< wall-clock time of the first frame
+
+    /// Pictures per second, where it has no times of its own, which re-encodes; else 0.
+    double frameRate = 0.0;
+
+    /// The encoder decodes up to the clip's start, where stored times cannot lead it there.
+    bool isCutByPictures() const { return isIntraCodec || frameRate > 0.0; }
 };
 
 /// The person's choices. The defaults are those of an empty settings store.
 struct EncodingSettings {
-    int outputFormat = 0;       ///< 1 MP4, 2 MKV, everything else AVI
+    Container container = Container::Avi;
     bool doTranscoding = false; ///< re-encode where a stream copy would do
     bool disableAudio = false;
     double bitrateOutput = 2.0; ///< megabits per second, where the picture is re-encoded
@@ -40,6 +48,3 @@ struct EncoderCall {
 /// Start and length are handed on in whole seconds, their fractions dropped.
 EncoderCall encoderCall(const EncodedClip& clip, const EncodedVideo& video,
                         const EncodingSettings& settings);
-
-/// The file name extension, and so the container, of an output format: "avi", "mp4" or "mkv".
-QString containerExtension(int outputFormat);

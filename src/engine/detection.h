@@ -1,17 +1,20 @@
 #pragma once
 
 #include "motionmeasure.h"
+#include "pictureclock.h"
 #include "segmentation.h"
 
+#include <QByteArray>
 #include <QString>
-#include <QVector>
 
+class PictureSource;
 class VideoDecoder;
 
 /// Everything that a detection can be told. The defaults are the program's.
 struct DetectionOptions {
     MeasureOptions measure;
     SegmentationOptions segmentation;
+    TimeOptions times;
     int threads = 0; ///< that decode; 0 = as many as the machine has cores, 1 = the caller's alone
 };
 
@@ -19,7 +22,7 @@ struct DetectionOptions {
 struct FrameReport {
     qint64 number = 0;   ///< number of the picture; the first one decoded, never reported, is 0
     double time = 0.0;   ///< seconds from the first picture
-    double motion = 0.0; ///< motion value, 0 or more
+    float motion = 0.0F; ///< motion value, 0 or more
 };
 
 /// What a detection asks and tells while it runs, on the thread that runs it.
@@ -30,14 +33,19 @@ public:
     /// Asked at least once per frame, on any thread; the detection ends when it answers true.
     virtual bool isCancelled() = 0;
 
-    /// The file is open and has its first two pictures. `duration` in seconds, 0 if unknown.
-    virtual void opened(bool isIntraCodec, double duration) = 0;
+    /// The file is open and has its first two pictures. `codecName` is the media libraries' name;
+    /// `duration` in seconds, 0 if unknown.
+    virtual void opened(const QByteArray& codecName, double duration) = 0;
+
+    /// Before `opened`: the pictures are numbered at this rate, per second.
+    virtual void numbered(double frameRate) { static_cast<void>(frameRate); }
 
     virtual void frameProcessed(const FrameReport& frame) = 0;
 
     /// After every read: the demuxer's position in bytes, -1 if unknown.
     virtual void positionChanged(qint64 bytePosition) = 0;
 
+    /// No further picture comes, be it the end of the file or an error of what the file lies on.
     virtual void endReached() = 0;
 
     virtual void clipFound(const DetectedClip& clip) = 0;
@@ -45,20 +53,19 @@ public:
 
 /// How a detection ended.
 enum class DetectionOutcome {
-    Finished,      ///< read to the end of the stream
-    Cancelled,     ///< the client said so; an open clip was still reported
-    CannotOpen,    ///< `Detection::errorText` says why
-    TooFewPictures ///< fewer than two pictures could be decoded
+    Finished,       ///< read to the end of the stream
+    Cancelled,      ///< the client said so; an open clip was still reported
+    CannotOpen,     ///< nothing was reported
+    TooFewPictures, ///< fewer than two pictures could be decoded; nothing was reported
+    NoUsableTimes,  ///< though they must be; found out at the first picture or at the end
+    ReadFailed,     ///< in the middle of the file; an open clip was still reported
+    OutOfMemory     ///< the same, but `endReached` was not called
 };
 
 /// The road of one recording: open, decode, measure, segment.
-///
-/// The lists get one entry per frame after the first: motion value, and time in seconds as the
-/// stream counts it.
 class Detection {
 public:
-    Detection(const DetectionOptions& options, DetectionClient& client,
-              QVector<float>& motionValues, QVector<double>& frameTimes);
+    Detection(const DetectionOptions& options, DetectionClient& client);
 
     /// Reads the whole file. Takes `ffmpegMutex` for opening and closing. Runs once per object.
     DetectionOutcome run(const QString& fileName);
@@ -66,12 +73,17 @@ public:
     /// Why the file could not be read, for a person; empty unless the outcome is a failure.
     QString errorText() const;
 
+    /// What was measured; once the run has ended.
+    const MotionSeries& motionSeries() const { return series; }
+
 private:
     DetectionOutcome runOpened(VideoDecoder& decoder);
+    DetectionOutcome failToBegin(const PictureSource& pictures, bool hasPicture);
+    DetectionOutcome outcomeOf(const PictureSource& pictures);
+    DetectionOutcome failWithoutTimes();
 
     DetectionOptions options;
     DetectionClient& client;
-    QVector<float>& motionValues;
-    QVector<double>& frameTimes;
+    MotionSeries series;
     QString error;
 };

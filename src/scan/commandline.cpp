@@ -86,6 +86,9 @@ void addOptions(QCommandLineParser& parser) {
         {"mask", "Look only where this picture is green; it is scaled to the video.", "PICTURE"},
         {"format", "How clips are printed: text, jsonl or csv (text).", "FORMAT", "text"},
         {"snapshots", "Write a picture of each clip's strongest motion into this folder.", "DIR"},
+        {"fps",
+         "Take recordings to be N pictures per second, 0.01 to 1000, whatever times they have.",
+         "N"},
         {"export", "Cut the clips out into this folder.", "DIR"},
         {"container", "File format of exported clips: avi, mp4 or mkv (avi).", "NAME", "avi"},
         {"transcode", "Encode exported pictures anew. MJPEG always is, and so are timestamps."},
@@ -150,13 +153,11 @@ ReportFormat readFormat(const QString& name, Values& values) {
     return ReportFormat::Text;
 }
 
-int readContainer(const QString& name, Values& values) {
-    for (const int format : {0, 1, 2}) {
-        if (name == containerExtension(format))
-            return format;
-    }
-    values.reject(QStringLiteral("--container takes avi, mp4 or mkv, not '%1'").arg(name));
-    return 0;
+Container readContainer(const QString& name, Values& values) {
+    const auto container = containerNamed(name);
+    if (!container)
+        values.reject(QStringLiteral("--container takes avi, mp4 or mkv, not '%1'").arg(name));
+    return container.value_or(Container::Avi);
 }
 
 /// The time of the clock on the wall: an offset from UTC does not change it.
@@ -171,7 +172,7 @@ QDateTime readStartTime(const QString& text, Values& values) {
 ExportOptions readExport(const QCommandLineParser& parser, Values& values) {
     ExportOptions options;
     options.directory = parser.value("export");
-    options.encoding.outputFormat = readContainer(parser.value("container"), values);
+    options.encoding.container = readContainer(parser.value("container"), values);
     options.encoding.doTranscoding = parser.isSet("transcode");
     options.encoding.disableAudio = parser.isSet("no-audio");
     options.encoding.bitrateOutput = values.number("bitrate", 0.0, 100.0);
@@ -201,6 +202,9 @@ DetectionOptions readDetection(const QCommandLineParser& parser, Values& values)
     options.segmentation.thresholdMotion = float(values.number("threshold-motion", 0.0, 10.0));
     options.measure.thresholdValue = values.integer("threshold-value", 0, 255);
     options.measure.skip = values.integer("skip", 0, 100);
+    options.times.mustBeUsable = true;
+    if (parser.isSet("fps"))
+        options.times.frameRate = values.number("fps", 0.01, 1000.0);
     options.threads = values.integer("threads", 0, 256);
     if (parser.isSet("roi") && parser.isSet("mask"))
         values.reject(QStringLiteral("--roi and --mask exclude each other"));

@@ -21,8 +21,9 @@ struct DecodingContext {
     std::unique_ptr<SerialDecoder> serial;
     std::deque<NumberedPacket> replay; ///< packets that the serial decoder takes before reading on
     qint64 lastNumber = -1;            ///< packet that completed the last picture handed out
-    AVCodecID codec = AV_CODEC_ID_NONE;
+    QByteArray codecName;              ///< empty until a decoder is open
     QString error;
+    ReadEnd end; ///< where the reader does not know it
 
     bool open(int threads);
     std::optional<CompletedPicture> nextPicture();
@@ -43,8 +44,7 @@ bool DecodingContext::open(int threads) {
         error = opened.error;
         return false;
     }
-    codec =
-        opened.context->codec_descriptor ? opened.context->codec_descriptor->id : AV_CODEC_ID_NONE;
+    codecName = avcodec_get_name(opened.context->codec_id);
     if (opened.hasFrameThreads)
         threaded = std::make_unique<FrameThreadedDecoder>(std::move(opened.context));
     else
@@ -96,11 +96,15 @@ bool DecodingContext::goSerial() {
     replay = threaded->takeRestartPackets();
     const int reorderDelay = threaded->reorderDelay();
     threaded.reset();
-    if (replay.empty() && !reader.open(fileName.constData()))
+    if (replay.empty() && !reader.open(fileName.constData())) {
+        end = {ReadEnd::Cause::ReadError, reader.errorText()};
         return false;
+    }
     OpenedCodec opened = openCodec(*reader.stream()->codecpar, 1);
-    if (!opened.context)
+    if (!opened.context) {
+        end = {ReadEnd::Cause::OutOfMemory, opened.error};
         return false;
+    }
     // From the start of the file the decoder learns the delay anew, as it did the first time.
     if (!replay.empty() && replay.front().number > 0)
         opened.context->has_b_frames = reorderDelay;
@@ -145,7 +149,14 @@ DecodedFrame* VideoDecoder::readFrame(bool clone) {
     if (!picture)
         return nullptr;
     const AVStream* stream = context->reader.stream();
-    return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture};
+    return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture,
+                            completed->dts == AV_NOPTS_VALUE};
+}
+
+ReadEnd VideoDecoder::readEnd() const {
+    if (!context)
+        return {};
+    return context->end.error.isEmpty() ? context->reader.readEnd() : context->end;
 }
 
 void VideoDecoder::close() {
@@ -161,17 +172,15 @@ int VideoDecoder::videoStreamIndex() const {
     return stream ? stream->index : -1;
 }
 
-bool VideoDecoder::isIntraCodec() const {
-    if (!context)
-        return false;
-    switch (context->codec) {
-    case AV_CODEC_ID_MJPEG:
-    case AV_CODEC_ID_MJPEGB:
-    case AV_CODEC_ID_LAGARITH:
-        return true;
-    default:
-        return false;
-    }
+QByteArray VideoDecoder::codecName() const {
+    return context ? context->codecName : QByteArray();
+}
+
+double VideoDecoder::headerFrameRate() const {
+    const AVStream* stream = context ? context->reader.stream() : nullptr;
+    if (!stream || stream->start_time != AV_NOPTS_VALUE)
+        return 0.0;
+    return context->threaded ? context->threaded->frameRate() : context->serial->frameRate();
 }
 
 double VideoDecoder::duration() const {
