@@ -15,6 +15,8 @@ extern "C" {
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cstdint>
+
 namespace {
 
 struct Picture {

@@ -49,6 +49,7 @@ int runApplication(int argc, char* argv[]) {
     QApplication application(paths.count(), paths.arguments());
     QCoreApplication::setOrganizationName(QStringLiteral("kestrova"));
     QCoreApplication::setApplicationName(QStringLiteral("kestrova"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("kestrova"));
     QGuiApplication::setWindowIcon(applicationIcon());
 
     const int status = showMainWindow();

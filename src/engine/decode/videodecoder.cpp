@@ -10,6 +10,7 @@
 #include <QMutexLocker>
 #include <QThread>
 
+#include <cstdint>
 #include <optional>
 
 /// One open file. Exactly one of the two decoders is there once the file is open.
