@@ -19,7 +19,7 @@ ClipExport::ClipExport(const QString& video, const ExportOptions& options)
 }
 
 QString ClipExport::run(ClipLine& line) const {
-    if (options.directory.isEmpty() || isInterrupted())
+    if (options.directory.isEmpty() || isEnding())
         return {};
     const DetectedClip& clip = line.clip;
     const int second =

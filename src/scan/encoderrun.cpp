@@ -14,7 +14,7 @@ constexpr int longestEndMilliseconds = 3000;
 
 /// Waits for the end, however long it takes, but not past an interrupt.
 void waitForEnd(QProcess& encoder) {
-    while (encoder.state() != QProcess::NotRunning && !isInterrupted())
+    while (encoder.state() != QProcess::NotRunning && !isEnding())
         encoder.waitForFinished(interruptPollMilliseconds);
     if (encoder.state() == QProcess::NotRunning)
         return;
@@ -34,7 +34,7 @@ QString lastLine(const QByteArray& text) {
 QString runEncoder(const QStringList& arguments) {
     static std::mutex turn;
     const std::lock_guard<std::mutex> lock(turn);
-    if (isInterrupted()) // while it waited for its turn
+    if (isEnding()) // while it waited for its turn
         return QStringLiteral("interrupted");
     QProcess encoder;
     encoder.setStandardInputFile(QProcess::nullDevice());
@@ -45,7 +45,7 @@ QString runEncoder(const QStringList& arguments) {
     if (!encoder.waitForStarted(-1))
         return QStringLiteral("the encoder cannot be started: %1").arg(encoder.errorString());
     waitForEnd(encoder);
-    if (isInterrupted())
+    if (isEnding())
         return QStringLiteral("interrupted");
     if (encoder.exitStatus() == QProcess::CrashExit)
         return QStringLiteral("the encoder crashed");

@@ -1,6 +1,7 @@
 #include "recordingscan.h"
 
 #include "interrupt.h"
+#include "picturefile.h"
 
 #include <QFileInfo>
 #include <QLocale>
@@ -44,7 +45,7 @@ bool RecordingScan::run() {
 }
 
 bool RecordingScan::isCancelled() {
-    return isInterrupted();
+    return isEnding();
 }
 
 void RecordingScan::opened(bool isIntraCodec, double) {
@@ -94,9 +95,10 @@ QString RecordingScan::writeSnapshot(const DetectedClip& clip) {
         outputs.messages.complain(line.video, QStringLiteral("its pictures cannot be scaled"));
         return {};
     }
-    if (clip.snapshot.save(path, "PNG"))
+    const QString failure = writePictureFile(clip.snapshot, path);
+    if (failure.isEmpty())
         return path;
     isWritten = false;
-    outputs.messages.complain(path, QStringLiteral("cannot write the picture"));
+    outputs.messages.complain(path, QStringLiteral("cannot write the picture: %1").arg(failure));
     return {};
 }
