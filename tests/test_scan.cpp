@@ -13,6 +13,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <unistd.h>
 
 namespace {
 
@@ -43,6 +44,9 @@ private Q_SLOTS:
     void namesWithPlaceholders();
     void traceNeverOverwritesAVideo();
     void namesInUtf8WithoutALocale();
+    void namesThatAreNotUtf8();
+    void namesCannotSteerATerminal();
+    void longestNames();
     void storedSettingsAreNotRead();
     void worksWithoutADisplay();
     void helpAndVersion();
@@ -286,6 +290,78 @@ void TestScan::namesInUtf8WithoutALocale() {
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitCode(), 0);
     QCOMPARE(jsonLines(process.readAllStandardOutput()).last()["video"].toString(), name);
+}
+
+void TestScan::namesThatAreNotUtf8() {
+    const QByteArray name = "caf\xe9 \x82\xa0,.mp4";
+    const QByteArray pictures = folder.path().toUtf8() + "/pictures \xff";
+    const QByteArray path = folder.path().toUtf8() + '/' + name;
+    QVERIFY(link(video.toUtf8().constData(), path.constData()) == 0);
+    // Through the shell, since this program itself does not know such names.
+    QVERIFY(qputenv("NAME", path) && qputenv("PICTURES", pictures));
+    const auto run = [](const QStringList& options) {
+        return runProgram("/bin/sh", QStringList{"-c",
+                                                 "exec \"$0\" --minimum 2 --postrecord 2 "
+                                                 "--snapshots \"$PICTURES\" \"$@\" \"$NAME\"",
+                                                 media::programDirectory() + "/kestrova-scan"} +
+                                         options);
+    };
+    const QByteArray picture = pictures + "/" + name + "-0000.png";
+    const ProcessResult text = run({});
+    QCOMPARE(text.status, 0);
+    QVERIFY(text.output.startsWith(path + "  #0  "));
+    QVERIFY(text.output.endsWith("  " + picture + '\n'));
+    QVERIFY(text.errors.startsWith(path + ": clips: 1"));
+    QVERIFY(access(picture.constData(), R_OK) == 0);
+
+    const ProcessResult csv = run({"--format", "csv"});
+    QVERIFY(csv.output.contains("\r\n\"" + path + "\",0,"));
+    QVERIFY(csv.output.contains(",\"" + picture + "\"\r\n"));
+
+    const QList<QJsonObject> lines = jsonLines(run({"--format", "jsonl"}).output);
+    for (const QJsonObject& line : lines) {
+        QVERIFY(line["video"].toString().contains(QChar::ReplacementCharacter));
+        QCOMPARE(QByteArray::fromBase64(line["videoBytes"].toString().toLatin1()), path);
+    }
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(QByteArray::fromBase64(lines[0]["snapshotBytes"].toString().toLatin1()), picture);
+    const QByteArray good = scan({"--format", "jsonl", video}).output;
+    QVERIFY(!good.contains("Bytes"));
+}
+
+void TestScan::namesCannotSteerATerminal() {
+    const QString odd = folder.filePath("a\n\t\x1b[2J\\.mp4");
+    QVERIFY(QFile::copy(video, odd));
+    const ProcessResult result = scan({"--minimum", "2", "--postrecord", "2", "--snapshots",
+                                       folder.filePath("steer"), odd, odd + "missing"});
+    QCOMPARE(result.status, 1);
+    const QByteArray shown = "a\\n\\t\\x1b[2J\\\\.mp4";
+    QVERIFY2(result.output.startsWith(folder.path().toUtf8() + '/' + shown + "  #0  "),
+             result.output.constData());
+    QVERIFY(result.output.endsWith("/steer/" + shown + "-0000.png\n"));
+    QCOMPARE(result.output.count('\n'), 1);
+    QVERIFY(result.errors.contains('/' + shown + ": clips: 1, length: "));
+    QVERIFY(result.errors.contains('/' + shown + "missing: No such file"));
+    QCOMPARE(result.errors.count('\n'), 2);
+    QVERIFY(!(result.output + result.errors).contains('\x1b'));
+    QVERIFY(QFileInfo::exists(folder.filePath("steer/a\n\t\x1b[2J\\.mp4-0000.png")));
+
+    const ProcessResult rejected = scan({"--format", "\x1b[2J", odd});
+    QVERIFY(rejected.errors.contains("'\\x1b[2J'"));
+    // The formats for programs keep names as they are.
+    QVERIFY(scan({"--format", "csv", "--minimum", "2", odd}).output.contains("\t\x1b[2J\\.mp4\","));
+}
+
+void TestScan::longestNames() {
+    const QString longest = folder.filePath(QString(251, 'a') + ".mp4");
+    QVERIFY(QFile::copy(video, longest));
+    const ProcessResult result = scan({"--format", "jsonl", "--minimum", "2", "--postrecord", "2",
+                                       "--snapshots", folder.filePath("long"), longest, longest});
+    QVERIFY2(result.status == 0, result.errors.constData());
+    const QList<QJsonObject> lines = jsonLines(result.output);
+    for (const int clip : {0, 2})
+        QCOMPARE(QImage(lines[clip]["snapshot"].toString()).size(), QSize(320, 240));
+    QVERIFY(lines[0]["snapshot"].toString() != lines[2]["snapshot"].toString());
 }
 
 void TestScan::storedSettingsAreNotRead() {

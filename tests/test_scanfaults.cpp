@@ -1,5 +1,6 @@
 // The scanner where something cannot be written: what it says, how it ends, and what is left.
 
+#include "fault.h"
 #include "files.h"
 #include "heldtrace.h"
 #include "media.h"
@@ -15,18 +16,6 @@
 #include <fcntl.h>
 #include <memory>
 #include <unistd.h>
-
-namespace {
-
-/// A call of the scanner's process that fails.
-struct Fault {
-    const char* call;
-    int error;
-    QString file;        ///< a part of the path
-    int roomInBytes = 0; ///< that writes take before
-};
-
-} // namespace
 
 class TestScanFaults : public QObject {
     Q_OBJECT
@@ -87,15 +76,7 @@ void TestScanFaults::cleanup() {
 
 /// In the scanner that is run next.
 void TestScanFaults::fail(const Fault& fault) {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert("LD_PRELOAD", KESTROVA_FAILING_CALLS);
-    environment.insert("FAILING_CALL", fault.call);
-    environment.insert("FAILING_ERROR", QString::number(fault.error));
-    environment.insert("FAILING_FILE", fault.file);
-    environment.insert("FAILING_AFTER", QString::number(fault.roomInBytes));
-    environment.insert("ASAN_OPTIONS",
-                       environment.value("ASAN_OPTIONS") + ":verify_asan_link_order=0");
-    process->setProcessEnvironment(environment);
+    process->setProcessEnvironment(environmentWith(fault));
 }
 
 /// One clip per recording with these options.
@@ -196,7 +177,7 @@ void TestScanFaults::pictureThatCannotBeWritten() {
     QFETCH(int, error);
     QFETCH(int, room);
     QFETCH(QByteArray, reason);
-    fail({call.constData(), error, "/pictures/", room});
+    fail({call, error, "/pictures/", room});
     run({"--quiet", "--format", "jsonl", "--snapshots", path("pictures"), recording});
     QCOMPARE(process->exitCode(), 1);
     QCOMPARE(errors(), "kestrova-scan: " + path("pictures/garden.mp4-0000.png").toUtf8() +

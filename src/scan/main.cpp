@@ -1,6 +1,7 @@
 #include "commandline.h"
 #include "filenamecodec.h"
 #include "interrupt.h"
+#include "printable.h"
 #include "scanner.h"
 
 #include <QCoreApplication>
@@ -14,7 +15,7 @@ namespace {
 
 ExitStatus rejectCommandLine(const QString& reason) {
     std::fprintf(stderr, "kestrova-scan: %s\nTry 'kestrova-scan --help'.\n",
-                 QFile::encodeName(reason).constData());
+                 QFile::encodeName(printable(reason)).constData());
     return UsageError;
 }
 
