@@ -3,6 +3,7 @@
 #include "clipprobe.h"
 #include "encoderstand.h"
 #include "files.h"
+#include "heldtrace.h"
 #include "media.h"
 
 #include <QDir>
@@ -13,6 +14,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <unistd.h>
 
 namespace {
 
@@ -44,6 +46,12 @@ private Q_SLOTS:
 
     void exportsEachClip();
     void everyRecordingGetsItsOwnFolder();
+    void foldersAreNamedInOrder_data();
+    void foldersAreNamedInOrder();
+    void recordingsWithoutClipsGetNoFolder();
+    void folderThatIsTakenMeanwhile();
+    void namesOfAnyBytes();
+    void longestNames();
     void defaultsReachTheEncoder();
     void optionsReachTheEncoder();
     void intraCodedRecording();
@@ -139,6 +147,82 @@ void TestScanExport::everyRecordingGetsItsOwnFolder() {
     QCOMPARE(QDir(clips->path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
              QStringList({"garden_mp4_0", "garden_mp4_1", "garden_mp4_2"}));
     QCOMPARE(encoder->calls().size(), 3);
+}
+
+void TestScanExport::foldersAreNamedInOrder_data() {
+    QTest::addColumn<QString>("jobs");
+    QTest::newRow("one after another") << "1";
+    QTest::newRow("side by side") << "4";
+}
+
+void TestScanExport::foldersAreNamedInOrder() {
+    QFETCH(QString, jobs);
+    QVERIFY(QDir(clips->path()).mkdir("garden_mp4_1"));
+    const ScanResult result = scan({"--export", clips->path(), "--format", "jsonl", "--jobs", jobs,
+                                    recording, path("missing/garden.mp4"), recording, recording});
+    QCOMPARE(result.status, 1);
+    QStringList files;
+    for (const QJsonObject& line : jsonLines(result.output)) {
+        if (line.contains("file"))
+            files.append(line["file"].toString());
+    }
+    QCOMPARE(files, QStringList({path("garden_mp4_0/0000.avi"), path("garden_mp4_3/0000.avi"),
+                                 path("garden_mp4_4/0000.avi")}));
+    QVERIFY(!QFileInfo::exists(path("garden_mp4_2"))); // of the one that is missing
+}
+
+void TestScanExport::recordingsWithoutClipsGetNoFolder() {
+    const ScanResult result = scan({"--export", path("out"), "--minimum", "20", recording,
+                                    path("missing.mp4"), recordings.path()});
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.output, QByteArray());
+    QVERIFY(QFileInfo(path("out")).isDir());
+    QVERIFY(QDir(path("out")).isEmpty());
+}
+
+void TestScanExport::folderThatIsTakenMeanwhile() {
+    HeldTrace trace(path("trace"));
+    QProcess process;
+    process.start(scannerPath(),
+                  oneClip + QStringList{"--export", path("out"), "--format", "jsonl", "--trace",
+                                        trace.path(), recording, recording});
+    QTRY_VERIFY(trace.isHolding());
+    QVERIFY(QDir(path("out")).mkdir("garden_mp4_0"));
+    trace.letGo();
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 0);
+    const QList<QJsonObject> lines = jsonLines(process.readAllStandardOutput());
+    QCOMPARE(lines[0]["file"].toString(), path("out/garden_mp4_2/0000.avi"));
+    QCOMPARE(lines[2]["file"].toString(), path("out/garden_mp4_1/0000.avi"));
+    QVERIFY(QDir(path("out/garden_mp4_0")).isEmpty());
+}
+
+void TestScanExport::namesOfAnyBytes() {
+    encoder->useRealEncoder();
+    const QByteArray name = recordings.path().toUtf8() + "/caf\xe9\n\x1b.mp4";
+    const QByteArray out = clips->path().toUtf8() + "/out \xff";
+    QVERIFY(link(recording.toUtf8().constData(), name.constData()) == 0);
+    QVERIFY(qputenv("NAME", name) && qputenv("OUT", out));
+    QProcess process;
+    process.start("/bin/sh", QStringList{"-c", "exec \"$0\" \"$@\" --export \"$OUT\" \"$NAME\"",
+                                         scannerPath(), "--start-time", "2026-11-16T09:05:00"} +
+                                 oneClip);
+    QVERIFY(process.waitForFinished());
+    unlink(name.constData());
+    QCOMPARE(process.exitCode(), 0);
+    QVERIFY(
+        process.readAllStandardOutput().endsWith("  " + out + "/caf\xe9\\n\\x1b_mp4_0/0000.avi\n"));
+    QVERIFY(access(QByteArray(out + "/caf\xe9\n\x1b_mp4_0/0000.avi").constData(), R_OK) == 0);
+}
+
+void TestScanExport::longestNames() {
+    encoder->useRealEncoder();
+    const QString name = recordings.filePath(QString(251, 'a') + ".mp4");
+    QVERIFY(QFile::copy(recording, name));
+    const ScanResult result = scan({"--export", clips->path(), "--format", "jsonl", name, name});
+    QVERIFY2(result.status == 0, result.errors.constData());
+    QCOMPARE(QDir(clips->path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 2);
+    QVERIFY(QFile::remove(name));
 }
 
 void TestScanExport::defaultsReachTheEncoder() {

@@ -72,7 +72,8 @@ void RecordingScan::clipFound(const DetectedClip& clip) {
     const QString failure = exporter.run(found);
     if (!failure.isEmpty()) {
         isWritten = false;
-        outputs.messages.complain(found.exportFile, failure);
+        outputs.messages.complain(found.exportFile.isEmpty() ? line.video : found.exportFile,
+                                  failure);
     }
     report(outputs.format.clip(found));
 }

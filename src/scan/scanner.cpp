@@ -92,10 +92,10 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
     const bool isExported = !options.exporting.directory.isEmpty();
     const auto format = makeClipFormat(options.format, isExported);
     const SnapshotFolder snapshots(options.snapshotDirectory, options.videos);
-    // Their folders are named here, in the order of the recordings.
+    ClipFolders folders(options.exporting.directory, options.videos);
     std::vector<ClipExport> exports;
-    for (const QString& video : options.videos)
-        exports.emplace_back(video, options.exporting);
+    for (int i = 0; i < recordings; ++i)
+        exports.emplace_back(options.videos[i], options.exporting, folders, i);
     Totals totals(options.videos);
     ScanOutputs outputs{*format,  clips, traceFile.isOpen() ? &trace : nullptr, snapshots, exports,
                         messages, totals};
