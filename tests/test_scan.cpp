@@ -43,6 +43,8 @@ private Q_SLOTS:
     void colonsAndSpacesInNames();
     void namesWithPlaceholders();
     void traceNeverOverwritesAVideo();
+    void traceNeverOverwritesTheMask();
+    void emptyRegionsAreWarnedOf();
     void namesInUtf8WithoutALocale();
     void namesThatAreNotUtf8();
     void namesCannotSteerATerminal();
@@ -244,6 +246,28 @@ void TestScan::maskAndRectangleLimitTheRegion() {
     QCOMPARE(clips({"--mask", folder.filePath("all.png")}), 1);
 }
 
+void TestScan::emptyRegionsAreWarnedOf() {
+    QImage mask(32, 24, QImage::Format_ARGB32);
+    mask.fill(Qt::red);
+    QVERIFY(mask.save(folder.filePath("red.png")));
+    const QByteArray warning =
+        "kestrova-scan: " + video.toUtf8() +
+        ": warning: the region selects nothing of its pictures, so no motion "
+        "is found\n";
+    const auto run = [this](const QString& option, const QString& value) {
+        return scan({"--quiet", option, value, video});
+    };
+    for (const ProcessResult& result : {run("--mask", folder.filePath("red.png")),
+                                        run("--roi", "320,0,10,10"), run("--roi", "-10,0,10,10")}) {
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.errors, warning);
+    }
+    mask.setPixelColor(0, 0, Qt::green);
+    QVERIFY(mask.save(folder.filePath("red.png")));
+    QCOMPARE(run("--mask", folder.filePath("red.png")).errors, QByteArray());
+    QCOMPARE(run("--roi", "319,239,10,10").errors, QByteArray());
+}
+
 void TestScan::colonsAndSpacesInNames() {
     QVERIFY(QFile::copy(video, folder.filePath("cam:2026-11-20T12:00 %d.mp4")));
     QProcess process;
@@ -271,11 +295,31 @@ void TestScan::namesWithPlaceholders() {
 void TestScan::traceNeverOverwritesAVideo() {
     const QString copy = folder.filePath("precious.mp4");
     QVERIFY(QFile::copy(video, copy));
-    const QString link = folder.filePath("link.mp4");
-    QVERIFY(QFile::link(copy, link));
-    const ProcessResult result = scan({"--trace", link, video, copy});
+    const QString symbolic = folder.filePath("symbolic.mp4");
+    QVERIFY(QFile::link(copy, symbolic));
+    const QString hard = folder.filePath("hard.mp4");
+    QVERIFY(link(copy.toUtf8().constData(), hard.toUtf8().constData()) == 0);
+    for (const QString& trace : {copy, symbolic, hard}) {
+        const ProcessResult result = scan({"--trace", trace, video, copy});
+        QCOMPARE(result.status, 2);
+        QVERIFY2(result.errors.contains(("--trace would overwrite the video '" + copy).toUtf8()),
+                 result.errors.constData());
+        QCOMPARE(readFile(copy), readFile(video));
+    }
+}
+
+void TestScan::traceNeverOverwritesTheMask() {
+    QImage mask(8, 8, QImage::Format_ARGB32);
+    mask.fill(Qt::green);
+    const QString path = folder.filePath("mask.png");
+    QVERIFY(mask.save(path));
+    const QByteArray before = readFile(path);
+    const QString hard = folder.filePath("mask-too.png");
+    QVERIFY(link(path.toUtf8().constData(), hard.toUtf8().constData()) == 0);
+    const ProcessResult result = scan({"--mask", path, "--trace", hard, video});
     QCOMPARE(result.status, 2);
-    QCOMPARE(readFile(copy), readFile(video));
+    QVERIFY(result.errors.contains(("--trace would overwrite the mask '" + path).toUtf8()));
+    QCOMPARE(readFile(path), before);
 }
 
 void TestScan::namesInUtf8WithoutALocale() {
@@ -429,6 +473,10 @@ void TestScan::usageErrors_data() {
     row({"--roi", "1,2,3,4", "--mask", "/nonexistent.png", "x.mp4"}, "exclude each other");
     row({"--format", "xml", "x.mp4"}, "'xml'");
     row({"--snapshots", "", "x.mp4"}, "--snapshots");
+    row({"--mask=", "x.mp4"}, "--mask needs a name");
+    row({"--roi=", "x.mp4"}, "--roi takes");
+    row({"--trace=", "x.mp4"}, "--trace needs a name");
+    row({"--prerecord=", "x.mp4"}, "--prerecord takes a number");
     row({"--jobs", "0", "x.mp4"}, "--jobs takes");
     row({"--threads", "-1", "x.mp4"}, "--threads takes");
 }
@@ -440,6 +488,9 @@ void TestScan::usageErrors() {
     QCOMPARE(result.status, 2);
     QVERIFY2(result.errors.contains(message), result.errors.constData());
     QVERIFY(result.errors.contains("--help"));
+    // No library has a word of its own beside it.
+    QVERIFY(result.errors.startsWith("kestrova-scan: "));
+    QCOMPARE(result.errors.count('\n'), 2);
     QCOMPARE(result.output, QByteArray());
 }
 

@@ -253,19 +253,35 @@ void TestScanExport::intraCodedRecording() {
 
 void TestScanExport::startTimeIsTheClockOnTheWall_data() {
     QTest::addColumn<QString>("startTime");
-    QTest::newRow("local") << "2026-11-16T09:05:00";
-    QTest::newRow("UTC") << "2026-11-16T09:05:00Z";
-    QTest::newRow("with an offset") << "2026-11-16T09:05:00+02:00";
-    QTest::newRow("with a fraction") << "2026-11-16T09:05:00.250";
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QByteArray>("zone");
+    const QString shown = "Mon Nov 16 2026 %{pts\\:hms\\:32704}";
+    QTest::newRow("local") << "2026-11-16T09:05:00" << shown << QByteArray("UTC");
+    QTest::newRow("UTC") << "2026-11-16T09:05:00Z" << shown << QByteArray("Asia/Tokyo");
+    QTest::newRow("with an offset")
+        << "2026-11-16T09:05:00+02:00" << shown << QByteArray("Asia/Tokyo");
+    QTest::newRow("with a fraction") << "2026-11-16T09:05:00.250" << shown << QByteArray("UTC");
+    QTest::newRow("that this machine's clock leaves out")
+        << "2026-03-29T02:30:00"
+        << "Sun Mar 29 2026 %{pts\\:hms\\:9004}" << QByteArray("Europe/Berlin");
+    QTest::newRow("midnight that it leaves out")
+        << "2018-11-04"
+        << "Sun Nov 4 2018 %{pts\\:hms\\:4}" << QByteArray("America/Sao_Paulo");
 }
 
 void TestScanExport::startTimeIsTheClockOnTheWall() {
     QFETCH(QString, startTime);
+    QFETCH(QString, shown);
+    QFETCH(QByteArray, zone);
+    // Clocks were put forward in that very hour, and at that very midnight.
+    qputenv("TZ", zone);
     // The clip starts in second 4 of the recording: 9:05:04 is second 32704 of the day.
-    QCOMPARE(argumentsOf({"--start-time", startTime, recording}).mid(0, 2),
-             QStringList({"-vf", "drawtext=fontfile=DejaVuSansMono.ttf:text='Mon Nov 16 2026 "
-                                 "%{pts\\:hms\\:32704}':x=10:y=10:fontcolor=white:box=1:"
-                                 "boxborderw=3:boxcolor=0x00000000@1"}));
+    const QStringList arguments = argumentsOf({"--start-time", startTime, recording});
+    qunsetenv("TZ");
+    QCOMPARE(arguments.mid(0, 2),
+             QStringList({"-vf", "drawtext=fontfile=DejaVuSansMono.ttf:text='" + shown +
+                                     "':x=10:y=10:fontcolor=white:box=1:"
+                                     "boxborderw=3:boxcolor=0x00000000@1"}));
 }
 
 void TestScanExport::overlayIsWritten() {

@@ -58,6 +58,8 @@ DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
         return DetectionOutcome::TooFewPictures;
     }
     client.opened(codecName, duration);
+    if (prepareRegion(options.measure.region, current->width(), current->height()).isEmpty())
+        client.regionIsEmpty();
 
     const double firstTime = previous->time;
     MotionMeasure measure(options.measure);

@@ -34,6 +34,9 @@ public:
     /// `duration` in seconds, 0 if unknown.
     virtual void opened(const QByteArray& codecName, double duration) = 0;
 
+    /// After `opened`: the region of interest selects no pixel, so that no motion will be found.
+    virtual void regionIsEmpty() {}
+
     virtual void frameProcessed(const FrameReport& frame) = 0;
 
     /// After every read: the demuxer's position in bytes, -1 if unknown.

@@ -27,6 +27,7 @@ bool RecordingScan::run() {
     Detection detection(options.detection, *this);
     // An absolute path is a file to the media libraries, whatever colons its name has.
     line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
+    outputs.totals.finish(index);
     if (!detection.errorText().isEmpty())
         outputs.messages.complain(line.video, detection.errorText());
     report(outputs.format.videoEnd(line));
@@ -44,6 +45,13 @@ bool RecordingScan::isCancelled() {
 
 void RecordingScan::opened(const QByteArray& codecName, double) {
     exporter.setCodec(codecName);
+}
+
+void RecordingScan::regionIsEmpty() {
+    outputs.messages.complain(
+        line.video,
+        QStringLiteral(
+            "warning: the region selects nothing of its pictures, so no motion is found"));
 }
 
 void RecordingScan::frameProcessed(const FrameReport& frame) {
