@@ -14,6 +14,7 @@
 #include <QtTest>
 
 #include <csignal>
+#include <limits>
 #include <unistd.h>
 
 namespace {
@@ -31,6 +32,35 @@ const QStringList oneClip = {"--prerecord", "1.5", "--postrecord", "2", "--minim
 /// The copy of the scanner beside this test's own program, and so beside its encoder.
 QString scannerPath() {
     return QCoreApplication::applicationDirPath() + "/kestrova-scan";
+}
+
+/// The one of the `times` (like "09:05:04") that stands in the overlay: the one that it looks most
+/// like when it is drawn by itself.
+QString writtenTime(const QImage& picture, const QStringList& times) {
+    const QRect overlay(10, 8, 300, 18);
+    QTemporaryDir folder;
+    QString best;
+    qint64 least = std::numeric_limits<qint64>::max();
+    for (const QString& time : times) {
+        const QString text =
+            QStringLiteral("drawtext=fontfile=%1/DejaVuSansMono.ttf:x=10:y=10:fontcolor=white:"
+                           "text='Mon Nov 16 2026  %2.000'")
+                .arg(media::programDirectory(), QString(time).replace(":", "\\:"));
+        const QString drawn = folder.filePath("drawn.png");
+        if (!media::encode({"-f", "lavfi", "-i", "color=black:s=480x120", "-vf", text, "-frames:v",
+                            "1", drawn}))
+            return "cannot draw";
+        const QImage other(drawn);
+        qint64 difference = 0;
+        for (int y = overlay.top(); y <= overlay.bottom(); ++y) {
+            for (int x = overlay.left(); x <= overlay.right(); ++x)
+                difference += qAbs(qGray(picture.pixel(x, y)) - qGray(other.pixel(x, y)));
+        }
+        if (difference < least)
+            best = time;
+        least = qMin(least, difference);
+    }
+    return best;
 }
 
 } // namespace
@@ -58,6 +88,8 @@ private Q_SLOTS:
     void startTimeIsTheClockOnTheWall_data();
     void startTimeIsTheClockOnTheWall();
     void overlayIsWritten();
+    void writtenTimeIsTheClock_data();
+    void writtenTimeIsTheClock();
     void csvHasColumnsForIt();
     void textNamesTheFile();
     void withoutExportNothingIsMade();
@@ -291,6 +323,38 @@ void TestScanExport::overlayIsWritten() {
     QVERIFY2(result.status == 0, result.errors.constData());
     QVERIFY(hasOverlay(firstPicture(path("garden_mp4_0/0000.mp4"))));
     QVERIFY(!hasOverlay(firstPicture(recording)));
+}
+
+void TestScanExport::writtenTimeIsTheClock_data() {
+    QTest::addColumn<QStringList>("codec");
+    QTest::addColumn<QString>("startTime");
+    QTest::addColumn<QString>("shown"); // second 4 of the recording, where the clip starts
+    const QStringList intra = {"-c:v", "mjpeg", "-q:v", "3"};
+    const QStringList inter = {"-c:v", "mpeg4", "-q:v", "3", "-g", "25"};
+    QTest::newRow("intra-coded") << intra << "2026-11-16T09:05:00"
+                                 << "09:05:04";
+    QTest::newRow("intra-coded, midnight") << intra << "2026-11-16T23:59:58"
+                                           << "00:00:02";
+    QTest::newRow("other") << inter << "2026-11-16T09:05:00"
+                           << "09:05:04";
+    QTest::newRow("other, midnight") << inter << "2026-11-16T23:59:58"
+                                     << "00:00:02";
+}
+
+void TestScanExport::writtenTimeIsTheClock() {
+    QFETCH(QStringList, codec);
+    QFETCH(QString, startTime);
+    QFETCH(QString, shown);
+    encoder->useRealEncoder();
+    const QString wide = path("wide.avi");
+    QVERIFY(media::encode(media::crossingBox(20, 7, 13, "480x120") + codec + QStringList{wide}));
+    const ScanResult result =
+        scan({"--export", clips->path(), "--start-time", startTime, "--container", "mp4", wide});
+    QVERIFY2(result.status == 0, result.errors.constData());
+    QStringList times;
+    for (int second = 0; second < 12; ++second)
+        times.append(shown.left(6) + QStringLiteral("%1").arg(second, 2, 10, QLatin1Char('0')));
+    QCOMPARE(writtenTime(firstPicture(path("wide_avi_0/0000.mp4")), times), shown);
 }
 
 void TestScanExport::csvHasColumnsForIt() {

@@ -27,8 +27,8 @@ QString ClipExport::run(ClipLine& line) {
     const DetectedClip& clip = line.clip;
     const int second =
         secondOfDay(clip.start, source.exportTimestamps ? &source.startDateTime : nullptr);
-    const EncoderCall call =
-        encoderCall({clip.index, clip.start, clip.end, second}, source, options.encoding);
+    const EncoderCall call = encoderCall({clip.index, clip.start, clip.end, second}, source,
+                                         options.encoding, OverlayClock::VideoStart);
     line.exportFile = call.outputPath;
     QString failure = runEncoder(call);
     line.isExported = failure.isEmpty();
