@@ -2,7 +2,7 @@
 
 #include "clipprobe.h"
 #include "encoderstand.h"
-#include "fault.h"
+#include "faults.h"
 #include "files.h"
 #include "media.h"
 
@@ -115,7 +115,7 @@ void TestExportFaults::fullDisk_data() {
 void TestExportFaults::fullDisk() {
     QFETCH(QString, container);
     encoder->useRealEncoder();
-    process->setProcessEnvironment(environmentWith({"write", ENOSPC, "/0000."}));
+    process->setProcessEnvironment(faults::callError("write", ENOSPC, "/0000."));
     run({"--container", container, recording});
     QCOMPARE(process->exitCode(), 1);
     const QByteArray start = "kestrova-scan: " + clipPath(container).toUtf8() + ": the encoder ";
@@ -139,7 +139,7 @@ void TestExportFaults::diskFullAtTheLastByte() {
     QVERIFY(probeClip(clipPath(container)).isPlayable);
     QVERIFY(QDir(path("garden_mp4_0")).removeRecursively());
     // The encoder answers 0, since every packet was written.
-    process->setProcessEnvironment(environmentWith({"write", ENOSPC, "/0000.", int(size) - 1}));
+    process->setProcessEnvironment(faults::callError("write", ENOSPC, "/0000.", int(size) - 1));
     run({"--container", container, recording});
     QCOMPARE(process->exitCode(), 1);
     QVERIFY2(errors.contains(": the encoder did not finish the file: Error writing trailer of "),
@@ -149,7 +149,7 @@ void TestExportFaults::diskFullAtTheLastByte() {
 }
 
 void TestExportFaults::folderThatCannotBeMade() {
-    process->setProcessEnvironment(environmentWith({"mkdir", EDQUOT, "garden_mp4"}));
+    process->setProcessEnvironment(faults::callError("mkdir", EDQUOT, "garden_mp4"));
     run({recording, recording});
     QCOMPARE(process->exitCode(), 1);
     const QByteArray complaint = "kestrova-scan: " + recording.toUtf8() +

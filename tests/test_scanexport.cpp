@@ -75,6 +75,7 @@ private Q_SLOTS:
     void cleanupTestCase();
 
     void exportsEachClip();
+    void relativeFolderIsOfTheCaller();
     void everyRecordingGetsItsOwnFolder();
     void foldersAreNamedInOrder_data();
     void foldersAreNamedInOrder();
@@ -171,6 +172,16 @@ void TestScanExport::exportsEachClip() {
     const int length = int(lines[0]["end"].toDouble() - lines[0]["start"].toDouble());
     QVERIFY2(probe.seconds > length - 0.1 && probe.seconds < length + 1.1,
              qPrintable(QString::number(probe.seconds)));
+}
+
+void TestScanExport::relativeFolderIsOfTheCaller() {
+    encoder->useRealEncoder(); // which runs elsewhere
+    const ScanResult result = scan({"--export", "relative", "--format", "jsonl", "garden.mp4"});
+    QCOMPARE(result.status, 0);
+    const QString file = recordings.filePath("relative/garden_mp4_0/0000.avi");
+    QCOMPARE(jsonLines(result.output)[0]["file"].toString(), file);
+    QVERIFY(QFileInfo(file).size() > 0);
+    QVERIFY(QDir(recordings.filePath("relative")).removeRecursively());
 }
 
 void TestScanExport::everyRecordingGetsItsOwnFolder() {

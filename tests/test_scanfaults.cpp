@@ -1,6 +1,6 @@
 // The scanner where something cannot be written: what it says, how it ends, and what is left.
 
-#include "fault.h"
+#include "faults.h"
 #include "files.h"
 #include "heldtrace.h"
 #include "media.h"
@@ -45,7 +45,7 @@ private Q_SLOTS:
     void traceThatDoesNotReachTheDisk();
 
 private:
-    void fail(const Fault& fault);
+    void fail(const char* call, int error, const QString& file, int room = 0);
     void run(const QStringList& arguments);
     QByteArray errors() const { return readFile(path("errors")); }
     QString path(const QString& name) const { return results->filePath(name); }
@@ -75,8 +75,8 @@ void TestScanFaults::cleanup() {
 }
 
 /// In the scanner that is run next.
-void TestScanFaults::fail(const Fault& fault) {
-    process->setProcessEnvironment(environmentWith(fault));
+void TestScanFaults::fail(const char* call, int error, const QString& file, int room) {
+    process->setProcessEnvironment(faults::callError(call, error, file, room));
 }
 
 /// One clip per recording with these options.
@@ -111,7 +111,7 @@ void TestScanFaults::fullStandardOutputEndsTheScan() {
 
 void TestScanFaults::standardOutputThatFillsUpEndsTheScan() {
     process->setStandardOutputFile(path("clips"));
-    fail({"write", ENOSPC, "/clips", 10});
+    fail("write", ENOSPC, "/clips", 10);
     run({recording, recording});
     QCOMPARE(process->exitCode(), 1);
     QCOMPARE(errors(), QByteArray("kestrova-scan: standard output: No space left on device\n"));
@@ -177,7 +177,7 @@ void TestScanFaults::pictureThatCannotBeWritten() {
     QFETCH(int, error);
     QFETCH(int, room);
     QFETCH(QByteArray, reason);
-    fail({call, error, "/pictures/", room});
+    fail(call.constData(), error, "/pictures/", room);
     run({"--quiet", "--format", "jsonl", "--snapshots", path("pictures"), recording});
     QCOMPARE(process->exitCode(), 1);
     QCOMPARE(errors(), "kestrova-scan: " + path("pictures/garden.mp4-0000.png").toUtf8() +
@@ -196,7 +196,7 @@ void TestScanFaults::olderPictureSurvives() {
     const QByteArray picture = readFile(path("pictures/garden.mp4-0000.png"));
     QVERIFY(!QImage::fromData(picture).isNull());
     for (const char* call : {"write", "rename"}) {
-        fail({call, ENOSPC, "/pictures/", 500});
+        fail(call, ENOSPC, "/pictures/", 500);
         run(arguments);
         QCOMPARE(process->exitCode(), 1);
         QVERIFY2(errors().endsWith(": No space left on device\n"), errors().constData());
@@ -220,7 +220,7 @@ void TestScanFaults::folderOfPicturesThatGoesAway() {
 }
 
 void TestScanFaults::pictureFolderThatCannotBeMade() {
-    fail({"mkdir", EROFS, "/pictures"});
+    fail("mkdir", EROFS, "/pictures");
     run({"--snapshots", path("pictures"), recording});
     QCOMPARE(process->exitCode(), 2);
     QCOMPARE(errors(), "kestrova-scan: " + path("pictures").toUtf8() +
@@ -246,7 +246,7 @@ void TestScanFaults::fullTraceIsNamedAtOnce() {
 }
 
 void TestScanFaults::traceThatFillsUp() {
-    fail({"write", ENOSPC, "/trace", 100});
+    fail("write", ENOSPC, "/trace", 100);
     run({"--quiet", "--trace", path("trace"), recording});
     QCOMPARE(process->exitCode(), 1);
     QCOMPARE(errors(), "kestrova-scan: " + path("trace").toUtf8() + ": No space left on device\n");
@@ -254,7 +254,7 @@ void TestScanFaults::traceThatFillsUp() {
 }
 
 void TestScanFaults::traceThatDoesNotReachTheDisk() {
-    fail({"fsync", EIO, "/trace"});
+    fail("fsync", EIO, "/trace");
     run({"--quiet", "--trace", path("trace"), recording});
     QCOMPARE(process->exitCode(), 1);
     QCOMPARE(errors(), "kestrova-scan: " + path("trace").toUtf8() + ": Input/output error\n");

@@ -4,6 +4,7 @@
 #include "commandlinepaths.h"
 #include "filenamecodec.h"
 #include "mainwindow.h"
+#include "picturesearch.h"
 #include "workerthread.h"
 
 #include <QApplication>
@@ -29,8 +30,8 @@ int runApplication(int argc, char* argv[]) {
     QGuiApplication::setWindowIcon(applicationIcon());
 
     const int status = showMainWindow();
-    // A worker that is still busy must not find the program's globals destroyed.
-    if (WorkerThread::isAnyAbandoned())
+    // A thread that is still busy must not find the program's globals destroyed.
+    if (WorkerThread::isAnyAbandoned() || PictureSearch::isAnyAbandoned())
         std::_Exit(status);
     return status;
 }

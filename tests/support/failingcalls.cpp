@@ -1,8 +1,10 @@
-// Preloaded into a program, makes system calls on some files fail.
+// Preloaded into a program, makes system calls on some files fail, or the start of threads.
 //
 // FAILING_CALL names the call, FAILING_ERROR the number of the error that it gives, FAILING_FILE a
 // part of the paths of the files concerned. With FAILING_AFTER, writes take that many bytes in all
-// before the first one fails, as a disk does that fills up.
+// before the first one fails, as a disk does that fills up; reads fail from that place in the file
+// on, as a disk does with bad blocks; that many threads start before the first one does not, and
+// none while the file is there, if one is named.
 
 #include <algorithm>
 #include <atomic>
@@ -13,6 +15,7 @@
 
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <pthread.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -57,6 +60,25 @@ ssize_t write(int descriptor, const void* bytes, size_t size) {
         return fail();
     room -= part;
     return next("write", write)(descriptor, bytes, size_t(part));
+}
+
+ssize_t read(int descriptor, void* bytes, size_t size) {
+    if (!isConcerned("read", descriptor))
+        return next("read", read)(descriptor, bytes, size);
+    const long left = std::atol(setting("FAILING_AFTER")) - lseek(descriptor, 0, SEEK_CUR);
+    if (left <= 0)
+        return fail();
+    return next("read", read)(descriptor, bytes, std::min(size, size_t(left)));
+}
+
+int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*routine)(void*),
+                   void* argument) noexcept {
+    static std::atomic<long> left{std::atol(setting("FAILING_AFTER"))};
+    const bool isConcerned = std::strcmp(setting("FAILING_CALL"), "pthread_create") == 0;
+    const char* file = setting("FAILING_FILE");
+    if (isConcerned && (*file == '\0' || access(file, F_OK) == 0) && left-- <= 0)
+        return std::atoi(setting("FAILING_ERROR"));
+    return next("pthread_create", pthread_create)(thread, attributes, routine, argument);
 }
 
 int fsync(int descriptor) {
