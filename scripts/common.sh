@@ -6,7 +6,7 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 say() { printf '%s\n' "$*" >&2; }
 
-# packages ROLE: the names of scripts/packages.txt; with the role "lint" all, else those without one.
+# packages ROLE: the names of scripts/packages.txt without a role, and those with the role ROLE.
 packages() {
     awk -v role="$1" '/^#/ || NF == 0 { next } NF == 1 || $2 == role { print $1 }' \
         "$root/scripts/packages.txt"

@@ -24,6 +24,7 @@ private Q_SLOTS:
     void clipList();
     void actions_data();
     void actions();
+    void heldReturnIsPressedOnce();
     void fileMenu();
     void slotsInTheirOrder();
     void nothingToDoAtStart();
@@ -128,6 +129,24 @@ void TestMainWindow::actions() {
     QCOMPARE(action.shortcut(), QKeySequence(shortcut));
     // A key that is held down must not open a clip again and again.
     QCOMPARE(action.autoRepeat(), action.objectName() != "actionOpen_selected");
+}
+
+void TestMainWindow::heldReturnIsPressedOnce() {
+    // As it comes where the repetition is not recognized: released and pressed in one instant.
+    MainWindowDriver driver;
+    const auto isKeptFromShortcuts = [&driver](Qt::Key key, ulong released, ulong pressed) {
+        QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
+        release.setTimestamp(released);
+        QApplication::sendEvent(&driver.list(), &release);
+        QKeyEvent press(QEvent::ShortcutOverride, key, Qt::NoModifier);
+        press.setTimestamp(pressed);
+        press.ignore();
+        QApplication::sendEvent(&driver.list(), &press);
+        return press.isAccepted();
+    };
+    QVERIFY(isKeptFromShortcuts(Qt::Key_Return, 1000, 1000));
+    QVERIFY(!isKeptFromShortcuts(Qt::Key_Return, 2000, 2050));
+    QVERIFY(!isKeptFromShortcuts(Qt::Key_Delete, 3000, 3000));
 }
 
 void TestMainWindow::fileMenu() {

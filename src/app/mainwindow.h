@@ -12,6 +12,7 @@
 #include <memory>
 
 class BusyCursor;
+class QKeyEvent;
 class QListWidgetItem;
 class QModelIndex;
 class Video;
@@ -33,6 +34,7 @@ public:
     ~MainWindow() override;
 
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -61,6 +63,7 @@ private Q_SLOTS:
     void on_actionOpen_selected_triggered();
 
 private:
+    void recognizeHeldReturn(QKeyEvent& event);
     void addCommandLineFiles(int milliseconds);
     void updateActions();
     void endUnseen(bool wasSetupClosed);
@@ -77,7 +80,9 @@ private:
     QStringList commandLineFiles; ///< still to be handed to job setup
     std::unique_ptr<BusyCursor> busyCursor;
     bool isSetupClosing = false;
+    ulong returnReleased = 0;     ///< when, in the window system's milliseconds
     QList<Video*> videos;         ///< every job, in the order of acceptance; owned
     QList<Video*> progressVideos; ///< the jobs that the progress bar counts
     std::unique_ptr<WorkerThread> workerThread;
+    Video* heldVideo = nullptr; ///< by the worker: handed over, its end not yet heard
 };
