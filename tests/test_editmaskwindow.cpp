@@ -50,6 +50,7 @@ private Q_SLOTS:
     void init();
     void showsTheFirstPictureOfAFile();
     void addMakesAJobAndShowsTheNextFile();
+    void relativeExportFolderStaysWhereItIs();
     void jobCarriesTheOptions();
     void jobWithoutRegionHasNoMask();
     void jobWithARectangleHasMaskAndRectangle();
@@ -168,6 +169,26 @@ void TestEditMaskWindow::addMakesAJobAndShowsTheNextFile() {
     QCOMPARE(jobs[1]->fileName, path("b.avi"));
     QCOMPARE(jobs[1]->clipDirectory, exports + "/b_avi_0");
     QVERIFY(QDir(jobs[1]->clipDirectory).exists());
+}
+
+void TestEditMaskWindow::relativeExportFolderStaysWhereItIs() {
+    const QString start = QDir(exports).filePath("start");
+    QVERIFY(QDir().mkpath(start + "/out"));
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(start));
+    SetupWindow window;
+    window.addFiles({path("a.avi"), path("b.avi")});
+    window.setExportDirectory("out");
+    window.click("pushButtonAdd");
+    QVERIFY(QDir::setCurrent("/")); // an export goes elsewhere
+    window.click("pushButtonAdd");
+    QVERIFY(QDir::setCurrent(before));
+    const auto jobs = window.takeJobs();
+    QCOMPARE(int(jobs.size()), 2);
+    QCOMPARE(jobs[0]->clipDirectory, start + "/out/a_avi_0");
+    QCOMPARE(jobs[1]->clipDirectory, start + "/out/b_avi_0");
+    QVERIFY(QDir(jobs[1]->clipDirectory).exists());
+    QCOMPARE(QSettings().value("export_dir").toString(), QString("out"));
 }
 
 void TestEditMaskWindow::jobCarriesTheOptions() {

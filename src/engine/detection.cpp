@@ -10,6 +10,16 @@
 
 #include <memory>
 
+namespace {
+
+bool selectsNothing(const RegionOfInterest& region, const DecodedFrame& picture) {
+    const int width = picture.width();
+    const int height = picture.height();
+    return width > 0 && height > 0 && prepareRegion(region, width, height).isEmpty();
+}
+
+} // namespace
+
 Detection::Detection(const DetectionOptions& options, DetectionClient& client)
     : options(options)
     , client(client) {}
@@ -45,6 +55,8 @@ DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
     if (pictures.frameRate() > 0.0)
         client.numbered(pictures.frameRate());
     client.opened(codecName, duration);
+    if (selectsNothing(options.measure.region, *current.frame))
+        client.regionIsEmpty();
 
     const double firstTime = previous.time;
     MotionMeasure measure(options.measure);

@@ -40,6 +40,9 @@ public:
     /// Before `opened`: the pictures are numbered at this rate, per second.
     virtual void numbered(double frameRate) { static_cast<void>(frameRate); }
 
+    /// After `opened`: the region of interest selects no pixel, so that no motion will be found.
+    virtual void regionIsEmpty() {}
+
     virtual void frameProcessed(const FrameReport& frame) = 0;
 
     /// After every read: the demuxer's position in bytes, -1 if unknown.

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QDeadlineTimer>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
@@ -30,7 +31,8 @@ constexpr int pauseMilliseconds = 100;
 
 EditMaskWindow::EditMaskWindow(QWidget* parent)
     : QWidget(parent)
-    , ui(std::make_unique<Ui::EditMaskWindow>()) {
+    , ui(std::make_unique<Ui::EditMaskWindow>())
+    , startDirectory(QDir::currentPath()) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
     fullMinimumSize = minimumSize();
@@ -279,8 +281,14 @@ void EditMaskWindow::discardAll() {
     showNext();
 }
 
+/// Empty if none is named. What a person writes in short means the same before and after an export.
+QString EditMaskWindow::exportDirectory() const {
+    const QString text = ui->lineEditDir->text();
+    return text.isEmpty() ? text : QDir(startDirectory).filePath(text);
+}
+
 bool EditMaskWindow::isExportDirectoryGood() const {
-    const QFileInfo directory(ui->lineEditDir->text());
+    const QFileInfo directory(exportDirectory());
     if (directory.isDir() && directory.isWritable())
         return true;
     QMessageBox::critical(nullptr, tr("Error"), tr("Please check export dir name and permissions"),
@@ -291,7 +299,7 @@ bool EditMaskWindow::isExportDirectoryGood() const {
 void EditMaskWindow::createJob(const QString& path) {
     ui->maskEditor->dropStroke(); // it counts as a region already, and has none to show
     readyVideos.append(
-        new Video(path, ui->lineEditDir->text(), ui->doubleSpinBoxPrerecord->value(),
+        new Video(path, exportDirectory(), ui->doubleSpinBoxPrerecord->value(),
                   ui->doubleSpinBoxPostrecord->value(), ui->doubleSpinBoxMinimum->value(),
                   ui->spinBoxSkip->value(), ui->checkBoxExport->isChecked(), ui->maskEditor->mask(),
                   ui->maskEditor->roiRect(), ui->checkBoxExportTimestamp->isChecked(),

@@ -76,10 +76,12 @@ private:
     void startSearch();
     void endSearch();
     void discardAll();
+    QString exportDirectory() const;
     bool isExportDirectoryGood() const;
     void createJob(const QString& path);
 
     std::unique_ptr<Ui::EditMaskWindow> ui;
+    QString startDirectory;   ///< the current directory, before any export changes it
     QSize fullMinimumSize;    ///< on screens that have the room
     QStringList pendingFiles; ///< waiting to be shown, first = next
     QString currentFile;      ///< the file shown now
