@@ -7,6 +7,8 @@ extern "C" {
 #include <libswscale/swscale.h>
 }
 
+#include <cstdint>
+
 namespace {
 
 constexpr int snapshotWidth = 320;
