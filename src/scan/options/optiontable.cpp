@@ -53,6 +53,11 @@ ScanOption inWindow(const char* control, ScanOption option) {
     return option;
 }
 
+ScanOption withRange(ScanOption option, NumberRange range) {
+    option.range = range;
+    return option;
+}
+
 ScanOption withLetter(ScanOption option, char letter) {
     option.letter = QLatin1Char(letter);
     return option;
@@ -77,8 +82,10 @@ QVector<ScanOption> makeOptions() {
         inWindow("Motion detection threshold",
                  stored(G::Clips, "threshold-motion", "X", settings::thresholdMotion,
                         "Mean change of the pixels that is motion; more for fewer clips")),
-        valued(G::Clips, "fps", K::Number, "N",
-               "Pictures a second of recordings without usable times", "the recording's times"),
+        withRange(valued(G::Clips, "fps", K::Number, "N",
+                         "Take recordings to be N pictures per second, whatever times they have",
+                         "their own times"),
+                  {0.01, 1000.0, false}),
 
         inWindow("Rectangle ROI", valued(G::Region, "roi", K::Text, "X,Y,WIDTH,HEIGHT",
                                          "Look only inside this rectangle, in pixels of the video",
