@@ -64,13 +64,14 @@ def start(command, env=None, **streams):
 def wait(process, timeout):
     """The status, the peak memory in MiB and the seconds that the end took; kills what hangs."""
     begin = time.monotonic()
+    # Not Popen's own calls: they would take the status away and with it the memory used.
     while time.monotonic() - begin < timeout:
         pid, status, usage = os.wait4(process.pid, os.WNOHANG)
         if pid:
             process.returncode = os.waitstatus_to_exitcode(status)
             return process.returncode, usage.ru_maxrss / 1024, time.monotonic() - begin
         time.sleep(0.005)
-    process.kill()
+    os.kill(process.pid, signal.SIGKILL)
     _, status, usage = os.wait4(process.pid, 0)
     process.returncode = os.waitstatus_to_exitcode(status)
     return None, usage.ru_maxrss / 1024, time.monotonic() - begin
@@ -132,4 +133,4 @@ def fresh_folder(path):
 
 
 def print_row(name, *columns):
-    print(f"{name:36}" + "".join(f"{column:>10}" for column in columns), flush=True)
+    print(f"{name:44}" + "".join(f"{column:>10}" for column in columns), flush=True)

@@ -13,7 +13,7 @@ KINDS = {
     "good": 'echo recorded >"$output"',
     "failing": "echo 'garden.mp4: No such thing' >&2; echo 'Conversion failed!' >&2; exit 1",
     "crashing": "kill -SEGV $$",
-    "hanging": "exec sleep 1000",
+    "hanging": "exec sleep 120",
     "writes nothing": "exit 0",
     "writes an empty file": ': >"$output"',
     "chattering": 'head -c "${CHATTER:-1000000}" /dev/zero | tr "\\0" "x" >&2; exit 1',

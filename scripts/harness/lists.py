@@ -52,7 +52,7 @@ def subtitles(target):
 KINDS = [
     (hls, [".m3u8", ".mp4", ".ts"]), (endless_hls, [".m3u8", ".mp4"]), (master_hls, [".m3u8"]),
     (dash, [".mpd", ".mp4", ".xml"]), (concat, [".ffconcat", ".txt", ".mp4"]), (sdp, [".sdp"]),
-    (cue, [".cue"]), (text, [".txt", ".nfo", ".diz", ".ans", ".avi"]), (subtitles, [".srt", ".avi"]),
+    (cue, [".cue"]), (text, [".txt", ".nfo", ".diz", ".asc", ".avi"]), (subtitles, [".srt", ".avi"]),
 ]
 
 

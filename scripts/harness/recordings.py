@@ -92,5 +92,6 @@ def make_long(programs, folder, repeats):
         sys.exit(f"cannot encode: {error}")
     if not path.exists():
         subprocess.run([programs / "ffmpeg", "-nostdin", "-v", "error", "-y", "-stream_loop",
-                        str(repeats - 1), "-i", once, "-c", "copy", path], check=True)
+                        str(repeats - 1), "-i", once, "-c", "copy", "-movflags", "+faststart", path],
+                       check=True)
     return path

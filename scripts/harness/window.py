@@ -1,8 +1,10 @@
 """The program's windows, driven by windowdriver in a folder of their own."""
 
 import json
+import os
 import select
 import shutil
+import signal
 import subprocess
 import tempfile
 import time
@@ -89,7 +91,7 @@ class Window:
 
     def kill(self):
         """For a window that does not answer; what it said."""
-        self.process.kill()
+        os.kill(self.process.pid, signal.SIGKILL)
         return self.close()
 
     def left_behind(self):
