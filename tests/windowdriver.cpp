@@ -118,6 +118,8 @@ private:
     }
 
     void listClips(int count) {
+        if (driver.list().count() == 0)
+            return;
         Video* job = driver.clip(0).video;
         for (int index = 1000; index < 1000 + count; ++index)
             Q_EMIT job->newClip(index, QImage(320, 240, QImage::Format_RGB32), 0.0, 3.0, 1.0);
