@@ -29,10 +29,10 @@ class Recorder : public DetectionClient {
 public:
     bool isCancelled() override { return cancel && cancel(*this); }
 
-    void opened(bool intra, double length) override {
+    void opened(const QByteArray& codec, double length) override {
         isOpened = true;
         events.append("opened");
-        isIntraCodec = intra;
+        codecName = codec;
         duration = length;
     }
 
@@ -63,7 +63,7 @@ public:
     QVector<FrameReport> frames;
     QVector<qint64> positions;
     QVector<DetectedClip> clips;
-    bool isIntraCodec = false;
+    QByteArray codecName;
     double duration = -1.0;
 };
 
@@ -72,21 +72,21 @@ struct Run {
     explicit Run(const QString& fileName, const DetectionOptions& options = {},
                  std::function<bool(const Recorder&)> cancel = {}) {
         recorder.cancel = std::move(cancel);
-        Detection detection(options, recorder, motionValues, frameTimes);
+        Detection detection(options, recorder);
         outcome = detection.run(fileName);
+        series = detection.motionSeries();
         errorText = detection.errorText();
     }
 
-    QVector<double> motion() const {
-        QVector<double> values;
+    QVector<float> motion() const {
+        QVector<float> values;
         for (const FrameReport& frame : recorder.frames)
             values.append(frame.motion);
         return values;
     }
 
     Recorder recorder;
-    QVector<float> motionValues;
-    QVector<double> frameTimes;
+    MotionSeries series;
     DetectionOutcome outcome{};
     QString errorText;
 };
@@ -193,11 +193,11 @@ void TestDetection::measuresEveryPictureAgainstTheOneBefore() {
         QCOMPARE(frame.number, qint64(i));
         QCOMPARE(frame.time, i * 0.04);
         QVERIFY(frame.motion == plainValue(pictures[i - 1], pictures[i]));
-        QVERIFY(run.motionValues[i - 1] == float(frame.motion));
-        QCOMPARE(run.frameTimes[i - 1], frame.time);
+        QVERIFY(run.series.values[i - 1] == float(frame.motion));
+        QCOMPARE(run.series.times[i - 1], frame.time);
     }
-    QCOMPARE(run.motionValues.size(), 11);
-    QCOMPARE(run.frameTimes.size(), 11);
+    QCOMPARE(run.series.values.size(), 11);
+    QCOMPARE(run.series.times.size(), 11);
 }
 
 void TestDetection::tellsInOrder() {
@@ -241,11 +241,11 @@ void TestDetection::openClipEndsWithTheFile() {
 
 void TestDetection::tellsCodecAndDuration() {
     const Run lossless(path("burst.mkv"));
-    QVERIFY(!lossless.recorder.isIntraCodec);
+    QCOMPARE(lossless.recorder.codecName, QByteArray("ffv1"));
     QCOMPARE(lossless.recorder.duration, 6.0);
     QVERIFY(media::encodeGrey(path("intra.avi"), media::numberedPictures(5), 25,
                               {"-c:v", "mjpeg", "-pix_fmt", "yuvj420p"}));
-    QVERIFY(Run(path("intra.avi")).recorder.isIntraCodec);
+    QCOMPARE(Run(path("intra.avi")).recorder.codecName, QByteArray("mjpeg"));
 }
 
 void TestDetection::positionsEndAtTheFileSize() {
@@ -262,7 +262,7 @@ void TestDetection::timesCountFromTheFirstPicture() {
     QCOMPARE(run.recorder.clips.size(), 1);
     QCOMPARE(run.recorder.clips.first().end, 5.04);
     QCOMPARE(run.recorder.frames.last().time, 149 * 0.04);
-    QCOMPARE(run.frameTimes.last(), 3600.0 + 149 * 0.04);
+    QCOMPARE(run.series.times.last(), 3600.0 + 149 * 0.04);
 }
 
 void TestDetection::readsOnAfterASizeChange() {
@@ -281,11 +281,11 @@ void TestDetection::readsOnAfterASizeChange() {
     options.measure.region.rectangle = QRect(0, 0, 32, 48); // the lowest bit's block
     const Run run(path("sizes.ts"), options);
     QCOMPARE(run.outcome, DetectionOutcome::Finished);
-    const QVector<double> motion = run.motion();
+    const QVector<float> motion = run.motion();
     QCOMPARE(motion.size(), 19);
     // The lowest bit changes from each number to the next, from dark to light and back.
-    for (const double value : motion)
-        QVERIFY2(qAbs(value - 150.0) < 10.0, qPrintable(QString::number(value)));
+    for (const float value : motion)
+        QVERIFY2(qAbs(value - 150.0F) < 10.0F, qPrintable(QString::number(value)));
     QCOMPARE(motion[9], motion[8]); // between the sizes: held
 }
 
@@ -305,10 +305,10 @@ void TestDetection::compareBottomUp(const QString& fileName) {
         const Run original(fileName, options);
         const Run turned(copy, options);
         QCOMPARE(original.outcome, DetectionOutcome::Finished);
-        QVERIFY(original.motionValues.size() > 10);
-        QVERIFY(*std::max_element(original.motionValues.begin(), original.motionValues.end()) >
+        QVERIFY(original.series.values.size() > 10);
+        QVERIFY(*std::max_element(original.series.values.begin(), original.series.values.end()) >
                 0.0F);
-        QCOMPARE(original.motionValues, turned.motionValues);
+        QCOMPARE(original.series.values, turned.series.values);
         QCOMPARE(original.recorder.clips.size(), turned.recorder.clips.size());
         QVERIFY(!original.recorder.clips.isEmpty());
         for (int i = 0; i < original.recorder.clips.size(); ++i)
@@ -336,7 +336,7 @@ void TestDetection::realSizeChangeIsReadToItsEnd() {
     QCOMPARE(run.outcome, DetectionOutcome::Finished);
     QCOMPARE(run.recorder.frames.size(), probed.packetTimes.size() - 1);
     QCOMPARE(run.recorder.positions.last(), QFileInfo(fileName).size());
-    QVERIFY(run.frameTimes.first() > 1921.0);
+    QVERIFY(run.series.times.first() > 1921.0);
     QVERIFY(run.recorder.frames.first().time < 0.1);
 }
 
@@ -361,8 +361,8 @@ void TestDetection::cancelBeforeTheFirstFrame() {
                   [](const Recorder& recorder) { return bool(recorder.isOpened); });
     QCOMPARE(run.outcome, DetectionOutcome::Cancelled);
     QCOMPARE(run.recorder.events, QStringList({"opened"}));
-    QVERIFY(run.motionValues.isEmpty());
-    QVERIFY(run.frameTimes.isEmpty());
+    QVERIFY(run.series.values.isEmpty());
+    QVERIFY(run.series.times.isEmpty());
 }
 
 void TestDetection::cancelWithinOneFrame() {

@@ -46,6 +46,7 @@ EncodingSettings withoutAudio(EncodingSettings settings = {}) {
 
 } // namespace
 
+Q_DECLARE_METATYPE(Container)
 Q_DECLARE_METATYPE(EncodedVideo)
 Q_DECLARE_METATYPE(EncodingSettings)
 
@@ -210,25 +211,23 @@ void TestEncoderArguments::bitrate() {
 
 void TestEncoderArguments::outputPath_data() {
     QTest::addColumn<int>("index");
-    QTest::addColumn<int>("outputFormat");
+    QTest::addColumn<Container>("container");
     QTest::addColumn<QString>("name");
-    QTest::newRow("AVI") << 0 << 0 << "0000.avi";
-    QTest::newRow("MP4") << 0 << 1 << "0000.mp4";
-    QTest::newRow("MKV") << 0 << 2 << "0000.mkv";
-    QTest::newRow("unknown format") << 0 << 3 << "0000.avi";
-    QTest::newRow("negative format") << 0 << -1 << "0000.avi";
-    QTest::newRow("four digits") << 9999 << 1 << "9999.mp4";
-    QTest::newRow("five digits") << 12345 << 0 << "12345.avi";
+    QTest::newRow("AVI") << 0 << Container::Avi << "0000.avi";
+    QTest::newRow("MP4") << 0 << Container::Mp4 << "0000.mp4";
+    QTest::newRow("MKV") << 0 << Container::Mkv << "0000.mkv";
+    QTest::newRow("four digits") << 9999 << Container::Mp4 << "9999.mp4";
+    QTest::newRow("five digits") << 12345 << Container::Avi << "12345.avi";
 }
 
 void TestEncoderArguments::outputPath() {
     QFETCH(int, index);
-    QFETCH(int, outputFormat);
+    QFETCH(Container, container);
     QFETCH(QString, name);
     EncodedClip numbered = clip();
     numbered.index = index;
     EncodingSettings settings;
-    settings.outputFormat = outputFormat;
+    settings.container = container;
     const EncoderCall call = encoderCall(numbered, video(), settings);
     QCOMPARE(call.outputPath, "/clips/garden_mp4_0/" + name);
     QCOMPARE(call.arguments.last(), call.outputPath);

@@ -27,7 +27,7 @@ void TestEncodingSettings::init() {
 
 void TestEncodingSettings::emptyStore() {
     const EncodingSettings settings = readEncodingSettings();
-    QCOMPARE(settings.outputFormat, 0);
+    QCOMPARE(settings.container, Container::Avi);
     QVERIFY(!settings.doTranscoding);
     QVERIFY(!settings.disableAudio);
     QCOMPARE(settings.bitrateOutput, 2.0);
@@ -40,7 +40,7 @@ void TestEncodingSettings::storedChoices() {
     store.setValue("disable_audio", true);
     store.setValue("bitrate_output", 0.5);
     const EncodingSettings settings = readEncodingSettings();
-    QCOMPARE(settings.outputFormat, 2);
+    QCOMPARE(settings.container, Container::Mkv);
     QVERIFY(settings.doTranscoding);
     QVERIFY(settings.disableAudio);
     QCOMPARE(settings.bitrateOutput, 0.5);

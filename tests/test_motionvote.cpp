@@ -29,20 +29,19 @@ struct Recording {
     Recording(double window, float threshold)
         : window(window)
         , threshold(threshold)
-        , vote(values, times, window, threshold) {}
+        , vote(series, window, threshold) {}
 
     void add(float value, double time) {
-        values.append(value);
-        times.append(time);
+        series.values.append(value);
+        series.times.append(time);
         vote.advance();
     }
 
-    bool literal() const { return literalVote(values, times, window, threshold); }
+    bool literal() const { return literalVote(series.values, series.times, window, threshold); }
 
     double window;
     float threshold;
-    QVector<float> values;
-    QVector<double> times;
+    MotionSeries series;
     MotionVote vote;
 };
 
@@ -90,7 +89,7 @@ void TestMotionVote::newestEntryIsNotCounted() {
 void TestMotionVote::tieWins() {
     Recording recording(10.0, 0.5F);
     for (const float value : {1.0F, 0.0F, 1.0F, 0.0F})
-        recording.add(value, recording.times.size());
+        recording.add(value, recording.series.times.size());
     recording.add(0.0F, 4.0); // 2 of 4
     QVERIFY(recording.vote.isWon());
     recording.add(0.0F, 5.0); // 2 of 5

@@ -51,8 +51,7 @@ int shownFrame(const DetectedClip& clip) {
 
 struct Run {
     QVector<DetectedClip> clips;
-    QVector<float> motionValues;
-    QVector<double> frameTimes;
+    MotionSeries series;
     int mostLargePictures = 0;
 };
 
@@ -60,10 +59,9 @@ struct Run {
 Run segment(const QVector<TestFrame>& frames, const SegmentationOptions& options) {
     Run run;
     NumberedPicture::snapshots = 0;
-    ClipSegmenter segmenter(options, frames.first().time, std::make_shared<NumberedPicture>(0),
-                            run.motionValues, run.frameTimes);
+    ClipSegmenter segmenter(options, frames.first().time, std::make_shared<NumberedPicture>(0));
     for (int number = 1; number < frames.size(); ++number) {
-        const auto clip = segmenter.addFrame(double(frames[number].motion), frames[number].time,
+        const auto clip = segmenter.addFrame(frames[number].motion, frames[number].time,
                                              std::make_shared<NumberedPicture>(number));
         if (clip)
             run.clips.append(*clip);
@@ -71,6 +69,7 @@ Run segment(const QVector<TestFrame>& frames, const SegmentationOptions& options
     }
     if (const auto clip = segmenter.finish())
         run.clips.append(*clip);
+    run.series = segmenter.motionSeries();
     return run;
 }
 
@@ -158,10 +157,10 @@ void TestSegmentation::burstBecomesOneClip() {
 void TestSegmentation::listsGrowByOneEntryPerFrame() {
     const QVector<TestFrame> frames = burst(1, 0, 1);
     const Run run = segment(frames, margins(1, 1, 5));
-    QCOMPARE(run.motionValues.size(), frames.size() - 1);
-    QCOMPARE(run.frameTimes.size(), frames.size() - 1);
-    QCOMPARE(run.frameTimes.first(), frames[1].time);
-    QCOMPARE(run.motionValues.last(), frames.last().motion);
+    QCOMPARE(run.series.values.size(), frames.size() - 1);
+    QCOMPARE(run.series.times.size(), frames.size() - 1);
+    QCOMPARE(run.series.times.first(), frames[1].time);
+    QCOMPARE(run.series.values.last(), frames.last().motion);
 }
 
 void TestSegmentation::fewerThanSixFramesGiveNoClip() {

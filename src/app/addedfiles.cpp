@@ -1,11 +1,11 @@
 #include "addedfiles.h"
 
 #include "mainwindow.h"
+#include "settingstable.h"
 
 #include <QDirIterator>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QSettings>
 
 namespace {
 
@@ -20,22 +20,22 @@ QStringList filesBelow(const QString& directory) {
 } // namespace
 
 QStringList askForFiles(QWidget* parent) {
-    QSettings settings;
+    QSettings store;
     QStringList files =
         QFileDialog::getOpenFileNames(parent, MainWindow::tr("Select one or more files to open"),
-                                      settings.value(QStringLiteral("last_files")).toString());
+                                      settings::lastFiles.read(store));
     if (!files.isEmpty())
-        settings.setValue(QStringLiteral("last_files"), QFileInfo(files.first()).absolutePath());
+        settings::lastFiles.write(store, QFileInfo(files.first()).absolutePath());
     return files;
 }
 
 std::optional<QStringList> askForDirectoryFiles(QWidget* parent) {
-    QSettings settings;
+    QSettings store;
     const QString directory = QFileDialog::getExistingDirectory(
-        parent, MainWindow::tr("Select folder to add"),
-        settings.value(QStringLiteral("last_dir")).toString(), QFileDialog::ShowDirsOnly);
+        parent, MainWindow::tr("Select folder to add"), settings::lastDirectory.read(store),
+        QFileDialog::ShowDirsOnly);
     if (directory.isEmpty())
         return std::nullopt;
-    settings.setValue(QStringLiteral("last_dir"), directory);
+    settings::lastDirectory.write(store, directory);
     return filesBelow(directory);
 }

@@ -39,7 +39,7 @@ QStringList soundArguments(const EncodingSettings& settings) {
 QString outputPath(const EncodedClip& clip, const EncodedVideo& video,
                    const EncodingSettings& settings) {
     const QString name = QStringLiteral("%1").arg(clip.index, 4, 10, QLatin1Char('0'));
-    return video.clipDirectory + '/' + name + '.' + containerExtension(settings.outputFormat);
+    return video.clipDirectory + '/' + name + '.' + containerName(settings.container);
 }
 
 } // namespace
@@ -55,15 +55,4 @@ EncoderCall encoderCall(const EncodedClip& clip, const EncodedVideo& video,
                      QStringList{QStringLiteral("-avoid_negative_ts"), QStringLiteral("disabled"),
                                  call.outputPath};
     return call;
-}
-
-QString containerExtension(int outputFormat) {
-    switch (outputFormat) {
-    case 1:
-        return QStringLiteral("mp4");
-    case 2:
-        return QStringLiteral("mkv");
-    default:
-        return QStringLiteral("avi");
-    }
 }

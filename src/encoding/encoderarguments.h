@@ -1,5 +1,7 @@
 #pragma once
 
+#include "container.h"
+
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
@@ -23,7 +25,7 @@ struct EncodedVideo {
 
 /// The person's choices. The defaults are those of an empty settings store.
 struct EncodingSettings {
-    int outputFormat = 0;       ///< 1 MP4, 2 MKV, everything else AVI
+    Container container = Container::Avi;
     bool doTranscoding = false; ///< re-encode where a stream copy would do
     bool disableAudio = false;
     double bitrateOutput = 2.0; ///< megabits per second, where the picture is re-encoded
@@ -40,6 +42,3 @@ struct EncoderCall {
 /// Start and length are handed on in whole seconds, their fractions dropped.
 EncoderCall encoderCall(const EncodedClip& clip, const EncodedVideo& video,
                         const EncodingSettings& settings);
-
-/// The file name extension, and so the container, of an output format: "avi", "mp4" or "mkv".
-QString containerExtension(int outputFormat);

@@ -15,12 +15,9 @@ using SharedFrame = std::shared_ptr<const DecodedFrame>;
 
 } // namespace
 
-Detection::Detection(const DetectionOptions& options, DetectionClient& client,
-                     QVector<float>& motionValues, QVector<double>& frameTimes)
+Detection::Detection(const DetectionOptions& options, DetectionClient& client)
     : options(options)
-    , client(client)
-    , motionValues(motionValues)
-    , frameTimes(frameTimes) {}
+    , client(client) {}
 
 DetectionOutcome Detection::run(const QString& fileName) {
     VideoDecoder decoder(options.threads);
@@ -49,7 +46,7 @@ DetectionOutcome Detection::run(const QString& fileName) {
 }
 
 DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
-    const bool isIntraCodec = decoder.isIntraCodec();
+    const QByteArray codecName = decoder.codecName();
     const double duration = decoder.duration();
     DecodeAhead pictures(decoder, options.threads != 1);
     SharedFrame previous = pictures.next().frame;
@@ -59,15 +56,15 @@ DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
                          : QStringLiteral("no picture could be decoded");
         return DetectionOutcome::TooFewPictures;
     }
-    client.opened(isIntraCodec, duration);
+    client.opened(codecName, duration);
 
     const double firstTime = previous->time;
     MotionMeasure measure(options.measure);
     ClipSegmenter segmenter(options.segmentation, firstTime,
-                            std::make_shared<FramePicture>(previous), motionValues, frameTimes);
+                            std::make_shared<FramePicture>(previous));
     bool ended = false;
     for (qint64 number = 1; current && !client.isCancelled(); ++number) {
-        const double motion = measure.measure(*previous, *current);
+        const float motion = measure.measure(*previous, *current);
         const auto clip =
             segmenter.addFrame(motion, current->time, std::make_shared<FramePicture>(current));
         if (clip)
@@ -83,6 +80,7 @@ DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
     }
     if (const auto clip = segmenter.finish())
         client.clipFound(*clip);
+    series = segmenter.motionSeries();
     return ended ? DetectionOutcome::Finished : DetectionOutcome::Cancelled;
 }
 

@@ -3,8 +3,8 @@
 #include "motionmeasure.h"
 #include "segmentation.h"
 
+#include <QByteArray>
 #include <QString>
-#include <QVector>
 
 class VideoDecoder;
 
@@ -19,7 +19,7 @@ struct DetectionOptions {
 struct FrameReport {
     qint64 number = 0;   ///< number of the picture; the first one decoded, never reported, is 0
     double time = 0.0;   ///< seconds from the first picture
-    double motion = 0.0; ///< motion value, 0 or more
+    float motion = 0.0F; ///< motion value, 0 or more
 };
 
 /// What a detection asks and tells while it runs, on the thread that runs it.
@@ -30,8 +30,9 @@ public:
     /// Asked at least once per frame, on any thread; the detection ends when it answers true.
     virtual bool isCancelled() = 0;
 
-    /// The file is open and has its first two pictures. `duration` in seconds, 0 if unknown.
-    virtual void opened(bool isIntraCodec, double duration) = 0;
+    /// The file is open and has its first two pictures. `codecName` is the media libraries' name;
+    /// `duration` in seconds, 0 if unknown.
+    virtual void opened(const QByteArray& codecName, double duration) = 0;
 
     virtual void frameProcessed(const FrameReport& frame) = 0;
 
@@ -52,13 +53,9 @@ enum class DetectionOutcome {
 };
 
 /// The road of one recording: open, decode, measure, segment.
-///
-/// The lists get one entry per frame after the first: motion value, and time in seconds as the
-/// stream counts it.
 class Detection {
 public:
-    Detection(const DetectionOptions& options, DetectionClient& client,
-              QVector<float>& motionValues, QVector<double>& frameTimes);
+    Detection(const DetectionOptions& options, DetectionClient& client);
 
     /// Reads the whole file. Takes `ffmpegMutex` for opening and closing. Runs once per object.
     DetectionOutcome run(const QString& fileName);
@@ -66,12 +63,14 @@ public:
     /// Why the file could not be read, for a person; empty unless the outcome is a failure.
     QString errorText() const;
 
+    /// What was measured; once the run has ended.
+    const MotionSeries& motionSeries() const { return series; }
+
 private:
     DetectionOutcome runOpened(VideoDecoder& decoder);
 
     DetectionOptions options;
     DetectionClient& client;
-    QVector<float>& motionValues;
-    QVector<double>& frameTimes;
+    MotionSeries series;
     QString error;
 };

@@ -1,13 +1,13 @@
 #include "encodingsettings.h"
 
-#include <QSettings>
+#include "settingstable.h"
 
 EncodingSettings readEncodingSettings() {
     const QSettings store;
-    EncodingSettings settings;
-    settings.outputFormat = store.value(QStringLiteral("output_format"), 0).toInt();
-    settings.doTranscoding = store.value(QStringLiteral("do_transcoding"), false).toBool();
-    settings.disableAudio = store.value(QStringLiteral("disable_audio"), false).toBool();
-    settings.bitrateOutput = store.value(QStringLiteral("bitrate_output"), 2).toDouble();
-    return settings;
+    EncodingSettings encoding;
+    encoding.container = containerStoredAs(settings::container.read(store));
+    encoding.doTranscoding = settings::transcoding.read(store);
+    encoding.disableAudio = settings::audioDisabled.read(store);
+    encoding.bitrateOutput = settings::bitrate.read(store);
+    return encoding;
 }

@@ -2,10 +2,11 @@
 
 #include "clipfolder.h"
 #include "detection.h"
+#include "intracodec.h"
+#include "settingstable.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QSettings>
 
 #include <algorithm>
 
@@ -19,8 +20,8 @@ public:
 
     bool isCancelled() override { return job.state != Video::Running; }
 
-    void opened(bool isIntraCodec, double) override {
-        job.intraCodec = isIntraCodec;
+    void opened(const QByteArray& codecName, double) override {
+        job.intraCodec = isIntraCodec(codecName);
         timer.start();
     }
 
@@ -42,10 +43,11 @@ private:
 };
 
 DetectionOptions detectionOptions(const Video& job) {
-    const QSettings settings;
+    const QSettings store;
     DetectionOptions options;
     options.measure.thresholdValue =
-        std::clamp(settings.value(QStringLiteral("threshold_value"), 35).toInt(), 0, 255);
+        std::clamp(settings::thresholdValue.read(store), settings::thresholdValue.lowest,
+                   settings::thresholdValue.highest);
     options.measure.skip = job.skip;
     if (job.roiRect && job.mask) {
         options.measure.region.kind = RegionOfInterest::Kind::Rectangle;
@@ -55,11 +57,9 @@ DetectionOptions detectionOptions(const Video& job) {
         options.measure.region.kind = RegionOfInterest::Kind::Mask;
         options.measure.region.mask = *job.mask;
     }
-    options.segmentation = {
-        job.prerecord, job.postrecord, job.minimum,
-        std::max(
-            settings.value(QStringLiteral("threshold_motion"), QStringLiteral("0.5")).toFloat(),
-            0.0F)};
+    // Without an upper end: who stores more than the dialog offers means it.
+    options.segmentation = {job.prerecord, job.postrecord, job.minimum,
+                            std::max(float(settings::thresholdMotion.read(store)), 0.0F)};
     return options;
 }
 
@@ -94,13 +94,12 @@ QString Video::shortFileName() const {
 
 void Video::detect() {
     state = Running;
-    // The segmentation starts with empty lists, also where a job runs once more.
-    motionValues.clear();
-    frameTimes.clear();
     JobClient client(*this);
-    Detection detection(detectionOptions(*this), client, motionValues, frameTimes);
+    Detection detection(detectionOptions(*this), client);
     const DetectionOutcome outcome = detection.run(fileName);
     if (outcome == DetectionOutcome::CannotOpen || outcome == DetectionOutcome::TooFewPictures)
         state = Failed;
+    motionValues = detection.motionSeries().values;
+    frameTimes = detection.motionSeries().times;
     Q_EMIT resultReady();
 }

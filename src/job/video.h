@@ -16,8 +16,9 @@
 /// One video file's detection job: the file, its region of interest and its export options.
 ///
 /// Made on the GUI thread, moved to the worker thread, started there by `detect`. The fields of
-/// type `Relaxed` may be read and written by both threads while it runs; the lists belong to the
-/// thread that runs `detect` until `resultReady`; all other fields are fixed by the constructor.
+/// type `Relaxed` may be read and written by both threads while it runs; the lists are filled just
+/// before `resultReady` and belong to the worker until then; all other fields are fixed by the
+/// constructor.
 class Video : public QObject {
     Q_OBJECT
 

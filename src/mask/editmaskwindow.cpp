@@ -2,6 +2,7 @@
 
 #include "applicationicon.h"
 #include "firstframe.h"
+#include "settingstable.h"
 #include "ui_editmaskwindow.h"
 #include "video.h"
 
@@ -9,7 +10,6 @@
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMessageBox>
-#include <QSettings>
 
 namespace {
 
@@ -132,25 +132,25 @@ void EditMaskWindow::prepareStartTime() {
 }
 
 void EditMaskWindow::loadSettings() {
-    const QSettings settings;
-    ui->lineEditDir->setText(settings.value("export_dir").toString());
-    ui->spinBoxSkip->setValue(settings.value("skip", 0).toInt());
-    ui->doubleSpinBoxPrerecord->setValue(settings.value("export_prerecord", 1.0).toDouble());
-    ui->doubleSpinBoxPostrecord->setValue(settings.value("export_postrecord", 1.0).toDouble());
-    ui->doubleSpinBoxMinimum->setValue(settings.value("export_minimum", 5.0).toDouble());
-    ui->checkBoxExport->setChecked(settings.value("do_export", false).toBool());
-    ui->checkBoxExportTimestamp->setChecked(settings.value("export_timestamps", false).toBool());
+    const QSettings store;
+    ui->lineEditDir->setText(settings::exportDirectory.read(store));
+    ui->spinBoxSkip->setValue(settings::skip.read(store));
+    ui->doubleSpinBoxPrerecord->setValue(settings::prerecord.read(store));
+    ui->doubleSpinBoxPostrecord->setValue(settings::postrecord.read(store));
+    ui->doubleSpinBoxMinimum->setValue(settings::minimum.read(store));
+    ui->checkBoxExport->setChecked(settings::automaticExport.read(store));
+    ui->checkBoxExportTimestamp->setChecked(settings::timestamps.read(store));
 }
 
 void EditMaskWindow::saveSettings() const {
-    QSettings settings;
-    settings.setValue("export_dir", ui->lineEditDir->text());
-    settings.setValue("skip", ui->spinBoxSkip->value());
-    settings.setValue("export_prerecord", ui->doubleSpinBoxPrerecord->value());
-    settings.setValue("export_postrecord", ui->doubleSpinBoxPostrecord->value());
-    settings.setValue("export_minimum", ui->doubleSpinBoxMinimum->value());
-    settings.setValue("do_export", ui->checkBoxExport->isChecked());
-    settings.setValue("export_timestamps", ui->checkBoxExportTimestamp->isChecked());
+    QSettings store;
+    settings::exportDirectory.write(store, ui->lineEditDir->text());
+    settings::skip.write(store, ui->spinBoxSkip->value());
+    settings::prerecord.write(store, ui->doubleSpinBoxPrerecord->value());
+    settings::postrecord.write(store, ui->doubleSpinBoxPostrecord->value());
+    settings::minimum.write(store, ui->doubleSpinBoxMinimum->value());
+    settings::automaticExport.write(store, ui->checkBoxExport->isChecked());
+    settings::timestamps.write(store, ui->checkBoxExportTimestamp->isChecked());
 }
 
 /// Shows the first pending file that has a picture. Without one the window hides and `currentFile`

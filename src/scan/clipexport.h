@@ -1,6 +1,7 @@
 #pragma once
 
 #include "clipformat.h"
+#include "intracodec.h"
 #include "scanoptions.h"
 
 /// Exports the clips of one recording, one after the other, into a folder of their own.
@@ -10,7 +11,7 @@ public:
     ClipExport(const QString& video, const ExportOptions& options);
 
     /// The encoder seeks on decoded pictures where each of them stands alone.
-    void setIntraCodec(bool isIntraCodec) { source.isIntraCodec = isIntraCodec; }
+    void setCodec(const QByteArray& codecName) { source.isIntraCodec = isIntraCodec(codecName); }
 
     /// Exports the line's clip and notes in it what became of that. Answers why it failed; empty
     /// after a success, and where nothing was to be exported.

@@ -1,7 +1,8 @@
 #include "clipformat.h"
 
+#include "shortestdigits.h"
+
 #include <QFile>
-#include <QLocale>
 
 #include <nlohmann/json.hpp>
 
@@ -98,19 +99,18 @@ public:
 
     QByteArray clip(const ClipLine& line) const override {
         const DetectedClip& found = line.clip;
-        QByteArrayList fields = {quoted(line.video),         QByteArray::number(found.index),
-                                 number(found.start),        number(found.end),
-                                 number(found.snapshotTime), quoted(line.snapshotFile)};
+        QByteArrayList fields = {quoted(line.video),
+                                 QByteArray::number(found.index),
+                                 shortestDigits(found.start),
+                                 shortestDigits(found.end),
+                                 shortestDigits(found.snapshotTime),
+                                 quoted(line.snapshotFile)};
         if (withExports)
             fields << quoted(line.exportFile) << (line.isExported ? "true" : "false");
         return fields.join(',') + "\r\n";
     }
 
 private:
-    static QByteArray number(double value) {
-        return QByteArray::number(value, 'g', QLocale::FloatingPointShortest);
-    }
-
     static QByteArray quoted(const QString& text) {
         QByteArray field = text.toUtf8();
         bool needsQuotes = false;

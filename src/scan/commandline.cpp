@@ -150,13 +150,11 @@ ReportFormat readFormat(const QString& name, Values& values) {
     return ReportFormat::Text;
 }
 
-int readContainer(const QString& name, Values& values) {
-    for (const int format : {0, 1, 2}) {
-        if (name == containerExtension(format))
-            return format;
-    }
-    values.reject(QStringLiteral("--container takes avi, mp4 or mkv, not '%1'").arg(name));
-    return 0;
+Container readContainer(const QString& name, Values& values) {
+    const auto container = containerNamed(name);
+    if (!container)
+        values.reject(QStringLiteral("--container takes avi, mp4 or mkv, not '%1'").arg(name));
+    return container.value_or(Container::Avi);
 }
 
 /// The time of the clock on the wall: an offset from UTC does not change it.
@@ -171,7 +169,7 @@ QDateTime readStartTime(const QString& text, Values& values) {
 ExportOptions readExport(const QCommandLineParser& parser, Values& values) {
     ExportOptions options;
     options.directory = parser.value("export");
-    options.encoding.outputFormat = readContainer(parser.value("container"), values);
+    options.encoding.container = readContainer(parser.value("container"), values);
     options.encoding.doTranscoding = parser.isSet("transcode");
     options.encoding.disableAudio = parser.isSet("no-audio");
     options.encoding.bitrateOutput = values.number("bitrate", 0.0, 100.0);

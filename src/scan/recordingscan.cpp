@@ -1,19 +1,15 @@
 #include "recordingscan.h"
 
 #include "interrupt.h"
+#include "shortestdigits.h"
 
 #include <QFileInfo>
-#include <QLocale>
 
 namespace {
 
-QByteArray exact(double value) {
-    return QByteArray::number(value, 'g', QLocale::FloatingPointShortest);
-}
-
 QByteArray traceLine(const FrameReport& frame) {
-    return QByteArray::number(frame.number) + '\t' + exact(frame.time) + '\t' +
-           exact(frame.motion) + '\n';
+    return QByteArray::number(frame.number) + '\t' + shortestDigits(frame.time) + '\t' +
+           shortestDigits(frame.motion) + '\n';
 }
 
 } // namespace
@@ -27,9 +23,7 @@ RecordingScan::RecordingScan(int index, const ScanOptions& options, ScanOutputs&
 }
 
 bool RecordingScan::run() {
-    QVector<float> motionValues;
-    QVector<double> frameTimes;
-    Detection detection(options.detection, *this, motionValues, frameTimes);
+    Detection detection(options.detection, *this);
     // An absolute path is a file to the media libraries, whatever colons its name has.
     line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
     if (!detection.errorText().isEmpty())
@@ -47,8 +41,8 @@ bool RecordingScan::isCancelled() {
     return isInterrupted();
 }
 
-void RecordingScan::opened(bool isIntraCodec, double) {
-    exporter.setIntraCodec(isIntraCodec);
+void RecordingScan::opened(const QByteArray& codecName, double) {
+    exporter.setCodec(codecName);
 }
 
 void RecordingScan::frameProcessed(const FrameReport& frame) {

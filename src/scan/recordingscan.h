@@ -31,7 +31,7 @@ public:
     bool run();
 
     bool isCancelled() override;
-    void opened(bool isIntraCodec, double duration) override;
+    void opened(const QByteArray& codecName, double duration) override;
     void frameProcessed(const FrameReport& frame) override;
     void positionChanged(qint64 bytePosition) override;
     void endReached() override;

@@ -1,23 +1,7 @@
 #include "settingsdialog.h"
 
+#include "settingstable.h"
 #include "ui_settingsdialog.h"
-
-#include <QSettings>
-
-namespace {
-
-constexpr int defaultThreshold = 35;
-constexpr double defaultMotion = 0.5;
-constexpr double defaultBitrate = 2.0;
-constexpr int defaultFormat = 0;
-constexpr bool defaultTranscoding = false;
-
-// A first visit proposes recordings without sound; who restores the defaults, and who never opens
-// the dialog, keeps it.
-constexpr bool firstDisableAudio = true;
-constexpr bool defaultDisableAudio = false;
-
-} // namespace
 
 SettingsDialog::SettingsDialog(QWidget* parent)
     : QDialog(parent)
@@ -43,32 +27,30 @@ void SettingsDialog::on_buttonBox_clicked(QAbstractButton* button) {
 }
 
 void SettingsDialog::load() {
-    const QSettings settings;
-    ui->spinBoxThreshold->setValue(settings.value("threshold_value", defaultThreshold).toInt());
-    ui->doubleSpinBoxMotion->setValue(settings.value("threshold_motion", defaultMotion).toDouble());
-    ui->doubleSpinBoxBitrate->setValue(settings.value("bitrate_output", defaultBitrate).toDouble());
-    ui->comboBoxFormat->setCurrentIndex(settings.value("output_format", defaultFormat).toInt());
-    ui->checkBoxTranscoding->setChecked(
-        settings.value("do_transcoding", defaultTranscoding).toBool());
-    ui->checkBoxDisableAudio->setChecked(
-        settings.value("disable_audio", firstDisableAudio).toBool());
+    const QSettings store;
+    ui->spinBoxThreshold->setValue(settings::thresholdValue.read(store));
+    ui->doubleSpinBoxMotion->setValue(settings::thresholdMotion.read(store));
+    ui->doubleSpinBoxBitrate->setValue(settings::bitrate.read(store));
+    ui->comboBoxFormat->setCurrentIndex(settings::container.read(store));
+    ui->checkBoxTranscoding->setChecked(settings::transcoding.read(store));
+    ui->checkBoxDisableAudio->setChecked(settings::audioDisabledProposal.read(store));
 }
 
 void SettingsDialog::save() const {
-    QSettings settings;
-    settings.setValue("threshold_value", ui->spinBoxThreshold->value());
-    settings.setValue("threshold_motion", ui->doubleSpinBoxMotion->value());
-    settings.setValue("bitrate_output", ui->doubleSpinBoxBitrate->value());
-    settings.setValue("output_format", ui->comboBoxFormat->currentIndex());
-    settings.setValue("do_transcoding", ui->checkBoxTranscoding->isChecked());
-    settings.setValue("disable_audio", ui->checkBoxDisableAudio->isChecked());
+    QSettings store;
+    settings::thresholdValue.write(store, ui->spinBoxThreshold->value());
+    settings::thresholdMotion.write(store, ui->doubleSpinBoxMotion->value());
+    settings::bitrate.write(store, ui->doubleSpinBoxBitrate->value());
+    settings::container.write(store, ui->comboBoxFormat->currentIndex());
+    settings::transcoding.write(store, ui->checkBoxTranscoding->isChecked());
+    settings::audioDisabled.write(store, ui->checkBoxDisableAudio->isChecked());
 }
 
 void SettingsDialog::restoreDefaults() {
-    ui->spinBoxThreshold->setValue(defaultThreshold);
-    ui->doubleSpinBoxMotion->setValue(defaultMotion);
-    ui->doubleSpinBoxBitrate->setValue(defaultBitrate);
-    ui->comboBoxFormat->setCurrentIndex(defaultFormat);
-    ui->checkBoxTranscoding->setChecked(defaultTranscoding);
-    ui->checkBoxDisableAudio->setChecked(defaultDisableAudio);
+    ui->spinBoxThreshold->setValue(settings::thresholdValue.fallback);
+    ui->doubleSpinBoxMotion->setValue(settings::thresholdMotion.fallback);
+    ui->doubleSpinBoxBitrate->setValue(settings::bitrate.fallback);
+    ui->comboBoxFormat->setCurrentIndex(settings::container.fallback);
+    ui->checkBoxTranscoding->setChecked(settings::transcoding.fallback);
+    ui->checkBoxDisableAudio->setChecked(settings::audioDisabled.fallback);
 }

@@ -20,7 +20,7 @@ struct DecodingContext {
     std::unique_ptr<SerialDecoder> serial;
     std::deque<NumberedPacket> replay; ///< packets that the serial decoder takes before reading on
     qint64 lastNumber = -1;            ///< packet that completed the last picture handed out
-    AVCodecID codec = AV_CODEC_ID_NONE;
+    QByteArray codecName;              ///< empty until a decoder is open
     QString error;
 
     bool open(int threads);
@@ -42,8 +42,7 @@ bool DecodingContext::open(int threads) {
         error = opened.error;
         return false;
     }
-    codec =
-        opened.context->codec_descriptor ? opened.context->codec_descriptor->id : AV_CODEC_ID_NONE;
+    codecName = avcodec_get_name(opened.context->codec_id);
     if (opened.hasFrameThreads)
         threaded = std::make_unique<FrameThreadedDecoder>(std::move(opened.context));
     else
@@ -160,17 +159,8 @@ int VideoDecoder::videoStreamIndex() const {
     return stream ? stream->index : -1;
 }
 
-bool VideoDecoder::isIntraCodec() const {
-    if (!context)
-        return false;
-    switch (context->codec) {
-    case AV_CODEC_ID_MJPEG:
-    case AV_CODEC_ID_MJPEGB:
-    case AV_CODEC_ID_LAGARITH:
-        return true;
-    default:
-        return false;
-    }
+QByteArray VideoDecoder::codecName() const {
+    return context ? context->codecName : QByteArray();
 }
 
 double VideoDecoder::duration() const {

@@ -2,6 +2,7 @@
 
 #include "decodedframe.h"
 
+#include <QByteArray>
 #include <QString>
 #include <QtGlobal>
 
@@ -49,9 +50,8 @@ public:
     /// Index of the chosen stream in the file, -1 if nothing is open or it has no video stream.
     int videoStreamIndex() const;
 
-    /// True if the codec is one of those whose every picture stands alone and that are therefore
-    /// never cut by stream copy: MJPEG, MJPEG-B, Lagarith.
-    bool isIntraCodec() const;
+    /// The media libraries' name for the codec, as in "h264"; empty if nothing is open.
+    QByteArray codecName() const;
 
     /// Length of the file in seconds as its header says, 0 if unknown.
     double duration() const;

@@ -8,9 +8,9 @@
 namespace {
 
 /// Formed as cv::mean forms it, the sum times the reciprocal of the count, and rounded to a float.
-double mean(const cv::Mat& previous, const cv::Mat& current, int threshold, const cv::Mat& mask) {
+float mean(const cv::Mat& previous, const cv::Mat& current, int threshold, const cv::Mat& mask) {
     const std::uint64_t sum = differenceSum(previous, current, threshold, mask);
-    return double(float(double(sum) * (1.0 / double(current.total()))));
+    return float(double(sum) * (1.0 / double(current.total())));
 }
 
 } // namespace
@@ -19,7 +19,7 @@ MotionMeasure::MotionMeasure(const MeasureOptions& options)
     : options(options)
     , skipCounter(options.skip) {}
 
-double MotionMeasure::measure(const DecodedFrame& previous, const DecodedFrame& current) {
+float MotionMeasure::measure(const DecodedFrame& previous, const DecodedFrame& current) {
     --skipCounter;
     const bool hasPixels = current.width() > 0 && current.height() > 0;
     try {
@@ -54,16 +54,16 @@ bool MotionMeasure::compare(const DecodedFrame& previous, const DecodedFrame& cu
     return true;
 }
 
-double MotionMeasure::meanDifference(const cv::Mat& previous, const cv::Mat& current) const {
+float MotionMeasure::meanDifference(const cv::Mat& previous, const cv::Mat& current) const {
     if (region.kind == RegionOfInterest::Kind::Rectangle) {
         if (region.roi.empty())
-            return 0.0;
+            return 0.0F;
         return mean(previous(region.roi), current(region.roi), options.thresholdValue, {});
     }
-    const double value = mean(previous, current, options.thresholdValue, region.maskMat);
+    const float value = mean(previous, current, options.thresholdValue, region.maskMat);
     if (region.maskCount == 0)
         return value;
     // The whole quotient is meant: a region that covers 40 % of the picture counts double.
     const std::uint32_t weight = std::uint32_t(width) * std::uint32_t(height) / region.maskCount;
-    return double(float(value) * float(weight));
+    return value * float(weight);
 }

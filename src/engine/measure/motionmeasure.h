@@ -28,19 +28,19 @@ public:
     /// A frame that is skipped keeps the value before it, and so does one that cannot be compared:
     /// its size differs from its predecessor's, or its plane 0 is unreadable. A measurement that
     /// could not be made is made up for on the next frame.
-    double measure(const DecodedFrame& previous, const DecodedFrame& current);
+    float measure(const DecodedFrame& previous, const DecodedFrame& current);
 
 private:
     void prepare(int newWidth, int newHeight);
     bool compare(const DecodedFrame& previous, const DecodedFrame& current);
-    double meanDifference(const cv::Mat& previous, const cv::Mat& current) const;
+    float meanDifference(const cv::Mat& previous, const cv::Mat& current) const;
 
     MeasureOptions options;
     PreparedRegion region;
     int width = 0; ///< the size that `region` is prepared for
     int height = 0;
     int skipCounter;
-    double motion = 0.0;
+    float motion = 0.0F;
     LumaPlane previousPlane;
     LumaPlane currentPlane;
 };

@@ -6,14 +6,13 @@ constexpr int fewestEntries = 4;
 
 }
 
-MotionVote::MotionVote(const QVector<float>& motionValues, const QVector<double>& frameTimes,
-                       double window, float threshold)
-    : values(motionValues)
-    , times(frameTimes)
+MotionVote::MotionVote(const MotionSeries& series, double window, float threshold)
+    : series(series)
     , window(window)
     , threshold(threshold) {}
 
 void MotionVote::advance() {
+    const QVector<double>& times = series.times;
     const int size = times.size();
     if (size < 2)
         return;
@@ -36,7 +35,7 @@ void MotionVote::advance() {
 }
 
 bool MotionVote::isWon() const {
-    const int size = times.size();
+    const int size = series.times.size();
     if (size < fewestEntries || first + 1 >= size)
         return false;
     const int counted = size - 1 - first;
@@ -44,16 +43,16 @@ bool MotionVote::isWon() const {
 }
 
 bool MotionVote::isCounted(int entry) const {
-    return times[entry] + window > times.last();
+    return series.times[entry] + window > series.times.last();
 }
 
 bool MotionVote::isHit(int entry) const {
-    return values[entry] >= threshold;
+    return series.values[entry] >= threshold;
 }
 
 void MotionVote::recount() {
     hits = 0;
-    first = times.size() - 1;
+    first = series.times.size() - 1;
     while (first > 0 && isCounted(first - 1)) {
         --first;
         if (isHit(first))

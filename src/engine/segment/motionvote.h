@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QVector>
+#include "motionseries.h"
 
 /// Whether motion fills at least half of the last seconds.
 ///
@@ -12,15 +12,14 @@
 /// move forward, except where times go backwards, where the run is counted anew.
 class MotionVote {
 public:
-    /// The lists hold one entry per frame, times and `window` in seconds. Their owner appends one
-    /// entry to each before every call of `advance`; they must outlive the vote.
-    MotionVote(const QVector<float>& motionValues, const QVector<double>& frameTimes, double window,
-               float threshold);
+    /// `window` in seconds. The owner of `series` appends one entry to it before every call of
+    /// `advance`; it must outlive the vote.
+    MotionVote(const MotionSeries& series, double window, float threshold);
 
-    /// Takes in the newest entry of the lists.
+    /// Takes in the newest entry of the series.
     void advance();
 
-    /// The vote over the lists as they stand.
+    /// The vote over the series as it stands.
     bool isWon() const;
 
 private:
@@ -28,8 +27,7 @@ private:
     bool isHit(int entry) const;
     void recount();
 
-    const QVector<float>& values;
-    const QVector<double>& times;
+    const MotionSeries& series;
     double window;
     float threshold;
     int first = 0;    ///< the oldest entry counted

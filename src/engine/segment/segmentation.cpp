@@ -3,18 +3,15 @@
 #include <utility>
 
 ClipSegmenter::ClipSegmenter(const SegmentationOptions& options, double firstTime,
-                             ClipPicturePointer firstPicture, QVector<float>& motionValues,
-                             QVector<double>& frameTimes)
+                             ClipPicturePointer firstPicture)
     : options(options)
     , firstTime(firstTime)
-    , motionValues(motionValues)
-    , frameTimes(frameTimes)
-    , vote(motionValues, frameTimes, options.minimum, options.thresholdMotion)
+    , vote(series, options.minimum, options.thresholdMotion)
     , candidates(options.minimum)
     , previousPicture(std::move(firstPicture))
     , previousTime(firstTime) {}
 
-std::optional<DetectedClip> ClipSegmenter::addFrame(double motion, double time,
+std::optional<DetectedClip> ClipSegmenter::addFrame(float motion, double time,
                                                     ClipPicturePointer picture) {
     std::optional<DetectedClip> closed;
     if (inClip)
@@ -22,12 +19,12 @@ std::optional<DetectedClip> ClipSegmenter::addFrame(double motion, double time,
     else if (time > notBefore && vote.isWon())
         openClip(time);
 
-    motionValues.append(float(motion));
-    frameTimes.append(time);
+    series.values.append(motion);
+    series.times.append(time);
     vote.advance();
     // The picture before this frame goes with this frame's value: a clip that opens looks at the
     // value of what moved and shows the picture just before the move.
-    candidates.add(float(motion), previousTime, std::move(previousPicture), time);
+    candidates.add(motion, previousTime, std::move(previousPicture), time);
     previousPicture = std::move(picture);
     previousTime = time;
     return closed;
@@ -41,7 +38,7 @@ std::optional<DetectedClip> ClipSegmenter::finish() {
 
 // The comparison is strict here while the vote counts a value equal to the threshold as motion: it
 // takes at least the threshold to open a clip and more than it to keep one open.
-std::optional<DetectedClip> ClipSegmenter::continueClip(double motion, double time,
+std::optional<DetectedClip> ClipSegmenter::continueClip(float motion, double time,
                                                         const ClipPicturePointer& picture) {
     if (motion <= options.thresholdMotion) {
         if (time - lastMotionTime > options.postrecord)
@@ -50,7 +47,7 @@ std::optional<DetectedClip> ClipSegmenter::continueClip(double motion, double ti
     }
     lastMotionTime = time;
     if (motion > bestMotion) {
-        bestMotion = float(motion);
+        bestMotion = motion;
         bestPicture = picture;
         snapshotTime = time;
     }

@@ -1,11 +1,11 @@
 #pragma once
 
 #include "clippicture.h"
+#include "motionseries.h"
 #include "motionvote.h"
 #include "snapshotcandidates.h"
 
 #include <QImage>
-#include <QVector>
 
 #include <optional>
 
@@ -34,28 +34,29 @@ struct DetectedClip {
 class ClipSegmenter {
 public:
     /// `firstTime` (seconds) and `firstPicture` are those of the first picture of the recording.
-    /// One entry per frame is appended to the lists, which start empty and must outlive the
-    /// segmenter.
     ClipSegmenter(const SegmentationOptions& options, double firstTime,
-                  ClipPicturePointer firstPicture, QVector<float>& motionValues,
-                  QVector<double>& frameTimes);
+                  ClipPicturePointer firstPicture);
+    ClipSegmenter(const ClipSegmenter&) = delete;
+    ClipSegmenter& operator=(const ClipSegmenter&) = delete;
 
     /// Takes in the next frame; answers the clip that it closes, if any.
-    std::optional<DetectedClip> addFrame(double motion, double time, ClipPicturePointer picture);
+    std::optional<DetectedClip> addFrame(float motion, double time, ClipPicturePointer picture);
 
     /// Ends the recording; answers the clip that is still open, ending at the newest frame.
     std::optional<DetectedClip> finish();
 
+    /// What was taken in so far.
+    const MotionSeries& motionSeries() const { return series; }
+
 private:
-    std::optional<DetectedClip> continueClip(double motion, double time,
+    std::optional<DetectedClip> continueClip(float motion, double time,
                                              const ClipPicturePointer& picture);
     void openClip(double time);
     DetectedClip closeClip(double time);
 
     SegmentationOptions options;
     double firstTime;
-    QVector<float>& motionValues;
-    QVector<double>& frameTimes;
+    MotionSeries series;
     MotionVote vote;
     SnapshotCandidates candidates;
     ClipPicturePointer previousPicture;
