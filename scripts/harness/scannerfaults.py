@@ -3,7 +3,6 @@
 import json
 import os
 import random
-import shutil
 import signal
 import time
 
@@ -23,7 +22,7 @@ class ScannerFaults:
         self.real = common.program_folder(preset) / "ffmpeg"
         self.program = self.folder / "scanner" / "kestrova-scan"
         common.fresh_folder(self.program.parent)
-        shutil.copy(common.program_folder(preset) / "kestrova-scan", self.program)
+        self.program.hardlink_to(common.program_folder(preset) / "kestrova-scan")
         self.injection = injection.Injection(self.program, folder)
         self.output = self.folder / "output"
         self.figures = {}
