@@ -39,7 +39,7 @@ class ScannerFaults:
                 ("disk full, pictures", self.pictures_on_full_disk),
                 ("disk full, trace", self.trace_on_full_disk),
                 ("disk full, standard output", self.full_output),
-                ("standard output closed", self.closed_output),
+                ("standard output closed (SIGPIPE)", self.closed_output),
                 ("disk broken half way", self.broken_disk),
                 *[(f"only {count} threads", lambda count=count: self.few_threads(count))
                   for count in (0, 1, 3)],
@@ -48,7 +48,7 @@ class ScannerFaults:
                 ("encoder hanging, interrupted", self.interrupted_export),
                 *[(f"ended by {sent[0].name}" + " twice" * (len(sent) - 1),
                    lambda sent=sent: self.signalled(random.Random(1), sent))
-                  for sent in ([signal.SIGINT], [signal.SIGTERM] * 2, [signal.SIGPIPE])]]
+                  for sent in ([signal.SIGINT], [signal.SIGTERM] * 2)]]
 
     def clean_up(self):
         """Nothing: every run is waited for."""
@@ -163,10 +163,16 @@ class ScannerFaults:
                                  f"status {ended.status}\n{ended.errors}")
 
     def closed_output(self):
+        """Whoever read it is gone after the first clip, as head is."""
         reader, writer = os.pipe()
-        with open(writer, "wb", buffering=0) as closed:
+
+        def read_one(_):
+            os.read(reader, 1)
             os.close(reader)
-            ended = self.scan(*[self.long] * 20, output=closed)
+
+        with open(writer, "wb", buffering=0) as output:
+            ended = self.scan(*[self.long] * 100, output=output, meanwhile=read_one,
+                              timeout=END_SECONDS)
         if ended.status == -signal.SIGPIPE:
             return ""
         return ended.problem or ("" if ended.status == 1 else f"status {ended.status}")
@@ -222,7 +228,7 @@ class ScannerFaults:
         delay = chance.uniform(0.05, 1)
         ended = self.scan(*options, *[self.long] * 100, timeout=END_SECONDS, encoder="good",
                           meanwhile=lambda process: later(process, delay, signals))
-        if ended.status == -signals[0] and (signals[0] == signal.SIGPIPE or not ended.output):
+        if ended.status == -signals[0] and not ended.output: # it had not yet begun
             return f"{len(self.left)} programs are left behind" if self.left else ""
         return self.judge(ended, [130])
 
