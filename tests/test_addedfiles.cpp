@@ -31,6 +31,7 @@ private Q_SLOTS:
     void cleanup();
     void filesComeInTheDialogsOrder();
     void everyFileMayBeChosen();
+    void firstDialogsOpenInTheStartDirectory();
     void nextDialogOpensWhereTheFirstFileWas();
     void cancelledFilesChangeNothing();
     void directoryGivesAllFilesBelow();
@@ -67,7 +68,8 @@ void TestAddedFiles::filesComeInTheDialogsOrder() {
         QCOMPARE(dialog.windowTitle(), QString("Select one or more files to open"));
         enter(dialog, QString("\"%1\" \"%2\"").arg(path("videos/b.mp4"), path("other.mp4")));
     });
-    QCOMPARE(askForFiles(nullptr), QStringList({path("videos/b.mp4"), path("other.mp4")}));
+    QCOMPARE(askForFiles(nullptr, QString()),
+             QStringList({path("videos/b.mp4"), path("other.mp4")}));
     QVERIFY(answer.wasShown());
     QCOMPARE(QSettings().value("last_files").toString(), path("videos"));
 }
@@ -78,8 +80,23 @@ void TestAddedFiles::everyFileMayBeChosen() {
         QVERIFY(dialog.nameFilters() == QStringList({QFileDialog::tr("All Files (*)")}));
         dialog.reject();
     });
-    askForFiles(nullptr);
+    askForFiles(nullptr, QString());
     QVERIFY(answer.wasShown());
+}
+
+void TestAddedFiles::firstDialogsOpenInTheStartDirectory() {
+    // Not in the current one, nor where the dialog was before.
+    QString shown;
+    const auto look = [&shown](QFileDialog& dialog) {
+        shown = dialog.directory().path();
+        dialog.reject();
+    };
+    const DialogAnswer<QFileDialog> first(look);
+    askForFiles(nullptr, path("videos/deep"));
+    QCOMPARE(shown, path("videos/deep"));
+    const DialogAnswer<QFileDialog> second(look);
+    askForDirectoryFiles(nullptr, path("videos"));
+    QCOMPARE(shown, path("videos"));
 }
 
 void TestAddedFiles::nextDialogOpensWhereTheFirstFileWas() {
@@ -88,14 +105,14 @@ void TestAddedFiles::nextDialogOpensWhereTheFirstFileWas() {
         QCOMPARE(dialog.directory().path(), path("videos/deep"));
         dialog.reject();
     });
-    askForFiles(nullptr);
+    askForFiles(nullptr, QString());
     QVERIFY(answer.wasShown());
 }
 
 void TestAddedFiles::cancelledFilesChangeNothing() {
     QSettings().setValue("last_files", path("videos"));
     DialogAnswer<QFileDialog> answer([](QFileDialog& dialog) { dialog.reject(); });
-    QVERIFY(askForFiles(nullptr).isEmpty());
+    QVERIFY(askForFiles(nullptr, QString()).isEmpty());
     QVERIFY(answer.wasShown());
     QCOMPARE(QSettings().value("last_files").toString(), path("videos"));
 }
@@ -109,7 +126,7 @@ void TestAddedFiles::directoryGivesAllFilesBelow() {
         QVERIFY(dialog.testOption(QFileDialog::ShowDirsOnly));
         enter(dialog, path("videos"));
     });
-    auto files = askForDirectoryFiles(nullptr);
+    auto files = askForDirectoryFiles(nullptr, QString());
     QVERIFY(answer.wasShown());
     QVERIFY(files.has_value());
     files->sort();
@@ -121,7 +138,7 @@ void TestAddedFiles::directoryGivesAllFilesBelow() {
 void TestAddedFiles::emptyDirectoryGivesAnEmptyList() {
     QVERIFY(QDir(folder->path()).mkpath("empty/inside"));
     DialogAnswer<QFileDialog> answer([this](QFileDialog& dialog) { enter(dialog, path("empty")); });
-    const auto files = askForDirectoryFiles(nullptr);
+    const auto files = askForDirectoryFiles(nullptr, QString());
     QVERIFY(answer.wasShown());
     QVERIFY(files.has_value());
     QVERIFY(files->isEmpty());
@@ -130,7 +147,7 @@ void TestAddedFiles::emptyDirectoryGivesAnEmptyList() {
 void TestAddedFiles::cancelledDirectoryChangesNothing() {
     QSettings().setValue("last_dir", path("videos"));
     DialogAnswer<QFileDialog> answer([](QFileDialog& dialog) { dialog.reject(); });
-    QVERIFY(!askForDirectoryFiles(nullptr).has_value());
+    QVERIFY(!askForDirectoryFiles(nullptr, QString()).has_value());
     QVERIFY(answer.wasShown());
     QCOMPARE(QSettings().value("last_dir").toString(), path("videos"));
 }

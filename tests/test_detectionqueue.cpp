@@ -1,6 +1,8 @@
 #include "encoderstand.h"
+#include "faults.h"
 #include "mainwindowdriver.h"
 #include "media.h"
+#include "process.h"
 
 #include <QDir>
 #include <QProgressBar>
@@ -32,6 +34,7 @@ private Q_SLOTS:
     void jobAcceptedAfterACancel();
     void jobIsStartedOnce();
     void progressIsShownWhileJobsRun();
+    void noThreadForTheWorker();
 
     void clipIsListed();
     void automaticExport();
@@ -39,6 +42,7 @@ private Q_SLOTS:
     void exportsSelected();
     void opensSelected();
     void doubleClickOpens();
+    void otherButtonsOpenNothing();
     void removesSelected();
     void removesAll();
     void listActionsFollowTheSelection();
@@ -46,6 +50,7 @@ private Q_SLOTS:
 
     void directoryGoesToSetup();
     void emptyDirectoryGoesToSetup();
+    void addFilesOpensWhereThePersonWas();
 
 private:
     Video* makeJob(const QString& fileName, bool autoExport = false) const;
@@ -79,6 +84,7 @@ void TestDetectionQueue::init() {
     QSettings().setValue("export_postrecord", 2.0);
     QSettings().setValue("export_minimum", 2.0);
     folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(QDir::setCurrent(folder->path())); // where a person starts the program
     encoder = std::make_unique<EncoderStand>();
     driver = std::make_unique<MainWindowDriver>();
     driver->window.show();
@@ -205,6 +211,45 @@ void TestDetectionQueue::progressIsShownWhileJobsRun() {
     QVERIFY(bar.value() >= value);
 }
 
+void TestDetectionQueue::noThreadForTheWorker() {
+    if (qEnvironmentVariableIsEmpty("FAILING_CALL")) {
+        const ProcessResult result =
+            runProgramIn(faults::noThreadsWhile(folder->filePath("no-threads")),
+                         QCoreApplication::applicationFilePath(), {"noThreadForTheWorker"});
+        QVERIFY2(result.status == 0, result.output.constData());
+        return;
+    }
+    // Here no thread can be had while the file is there.
+    QFile noThreads(qEnvironmentVariable("FAILING_FILE"));
+    QVERIFY(noThreads.open(QIODevice::WriteOnly));
+    driver = std::make_unique<MainWindowDriver>();
+    Video* first = makeJob(shortRecording);
+    Video* second = makeJob(shortRecording);
+    for (Video* job : {first, second}) {
+        driver->accept(job);
+        QCOMPARE(driver->part<QStatusBar>("statusBar").currentMessage(),
+                 QString("No thread to run detection on, trying again..."));
+        QCOMPARE(int(job->state), int(Video::Waiting));
+    }
+    driver->click("pushButtonCancel");
+    QVERIFY(isEnded(first) && isEnded(second));
+
+    Video* third = makeJob(shortRecording);
+    driver->accept(third);
+    QVERIFY(noThreads.remove());
+    QTRY_COMPARE_WITH_TIMEOUT(int(third->state), int(Video::Finished), longMilliseconds);
+    QCOMPARE(driver->list().count(), 1);
+    QCOMPARE(driver->part<QStatusBar>("statusBar").currentMessage(), QString());
+
+    // One that never got a thread ends like any other.
+    QVERIFY(noThreads.open(QIODevice::WriteOnly));
+    driver = std::make_unique<MainWindowDriver>();
+    driver->accept(makeJob(shortRecording));
+    driver.reset();
+    QVERIFY(noThreads.remove());
+    driver = std::make_unique<MainWindowDriver>();
+}
+
 void TestDetectionQueue::clipIsListed() {
     driver->accept(makeJob(shortRecording));
     QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
@@ -279,6 +324,17 @@ void TestDetectionQueue::doubleClickOpens() {
     QTRY_COMPARE(driver->clip(1).status, int(Clip::ExportFailed));
 }
 
+void TestDetectionQueue::otherButtonsOpenNothing() {
+    announceClips(failedJob(), 1);
+    const QPoint place = driver->list().visualItemRect(&driver->clip(0)).center();
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        QTest::mouseClick(driver->list().viewport(), button, {}, place);
+        QTest::mouseDClick(driver->list().viewport(), button, {}, place);
+        QVERIFY(!driver->clip(0).openWhenDone);
+        QCOMPARE(driver->clip(0).status, int(Clip::NotExported));
+    }
+}
+
 void TestDetectionQueue::removesSelected() {
     announceClips(failedJob(), 4);
     const QPointer<Clip> first(&driver->clip(0));
@@ -328,7 +384,7 @@ void TestDetectionQueue::directoryGoesToSetup() {
     QVERIFY(QFile::copy(shortRecording, directory.filePath("in/.hidden.mp4")));
     QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), directory.filePath("in/b.mp4")));
     driver->addDirectory(directory.filePath("in"));
-    QVERIFY(driver->setup.isVisible());
+    QTRY_VERIFY(driver->setup.isVisible());
     QCOMPARE(driver->setupPart<QLabel>("labelInfo").text(), directory.filePath("in/deep/a.dat"));
     driver->setupPart<QLineEdit>("lineEditDir").setText(directory.filePath("out"));
     driver->clickSetup("pushButtonAddAll");
@@ -344,6 +400,22 @@ void TestDetectionQueue::emptyDirectoryGoesToSetup() {
     QVERIFY(driver->setup.isVisible());
     driver->addDirectory(folder->filePath("empty"));
     QVERIFY(!driver->setup.isVisible()); // drops what it showed
+}
+
+void TestDetectionQueue::addFilesOpensWhereThePersonWas() {
+    encoder->setEnd("1");
+    announceClips(failedJob(), 1);
+    driver->list().selectAll();
+    driver->trigger("actionExport_selected");
+    QTRY_COMPARE(driver->clip(0).status, int(Clip::ExportFailed));
+    QCOMPARE(QDir::currentPath(), QCoreApplication::applicationDirPath());
+    QString shown;
+    const DialogAnswer<QFileDialog> answer([&shown](QFileDialog& dialog) {
+        shown = dialog.directory().path();
+        dialog.reject();
+    });
+    driver->click("pushButtonAddFiles");
+    QCOMPARE(shown, folder->path());
 }
 
 QTEST_MAIN(TestDetectionQueue)

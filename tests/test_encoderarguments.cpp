@@ -28,6 +28,12 @@ EncodedVideo intraCodedVideo() {
     return intraCoded;
 }
 
+EncodedVideo numberedVideo() {
+    EncodedVideo numbered = video();
+    numbered.frameRate = 12.5;
+    return numbered;
+}
+
 EncodedVideo withTimestamps(EncodedVideo video) {
     video.exportTimestamps = true;
     return video;
@@ -134,6 +140,11 @@ void TestEncoderArguments::arguments_data() {
         << intraCodedVideo() << withoutAudio()
         << QStringList{"-nostats", "-y", "-i",   in,        "-ss", "12",
                        "-t",       "27", "-b:v", "2097152", "-an", "-avoid_negative_ts",
+                       "disabled", out};
+    QTest::newRow("numbered pictures, audio off")
+        << numberedVideo() << withoutAudio()
+        << QStringList{"-nostats", "-y", "-r", "12.5", "-i",      in,    "-ss",
+                       "12",       "-t", "27", "-b:v", "2097152", "-an", "-avoid_negative_ts",
                        "disabled", out};
     QTest::newRow("intra-coded source, forced re-encode") << intraCodedVideo() << reencoding()
                                                           << QStringList{"-nostats",

@@ -37,6 +37,7 @@ private Q_SLOTS:
     void closingLeavesTheSetupWindow();
     void leavingTheSetupWindowEndsTheProgram();
     void acceptedJobShowsTheClosedWindowAgain();
+    void closingBothWindowsEndsTheProgramDuringAJob();
 
 public Q_SLOTS:
     void noteUrl(const QUrl& url) { openedUrl = url; }
@@ -125,6 +126,8 @@ void TestMainWindow::actions() {
     const QAction& action = driver.action(QTest::currentDataTag());
     QCOMPARE(action.text(), text);
     QCOMPARE(action.shortcut(), QKeySequence(shortcut));
+    // A key that is held down must not open a clip again and again.
+    QCOMPARE(action.autoRepeat(), action.objectName() != "actionOpen_selected");
 }
 
 void TestMainWindow::fileMenu() {
@@ -312,6 +315,28 @@ void TestMainWindow::acceptedJobShowsTheClosedWindowAgain() {
     driver.clickSetup("pushButtonAdd");
     QVERIFY(!driver.setup.isVisible());
     QTRY_VERIFY(driver.window.isVisible());
+}
+
+void TestMainWindow::closingBothWindowsEndsTheProgramDuringAJob() {
+    const QTemporaryDir folder;
+    const QString video = folder.filePath("long.mp4");
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=s=640x360:d=60", "-c:v", "libx264",
+                           "-preset", "ultrafast", video}));
+    MainWindowDriver driver;
+    driver.window.show();
+    auto* job = new Video(video, folder.path(), 1.0, 1.0, 5.0, 0, false, nullptr, nullptr, false,
+                          QDateTime());
+    driver.accept(job);
+    driver.setup.addFile(video);
+    QTimer::singleShot(0, &driver.window, [&] {
+        QVERIFY(driver.window.close());
+        QVERIFY(int(job->state) < int(Video::CancelRequested));
+        QVERIFY(driver.setup.close());
+    });
+    QTimer::singleShot(10000, qApp, [] { QCoreApplication::exit(1); });
+    QCOMPARE(QCoreApplication::exec(), 0);
+    QCoreApplication::processEvents();
+    QVERIFY(!driver.window.isVisible());
 }
 
 QTEST_MAIN(TestMainWindow)

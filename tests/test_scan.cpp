@@ -344,6 +344,11 @@ void TestScan::usageErrors_data() {
     row({"--skip", "1.5", "x.mp4"}, "--skip");
     row({"--threshold-value", "256", "x.mp4"}, "--threshold-value");
     row({"--threshold-motion", "-0.1", "x.mp4"}, "--threshold-motion");
+    row({"--fps", "0.009", "x.mp4"}, "--fps takes a number from 0.01 to 1000, not '0.009'");
+    row({"--fps", "1000.1", "x.mp4"}, "--fps takes");
+    row({"--fps", "0", "x.mp4"}, "--fps takes");
+    row({"--fps", "25/1", "x.mp4"}, "--fps takes");
+    row({"--fps", "inf", "x.mp4"}, "--fps takes");
     row({"--roi", "1,2,3", "x.mp4"}, "--roi takes");
     row({"--roi", "1,2,0,4", "x.mp4"}, "--roi takes");
     row({"--roi", "1,2,3,4,5", "x.mp4"}, "--roi takes");

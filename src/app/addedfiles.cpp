@@ -9,6 +9,11 @@
 
 namespace {
 
+/// Never empty: a dialog takes that for the current directory, which the first export changes.
+QString oneOf(const QString& stored, const QString& startDirectory) {
+    return stored.isEmpty() ? startDirectory : stored;
+}
+
 QStringList filesBelow(const QString& directory) {
     QStringList files;
     QDirIterator iterator(directory, QDir::Files, QDirIterator::Subdirectories);
@@ -19,21 +24,21 @@ QStringList filesBelow(const QString& directory) {
 
 } // namespace
 
-QStringList askForFiles(QWidget* parent) {
+QStringList askForFiles(QWidget* parent, const QString& startDirectory) {
     QSettings store;
     QStringList files =
         QFileDialog::getOpenFileNames(parent, MainWindow::tr("Select one or more files to open"),
-                                      settings::lastFiles.read(store));
+                                      oneOf(settings::lastFiles.read(store), startDirectory));
     if (!files.isEmpty())
         settings::lastFiles.write(store, QFileInfo(files.first()).absolutePath());
     return files;
 }
 
-std::optional<QStringList> askForDirectoryFiles(QWidget* parent) {
+std::optional<QStringList> askForDirectoryFiles(QWidget* parent, const QString& startDirectory) {
     QSettings store;
     const QString directory = QFileDialog::getExistingDirectory(
-        parent, MainWindow::tr("Select folder to add"), settings::lastDirectory.read(store),
-        QFileDialog::ShowDirsOnly);
+        parent, MainWindow::tr("Select folder to add"),
+        oneOf(settings::lastDirectory.read(store), startDirectory), QFileDialog::ShowDirsOnly);
     if (directory.isEmpty())
         return std::nullopt;
     settings::lastDirectory.write(store, directory);

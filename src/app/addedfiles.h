@@ -6,9 +6,10 @@
 
 class QWidget;
 
-/// Asks for video files, starting where the last ones were. Empty if the person chose none.
-QStringList askForFiles(QWidget* parent);
+/// Asks for video files, starting where the last ones were, for the first time in `startDirectory`.
+/// Empty if the person chose none.
+QStringList askForFiles(QWidget* parent, const QString& startDirectory);
 
-/// Asks for a directory, starting at the last one, and answers all files in it and below it, hidden
-/// ones left out. Nothing if the person chose none.
-std::optional<QStringList> askForDirectoryFiles(QWidget* parent);
+/// Asks for a directory, starting at the last one or in `startDirectory`, and answers all files in
+/// it and below it, hidden ones left out. Nothing if the person chose none.
+std::optional<QStringList> askForDirectoryFiles(QWidget* parent, const QString& startDirectory);

@@ -3,6 +3,7 @@
 #include "applicationicon.h"
 #include "commandlinepaths.h"
 #include "mainwindow.h"
+#include "picturesearch.h"
 #include "workerthread.h"
 
 #include <QApplication>
@@ -30,8 +31,8 @@ int runApplication(int argc, char* argv[]) {
     QGuiApplication::setWindowIcon(applicationIcon());
 
     const int status = showMainWindow();
-    // A worker that is still busy must not find the program's globals destroyed.
-    if (WorkerThread::isAnyAbandoned())
+    // A thread that is still busy must not find the program's globals destroyed.
+    if (WorkerThread::isAnyAbandoned() || PictureSearch::isAnyAbandoned())
         std::_Exit(status);
     return status;
 }

@@ -4,23 +4,33 @@
 #include "addedfiles.h"
 #include "applicationicon.h"
 #include "batchprogress.h"
+#include "busycursor.h"
+#include "captiondelegate.h"
 #include "clip.h"
 #include "settingsdialog.h"
 #include "ui_mainwindow.h"
 #include "video.h"
 #include "workerthread.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDeadlineTimer>
 #include <QDesktopServices>
+#include <QDir>
 #include <QMessageBox>
+#include <QMouseEvent>
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 constexpr int statusIntervalMilliseconds = 1000;
 constexpr int backlogShownMilliseconds = 3000;
+constexpr int longestStartMilliseconds = 500; // with no window yet that could answer
+constexpr int sliceMilliseconds = 40;         // with one more file it stays below 100
+constexpr int pauseMilliseconds = 100;
 
 Clip* clipOf(QListWidgetItem* item) {
     return static_cast<Clip*>(item); // the list holds nothing else
@@ -31,18 +41,20 @@ Clip* clipOf(QListWidgetItem* item) {
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , ui(std::make_unique<Ui::MainWindow>())
+    , startDirectory(QDir::currentPath())
+    , commandLineFiles(QCoreApplication::arguments().mid(1))
     , workerThread(std::make_unique<WorkerThread>()) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
+    ui->files->setItemDelegate(new CaptionDelegate(ui->files));
+    ui->files->viewport()->installEventFilter(this);
     connect(&statusTimer, SIGNAL(timeout()), SLOT(updateStatus()));
     connect(&editMaskWindow, SIGNAL(newVideo()), SLOT(newVideo()));
     editMaskWindow.installEventFilter(this);
     workerThread->start(QThread::InheritPriority);
     statusTimer.start(statusIntervalMilliseconds);
     updateActions();
-    const QStringList files = QCoreApplication::arguments().mid(1);
-    for (const QString& file : files)
-        editMaskWindow.addFile(file);
+    addCommandLineFiles(longestStartMilliseconds);
     updateStatus();
 }
 
@@ -59,22 +71,48 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (ui && watched == ui->files->viewport() && event->type() == QEvent::MouseButtonDblClick) {
+        // The list takes the double-click of any button for one that opens.
+        return static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton;
+    }
+    if (watched == &editMaskWindow && event->type() == QEvent::Close)
+        isSetupClosing = editMaskWindow.isVisible();
     // Only once everything is done that comes with it: accepted jobs arrive after the window hides.
-    if (watched == &editMaskWindow && event->type() == QEvent::Hide)
-        QTimer::singleShot(0, this, [this] { endUnseen(); });
+    if (watched == &editMaskWindow && event->type() == QEvent::Hide) {
+        const bool wasClosed = std::exchange(isSetupClosing, false);
+        QTimer::singleShot(0, this, [this, wasClosed] { endUnseen(wasClosed); });
+    }
     return QMainWindow::eventFilter(watched, event);
+}
+
+/// What takes longer goes on from the event loop, so that the windows answer.
+void MainWindow::addCommandLineFiles(int milliseconds) {
+    // What comes to the front now would cover the dialog that has to be answered first.
+    const bool isBlocked = QApplication::activeModalWidget();
+    const QDeadlineTimer deadline(milliseconds);
+    while (!isBlocked && !commandLineFiles.isEmpty() && !deadline.hasExpired())
+        editMaskWindow.addFile(commandLineFiles.takeFirst());
+    if (commandLineFiles.isEmpty()) {
+        busyCursor.reset();
+        return;
+    }
+    if (!busyCursor)
+        busyCursor = std::make_unique<BusyCursor>();
+    QTimer::singleShot(isBlocked ? pauseMilliseconds : 0, this,
+                       [this] { addCommandLineFiles(sliceMilliseconds); });
 }
 
 /// Job setup hides itself when it has no more files. Where this window has been closed before, the
 /// program would then live on without a window: it ends, or, with jobs to do, shows itself again.
-void MainWindow::endUnseen() {
+/// A person who closes both windows wants the end.
+void MainWindow::endUnseen(bool wasSetupClosed) {
     const bool wasClosed = testAttribute(Qt::WA_WState_ExplicitShowHide) && isHidden();
     if (!wasClosed || editMaskWindow.isVisible())
         return;
     const bool hasJobs = std::any_of(videos.cbegin(), videos.cend(), [](const Video* video) {
         return video->state < Video::CancelRequested;
     });
-    if (hasJobs)
+    if (hasJobs && !wasSetupClosed)
         show();
     else
         QCoreApplication::quit();
@@ -105,8 +143,20 @@ void MainWindow::processQueue() {
         return;
     const auto isWaiting = [](const Video* video) { return video->state == Video::Waiting; };
     const auto next = std::find_if(videos.cbegin(), videos.cend(), isWaiting);
-    if (next != videos.cend())
+    if (next != videos.cend() && hasWorker())
         startDetection(*next);
+}
+
+/// Where the system had no thread to give before, it is asked once more.
+bool MainWindow::hasWorker() {
+    if (workerThread->isRunning())
+        return true;
+    workerThread->start(QThread::InheritPriority);
+    if (workerThread->isRunning())
+        ui->statusBar->clearMessage();
+    else
+        ui->statusBar->showMessage(tr("No thread to run detection on, trying again..."));
+    return workerThread->isRunning();
 }
 
 /// Also while the worker has been told to start a job but has not begun with it.
@@ -126,6 +176,8 @@ void MainWindow::startDetection(Video* video) {
 }
 
 void MainWindow::updateStatus() {
+    if (!workerThread->isRunning())
+        processQueue();
     showProgress();
     showBacklog();
 }
@@ -159,13 +211,13 @@ void MainWindow::on_actionQuit_triggered() {
 }
 
 void MainWindow::on_actionAddFiles_triggered() {
-    const QStringList files = askForFiles(this);
+    const QStringList files = askForFiles(this, startDirectory);
     if (!files.isEmpty())
         editMaskWindow.addFiles(files);
 }
 
 void MainWindow::on_actionAddDirectory_triggered() {
-    if (const auto files = askForDirectoryFiles(this))
+    if (const auto files = askForDirectoryFiles(this, startDirectory))
         editMaskWindow.addFiles(*files);
 }
 

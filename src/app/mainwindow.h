@@ -5,10 +5,13 @@
 #include <QImage>
 #include <QList>
 #include <QMainWindow>
+#include <QString>
+#include <QStringList>
 #include <QTimer>
 
 #include <memory>
 
+class BusyCursor;
 class QListWidgetItem;
 class QModelIndex;
 class Video;
@@ -58,16 +61,22 @@ private Q_SLOTS:
     void on_actionOpen_selected_triggered();
 
 private:
+    void addCommandLineFiles(int milliseconds);
     void updateActions();
-    void endUnseen();
+    void endUnseen(bool wasSetupClosed);
     void showProgress();
     void showBacklog();
     bool isDetecting() const;
+    bool hasWorker();
     void startDetection(Video* video);
 
     std::unique_ptr<Ui::MainWindow> ui;
     EditMaskWindow editMaskWindow;
     QTimer statusTimer;
+    QString startDirectory;       ///< the current directory, before any export changes it
+    QStringList commandLineFiles; ///< still to be handed to job setup
+    std::unique_ptr<BusyCursor> busyCursor;
+    bool isSetupClosing = false;
     QList<Video*> videos;         ///< every job, in the order of acceptance; owned
     QList<Video*> progressVideos; ///< the jobs that the progress bar counts
     std::unique_ptr<WorkerThread> workerThread;

@@ -13,13 +13,17 @@ QString wholeSeconds(double seconds) {
 /// In front of the input the seek jumps to a key frame; behind it, it counts decoded pictures.
 QStringList inputArguments(const EncodedClip& clip, const EncodedVideo& video) {
     const QStringList seek = {QStringLiteral("-ss"), wholeSeconds(clip.start)};
-    const QStringList input = {QStringLiteral("-i"), video.fileName};
-    return video.isIntraCodec ? input + seek : seek + input;
+    QStringList input = {QStringLiteral("-i"), video.fileName};
+    if (video.frameRate > 0.0)
+        input =
+            QStringList{QStringLiteral("-r"), QString::number(video.frameRate, 'g', 15)} + input;
+    return video.isCutByPictures() ? input + seek : seek + input;
 }
 
 QStringList pictureArguments(const EncodedClip& clip, const EncodedVideo& video,
                              const EncodingSettings& settings) {
-    const bool isEncoded = settings.doTranscoding || video.isIntraCodec || video.exportTimestamps;
+    const bool isEncoded =
+        settings.doTranscoding || video.isCutByPictures() || video.exportTimestamps;
     if (!isEncoded)
         return {QStringLiteral("-vcodec"), QStringLiteral("copy")};
     QStringList arguments;

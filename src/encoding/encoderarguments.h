@@ -21,6 +21,12 @@ struct EncodedVideo {
     bool isIntraCodec = false;     ///< every picture stands alone: always re-encoded
     bool exportTimestamps = false; ///< write date and time into the picture, which re-encodes
     QDateTime startDateTime;       ///< wall-clock time of the first frame
+
+    /// Pictures per second, where it has no times of its own, which re-encodes; else 0.
+    double frameRate = 0.0;
+
+    /// The encoder decodes up to the clip's start, where stored times cannot lead it there.
+    bool isCutByPictures() const { return isIntraCodec || frameRate > 0.0; }
 };
 
 /// The person's choices. The defaults are those of an empty settings store.

@@ -97,7 +97,8 @@ void Video::detect() {
     JobClient client(*this);
     Detection detection(detectionOptions(*this), client);
     const DetectionOutcome outcome = detection.run(fileName);
-    if (outcome == DetectionOutcome::CannotOpen || outcome == DetectionOutcome::TooFewPictures)
+    // A read error in the middle is an end like that of the file.
+    if (outcome != DetectionOutcome::Cancelled && state == Running)
         state = Failed;
     motionValues = detection.motionSeries().values;
     frameTimes = detection.motionSeries().times;

@@ -86,6 +86,9 @@ void addOptions(QCommandLineParser& parser) {
         {"mask", "Look only where this picture is green; it is scaled to the video.", "PICTURE"},
         {"format", "How clips are printed: text, jsonl or csv (text).", "FORMAT", "text"},
         {"snapshots", "Write a picture of each clip's strongest motion into this folder.", "DIR"},
+        {"fps",
+         "Take recordings to be N pictures per second, 0.01 to 1000, whatever times they have.",
+         "N"},
         {"export", "Cut the clips out into this folder.", "DIR"},
         {"container", "File format of exported clips: avi, mp4 or mkv (avi).", "NAME", "avi"},
         {"transcode", "Encode exported pictures anew. MJPEG always is, and so are timestamps."},
@@ -199,6 +202,9 @@ DetectionOptions readDetection(const QCommandLineParser& parser, Values& values)
     options.segmentation.thresholdMotion = float(values.number("threshold-motion", 0.0, 10.0));
     options.measure.thresholdValue = values.integer("threshold-value", 0, 255);
     options.measure.skip = values.integer("skip", 0, 100);
+    options.times.mustBeUsable = true;
+    if (parser.isSet("fps"))
+        options.times.frameRate = values.number("fps", 0.01, 1000.0);
     options.threads = values.integer("threads", 0, 256);
     if (parser.isSet("roi") && parser.isSet("mask"))
         values.reject(QStringLiteral("--roi and --mask exclude each other"));

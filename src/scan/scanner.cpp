@@ -10,6 +10,8 @@
 
 #include <algorithm>
 #include <atomic>
+#include <functional>
+#include <system_error>
 #include <thread>
 #include <vector>
 
@@ -28,6 +30,18 @@ bool prepareFolder(const QString& path) {
     return QDir().mkpath(path) && QFileInfo(path).isWritable();
 }
 
+/// Up to `count` threads that do `work`: as many as can be had.
+std::vector<std::thread> startThreads(int count, const std::function<void()>& work) {
+    std::vector<std::thread> threads;
+    try {
+        while (int(threads.size()) < count)
+            threads.emplace_back(work);
+    } catch (const std::system_error&) {
+        // The others, and the one that waits for them, do all of it.
+    }
+    return threads;
+}
+
 /// Scans all recordings, `options.jobs` at a time; true if nothing went wrong with any.
 bool scanAll(const ScanOptions& options, ScanOutputs& outputs) {
     std::atomic<int> next{0};
@@ -42,9 +56,7 @@ bool scanAll(const ScanOptions& options, ScanOutputs& outputs) {
                 outputs.trace->finish(index);
         }
     };
-    std::vector<std::thread> workers;
-    for (int i = 1; i < options.jobs; ++i)
-        workers.emplace_back(work);
+    std::vector<std::thread> workers = startThreads(options.jobs - 1, work);
     work();
     for (std::thread& worker : workers)
         worker.join();

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "libavpointers.h"
+#include "codeccontext.h"
 #include "packetreader.h"
 #include "restartpackets.h"
 
@@ -51,6 +51,9 @@ public:
 
     /// Pictures that the decoder holds back to put them in order, as far as it knows by now.
     int reorderDelay() const;
+
+    /// Pictures per second as the stream's headers say, 0 if unknown.
+    double frameRate() const { return frameRateOf(*context); }
 
 private:
     bool feed(std::optional<NumberedPacket> packet);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "libavpointers.h"
+#include "readend.h"
 
 extern "C" {
 #include <libavformat/avformat.h>
@@ -35,6 +36,9 @@ public:
     /// from then on nothing more, even where the file could be read on behind the error.
     std::optional<NumberedPacket> read();
 
+    /// Once `read` has answered nothing: why.
+    const ReadEnd& readEnd() const { return end; }
+
     /// The chosen stream; null if there is none.
     const AVStream* stream() const;
 
@@ -43,11 +47,14 @@ public:
     QString errorText() const;   ///< why `open` failed
 
 private:
+    void noteEnd(int result);
+
     std::function<bool()> interrupt;
     AVFormatContext* format = nullptr;
     int streamIndex = -1;
     qint64 nextNumber = 0;
     bool hasEnded = false;
+    ReadEnd end;
     QString error;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "libavpointers.h"
+#include "codeccontext.h"
 
 /// Decodes packets one at a time: what a packet completes comes out before the next one goes in.
 class SerialDecoder {
@@ -12,6 +12,9 @@ public:
     /// thinks of the packet does not matter: a damaged one can complete a picture, too, and a good
     /// one need not.
     PicturePointer decode(const AVPacket& packet);
+
+    /// Pictures per second as the stream's headers say, 0 if unknown.
+    double frameRate() const { return frameRateOf(*context); }
 
 private:
     CodecContextPointer context;
