@@ -1,46 +1,34 @@
 """Makes a program's calls fail: disks full or broken, no threads."""
 
 import contextlib
+import errno
 import os
-import pathlib
 import subprocess
 
-SOURCE = pathlib.Path(__file__).with_name("faults.c")
-
-
-def library(folder):
-    """Compiles what is preloaded, where it is not yet."""
-    path = folder / "faults.so"
-    if not path.exists() or path.stat().st_mtime < SOURCE.stat().st_mtime:
-        subprocess.run(["cc", "-O1", "-shared", "-fPIC", "-o", path, SOURCE, "-ldl"], check=True)
-    return path
-
-
-def sanitizer_library(program):
-    """The sanitizer's library that must come first, if the program was built with one."""
-    lines = subprocess.run(["ldd", program], capture_output=True, text=True, check=True).stdout
-    return next((line.split()[2] for line in lines.splitlines() if "libasan" in line), "")
+from . import common
 
 
 class Injection:
-    """Environments in which the calls of `program` fail."""
+    """Environments in which calls fail, through a library of the tests that is preloaded."""
 
-    def __init__(self, program, folder):
-        self.library = library(folder)
-        first = sanitizer_library(program)
-        self.preloaded = f"{first} {self.library}".strip()
+    def __init__(self, preset):
+        self.library = common.ROOT / f"build/{preset}/tests/libkestrova_failing_calls.so"
 
-    def full_disk(self, folder, room=0):
+    def failing(self, call, error, after=0, file=""):
+        # The sanitizer asks to be the first library.
+        return {"LD_PRELOAD": str(self.library), "FAILING_CALL": call, "FAILING_ERROR": str(error),
+                "FAILING_AFTER": str(after), "FAILING_FILE": str(file),
+                "ASAN_OPTIONS": common.SANITIZERS["ASAN_OPTIONS"] + ":verify_asan_link_order=0"}
+
+    def full_disk(self, folder):
         """Also for the programs that this one starts."""
-        return {"LD_PRELOAD": self.preloaded, "FAULT_CHILDREN": str(self.library),
-                "FAULT_FULL": os.path.realpath(folder), "FAULT_ROOM": str(room)}
+        return self.failing("write", errno.ENOSPC, 0, os.path.realpath(folder))
 
     def broken_disk(self, file, offset):
-        return {"LD_PRELOAD": self.preloaded, "FAULT_UNREADABLE": os.path.realpath(file),
-                "FAULT_AT": str(offset)}
+        return self.failing("read", errno.EIO, offset, os.path.realpath(file))
 
     def few_threads(self, count):
-        return {"LD_PRELOAD": self.preloaded, "FAULT_THREADS": str(count)}
+        return self.failing("pthread_create", errno.EAGAIN, count)
 
 
 @contextlib.contextmanager

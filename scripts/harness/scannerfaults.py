@@ -23,7 +23,7 @@ class ScannerFaults:
         self.program = self.folder / "scanner" / "kestrova-scan"
         common.fresh_folder(self.program.parent)
         self.program.hardlink_to(common.program_folder(preset) / "kestrova-scan")
-        self.injection = injection.Injection(self.program, folder)
+        self.injection = injection.Injection(preset)
         self.output = self.folder / "output"
         self.figures = {}
 

@@ -20,8 +20,7 @@ class WindowFaults:
         self.recording = recording
         self.count = count  # clips that are queued
         self.chatter = chatter  # bytes that one encoder prints
-        driver = (common.ROOT / f"build/{preset}/tests/beside_encoder/windowdriver/windowdriver")
-        self.injection = injection.Injection(driver, folder)
+        self.injection = injection.Injection(preset)
         self.windows = None  # of the case that runs
         self.figures = {}
 
