@@ -2,12 +2,12 @@
 
 #include "applicationicon.h"
 #include "commandlinepaths.h"
+#include "filenamecodec.h"
 #include "mainwindow.h"
 #include "picturesearch.h"
 #include "workerthread.h"
 
 #include <QApplication>
-#include <QTextCodec>
 
 #include <cstdlib>
 
@@ -22,8 +22,7 @@ int showMainWindow() {
 } // namespace
 
 int runApplication(int argc, char* argv[]) {
-    // File names are UTF-8 also where the program is started without a locale.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    installFileNameCodec();
     CommandLinePaths paths(argc, argv);
     QApplication application(paths.count(), paths.arguments());
     QCoreApplication::setOrganizationName(QStringLiteral("kestrova"));

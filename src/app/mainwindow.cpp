@@ -7,6 +7,8 @@
 #include "busycursor.h"
 #include "captiondelegate.h"
 #include "clip.h"
+#include "exportnotices.h"
+#include "fileurl.h"
 #include "settingsdialog.h"
 #include "ui_mainwindow.h"
 #include "video.h"
@@ -19,7 +21,6 @@
 #include <QDir>
 #include <QMessageBox>
 #include <QMouseEvent>
-#include <QUrl>
 
 #include <algorithm>
 #include <utility>
@@ -36,6 +37,13 @@ Clip* clipOf(QListWidgetItem* item) {
     return static_cast<Clip*>(item); // the list holds nothing else
 }
 
+QList<Clip*> clipsOf(const QList<QListWidgetItem*>& items) {
+    QList<Clip*> clips;
+    for (QListWidgetItem* item : items)
+        clips.append(clipOf(item));
+    return clips;
+}
+
 } // namespace
 
 MainWindow::MainWindow(QWidget* parent)
@@ -50,6 +58,8 @@ MainWindow::MainWindow(QWidget* parent)
     ui->files->viewport()->installEventFilter(this);
     connect(&statusTimer, SIGNAL(timeout()), SLOT(updateStatus()));
     connect(&editMaskWindow, SIGNAL(newVideo()), SLOT(newVideo()));
+    connect(&ExportNotices::instance(), SIGNAL(told(QString)), ui->statusBar,
+            SLOT(showMessage(QString)));
     editMaskWindow.installEventFilter(this);
     workerThread->start(QThread::InheritPriority);
     statusTimer.start(statusIntervalMilliseconds);
@@ -61,6 +71,8 @@ MainWindow::MainWindow(QWidget* parent)
 MainWindow::~MainWindow() {
     WorkerThread::stop(workerThread, videos);
     qDeleteAll(videos);
+    // A job that was given up lives on, and its clips could still be exported.
+    Clip::leaveQueue(clipsOf(ui->files->findItems({}, Qt::MatchContains)));
     // The list outlives this part of the window, and its selection ends with its items.
     disconnect(ui->files, nullptr, this, nullptr);
     ui.reset();
@@ -139,6 +151,8 @@ void MainWindow::newClip(int index, const QImage& snapshot, double start, double
 }
 
 void MainWindow::processQueue() {
+    if (sender() == heldVideo)
+        heldVideo = nullptr;
     if (isDetecting())
         return;
     const auto isWaiting = [](const Video* video) { return video->state == Video::Waiting; };
@@ -159,15 +173,15 @@ bool MainWindow::hasWorker() {
     return workerThread->isRunning();
 }
 
-/// Also while the worker has been told to start a job but has not begun with it.
+/// Also while the worker has not begun yet with the job that it was handed, and while it has not
+/// let go of one that was cancelled: what waited behind that could no longer be withdrawn.
 bool MainWindow::isDetecting() const {
-    return std::any_of(videos.cbegin(), videos.cend(), [this](const Video* video) {
-        const bool isStarted = video->thread() == workerThread.get();
-        return video->state == Video::Running || (isStarted && video->state == Video::Waiting);
-    });
+    const auto isRunning = [](const Video* video) { return video->state == Video::Running; };
+    return heldVideo || std::any_of(videos.cbegin(), videos.cend(), isRunning);
 }
 
 void MainWindow::startDetection(Video* video) {
+    heldVideo = video;
     video->moveToThread(workerThread.get());
     connect(video, SIGNAL(resultReady()), SLOT(processQueue()));
     connect(video, SIGNAL(newClip(int, QImage, double, double, double)),
@@ -193,9 +207,15 @@ void MainWindow::showProgress() {
 
 void MainWindow::showBacklog() {
     const int waiting = Clip::exportQueueLength();
-    if (waiting > 0)
+    if (waiting > 0) {
         ui->statusBar->showMessage(tr("%1 clips queued to export...").arg(waiting),
                                    backlogShownMilliseconds);
+        return;
+    }
+    // The messages about the queue may have covered it.
+    const QString notice = ExportNotices::instance().takeLatest();
+    if (!notice.isEmpty())
+        ui->statusBar->showMessage(notice);
 }
 
 void MainWindow::updateActions() {
@@ -233,6 +253,7 @@ void MainWindow::on_files_activated(const QModelIndex&) {}
 
 void MainWindow::on_actionRemoveSelected_triggered() {
     const QList<QListWidgetItem*> items = ui->files->selectedItems();
+    Clip::leaveQueue(clipsOf(items));
     for (QListWidgetItem* item : items) {
         ui->files->setItemWidget(item, nullptr);
         delete item;
@@ -258,9 +279,8 @@ void MainWindow::on_pushButtonDirrectory_clicked() {
 }
 
 void MainWindow::on_actionHelp_triggered() {
-    const QString manual =
-        QStringLiteral("file:///%1/help/manual.pdf").arg(QCoreApplication::applicationDirPath());
-    if (!QDesktopServices::openUrl(QUrl(manual)))
+    const QString manual = QCoreApplication::applicationDirPath() + "/help/manual.pdf";
+    if (!QDesktopServices::openUrl(fileUrl(manual)))
         QMessageBox::critical(this, tr("Error"), tr("Can't open manual.pdf"));
 }
 

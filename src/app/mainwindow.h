@@ -80,4 +80,5 @@ private:
     QList<Video*> videos;         ///< every job, in the order of acceptance; owned
     QList<Video*> progressVideos; ///< the jobs that the progress bar counts
     std::unique_ptr<WorkerThread> workerThread;
+    Video* heldVideo = nullptr; ///< by the worker: handed over, its end not yet heard
 };

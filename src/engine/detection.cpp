@@ -5,6 +5,7 @@
 #include "picturesource.h"
 #include "videodecoder.h"
 
+#include <QFile>
 #include <QMutexLocker>
 
 #include <memory>
@@ -19,7 +20,7 @@ DetectionOutcome Detection::run(const QString& fileName) {
     bool isOpen = false;
     {
         QMutexLocker lock(&ffmpegMutex());
-        isOpen = decoder.open(fileName.toUtf8().constData());
+        isOpen = decoder.open(QFile::encodeName(fileName).constData());
     }
     DetectionOutcome outcome = DetectionOutcome::CannotOpen;
     if (isOpen)

@@ -1,10 +1,10 @@
 #include "commandline.h"
+#include "filenamecodec.h"
 #include "interrupt.h"
 #include "scanner.h"
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QTextCodec>
 
 #include <cstdio>
 
@@ -19,8 +19,7 @@ ExitStatus rejectCommandLine(const QString& reason) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    // File names are UTF-8 also where a job runs without a locale, as cron's do.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    installFileNameCodec();
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kestrova-scan"));
 

@@ -6,6 +6,7 @@
 #include <opencv2/core.hpp>
 #include <opencv2/videoio.hpp>
 
+#include <QFile>
 #include <QMutexLocker>
 
 #include <exception>
@@ -40,7 +41,7 @@ bool grab(const std::string& fileName, QImage* image) {
 
 bool grabFirstFrame(const QString& fileName, QImage* image) {
     try {
-        return grab(fileName.toUtf8().toStdString(), image);
+        return grab(QFile::encodeName(fileName).toStdString(), image);
     } catch (const std::exception& exception) {
         qCWarning(engineLog, "no first picture: %s", exception.what());
         return false;
