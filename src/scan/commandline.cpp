@@ -16,9 +16,9 @@
 namespace {
 
 /// The message for the first thing that is wrong, if any.
-class Values {
+class OptionValues {
 public:
-    explicit Values(const QCommandLineParser& parser)
+    explicit OptionValues(const QCommandLineParser& parser)
         : parser(parser) {}
 
     double number(const QString& option) {
@@ -81,7 +81,7 @@ QString expectedRectangle() {
         "--roi takes X,Y,WIDTH,HEIGHT in whole pixels, WIDTH and HEIGHT at least 1");
 }
 
-void readRectangle(const QString& text, RegionOfInterest& region, Values& values) {
+void readRectangle(const QString& text, RegionOfInterest& region, OptionValues& values) {
     const QStringList parts = text.split(',');
     std::array<int, 4> numbers{};
     bool isGood = parts.size() == int(numbers.size());
@@ -100,7 +100,7 @@ void readRectangle(const QString& text, RegionOfInterest& region, Values& values
     region.rectangle = QRect(x, y, width, height);
 }
 
-void readMask(const QString& fileName, RegionOfInterest& region, Values& values) {
+void readMask(const QString& fileName, RegionOfInterest& region, OptionValues& values) {
     QImageReader reader(fileName);
     region.kind = RegionOfInterest::Kind::Mask;
     region.mask = reader.read();
@@ -109,7 +109,7 @@ void readMask(const QString& fileName, RegionOfInterest& region, Values& values)
             QStringLiteral("cannot read the mask '%1': %2").arg(fileName, reader.errorString()));
 }
 
-ReportFormat readFormat(Values& values) {
+ReportFormat readFormat(OptionValues& values) {
     const QString name = values.word("format");
     if (name == QLatin1String("jsonl"))
         return ReportFormat::JsonLines;
@@ -118,7 +118,7 @@ ReportFormat readFormat(Values& values) {
 
 /// The time of the clock on the wall: an offset from UTC does not change it, and no clock is put
 /// forward in it, as this machine's may be.
-QDateTime readStartTime(const QString& text, Values& values) {
+QDateTime readStartTime(const QString& text, OptionValues& values) {
     QDateTime time;
     for (const char* zone : {"Z", "T00:00Z", ""}) {
         if (!time.isValid())
@@ -130,7 +130,7 @@ QDateTime readStartTime(const QString& text, Values& values) {
     return {time.date(), time.time(), Qt::UTC};
 }
 
-ExportOptions readExport(const QCommandLineParser& parser, Values& values) {
+ExportOptions readExport(const QCommandLineParser& parser, OptionValues& values) {
     ExportOptions options;
     options.directory = parser.value("export");
     options.encoding.container = containerNamed(values.word("container")).value_or(Container::Avi);
@@ -154,7 +154,7 @@ bool isSameFile(const QString& left, const QString& right) {
 }
 
 /// A trace must not empty what is read.
-void checkTrace(const QString& trace, const QCommandLineParser& parser, Values& values) {
+void checkTrace(const QString& trace, const QCommandLineParser& parser, OptionValues& values) {
     for (const QString& video : parser.positionalArguments()) {
         if (isSameFile(trace, video))
             values.reject(QStringLiteral("--trace would overwrite the video '%1'").arg(video));
@@ -164,7 +164,7 @@ void checkTrace(const QString& trace, const QCommandLineParser& parser, Values& 
             QStringLiteral("--trace would overwrite the mask '%1'").arg(parser.value("mask")));
 }
 
-DetectionOptions readDetection(const QCommandLineParser& parser, Values& values) {
+DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& values) {
     DetectionOptions options;
     options.segmentation.prerecord = values.number("prerecord");
     options.segmentation.postrecord = values.number("postrecord");
@@ -199,7 +199,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
                 {},
                 QStringLiteral("kestrova-scan " KESTROVA_VERSION "\n")};
 
-    Values values(parser);
+    OptionValues values(parser);
     ScanOptions options;
     options.videos = parser.positionalArguments();
     options.detection = readDetection(parser, values);
