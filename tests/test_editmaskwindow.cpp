@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <pthread.h>
 #include <sys/stat.h>
 
 namespace {
@@ -26,6 +27,23 @@ bool isBusy() {
     const QCursor* cursor = QGuiApplication::overrideCursor();
     return cursor && cursor->shape() == Qt::BusyCursor;
 }
+
+/// As long as it exists no thread can be made: each asks for more stack than there are addresses.
+class NoMoreThreads {
+public:
+    NoMoreThreads() {
+        pthread_getattr_default_np(&before);
+        pthread_attr_t wanted = before;
+        pthread_attr_setstacksize(&wanted, std::size_t(1) << 50);
+        pthread_setattr_default_np(&wanted);
+    }
+    ~NoMoreThreads() { pthread_setattr_default_np(&before); }
+    NoMoreThreads(const NoMoreThreads&) = delete;
+    NoMoreThreads& operator=(const NoMoreThreads&) = delete;
+
+private:
+    pthread_attr_t before = {};
+};
 
 /// Fails the export folder check; answers what the box said, or nothing if there was none.
 QString messageOnClick(SetupWindow& window, const char* button) {
@@ -77,6 +95,7 @@ private Q_SLOTS:
     void windowAnswersDuringALongSearch();
     void nothingIsOnShowDuringALongSearch();
     void longSearchThatFindsNothingHides();
+    void longSearchNeedsNoThread();
     void filesAddedDuringALongSearchJoinIt();
     void longSearchEndsWithEverything_data();
     void longSearchEndsWithEverything();
@@ -562,6 +581,18 @@ void TestEditMaskWindow::longSearchThatFindsNothingHides() {
     window.addFile(path("b.avi"));
     QCOMPARE(window.shownFile(), path("b.avi"));
     QVERIFY(window.isEnabled("pushButtonAdd"));
+}
+
+void TestEditMaskWindow::longSearchNeedsNoThread() {
+    SetupWindow window;
+    {
+        const NoMoreThreads none;
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression("QThread::start: .*"));
+        window.addFiles(unreadable() + QStringList{path("a.avi")});
+    }
+    QVERIFY(!window.isVisible());
+    QTRY_COMPARE_WITH_TIMEOUT(window.shownFile(), path("a.avi"), longMilliseconds);
+    QVERIFY(window.isVisible() && !isBusy());
 }
 
 void TestEditMaskWindow::filesAddedDuringALongSearchJoinIt() {

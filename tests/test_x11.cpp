@@ -159,7 +159,7 @@ void TestX11::addedFilesBringSetupToTheFront() {
     QFETCH(bool, isMinimised);
     driver->setup.addFile(path("60.avi"));
     driver->window.show();
-    QTRY_VERIFY_WITH_TIMEOUT(isInFront(driver->setup), longMilliseconds);
+    QVERIFY(QTest::qWaitForWindowExposed(&driver->setup, longMilliseconds));
     if (isMinimised)
         driver->setup.showMinimized();
     input({"windowactivate", "--sync", QString::number(driver->window.winId())});
@@ -239,7 +239,7 @@ void TestX11::closedByTheWindowManagerTheProgramEnds() {
                           nullptr, false, QDateTime());
     driver->setup.addFile(path("60.avi"));
     driver->window.show();
-    QTRY_VERIFY_WITH_TIMEOUT(isInFront(driver->setup), longMilliseconds);
+    QVERIFY(QTest::qWaitForWindowExposed(&driver->setup, longMilliseconds));
     input({"windowactivate", "--sync", QString::number(driver->window.winId())});
     QTRY_VERIFY_WITH_TIMEOUT(isInFront(driver->window), longMilliseconds);
     driver->accept(job);

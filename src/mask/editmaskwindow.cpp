@@ -256,10 +256,12 @@ void EditMaskWindow::startSearch() {
     search = std::make_unique<PictureSearch>(pendingFiles);
     connect(search.get(), &QThread::finished, this, [this] { endSearch(); });
     search->start();
+    if (!search->isRunning()) // no thread was to be had, or it has ended already
+        QTimer::singleShot(0, this, [this] { endSearch(); });
 }
 
 void EditMaskWindow::endSearch() {
-    if (!search || !search->isFinished())
+    if (!search || search->isRunning())
         return; // one that was abandoned has ended
     if (QApplication::activeModalWidget()) {
         // What comes to the front now would cover the dialog that has to be answered first.
@@ -267,12 +269,12 @@ void EditMaskWindow::endSearch() {
         return;
     }
     search->wait();
-    currentFile = pendingFiles.at(search->tried - 1);
-    pendingFiles.erase(pendingFiles.begin(), pendingFiles.begin() + search->tried);
+    for (; search->tried > 0; --search->tried)
+        currentFile = pendingFiles.takeFirst();
     const QImage picture = search->picture;
     search.reset();
     if (picture.isNull())
-        showNext(); // among those that were added meanwhile
+        showNext(); // without a thread the next few, else those that were added meanwhile
     else
         showPicture(picture);
 }
