@@ -1,11 +1,8 @@
 #include "detection.h"
 
 #include "decodeahead.h"
-#include "ffmpegmutex.h"
 #include "framepicture.h"
 #include "videodecoder.h"
-
-#include <QMutexLocker>
 
 #include <memory>
 
@@ -22,20 +19,12 @@ Detection::Detection(const DetectionOptions& options, DetectionClient& client)
 DetectionOutcome Detection::run(const QString& fileName) {
     VideoDecoder decoder(options.threads);
     decoder.setInterrupt([this] { return client.isCancelled(); });
-    bool isOpen = false;
-    {
-        QMutexLocker lock(&ffmpegMutex());
-        isOpen = decoder.open(fileName.toUtf8().constData());
-    }
     DetectionOutcome outcome = DetectionOutcome::CannotOpen;
-    if (isOpen)
+    if (decoder.open(fileName.toUtf8().constData()))
         outcome = runOpened(decoder);
     else
         error = decoder.errorText();
-    {
-        QMutexLocker lock(&ffmpegMutex());
-        decoder.close();
-    }
+    decoder.close();
     // A cancel cuts an open or a read short, which is no failure of the file.
     const bool hasFailed =
         outcome == DetectionOutcome::CannotOpen || outcome == DetectionOutcome::TooFewPictures;

@@ -96,7 +96,9 @@ void Video::detect() {
     state = Running;
     JobClient client(*this);
     Detection detection(detectionOptions(*this), client);
-    const DetectionOutcome outcome = detection.run(fileName);
+    // A pipe or device may have been chosen unseen, beside a file that was looked at.
+    const DetectionOutcome outcome =
+        QFileInfo(fileName).isFile() ? detection.run(fileName) : DetectionOutcome::CannotOpen;
     if (outcome == DetectionOutcome::CannotOpen || outcome == DetectionOutcome::TooFewPictures)
         state = Failed;
     motionValues = detection.motionSeries().values;

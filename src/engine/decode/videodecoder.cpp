@@ -14,7 +14,6 @@
 
 /// One open file. Exactly one of the two decoders is there once the file is open.
 struct DecodingContext {
-    QByteArray fileName;
     PacketReader reader;
     std::unique_ptr<FrameThreadedDecoder> threaded;
     std::unique_ptr<SerialDecoder> serial;
@@ -23,7 +22,7 @@ struct DecodingContext {
     QByteArray codecName;              ///< empty until a decoder is open
     QString error;
 
-    bool open(int threads);
+    bool open(const char* fileName, int threads);
     std::optional<CompletedPicture> nextPicture();
 
 private:
@@ -32,11 +31,12 @@ private:
     bool goSerial();
 };
 
-bool DecodingContext::open(int threads) {
-    if (!reader.open(fileName.constData())) {
+bool DecodingContext::open(const char* fileName, int threads) {
+    if (!reader.open(fileName)) {
         error = reader.errorText();
         return false;
     }
+    QMutexLocker lock(&ffmpegMutex());
     OpenedCodec opened = openCodec(*reader.stream()->codecpar, threads);
     if (!opened.context) {
         error = opened.error;
@@ -90,12 +90,14 @@ std::optional<NumberedPacket> DecodingContext::nextSerialPacket() {
 /// Goes on with one thread, just behind the last picture that was handed out.
 bool DecodingContext::goSerial() {
     qCDebug(engineLog, "one thread from packet %lld on", static_cast<long long>(lastNumber));
-    QMutexLocker lock(&ffmpegMutex());
     replay = threaded->takeRestartPackets();
     const int reorderDelay = threaded->reorderDelay();
+    QMutexLocker lock(&ffmpegMutex());
     threaded.reset();
-    if (replay.empty() && !reader.open(fileName.constData()))
+    lock.unlock();
+    if (replay.empty() && !reader.reopen())
         return false;
+    lock.relock();
     OpenedCodec opened = openCodec(*reader.stream()->codecpar, 1);
     if (!opened.context)
         return false;
@@ -120,7 +122,9 @@ VideoDecoder::VideoDecoder(int threads)
     routeLibavLog();
 }
 
-VideoDecoder::~VideoDecoder() = default;
+VideoDecoder::~VideoDecoder() {
+    close();
+}
 
 void VideoDecoder::setInterrupt(std::function<bool()> isInterrupted) {
     interrupt = std::move(isInterrupted);
@@ -129,9 +133,8 @@ void VideoDecoder::setInterrupt(std::function<bool()> isInterrupted) {
 bool VideoDecoder::open(const char* fileName) {
     close();
     context = std::make_unique<DecodingContext>();
-    context->fileName = fileName;
     context->reader.setInterrupt(interrupt);
-    return context->open(threads);
+    return context->open(fileName, threads);
 }
 
 DecodedFrame* VideoDecoder::readFrame(bool clone) {
@@ -147,6 +150,9 @@ DecodedFrame* VideoDecoder::readFrame(bool clone) {
 }
 
 void VideoDecoder::close() {
+    if (!context)
+        return;
+    QMutexLocker lock(&ffmpegMutex());
     context.reset();
 }
 
