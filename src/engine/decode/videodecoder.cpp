@@ -149,6 +149,15 @@ DecodedFrame* VideoDecoder::readFrame(bool clone) {
     return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture};
 }
 
+DecodedFrame* VideoDecoder::takeHeldFrame() {
+    PicturePointer picture =
+        context && context->serial ? context->serial->takeHeld() : PicturePointer();
+    if (!picture)
+        return nullptr;
+    const AVStream* stream = context->reader.stream();
+    return new DecodedFrame{timeOf(AV_NOPTS_VALUE, stream->time_base), picture.release()};
+}
+
 void VideoDecoder::close() {
     if (!context)
         return;

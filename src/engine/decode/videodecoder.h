@@ -41,6 +41,10 @@ public:
     /// caller owns the record either way.
     DecodedFrame* readFrame(bool clone);
 
+    /// Once `readFrame` has answered null, of a decoder with one thread: the first of the pictures
+    /// that are still inside it, without a time; null if there is none. The caller owns the record.
+    DecodedFrame* takeHeldFrame();
+
     /// Closes the file. Safe when nothing is open.
     void close();
 
