@@ -60,6 +60,7 @@ private Q_SLOTS:
     void interruptEndsTheWaitForAPipe_data();
     void interruptEndsTheWaitForAPipe();
     void othersGoOnBesideAStalledPipe();
+    void playlistsAreNamed();
     void needsNoWidgets();
 
 private:
@@ -511,6 +512,16 @@ void TestScan::othersGoOnBesideAStalledPipe() {
             states.append(line["state"].toString());
     }
     QCOMPARE(states, QStringList({"finished", "cancelled", "finished"}));
+}
+
+void TestScan::playlistsAreNamed() {
+    const QString playlist = folder.filePath("live.mp4");
+    QVERIFY(writeFile(playlist, "#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:20,\ngarden.mp4\n"));
+    const ProcessResult result = scan({"--format", "jsonl", playlist});
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.errors,
+             "kestrova-scan: " + playlist.toUtf8() + ": a playlist, not a recording\n");
+    QCOMPARE(jsonLines(result.output).first()["state"].toString(), QStringLiteral("failed"));
 }
 
 void TestScan::needsNoWidgets() {

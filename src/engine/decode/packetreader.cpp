@@ -1,6 +1,7 @@
 #include "packetreader.h"
 
 #include "logging.h"
+#include "refuseddemuxers.h"
 
 #include <array>
 #include <cstring>
@@ -65,7 +66,8 @@ bool PacketReader::open(const char* name) {
     if (result >= 0)
         result = avformat_find_stream_info(format, nullptr);
     if (result < 0) {
-        error = libavErrorText(result);
+        if (error.isEmpty())
+            error = libavErrorText(result);
         return false;
     }
     av_dump_format(format, 0, fileName.constData(), 0);
@@ -84,6 +86,9 @@ int PacketReader::openDemuxer() {
         av_probe_input_buffer2(file->bytes(), &demuxer, name.constData(), nullptr, 0, 0);
     if (score < 0)
         return score;
+    error = refusalOf(*demuxer);
+    if (!error.isEmpty())
+        return AVERROR(EINVAL);
     format = avformat_alloc_context();
     if (!format)
         return AVERROR(ENOMEM);
