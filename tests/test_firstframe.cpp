@@ -14,6 +14,7 @@ extern "C" {
 }
 
 #include <QColor>
+#include <QDataStream>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QThread>
@@ -21,7 +22,28 @@ extern "C" {
 
 #include <sys/stat.h>
 
+#include <array>
+#include <cstdint>
+
 namespace {
+
+/// Writes a rotation, clockwise by quarter turns, into the display matrix of an MP4 file's first
+/// track: what a camera does, and what no option does in every version of the encoder.
+bool writeRotation(const QString& fileName, int degrees) {
+    QFile file(fileName);
+    if (!file.open(QIODevice::ReadWrite))
+        return false;
+    const int header = file.readAll().indexOf("tkhd");
+    const int quarters = degrees / 90;
+    const std::int32_t cosine = std::array{1, 0, -1, 0}[quarters];
+    const std::int32_t sine = std::array{0, 1, 0, -1}[quarters];
+    // The matrix lies 44 bytes behind the header's name: 16.16 fixed point, three values a row.
+    QByteArray rows;
+    QDataStream stream(&rows, QIODevice::WriteOnly);
+    for (const std::int32_t value : {cosine, sine, 0, -sine, cosine})
+        stream << value * 0x10000;
+    return header > 0 && file.seek(header + 44) && file.write(rows) == rows.size();
+}
 
 const QStringList h264 = {"-c:v",    "libx264",  "-pix_fmt",     "yuv420p",
                           "-preset", "veryfast", "-x264-params", "b-adapt=0:scenecut=0"};
@@ -306,8 +328,8 @@ void TestFirstFrame::rotationIsNotApplied_data() {
 void TestFirstFrame::rotationIsNotApplied() {
     QFETCH(int, degrees);
     const QString turned = path(QStringLiteral("turned-%1.mp4").arg(degrees));
-    QVERIFY(media::encode({"-i", path("h264.mp4"), "-c", "copy", "-metadata:s:v:0",
-                           QStringLiteral("rotate=%1").arg(degrees), turned}));
+    QVERIFY(QFile::copy(path("h264.mp4"), turned));
+    QVERIFY(writeRotation(turned, degrees));
     const int rotation = media::probe(turned).rotation;
     QCOMPARE((rotation + 360) % 180, degrees % 180);
     QVERIFY(rotation != 0);

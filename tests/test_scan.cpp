@@ -16,6 +16,7 @@
 #include <sys/stat.h>
 
 #include <csignal>
+#include <unistd.h>
 
 namespace {
 
@@ -45,7 +46,12 @@ private Q_SLOTS:
     void colonsAndSpacesInNames();
     void namesWithPlaceholders();
     void traceNeverOverwritesAVideo();
+    void traceNeverOverwritesTheMask();
+    void emptyRegionsAreWarnedOf();
     void namesInUtf8WithoutALocale();
+    void namesThatAreNotUtf8();
+    void namesCannotSteerATerminal();
+    void longestNames();
     void storedSettingsAreNotRead();
     void worksWithoutADisplay();
     void helpAndVersion();
@@ -248,6 +254,28 @@ void TestScan::maskAndRectangleLimitTheRegion() {
     QCOMPARE(clips({"--mask", folder.filePath("all.png")}), 1);
 }
 
+void TestScan::emptyRegionsAreWarnedOf() {
+    QImage mask(32, 24, QImage::Format_ARGB32);
+    mask.fill(Qt::red);
+    QVERIFY(mask.save(folder.filePath("red.png")));
+    const QByteArray warning =
+        "kestrova-scan: " + video.toUtf8() +
+        ": warning: the region selects nothing of its pictures, so no motion "
+        "is found\n";
+    const auto run = [this](const QString& option, const QString& value) {
+        return scan({"--quiet", option, value, video});
+    };
+    for (const ProcessResult& result : {run("--mask", folder.filePath("red.png")),
+                                        run("--roi", "320,0,10,10"), run("--roi", "-10,0,10,10")}) {
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.errors, warning);
+    }
+    mask.setPixelColor(0, 0, Qt::green);
+    QVERIFY(mask.save(folder.filePath("red.png")));
+    QCOMPARE(run("--mask", folder.filePath("red.png")).errors, QByteArray());
+    QCOMPARE(run("--roi", "319,239,10,10").errors, QByteArray());
+}
+
 void TestScan::colonsAndSpacesInNames() {
     QVERIFY(QFile::copy(video, folder.filePath("cam:2026-11-20T12:00 %d.mp4")));
     QProcess process;
@@ -275,11 +303,31 @@ void TestScan::namesWithPlaceholders() {
 void TestScan::traceNeverOverwritesAVideo() {
     const QString copy = folder.filePath("precious.mp4");
     QVERIFY(QFile::copy(video, copy));
-    const QString link = folder.filePath("link.mp4");
-    QVERIFY(QFile::link(copy, link));
-    const ProcessResult result = scan({"--trace", link, video, copy});
+    const QString symbolic = folder.filePath("symbolic.mp4");
+    QVERIFY(QFile::link(copy, symbolic));
+    const QString hard = folder.filePath("hard.mp4");
+    QVERIFY(link(copy.toUtf8().constData(), hard.toUtf8().constData()) == 0);
+    for (const QString& trace : {copy, symbolic, hard}) {
+        const ProcessResult result = scan({"--trace", trace, video, copy});
+        QCOMPARE(result.status, 2);
+        QVERIFY2(result.errors.contains(("--trace would overwrite the video '" + copy).toUtf8()),
+                 result.errors.constData());
+        QCOMPARE(readFile(copy), readFile(video));
+    }
+}
+
+void TestScan::traceNeverOverwritesTheMask() {
+    QImage mask(8, 8, QImage::Format_ARGB32);
+    mask.fill(Qt::green);
+    const QString path = folder.filePath("mask.png");
+    QVERIFY(mask.save(path));
+    const QByteArray before = readFile(path);
+    const QString hard = folder.filePath("mask-too.png");
+    QVERIFY(link(path.toUtf8().constData(), hard.toUtf8().constData()) == 0);
+    const ProcessResult result = scan({"--mask", path, "--trace", hard, video});
     QCOMPARE(result.status, 2);
-    QCOMPARE(readFile(copy), readFile(video));
+    QVERIFY(result.errors.contains(("--trace would overwrite the mask '" + path).toUtf8()));
+    QCOMPARE(readFile(path), before);
 }
 
 void TestScan::namesInUtf8WithoutALocale() {
@@ -294,6 +342,78 @@ void TestScan::namesInUtf8WithoutALocale() {
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitCode(), 0);
     QCOMPARE(jsonLines(process.readAllStandardOutput()).last()["video"].toString(), name);
+}
+
+void TestScan::namesThatAreNotUtf8() {
+    const QByteArray name = "caf\xe9 \x82\xa0,.mp4";
+    const QByteArray pictures = folder.path().toUtf8() + "/pictures \xff";
+    const QByteArray path = folder.path().toUtf8() + '/' + name;
+    QVERIFY(link(video.toUtf8().constData(), path.constData()) == 0);
+    // Through the shell, since this program itself does not know such names.
+    QVERIFY(qputenv("NAME", path) && qputenv("PICTURES", pictures));
+    const auto run = [](const QStringList& options) {
+        return runProgram("/bin/sh", QStringList{"-c",
+                                                 "exec \"$0\" --minimum 2 --postrecord 2 "
+                                                 "--snapshots \"$PICTURES\" \"$@\" \"$NAME\"",
+                                                 media::programDirectory() + "/kestrova-scan"} +
+                                         options);
+    };
+    const QByteArray picture = pictures + "/" + name + "-0000.png";
+    const ProcessResult text = run({});
+    QCOMPARE(text.status, 0);
+    QVERIFY(text.output.startsWith(path + "  #0  "));
+    QVERIFY(text.output.endsWith("  " + picture + '\n'));
+    QVERIFY(text.errors.startsWith(path + ": clips: 1"));
+    QVERIFY(access(picture.constData(), R_OK) == 0);
+
+    const ProcessResult csv = run({"--format", "csv"});
+    QVERIFY(csv.output.contains("\r\n\"" + path + "\",0,"));
+    QVERIFY(csv.output.contains(",\"" + picture + "\"\r\n"));
+
+    const QList<QJsonObject> lines = jsonLines(run({"--format", "jsonl"}).output);
+    for (const QJsonObject& line : lines) {
+        QVERIFY(line["video"].toString().contains(QChar::ReplacementCharacter));
+        QCOMPARE(QByteArray::fromBase64(line["videoBytes"].toString().toLatin1()), path);
+    }
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(QByteArray::fromBase64(lines[0]["snapshotBytes"].toString().toLatin1()), picture);
+    const QByteArray good = scan({"--format", "jsonl", video}).output;
+    QVERIFY(!good.contains("Bytes"));
+}
+
+void TestScan::namesCannotSteerATerminal() {
+    const QString odd = folder.filePath("a\n\t\x1b[2J\\.mp4");
+    QVERIFY(QFile::copy(video, odd));
+    const ProcessResult result = scan({"--minimum", "2", "--postrecord", "2", "--snapshots",
+                                       folder.filePath("steer"), odd, odd + "missing"});
+    QCOMPARE(result.status, 1);
+    const QByteArray shown = "a\\n\\t\\x1b[2J\\\\.mp4";
+    QVERIFY2(result.output.startsWith(folder.path().toUtf8() + '/' + shown + "  #0  "),
+             result.output.constData());
+    QVERIFY(result.output.endsWith("/steer/" + shown + "-0000.png\n"));
+    QCOMPARE(result.output.count('\n'), 1);
+    QVERIFY(result.errors.contains('/' + shown + ": clips: 1, length: "));
+    QVERIFY(result.errors.contains('/' + shown + "missing: No such file"));
+    QCOMPARE(result.errors.count('\n'), 2);
+    QVERIFY(!(result.output + result.errors).contains('\x1b'));
+    QVERIFY(QFileInfo::exists(folder.filePath("steer/a\n\t\x1b[2J\\.mp4-0000.png")));
+
+    const ProcessResult rejected = scan({"--format", "\x1b[2J", odd});
+    QVERIFY(rejected.errors.contains("'\\x1b[2J'"));
+    // The formats for programs keep names as they are.
+    QVERIFY(scan({"--format", "csv", "--minimum", "2", odd}).output.contains("\t\x1b[2J\\.mp4\","));
+}
+
+void TestScan::longestNames() {
+    const QString longest = folder.filePath(QString(251, 'a') + ".mp4");
+    QVERIFY(QFile::copy(video, longest));
+    const ProcessResult result = scan({"--format", "jsonl", "--minimum", "2", "--postrecord", "2",
+                                       "--snapshots", folder.filePath("long"), longest, longest});
+    QVERIFY2(result.status == 0, result.errors.constData());
+    const QList<QJsonObject> lines = jsonLines(result.output);
+    for (const int clip : {0, 2})
+        QCOMPARE(QImage(lines[clip]["snapshot"].toString()).size(), QSize(320, 240));
+    QVERIFY(lines[0]["snapshot"].toString() != lines[2]["snapshot"].toString());
 }
 
 void TestScan::storedSettingsAreNotRead() {
@@ -352,6 +472,11 @@ void TestScan::usageErrors_data() {
     row({"--skip", "1.5", "x.mp4"}, "--skip");
     row({"--threshold-value", "256", "x.mp4"}, "--threshold-value");
     row({"--threshold-motion", "-0.1", "x.mp4"}, "--threshold-motion");
+    row({"--fps", "0.009", "x.mp4"}, "--fps takes a number from 0.01 to 1000, not '0.009'");
+    row({"--fps", "1000.1", "x.mp4"}, "--fps takes");
+    row({"--fps", "0", "x.mp4"}, "--fps takes");
+    row({"--fps", "25/1", "x.mp4"}, "--fps takes");
+    row({"--fps", "inf", "x.mp4"}, "--fps takes");
     row({"--roi", "1,2,3", "x.mp4"}, "--roi takes");
     row({"--roi", "1,2,0,4", "x.mp4"}, "--roi takes");
     row({"--roi", "1,2,3,4,5", "x.mp4"}, "--roi takes");
@@ -361,6 +486,10 @@ void TestScan::usageErrors_data() {
     row({"--roi", "1,2,3,4", "--mask", "/nonexistent.png", "x.mp4"}, "exclude each other");
     row({"--format", "xml", "x.mp4"}, "'xml'");
     row({"--snapshots", "", "x.mp4"}, "--snapshots");
+    row({"--mask=", "x.mp4"}, "--mask needs a name");
+    row({"--roi=", "x.mp4"}, "--roi takes");
+    row({"--trace=", "x.mp4"}, "--trace needs a name");
+    row({"--prerecord=", "x.mp4"}, "--prerecord takes a number");
     row({"--jobs", "0", "x.mp4"}, "--jobs takes");
     row({"--threads", "-1", "x.mp4"}, "--threads takes");
 }
@@ -372,6 +501,9 @@ void TestScan::usageErrors() {
     QCOMPARE(result.status, 2);
     QVERIFY2(result.errors.contains(message), result.errors.constData());
     QVERIFY(result.errors.contains("--help"));
+    // No library has a word of its own beside it.
+    QVERIFY(result.errors.startsWith("kestrova-scan: "));
+    QCOMPARE(result.errors.count('\n'), 2);
     QCOMPARE(result.output, QByteArray());
 }
 

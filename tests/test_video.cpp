@@ -1,8 +1,10 @@
 #include "video.h"
 
+#include "faults.h"
 #include "ffmpegmutex.h"
 #include "files.h"
 #include "media.h"
+#include "process.h"
 #include "segmentation.h"
 
 #include <QDir>
@@ -161,6 +163,7 @@ private Q_SLOTS:
 
     void failures_data();
     void failures();
+    void readErrorInTheMiddleIsTheEnd();
 
 private:
     QString path(const QString& name) const { return folder->filePath(name); }
@@ -587,6 +590,28 @@ void TestVideo::failures() {
     QVERIFY(job->motionValues.isEmpty());
     QVERIFY(ffmpegMutex().tryLock());
     ffmpegMutex().unlock();
+}
+
+void TestVideo::readErrorInTheMiddleIsTheEnd() {
+    const QString video = recordings.filePath("readerror.mkv");
+    if (qEnvironmentVariableIsEmpty("FAILING_CALL")) {
+        QVERIFY(media::encodeGrey(video, burst(50, 50), 25, ffv1));
+        const qint64 half = QFileInfo(video).size() / 2;
+        QProcessEnvironment environment = faults::readError(video, half);
+        environment.insert("READ_ERROR_VIDEO", video);
+        const ProcessResult result = runProgramIn(
+            environment, QCoreApplication::applicationFilePath(), {"readErrorInTheMiddleIsTheEnd"});
+        QVERIFY2(result.status == 0, result.output.constData());
+        return;
+    }
+    // Here the read fails.
+    const auto job = makeJob(qEnvironmentVariable("READ_ERROR_VIDEO"));
+    const Listener listener(*job);
+    job->detect();
+    QCOMPARE(int(job->state), int(Video::Finished));
+    QCOMPARE(listener.statesAtResult, QVector<int>{Video::Finished});
+    QVERIFY(job->motionValues.size() > 10 && job->motionValues.size() < 149);
+    QCOMPARE(listener.clips.size(), 1);
 }
 
 QTEST_GUILESS_MAIN(TestVideo)

@@ -13,19 +13,30 @@ QString wholeSeconds(double seconds) {
 /// In front of the input the seek jumps to a key frame; behind it, it counts decoded pictures.
 QStringList inputArguments(const EncodedClip& clip, const EncodedVideo& video) {
     const QStringList seek = {QStringLiteral("-ss"), wholeSeconds(clip.start)};
-    const QStringList input = {QStringLiteral("-i"), video.fileName};
-    return video.isIntraCodec ? input + seek : seek + input;
+    QStringList input = {QStringLiteral("-i"), video.fileName};
+    if (video.frameRate > 0.0)
+        input =
+            QStringList{QStringLiteral("-r"), QString::number(video.frameRate, 'g', 15)} + input;
+    return video.isCutByPictures() ? input + seek : seek + input;
+}
+
+/// What the overlay adds to the pictures' times. Not folded into one day, since their sum is meant
+/// to be.
+int overlayOffset(const EncodedClip& clip, const EncodedVideo& video, OverlayClock clock) {
+    const bool isCounted = video.isCutByPictures() && clock == OverlayClock::VideoStart;
+    return isCounted ? clip.secondOfDay - truncatedToInt(clip.start) : clip.secondOfDay;
 }
 
 QStringList pictureArguments(const EncodedClip& clip, const EncodedVideo& video,
-                             const EncodingSettings& settings) {
-    const bool isEncoded = settings.doTranscoding || video.isIntraCodec || video.exportTimestamps;
+                             const EncodingSettings& settings, OverlayClock clock) {
+    const bool isEncoded =
+        settings.doTranscoding || video.isCutByPictures() || video.exportTimestamps;
     if (!isEncoded)
         return {QStringLiteral("-vcodec"), QStringLiteral("copy")};
     QStringList arguments;
     if (video.exportTimestamps)
         arguments << QStringLiteral("-vf")
-                  << overlayFilter(video.startDateTime.date(), clip.secondOfDay);
+                  << overlayFilter(video.startDateTime.date(), overlayOffset(clip, video, clock));
     return arguments << QStringLiteral("-b:v")
                      << QString::number(bitsPerSecond(settings.bitrateOutput));
 }
@@ -45,13 +56,13 @@ QString outputPath(const EncodedClip& clip, const EncodedVideo& video,
 } // namespace
 
 EncoderCall encoderCall(const EncodedClip& clip, const EncodedVideo& video,
-                        const EncodingSettings& settings) {
+                        const EncodingSettings& settings, OverlayClock clock) {
     EncoderCall call;
     call.outputPath = outputPath(clip, video, settings);
     call.arguments = QStringList{QStringLiteral("-nostats"), QStringLiteral("-y")} +
                      inputArguments(clip, video) +
                      QStringList{QStringLiteral("-t"), wholeSeconds(clip.end - clip.start)} +
-                     pictureArguments(clip, video, settings) + soundArguments(settings) +
+                     pictureArguments(clip, video, settings, clock) + soundArguments(settings) +
                      QStringList{QStringLiteral("-avoid_negative_ts"), QStringLiteral("disabled"),
                                  call.outputPath};
     return call;

@@ -21,6 +21,12 @@ struct EncodedVideo {
     bool isIntraCodec = false;     ///< every picture stands alone: always re-encoded
     bool exportTimestamps = false; ///< write date and time into the picture, which re-encodes
     QDateTime startDateTime;       ///< wall-clock time of the first frame
+
+    /// Pictures per second, where it has no times of its own, which re-encodes; else 0.
+    double frameRate = 0.0;
+
+    /// The encoder decodes up to the clip's start, where stored times cannot lead it there.
+    bool isCutByPictures() const { return isIntraCodec || frameRate > 0.0; }
 };
 
 /// The person's choices. The defaults are those of an empty settings store.
@@ -37,8 +43,18 @@ struct EncoderCall {
     QString outputPath; ///< the last of them; an older file of this name is overwritten
 };
 
+/// From when the overlay's clock counts in intra-coded videos, whose pictures keep the times of the
+/// whole video while they are cut out.
+enum class OverlayClock {
+    ClipStart, ///< the clip's second of the day; its offset, which the times hold as well, counts
+               ///< twice
+    VideoStart ///< the second of the day at which the video began: the offset counts once
+};
+
 /// How the encoder cuts `clip` out of `video`.
 ///
-/// Start and length are handed on in whole seconds, their fractions dropped.
+/// Start and length are handed on in whole seconds, their fractions dropped. The window's overlay
+/// counts from the clip's start in every video.
 EncoderCall encoderCall(const EncodedClip& clip, const EncodedVideo& video,
-                        const EncodingSettings& settings);
+                        const EncodingSettings& settings,
+                        OverlayClock clock = OverlayClock::ClipStart);

@@ -1,17 +1,20 @@
 #pragma once
 
 #include "motionmeasure.h"
+#include "pictureclock.h"
 #include "segmentation.h"
 
 #include <QByteArray>
 #include <QString>
 
+class PictureSource;
 class VideoDecoder;
 
 /// Everything that a detection can be told. The defaults are the program's.
 struct DetectionOptions {
     MeasureOptions measure;
     SegmentationOptions segmentation;
+    TimeOptions times;
     int threads = 0; ///< that decode; 0 = as many as the machine has cores, 1 = the caller's alone
 };
 
@@ -34,11 +37,18 @@ public:
     /// `duration` in seconds, 0 if unknown.
     virtual void opened(const QByteArray& codecName, double duration) = 0;
 
+    /// Before `opened`: the pictures are numbered at this rate, per second.
+    virtual void numbered(double frameRate) { static_cast<void>(frameRate); }
+
+    /// After `opened`: the region of interest selects no pixel, so that no motion will be found.
+    virtual void regionIsEmpty() {}
+
     virtual void frameProcessed(const FrameReport& frame) = 0;
 
     /// After every read: the demuxer's position in bytes, -1 if unknown.
     virtual void positionChanged(qint64 bytePosition) = 0;
 
+    /// No further picture comes, be it the end of the file or an error of what the file lies on.
     virtual void endReached() = 0;
 
     virtual void clipFound(const DetectedClip& clip) = 0;
@@ -46,10 +56,13 @@ public:
 
 /// How a detection ended.
 enum class DetectionOutcome {
-    Finished,      ///< read to the end of the stream
-    Cancelled,     ///< the client said so; an open clip was still reported
-    CannotOpen,    ///< `Detection::errorText` says why
-    TooFewPictures ///< fewer than two pictures could be decoded
+    Finished,       ///< read to the end of the stream
+    Cancelled,      ///< the client said so; an open clip was still reported
+    CannotOpen,     ///< nothing was reported
+    TooFewPictures, ///< fewer than two pictures could be decoded; nothing was reported
+    NoUsableTimes,  ///< though they must be; found out at the first picture or at the end
+    ReadFailed,     ///< in the middle of the file; an open clip was still reported
+    OutOfMemory     ///< the same, but `endReached` was not called
 };
 
 /// The road of one recording: open, decode, measure, segment.
@@ -68,6 +81,9 @@ public:
 
 private:
     DetectionOutcome runOpened(VideoDecoder& decoder);
+    DetectionOutcome failToBegin(const PictureSource& pictures, bool hasPicture);
+    DetectionOutcome outcomeOf(const PictureSource& pictures);
+    DetectionOutcome failWithoutTimes();
 
     DetectionOptions options;
     DetectionClient& client;

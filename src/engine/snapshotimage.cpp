@@ -6,6 +6,8 @@ extern "C" {
 #include <libavutil/frame.h>
 }
 
+#include <cstdint>
+
 namespace {
 
 constexpr int snapshotWidth = 320;

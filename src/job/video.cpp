@@ -99,7 +99,8 @@ void Video::detect() {
     // A pipe or device may have been chosen unseen, beside a file that was looked at.
     const DetectionOutcome outcome =
         QFileInfo(fileName).isFile() ? detection.run(fileName) : DetectionOutcome::CannotOpen;
-    if (outcome == DetectionOutcome::CannotOpen || outcome == DetectionOutcome::TooFewPictures)
+    // A read error in the middle is an end like that of the file.
+    if (outcome != DetectionOutcome::Cancelled && state == Running)
         state = Failed;
     motionValues = detection.motionSeries().values;
     frameTimes = detection.motionSeries().times;

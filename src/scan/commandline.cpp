@@ -1,12 +1,14 @@
 #include "commandline.h"
 
 #include <QCommandLineParser>
-#include <QFileInfo>
+#include <QFile>
 #include <QImageReader>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
@@ -86,6 +88,9 @@ void addOptions(QCommandLineParser& parser) {
         {"mask", "Look only where this picture is green; it is scaled to the video.", "PICTURE"},
         {"format", "How clips are printed: text, jsonl or csv (text).", "FORMAT", "text"},
         {"snapshots", "Write a picture of each clip's strongest motion into this folder.", "DIR"},
+        {"fps",
+         "Take recordings to be N pictures per second, 0.01 to 1000, whatever times they have.",
+         "N"},
         {"export", "Cut the clips out into this folder.", "DIR"},
         {"container", "File format of exported clips: avi, mp4 or mkv (avi).", "NAME", "avi"},
         {"transcode", "Encode exported pictures anew. MJPEG always is, and so are timestamps."},
@@ -157,9 +162,14 @@ Container readContainer(const QString& name, Values& values) {
     return container.value_or(Container::Avi);
 }
 
-/// The time of the clock on the wall: an offset from UTC does not change it.
+/// The time of the clock on the wall: an offset from UTC does not change it, and no clock is put
+/// forward in it, as this machine's may be.
 QDateTime readStartTime(const QString& text, Values& values) {
-    const QDateTime time = QDateTime::fromString(text, Qt::ISODate);
+    QDateTime time;
+    for (const char* zone : {"Z", "T00:00Z", ""}) {
+        if (!time.isValid())
+            time = QDateTime::fromString(text + QLatin1String(zone), Qt::ISODate);
+    }
     if (!time.isValid())
         values.reject(QStringLiteral("--start-time takes a time like 2026-11-16T09:05:00, not '%1'")
                           .arg(text));
@@ -182,13 +192,22 @@ ExportOptions readExport(const QCommandLineParser& parser, Values& values) {
     return options;
 }
 
-/// Whether `file` is one of the existing `videos`, by whatever path.
-bool isAmong(const QStringList& videos, const QString& file) {
-    const QString path = QFileInfo(file).canonicalFilePath();
-    return !path.isEmpty() &&
-           std::any_of(videos.cbegin(), videos.cend(), [&](const QString& video) {
-               return QFileInfo(video).canonicalFilePath() == path;
-           });
+/// Whether both paths lead to one file, through links of either kind.
+bool isSameFile(const QString& left, const QString& right) {
+    std::error_code none;
+    return std::filesystem::equivalent(QFile::encodeName(left).toStdString(),
+                                       QFile::encodeName(right).toStdString(), none);
+}
+
+/// A trace must not empty what is read.
+void checkTrace(const QString& trace, const QCommandLineParser& parser, Values& values) {
+    for (const QString& video : parser.positionalArguments()) {
+        if (isSameFile(trace, video))
+            values.reject(QStringLiteral("--trace would overwrite the video '%1'").arg(video));
+    }
+    if (isSameFile(trace, parser.value("mask")))
+        values.reject(
+            QStringLiteral("--trace would overwrite the mask '%1'").arg(parser.value("mask")));
 }
 
 DetectionOptions readDetection(const QCommandLineParser& parser, Values& values) {
@@ -199,12 +218,15 @@ DetectionOptions readDetection(const QCommandLineParser& parser, Values& values)
     options.segmentation.thresholdMotion = float(values.number("threshold-motion", 0.0, 10.0));
     options.measure.thresholdValue = values.integer("threshold-value", 0, 255);
     options.measure.skip = values.integer("skip", 0, 100);
+    options.times.mustBeUsable = true;
+    if (parser.isSet("fps"))
+        options.times.frameRate = values.number("fps", 0.01, 1000.0);
     options.threads = values.integer("threads", 0, 256);
     if (parser.isSet("roi") && parser.isSet("mask"))
         values.reject(QStringLiteral("--roi and --mask exclude each other"));
     else if (parser.isSet("roi"))
         readRectangle(parser.value("roi"), options.measure.region, values);
-    else if (parser.isSet("mask"))
+    else if (!parser.value("mask").isEmpty())
         readMask(parser.value("mask"), options.measure.region, values);
     return options;
 }
@@ -235,13 +257,11 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     options.quiet = parser.isSet("quiet");
     if (options.videos.isEmpty())
         values.reject(QStringLiteral("no video named"));
-    for (const char* option : {"snapshots", "export", "trace"}) {
+    for (const char* option : {"mask", "snapshots", "export", "trace"}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             values.reject(QStringLiteral("--%1 needs a name").arg(option));
     }
-    if (isAmong(options.videos, options.traceFile))
-        values.reject(
-            QStringLiteral("--trace would overwrite the video '%1'").arg(options.traceFile));
+    checkTrace(options.traceFile, parser, values);
     if (!values.error.isEmpty())
         return {CommandLine::Action::Reject, {}, values.error};
     return {CommandLine::Action::Scan, options, {}};

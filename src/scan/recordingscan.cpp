@@ -1,6 +1,8 @@
 #include "recordingscan.h"
 
+#include "cutrange.h"
 #include "interrupt.h"
+#include "picturefile.h"
 #include "shortestdigits.h"
 
 #include <QFileInfo>
@@ -10,6 +12,10 @@ namespace {
 QByteArray traceLine(const FrameReport& frame) {
     return QByteArray::number(frame.number) + '\t' + shortestDigits(frame.time) + '\t' +
            shortestDigits(frame.motion) + '\n';
+}
+
+QString noTimesHint() {
+    return QStringLiteral("; with --fps N its pictures are taken to be N per second");
 }
 
 } // namespace
@@ -26,7 +32,10 @@ bool RecordingScan::run() {
     Detection detection(options.detection, *this);
     // An absolute path is a file to the media libraries, whatever colons its name has.
     line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
-    if (!detection.errorText().isEmpty())
+    outputs.totals.finish(index);
+    if (line.outcome == DetectionOutcome::NoUsableTimes)
+        outputs.messages.complain(line.video, detection.errorText() + noTimesHint());
+    else if (!detection.errorText().isEmpty())
         outputs.messages.complain(line.video, detection.errorText());
     report(outputs.format.videoEnd(line));
     const bool isRead = line.outcome == DetectionOutcome::Finished;
@@ -38,11 +47,26 @@ bool RecordingScan::run() {
 }
 
 bool RecordingScan::isCancelled() {
-    return isInterrupted();
+    return isEnding();
 }
 
 void RecordingScan::opened(const QByteArray& codecName, double) {
     exporter.setCodec(codecName);
+}
+
+void RecordingScan::regionIsEmpty() {
+    outputs.messages.complain(
+        line.video,
+        QStringLiteral(
+            "warning: the region selects nothing of its pictures, so no motion is found"));
+}
+
+void RecordingScan::numbered(double frameRate) {
+    exporter.setFrameRate(frameRate);
+    if (options.detection.times.frameRate == 0.0)
+        outputs.messages.summarise(
+            QStringLiteral("%1: no times; taken to be %2 pictures per second, as its headers say")
+                .arg(line.video, shortestDigits(frameRate)));
 }
 
 void RecordingScan::frameProcessed(const FrameReport& frame) {
@@ -68,12 +92,23 @@ void RecordingScan::clipFound(const DetectedClip& clip) {
     found.clip = clip;
     if (!options.snapshotDirectory.isEmpty())
         found.snapshotFile = writeSnapshot(clip);
-    const QString failure = exporter.run(found);
-    if (!failure.isEmpty()) {
-        isWritten = false;
-        outputs.messages.complain(found.exportFile, failure);
-    }
+    exportClip(found);
     report(outputs.format.clip(found));
+}
+
+void RecordingScan::exportClip(ClipLine& found) {
+    if (!canBeCut(found.clip.start, found.clip.end)) {
+        isWritten = false;
+        outputs.messages.complain(
+            line.video, QStringLiteral("the times of clip #%1 make no sense, it cannot be cut out")
+                            .arg(found.clip.index));
+        return;
+    }
+    const QString failure = exporter.run(found);
+    if (failure.isEmpty())
+        return;
+    isWritten = false;
+    outputs.messages.complain(found.exportFile.isEmpty() ? line.video : found.exportFile, failure);
 }
 
 void RecordingScan::report(const QByteArray& lines) {
@@ -88,9 +123,10 @@ QString RecordingScan::writeSnapshot(const DetectedClip& clip) {
         outputs.messages.complain(line.video, QStringLiteral("its pictures cannot be scaled"));
         return {};
     }
-    if (clip.snapshot.save(path, "PNG"))
+    const QString failure = writePictureFile(clip.snapshot, path);
+    if (failure.isEmpty())
         return path;
     isWritten = false;
-    outputs.messages.complain(path, QStringLiteral("cannot write the picture"));
+    outputs.messages.complain(path, QStringLiteral("cannot write the picture: %1").arg(failure));
     return {};
 }

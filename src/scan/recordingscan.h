@@ -32,12 +32,15 @@ public:
 
     bool isCancelled() override;
     void opened(const QByteArray& codecName, double duration) override;
+    void regionIsEmpty() override;
+    void numbered(double frameRate) override;
     void frameProcessed(const FrameReport& frame) override;
     void positionChanged(qint64 bytePosition) override;
     void endReached() override;
     void clipFound(const DetectedClip& clip) override;
 
 private:
+    void exportClip(ClipLine& found);
     void report(const QByteArray& lines);
     QString writeSnapshot(const DetectedClip& clip);
 

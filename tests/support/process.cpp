@@ -7,7 +7,14 @@
 
 ProcessResult runProgram(const QString& name, const QStringList& arguments,
                          int timeoutMilliseconds) {
+    return runProgramIn(QProcessEnvironment::systemEnvironment(), name, arguments,
+                        timeoutMilliseconds);
+}
+
+ProcessResult runProgramIn(const QProcessEnvironment& environment, const QString& name,
+                           const QStringList& arguments, int timeoutMilliseconds) {
     QProcess process;
+    process.setProcessEnvironment(environment);
     process.setStandardInputFile(QProcess::nullDevice());
     process.start(QDir(media::programDirectory()).filePath(name), arguments);
     const bool hasEnded = process.waitForFinished(timeoutMilliseconds);

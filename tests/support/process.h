@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QProcessEnvironment>
 #include <QString>
 #include <QStringList>
 
@@ -14,3 +15,7 @@ struct ProcessResult {
 /// standard input.
 ProcessResult runProgram(const QString& name, const QStringList& arguments,
                          int timeoutMilliseconds = 120000);
+
+/// The same in another environment.
+ProcessResult runProgramIn(const QProcessEnvironment& environment, const QString& name,
+                           const QStringList& arguments, int timeoutMilliseconds = 120000);

@@ -11,5 +11,10 @@ struct OpenedCodec {
     QString error; ///< for a person; empty after a success
 };
 
-/// Opens a decoder for `parameters` that uses up to `threads` threads (1 or more).
+/// Opens a decoder for `parameters` that uses up to `threads` threads (1 or more), or, where they
+/// cannot be had, one.
 OpenedCodec openCodec(const AVCodecParameters& parameters, int threads);
+
+/// Pictures per second as the decoder has read in the stream's headers; 0 if it has not, or not
+/// yet.
+double frameRateOf(const AVCodecContext& context);

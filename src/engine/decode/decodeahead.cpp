@@ -1,6 +1,9 @@
 #include "decodeahead.h"
 
+#include "logging.h"
 #include "videodecoder.h"
+
+#include <system_error>
 
 namespace {
 
@@ -12,8 +15,13 @@ constexpr std::size_t mostQueued = 2;
 
 DecodeAhead::DecodeAhead(VideoDecoder& decoder, bool isAhead)
     : decoder(decoder) {
-    if (isAhead)
+    if (!isAhead)
+        return;
+    try {
         thread = std::thread([this] { readAll(); });
+    } catch (const std::system_error& error) {
+        qCDebug(engineLog, "no thread to decode on: %s", error.what());
+    }
 }
 
 DecodeAhead::~DecodeAhead() {
@@ -42,7 +50,9 @@ ReadPicture DecodeAhead::next() {
 
 ReadPicture DecodeAhead::readOne() {
     FramePointer frame(decoder.readFrame(true));
-    return {std::move(frame), decoder.bytePosition()};
+    const ReadEnd end = frame ? ReadEnd() : decoder.readEnd();
+    const double rate = frame ? decoder.headerFrameRate() : 0.0;
+    return {std::move(frame), decoder.bytePosition(), rate, end};
 }
 
 void DecodeAhead::readAll() {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "decodedframe.h"
+#include "readend.h"
 
 #include <QtGlobal>
 
@@ -16,13 +17,16 @@ class VideoDecoder;
 struct ReadPicture {
     std::shared_ptr<const DecodedFrame> frame; ///< null at the end
     qint64 bytePosition = -1;
+    double headerFrameRate = 0.0; ///< as `VideoDecoder` has it
+    ReadEnd end;                  ///< with a null frame: why
 };
 
 /// Hands out a decoder's pictures in order, at the moment or, on a thread of its own, a few ahead.
 class DecodeAhead {
 public:
     /// `decoder` must be open and is this object's alone until it is destroyed. With `isAhead` the
-    /// decoder's interrupt is asked on the other thread, too.
+    /// decoder's interrupt is asked on the other thread, too. Where no other thread can be had,
+    /// pictures are read at the moment.
     DecodeAhead(VideoDecoder& decoder, bool isAhead);
 
     /// Waits for what the decoder has in hand, no longer.

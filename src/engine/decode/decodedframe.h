@@ -9,6 +9,7 @@ struct AVFrame;
 struct DecodedFrame {
     double time;    ///< seconds; the decoding time of the packet that completed the picture
     AVFrame* frame; ///< the picture; owned
+    bool isTimeMissing = false; ///< the packet has none; `time` is a very large negative number
 
     const std::uint8_t* data() const; ///< first byte of the top row of plane 0; may be null
     int stride() const; ///< bytes from one row of plane 0 to the next; negative if stored bottom-up

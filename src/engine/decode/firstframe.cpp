@@ -9,6 +9,7 @@ extern "C" {
 #include <libavutil/mem.h>
 }
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <array>
@@ -41,7 +42,7 @@ bool grabFirstFrame(const QString& fileName, QImage* image, QDeadlineTimer deadl
     // One picture is not worth the start of many threads.
     VideoDecoder decoder(1);
     decoder.setInterrupt([&deadline] { return deadline.hasExpired(); });
-    if (!QFileInfo(fileName).isFile() || !decoder.open(fileName.toUtf8().constData()))
+    if (!QFileInfo(fileName).isFile() || !decoder.open(QFile::encodeName(fileName).constData()))
         return false;
     FramePointer first(decoder.readFrame(false));
     if (!first) // a recording so short that it ends before the decoder gives anything away

@@ -1,9 +1,10 @@
 #pragma once
 
-#include "libavpointers.h"
+#include "codeccontext.h"
 #include "packetreader.h"
 #include "restartpackets.h"
 
+#include <cstdint>
 #include <deque>
 #include <optional>
 
@@ -51,6 +52,9 @@ public:
 
     /// Pictures that the decoder holds back to put them in order, as far as it knows by now.
     int reorderDelay() const;
+
+    /// Pictures per second as the stream's headers say, 0 if unknown.
+    double frameRate() const { return frameRateOf(*context); }
 
 private:
     bool feed(std::optional<NumberedPacket> packet);

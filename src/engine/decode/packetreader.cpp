@@ -71,6 +71,8 @@ bool PacketReader::open(const char* name) {
         return false;
     }
     av_dump_format(format, 0, fileName.constData(), 0);
+    // What failed while the file was probed is tried again when its turn comes.
+    format->pb->error = 0;
     streamIndex = firstVideoStream(*format);
     if (streamIndex < 0)
         error = QStringLiteral("no video stream");
@@ -118,21 +120,37 @@ void PacketReader::close() {
     streamIndex = -1;
     nextNumber = 0;
     hasEnded = false;
+    end = {};
     error.clear();
 }
 
 std::optional<NumberedPacket> PacketReader::read() {
     PacketPointer packet(av_packet_alloc());
-    while (format && packet && !hasEnded && !isInterrupted()) {
-        hasEnded = av_read_frame(format, packet.get()) < 0;
-        if (hasEnded)
+    while (format && !hasEnded && !isInterrupted()) {
+        const int result = packet ? av_read_frame(format, packet.get()) : AVERROR(ENOMEM);
+        hasEnded = result < 0;
+        if (hasEnded) {
+            noteEnd(result);
             break;
+        }
         // An empty packet holds no picture, and would tell the decoder that the stream has ended.
         if (packet->stream_index == streamIndex && packet->size > 0)
             return NumberedPacket{nextNumber++, std::move(packet)};
         av_packet_unref(packet.get());
     }
     return std::nullopt;
+}
+
+/// Tells a failed read from an end, which the demuxer's own answer does not: several answer an I/O
+/// error where a file is merely cut off, and the plain end where the disk has failed. What the
+/// reading itself ran into stands beside the buffer.
+void PacketReader::noteEnd(int result) {
+    if (isInterrupted())
+        return;
+    if (format->pb && format->pb->error < 0)
+        end = {ReadEnd::Cause::ReadError, libavErrorText(format->pb->error)};
+    else if (result == AVERROR(ENOMEM))
+        end = {ReadEnd::Cause::OutOfMemory, libavErrorText(result)};
 }
 
 const AVStream* PacketReader::stream() const {

@@ -2,6 +2,7 @@
 
 #include "inputfile.h"
 #include "libavpointers.h"
+#include "readend.h"
 
 extern "C" {
 #include <libavformat/avformat.h>
@@ -42,6 +43,9 @@ public:
     /// from then on nothing more, even where the file could be read on behind the error.
     std::optional<NumberedPacket> read();
 
+    /// Once `read` has answered nothing: why.
+    const ReadEnd& readEnd() const { return end; }
+
     /// The chosen stream; null if there is none.
     const AVStream* stream() const;
 
@@ -51,6 +55,7 @@ public:
 
 private:
     int openDemuxer();
+    void noteEnd(int result);
 
     std::function<bool()> interrupt;
     QByteArray fileName;
@@ -59,6 +64,7 @@ private:
     int streamIndex = -1;
     qint64 nextNumber = 0;
     bool hasEnded = false;
+    ReadEnd end;
     QString error;
 };
 

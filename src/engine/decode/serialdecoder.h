@@ -1,6 +1,6 @@
 #pragma once
 
-#include "libavpointers.h"
+#include "codeccontext.h"
 
 /// Decodes packets one at a time: what a packet completes comes out before the next one goes in.
 class SerialDecoder {
@@ -16,6 +16,9 @@ public:
     /// The first of the pictures that the decoder still holds; null if it holds none. Nothing can
     /// be decoded from then on.
     PicturePointer takeHeld();
+
+    /// Pictures per second as the stream's headers say, 0 if unknown.
+    double frameRate() const { return frameRateOf(*context); }
 
 private:
     CodecContextPointer context;

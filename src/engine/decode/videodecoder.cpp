@@ -10,6 +10,7 @@
 #include <QMutexLocker>
 #include <QThread>
 
+#include <cstdint>
 #include <optional>
 
 /// One open file. Exactly one of the two decoders is there once the file is open.
@@ -21,6 +22,7 @@ struct DecodingContext {
     qint64 lastNumber = -1;            ///< packet that completed the last picture handed out
     QByteArray codecName;              ///< empty until a decoder is open
     QString error;
+    ReadEnd end; ///< where the reader does not know it
 
     bool open(const char* fileName, int threads);
     std::optional<CompletedPicture> nextPicture();
@@ -95,12 +97,16 @@ bool DecodingContext::goSerial() {
     QMutexLocker lock(&ffmpegMutex());
     threaded.reset();
     lock.unlock();
-    if (replay.empty() && !reader.reopen())
+    if (replay.empty() && !reader.reopen()) {
+        end = {ReadEnd::Cause::ReadError, reader.errorText()};
         return false;
+    }
     lock.relock();
     OpenedCodec opened = openCodec(*reader.stream()->codecpar, 1);
-    if (!opened.context)
+    if (!opened.context) {
+        end = {ReadEnd::Cause::OutOfMemory, opened.error};
         return false;
+    }
     // From the start of the file the decoder learns the delay anew, as it did the first time.
     if (!replay.empty() && replay.front().number > 0)
         opened.context->has_b_frames = reorderDelay;
@@ -146,7 +152,14 @@ DecodedFrame* VideoDecoder::readFrame(bool clone) {
     if (!picture)
         return nullptr;
     const AVStream* stream = context->reader.stream();
-    return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture};
+    return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture,
+                            completed->dts == AV_NOPTS_VALUE};
+}
+
+ReadEnd VideoDecoder::readEnd() const {
+    if (!context)
+        return {};
+    return context->end.error.isEmpty() ? context->reader.readEnd() : context->end;
 }
 
 DecodedFrame* VideoDecoder::takeHeldFrame() {
@@ -155,7 +168,7 @@ DecodedFrame* VideoDecoder::takeHeldFrame() {
     if (!picture)
         return nullptr;
     const AVStream* stream = context->reader.stream();
-    return new DecodedFrame{timeOf(AV_NOPTS_VALUE, stream->time_base), picture.release()};
+    return new DecodedFrame{timeOf(AV_NOPTS_VALUE, stream->time_base), picture.release(), true};
 }
 
 void VideoDecoder::close() {
@@ -176,6 +189,13 @@ int VideoDecoder::videoStreamIndex() const {
 
 QByteArray VideoDecoder::codecName() const {
     return context ? context->codecName : QByteArray();
+}
+
+double VideoDecoder::headerFrameRate() const {
+    const AVStream* stream = context ? context->reader.stream() : nullptr;
+    if (!stream || stream->start_time != AV_NOPTS_VALUE)
+        return 0.0;
+    return context->threaded ? context->threaded->frameRate() : context->serial->frameRate();
 }
 
 double VideoDecoder::duration() const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "decodedframe.h"
+#include "readend.h"
 
 #include <QByteArray>
 #include <QString>
@@ -34,12 +35,15 @@ public:
     /// False if there is no readable video stream or no decoder for it; `errorText` then says why.
     bool open(const char* fileName);
 
-    /// The next picture, or null at end of file and on any read error.
+    /// The next picture, or null at end of file and on any read error; `readEnd` tells which.
     ///
     /// Pictures still inside the decoder when the file ends are not delivered. With `clone` the
     /// record holds its own reference to the picture, otherwise the decoder's frame itself; the
     /// caller owns the record either way.
     DecodedFrame* readFrame(bool clone);
+
+    /// Once `readFrame` has answered null: why.
+    ReadEnd readEnd() const;
 
     /// Once `readFrame` has answered null, of a decoder with one thread: the first of the pictures
     /// that are still inside it, without a time; null if there is none. The caller owns the record.
@@ -56,6 +60,10 @@ public:
 
     /// The media libraries' name for the codec, as in "h264"; empty if nothing is open.
     QByteArray codecName() const;
+
+    /// Pictures per second as the stream's own headers tell, where no picture has a time: 0 if they
+    /// do not, or if times were seen while the file was opened. Once a picture has been read.
+    double headerFrameRate() const;
 
     /// Length of the file in seconds as its header says, 0 if unknown.
     double duration() const;

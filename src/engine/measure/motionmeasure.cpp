@@ -3,6 +3,7 @@
 #include "differencesum.h"
 #include "logging.h"
 
+#include <cstdint>
 #include <exception>
 
 namespace {

@@ -1,0 +1,16 @@
+#include "picturesource.h"
+
+PictureSource::PictureSource(VideoDecoder& decoder, bool isAhead, const TimeOptions& times)
+    : pictures(decoder, isAhead)
+    , clock(times) {}
+
+TimedPicture PictureSource::next() {
+    last = pictures.next();
+    // Only the caller holds the picture.
+    const std::shared_ptr<const DecodedFrame> frame = std::move(last.frame);
+    if (!frame)
+        return {};
+    const auto time = clock.next({frame->time, frame->isTimeMissing, last.headerFrameRate});
+    hasUselessFirst = !time;
+    return time ? TimedPicture{frame, *time} : TimedPicture();
+}
