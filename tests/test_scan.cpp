@@ -2,6 +2,7 @@
 
 #include "files.h"
 #include "media.h"
+#include "pipewriter.h"
 #include "process.h"
 
 #include <QFileInfo>
@@ -11,6 +12,8 @@
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <sys/stat.h>
 
 #include <csignal>
 #include <unistd.h>
@@ -59,6 +62,11 @@ private Q_SLOTS:
     void fullDiskIsNoSuccess();
     void interruptWritesTheOpenClip_data();
     void interruptWritesTheOpenClip();
+    void readsPipes();
+    void interruptEndsTheWaitForAPipe_data();
+    void interruptEndsTheWaitForAPipe();
+    void othersGoOnBesideAStalledPipe();
+    void playlistsAreNamed();
     void needsNoWidgets();
 
 private:
@@ -561,6 +569,91 @@ void TestScan::interruptWritesTheOpenClip() {
     QCOMPARE(lines[1]["state"].toString(), QStringLiteral("cancelled"));
     QCOMPARE(lines[0]["end"].toDouble(), lines[1]["seconds"].toDouble());
     QVERIFY(lines[1]["frames"].toInt() < 1490);
+}
+
+void TestScan::readsPipes() {
+    const QString recording = folder.filePath("garden.mkv");
+    QVERIFY(media::encode({"-i", video, "-c", "copy", recording}));
+    const QStringList options = {"--format", "csv", "--minimum", "2", "--postrecord", "2"};
+    QByteArray expected = scan(options + QStringList{recording}).output;
+    const QString pipe = folder.filePath("pipe.mkv");
+    PipeWriter writer(pipe, readFile(recording));
+    writer.goOn();
+    const ProcessResult result = scan(options + QStringList{pipe});
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.output, expected.replace(recording.toUtf8(), pipe.toUtf8()));
+    QVERIFY(expected.count('\n') > 1);
+
+    QProcess process;
+    process.setStandardInputFile(recording);
+    process.start("/bin/sh",
+                  {"-c", "cat | \"$0\" \"$@\"", media::programDirectory() + "/kestrova-scan",
+                   "--format", "jsonl", "--quiet", "/dev/stdin"});
+    QVERIFY(process.waitForFinished());
+    const QList<QJsonObject> lines = jsonLines(process.readAllStandardOutput());
+    QCOMPARE(process.exitCode(), 0);
+    QCOMPARE(lines.last()["state"].toString(), QStringLiteral("finished"));
+    QVERIFY(lines.last()["frames"].toInt() > 490);
+}
+
+void TestScan::interruptEndsTheWaitForAPipe_data() {
+    QTest::addColumn<bool>("isHalfThere");
+    QTest::newRow("nothing comes") << false;
+    QTest::newRow("the second half does not come") << true;
+}
+
+void TestScan::interruptEndsTheWaitForAPipe() {
+    QFETCH(bool, isHalfThere);
+    const QString recording = folder.filePath("long.ts");
+    QVERIFY(media::encode(
+        {"-f", "lavfi", "-i", "testsrc2=s=64x48:r=25:d=120", "-c:v", "mpeg2video", recording}));
+    const QString pipe = folder.filePath(isHalfThere ? "half.ts" : "nothing.ts");
+    const PipeWriter writer(pipe, isHalfThere ? readFile(recording) : QByteArray());
+    const QString trace = folder.filePath("pipe.trace");
+    QFile::remove(trace);
+    QProcess process;
+    process.start(media::programDirectory() + "/kestrova-scan",
+                  {"--format", "jsonl", "--trace", trace, pipe, video});
+    QTRY_VERIFY(writer.hasWrittenHalf() && (!isHalfThere || QFileInfo(trace).size() > 0));
+    ::kill(pid_t(process.processId()), SIGINT);
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 130);
+    const QList<QJsonObject> lines = jsonLines(process.readAllStandardOutput());
+    QVERIFY(!lines.isEmpty());
+    QCOMPARE(lines.last()["video"].toString(), pipe);
+    QCOMPARE(lines.last()["state"].toString(), QStringLiteral("cancelled"));
+    QCOMPARE(lines.last()["frames"].toInt() > 0, isHalfThere);
+}
+
+void TestScan::othersGoOnBesideAStalledPipe() {
+    const QString pipe = folder.filePath("nobody.mkv");
+    QCOMPARE(::mkfifo(pipe.toUtf8().constData(), 0600), 0);
+    QProcess process;
+    process.start(media::programDirectory() + "/kestrova-scan",
+                  {"--format", "jsonl", "--jobs", "2", video, pipe, video});
+    // What the last one finds is printed behind the pipe's end, but its summary comes at once.
+    QByteArray errors;
+    QTRY_VERIFY((errors += process.readAllStandardError()).count(": clips: ") == 2);
+    ::kill(pid_t(process.processId()), SIGTERM);
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 130);
+    QStringList states;
+    for (const QJsonObject& line : jsonLines(process.readAllStandardOutput())) {
+        if (line.contains("state"))
+            states.append(line["state"].toString());
+    }
+    QCOMPARE(states, QStringList({"finished", "cancelled", "finished"}));
+}
+
+void TestScan::playlistsAreNamed() {
+    const QString playlist = folder.filePath("live.mp4");
+    QVERIFY(writeFile(playlist, "#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:20,\ngarden.mp4\n"));
+    const ProcessResult result = scan({"--format", "jsonl", playlist});
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.errors,
+             "kestrova-scan: " + playlist.toUtf8() + ": a playlist, not a recording\n");
+    QCOMPARE(jsonLines(result.output).first()["state"].toString(), QStringLiteral("failed"));
 }
 
 void TestScan::needsNoWidgets() {

@@ -1,12 +1,10 @@
 #include "detection.h"
 
-#include "ffmpegmutex.h"
 #include "framepicture.h"
 #include "picturesource.h"
 #include "videodecoder.h"
 
 #include <QFile>
-#include <QMutexLocker>
 
 #include <memory>
 
@@ -27,19 +25,13 @@ Detection::Detection(const DetectionOptions& options, DetectionClient& client)
 DetectionOutcome Detection::run(const QString& fileName) {
     VideoDecoder decoder(options.threads);
     decoder.setInterrupt([this] { return client.isCancelled(); });
-    bool isOpen = false;
-    {
-        QMutexLocker lock(&ffmpegMutex());
-        isOpen = decoder.open(QFile::encodeName(fileName).constData());
-    }
     DetectionOutcome outcome = DetectionOutcome::CannotOpen;
-    if (isOpen)
+    if (decoder.open(QFile::encodeName(fileName).constData()))
         outcome = runOpened(decoder);
     else if (client.isCancelled()) // which cuts an open short
         outcome = DetectionOutcome::Cancelled;
     else
         error = decoder.errorText();
-    QMutexLocker lock(&ffmpegMutex());
     decoder.close();
     return outcome;
 }

@@ -70,7 +70,7 @@ class Detection {
 public:
     Detection(const DetectionOptions& options, DetectionClient& client);
 
-    /// Reads the whole file. Takes `ffmpegMutex` for opening and closing. Runs once per object.
+    /// Reads the whole file. Runs once per object.
     DetectionOutcome run(const QString& fileName);
 
     /// Why the file could not be read, for a person; empty unless the outcome is a failure.

@@ -25,3 +25,10 @@ PicturePointer SerialDecoder::decode(const AVPacket& packet) {
     av_frame_unref(surplus.get());
     return gotPicture ? std::move(picture) : nullptr;
 }
+
+PicturePointer SerialDecoder::takeHeld() {
+    PicturePointer held(av_frame_alloc());
+    avcodec_send_packet(context.get(), nullptr);
+    const bool isTaken = held && avcodec_receive_frame(context.get(), held.get()) >= 0;
+    return isTaken ? std::move(held) : nullptr;
+}

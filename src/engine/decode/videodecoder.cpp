@@ -15,7 +15,6 @@
 
 /// One open file. Exactly one of the two decoders is there once the file is open.
 struct DecodingContext {
-    QByteArray fileName;
     PacketReader reader;
     std::unique_ptr<FrameThreadedDecoder> threaded;
     std::unique_ptr<SerialDecoder> serial;
@@ -25,7 +24,7 @@ struct DecodingContext {
     QString error;
     ReadEnd end; ///< where the reader does not know it
 
-    bool open(int threads);
+    bool open(const char* fileName, int threads);
     std::optional<CompletedPicture> nextPicture();
 
 private:
@@ -34,11 +33,12 @@ private:
     bool goSerial();
 };
 
-bool DecodingContext::open(int threads) {
-    if (!reader.open(fileName.constData())) {
+bool DecodingContext::open(const char* fileName, int threads) {
+    if (!reader.open(fileName)) {
         error = reader.errorText();
         return false;
     }
+    QMutexLocker lock(&ffmpegMutex());
     OpenedCodec opened = openCodec(*reader.stream()->codecpar, threads);
     if (!opened.context) {
         error = opened.error;
@@ -92,14 +92,16 @@ std::optional<NumberedPacket> DecodingContext::nextSerialPacket() {
 /// Goes on with one thread, just behind the last picture that was handed out.
 bool DecodingContext::goSerial() {
     qCDebug(engineLog, "one thread from packet %lld on", static_cast<long long>(lastNumber));
-    QMutexLocker lock(&ffmpegMutex());
     replay = threaded->takeRestartPackets();
     const int reorderDelay = threaded->reorderDelay();
+    QMutexLocker lock(&ffmpegMutex());
     threaded.reset();
-    if (replay.empty() && !reader.open(fileName.constData())) {
+    lock.unlock();
+    if (replay.empty() && !reader.reopen()) {
         end = {ReadEnd::Cause::ReadError, reader.errorText()};
         return false;
     }
+    lock.relock();
     OpenedCodec opened = openCodec(*reader.stream()->codecpar, 1);
     if (!opened.context) {
         end = {ReadEnd::Cause::OutOfMemory, opened.error};
@@ -126,7 +128,9 @@ VideoDecoder::VideoDecoder(int threads)
     routeLibavLog();
 }
 
-VideoDecoder::~VideoDecoder() = default;
+VideoDecoder::~VideoDecoder() {
+    close();
+}
 
 void VideoDecoder::setInterrupt(std::function<bool()> isInterrupted) {
     interrupt = std::move(isInterrupted);
@@ -135,9 +139,8 @@ void VideoDecoder::setInterrupt(std::function<bool()> isInterrupted) {
 bool VideoDecoder::open(const char* fileName) {
     close();
     context = std::make_unique<DecodingContext>();
-    context->fileName = fileName;
     context->reader.setInterrupt(interrupt);
-    return context->open(threads);
+    return context->open(fileName, threads);
 }
 
 DecodedFrame* VideoDecoder::readFrame(bool clone) {
@@ -159,7 +162,19 @@ ReadEnd VideoDecoder::readEnd() const {
     return context->end.error.isEmpty() ? context->reader.readEnd() : context->end;
 }
 
+DecodedFrame* VideoDecoder::takeHeldFrame() {
+    PicturePointer picture =
+        context && context->serial ? context->serial->takeHeld() : PicturePointer();
+    if (!picture)
+        return nullptr;
+    const AVStream* stream = context->reader.stream();
+    return new DecodedFrame{timeOf(AV_NOPTS_VALUE, stream->time_base), picture.release(), true};
+}
+
 void VideoDecoder::close() {
+    if (!context)
+        return;
+    QMutexLocker lock(&ffmpegMutex());
     context.reset();
 }
 
