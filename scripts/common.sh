@@ -6,9 +6,9 @@ root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 
 say() { printf '%s\n' "$*" >&2; }
 
-# packages ROLE: the names of scripts/packages.txt; with the role "lint" all, else those without one.
+# packages ROLE: the names of scripts/packages.txt that have no role or this one.
 packages() {
-    awk -v role="$1" '/^#/ || NF == 0 { next } NF == 1 || $2 == role { print $1 }' \
+    awk -v role="$1" '/^#/ || NF == 0 { next } NF == 1 || $2 == role || $3 == role { print $1 }' \
         "$root/scripts/packages.txt"
 }
 
@@ -52,4 +52,19 @@ build() {
         return 1
     fi
     rm -f "$log"
+}
+
+# source_files: the names of the project's files, each ended by a null byte.
+source_files() {
+    cd "$root"
+    if [ -e .git ]; then
+        git ls-files -z --cached --others --exclude-standard
+    else
+        find . -path ./build -prune -o ! -type d -print0
+    fi
+}
+
+# copy_sources FOLDER: copies the project into a folder, without what has been built.
+copy_sources() {
+    source_files | tar -C "$root" -c --null -T - --ignore-failed-read | tar -x -C "$1"
 }

@@ -4,8 +4,10 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QSettings>
 #include <QTemporaryDir>
+#include <QUrl>
 #include <QtTest>
 
 namespace {
@@ -31,11 +33,14 @@ private Q_SLOTS:
     void cleanup();
     void filesComeInTheDialogsOrder();
     void everyFileMayBeChosen();
+    void firstDialogsOpenInTheStartDirectory();
     void nextDialogOpensWhereTheFirstFileWas();
     void cancelledFilesChangeNothing();
     void directoryGivesAllFilesBelow();
     void emptyDirectoryGivesAnEmptyList();
     void cancelledDirectoryChangesNothing();
+    void dropsKeepTheirOrder();
+    void dropsFromElsewhereAreRefused();
 
 private:
     QString path(const QString& name) const { return folder->filePath(name); }
@@ -67,7 +72,8 @@ void TestAddedFiles::filesComeInTheDialogsOrder() {
         QCOMPARE(dialog.windowTitle(), QString("Select one or more files to open"));
         enter(dialog, QString("\"%1\" \"%2\"").arg(path("videos/b.mp4"), path("other.mp4")));
     });
-    QCOMPARE(askForFiles(nullptr), QStringList({path("videos/b.mp4"), path("other.mp4")}));
+    QCOMPARE(askForFiles(nullptr, QString()),
+             QStringList({path("videos/b.mp4"), path("other.mp4")}));
     QVERIFY(answer.wasShown());
     QCOMPARE(QSettings().value("last_files").toString(), path("videos"));
 }
@@ -78,8 +84,23 @@ void TestAddedFiles::everyFileMayBeChosen() {
         QVERIFY(dialog.nameFilters() == QStringList({QFileDialog::tr("All Files (*)")}));
         dialog.reject();
     });
-    askForFiles(nullptr);
+    askForFiles(nullptr, QString());
     QVERIFY(answer.wasShown());
+}
+
+void TestAddedFiles::firstDialogsOpenInTheStartDirectory() {
+    // Not in the current one, nor where the dialog was before.
+    QString shown;
+    const auto look = [&shown](QFileDialog& dialog) {
+        shown = dialog.directory().path();
+        dialog.reject();
+    };
+    const DialogAnswer<QFileDialog> first(look);
+    askForFiles(nullptr, path("videos/deep"));
+    QCOMPARE(shown, path("videos/deep"));
+    const DialogAnswer<QFileDialog> second(look);
+    askForDirectoryFiles(nullptr, path("videos"));
+    QCOMPARE(shown, path("videos"));
 }
 
 void TestAddedFiles::nextDialogOpensWhereTheFirstFileWas() {
@@ -88,14 +109,14 @@ void TestAddedFiles::nextDialogOpensWhereTheFirstFileWas() {
         QCOMPARE(dialog.directory().path(), path("videos/deep"));
         dialog.reject();
     });
-    askForFiles(nullptr);
+    askForFiles(nullptr, QString());
     QVERIFY(answer.wasShown());
 }
 
 void TestAddedFiles::cancelledFilesChangeNothing() {
     QSettings().setValue("last_files", path("videos"));
     DialogAnswer<QFileDialog> answer([](QFileDialog& dialog) { dialog.reject(); });
-    QVERIFY(askForFiles(nullptr).isEmpty());
+    QVERIFY(askForFiles(nullptr, QString()).isEmpty());
     QVERIFY(answer.wasShown());
     QCOMPARE(QSettings().value("last_files").toString(), path("videos"));
 }
@@ -109,7 +130,7 @@ void TestAddedFiles::directoryGivesAllFilesBelow() {
         QVERIFY(dialog.testOption(QFileDialog::ShowDirsOnly));
         enter(dialog, path("videos"));
     });
-    auto files = askForDirectoryFiles(nullptr);
+    auto files = askForDirectoryFiles(nullptr, QString());
     QVERIFY(answer.wasShown());
     QVERIFY(files.has_value());
     files->sort();
@@ -121,7 +142,7 @@ void TestAddedFiles::directoryGivesAllFilesBelow() {
 void TestAddedFiles::emptyDirectoryGivesAnEmptyList() {
     QVERIFY(QDir(folder->path()).mkpath("empty/inside"));
     DialogAnswer<QFileDialog> answer([this](QFileDialog& dialog) { enter(dialog, path("empty")); });
-    const auto files = askForDirectoryFiles(nullptr);
+    const auto files = askForDirectoryFiles(nullptr, QString());
     QVERIFY(answer.wasShown());
     QVERIFY(files.has_value());
     QVERIFY(files->isEmpty());
@@ -130,9 +151,29 @@ void TestAddedFiles::emptyDirectoryGivesAnEmptyList() {
 void TestAddedFiles::cancelledDirectoryChangesNothing() {
     QSettings().setValue("last_dir", path("videos"));
     DialogAnswer<QFileDialog> answer([](QFileDialog& dialog) { dialog.reject(); });
-    QVERIFY(!askForDirectoryFiles(nullptr).has_value());
+    QVERIFY(!askForDirectoryFiles(nullptr, QString()).has_value());
     QVERIFY(answer.wasShown());
     QCOMPARE(QSettings().value("last_dir").toString(), path("videos"));
+}
+
+void TestAddedFiles::dropsKeepTheirOrder() {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(path("other.mp4")), QUrl::fromLocalFile(path("videos/deep")),
+                  QUrl("https://example.org/far.mp4"), QUrl::fromLocalFile(path("videos/b.mp4"))});
+    QVERIFY(canBeDropped(data));
+    QCOMPARE(droppedFiles(data),
+             QStringList({path("other.mp4"), path("videos/deep/deeper/c"), path("videos/b.mp4")}));
+    QCOMPARE(QSettings().value("last_files").toString(), folder->path());
+    QCOMPARE(QSettings().value("last_dir").toString(), path("videos/deep"));
+}
+
+void TestAddedFiles::dropsFromElsewhereAreRefused() {
+    QMimeData text;
+    text.setText(path("other.mp4"));
+    QVERIFY(!canBeDropped(text));
+    QMimeData remote;
+    remote.setUrls({QUrl("https://example.org/far.mp4")});
+    QVERIFY(!canBeDropped(remote));
 }
 
 QTEST_MAIN(TestAddedFiles)

@@ -1,5 +1,6 @@
 #include "clip.h"
 #include "encoderstand.h"
+#include "exportnotices.h"
 #include "video.h"
 
 #include <QDesktopServices>
@@ -40,6 +41,7 @@ private Q_SLOTS:
     void showsNameNumberTimeLengthAndStatus();
     void text_data();
     void text();
+    void nameWithPlaceholders();
     void iconIsTheSnapshot();
 
     void exportsByItself();
@@ -52,6 +54,7 @@ private Q_SLOTS:
     void seeksBehindAnIntraCodedInput();
 
     void opensWhatIsExported();
+    void opensOddNames();
     void openingExportsFirst();
     void openingGoesToTheHead();
     void openingWhileExporting();
@@ -61,15 +64,25 @@ private Q_SLOTS:
     void encoderIsMissing();
     void noProcessCanBeMade();
     void crashEndsTwice();
+    void secondStartEndsTheFirst();
+    void alwaysCrashing();
+    void endOfASupersededRun();
+
+    void successWithoutAFile_data();
+    void successWithoutAFile();
+    void reasonOfAFailure();
+    void timesThatCannotBeCut();
 
     void removingTheExportingClip();
     void removingBesideADirectExport();
     void removingAWaitingClip();
     void removingAll();
+    void leavingTheQueueTogether();
     void jobGone();
 
 public Q_SLOTS:
     void noteUrl(const QUrl& url) { openedUrls.append(url); }
+    void note(const QString& notice) { notices.append(notice); }
 
 private:
     std::unique_ptr<Video> makeJob(bool autoExport = false, bool exportTimestamps = false,
@@ -79,11 +92,13 @@ private:
     std::unique_ptr<EncoderStand> encoder;
     QString videoName;
     QList<QUrl> openedUrls;
+    QStringList notices;
 };
 
 void TestClip::initTestCase() {
     QCoreApplication::setOrganizationName("kestrova");
     QCoreApplication::setApplicationName("kestrova");
+    connect(&ExportNotices::instance(), SIGNAL(told(QString)), SLOT(note(QString)));
 }
 
 void TestClip::init() {
@@ -92,6 +107,7 @@ void TestClip::init() {
     encoder = std::make_unique<EncoderStand>();
     videoName = folder->filePath("garden.mp4");
     openedUrls.clear();
+    notices.clear();
     QDesktopServices::setUrlHandler("file", this, "noteUrl");
 }
 
@@ -153,6 +169,13 @@ void TestClip::text() {
     const auto job = makeJob(false, videoStart.isValid(), videoStart);
     const Clip clip(job.get(), 0, blueSnapshot(), start, end, start);
     QCOMPARE(secondLine(clip), line);
+}
+
+void TestClip::nameWithPlaceholders() {
+    videoName = folder->filePath("cam%1 %7%L2.mp4");
+    const auto job = makeJob();
+    const Clip clip(job.get(), 3, blueSnapshot(), 0.0, 5.0, 1.0);
+    QCOMPARE(clip.text(), QString("cam%1 %7%L2.mp4\n#3 0:00:00 (5 sec) (not exported)"));
 }
 
 void TestClip::iconIsTheSnapshot() {
@@ -296,6 +319,18 @@ void TestClip::opensWhatIsExported() {
     QCOMPARE(encoder->calls().size(), 1);
 }
 
+void TestClip::opensOddNames() {
+    videoName = folder->filePath("100% #1?.mp4");
+    const auto job = makeJob(true);
+    Clip clip(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    QTRY_COMPARE(clip.status, int(Clip::Exported));
+    clip.openClip();
+    QCOMPARE(openedUrls.size(), 1);
+    QCOMPARE(openedUrls[0].toEncoded(),
+             "file:///" + folder->path().toUtf8() + "/100%25%20%231%3F_mp4_0/0000.avi");
+    QCOMPARE(openedUrls[0].toLocalFile(), '/' + clip.outputPath);
+}
+
 void TestClip::openingExportsFirst() {
     encoder->hold();
     const auto job = makeJob();
@@ -419,11 +454,151 @@ void TestClip::crashEndsTwice() {
     QTRY_COMPARE(encoder->calls().size(), 1);
     encoder->setEnd("0");
     encoder->release();
-    // Both the error and the end of the crashed run start the next clip.
-    QTRY_COMPARE(encoder->outputs(), QStringList({"0000.avi", "0001.avi", "0001.avi"}));
     QTRY_COMPARE(next.status, int(Clip::Exported));
+    // Both the error and the end of the crashed run start the next clip; the first of these starts
+    // is ended at once, before it has noted anything or after.
+    const QStringList outputs = encoder->outputs();
+    QVERIFY(outputs == QStringList({"0000.avi", "0001.avi"}) ||
+            outputs == QStringList({"0000.avi", "0001.avi", "0001.avi"}));
+    QCOMPARE(encoder->clashes(), QByteArray());
     QCOMPARE(crashing.status, int(Clip::ExportFailed));
     QCOMPARE(Clip::exportQueueLength(), 0);
+}
+
+void TestClip::secondStartEndsTheFirst() {
+    encoder->hold();
+    const auto job = makeJob();
+    Clip crashing(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    Clip next(job.get(), 1, blueSnapshot(), 10.0, 15.0, 11.0);
+    crashing.exportClip(false);
+    next.exportClip(false);
+    QTRY_COMPARE(encoder->calls().size(), 1);
+    // A crash, drawn out so that the first start is well under way when the second comes.
+    QMetaObject::invokeMethod(&crashing, "processError",
+                              Q_ARG(QProcess::ProcessError, QProcess::Crashed));
+    QCOMPARE(next.status, int(Clip::Exporting));
+    QTRY_COMPARE(encoder->calls().size(), 2);
+    QMetaObject::invokeMethod(&crashing, "processFinished", Q_ARG(int, -1));
+    QTRY_COMPARE(encoder->calls().size(), 3);
+    QCOMPARE(encoder->outputs(), QStringList({"0000.avi", "0001.avi", "0001.avi"}));
+    QCOMPARE(encoder->clashes(), QByteArray());
+    QCOMPARE(next.status, int(Clip::Exporting));
+    encoder->releaseOutput("0001.avi");
+    QTRY_COMPARE(next.status, int(Clip::Exported));
+    QCOMPARE(encoder->calls().size(), 3);
+    encoder->release();
+    QTRY_COMPARE(crashing.status, int(Clip::Exported));
+}
+
+void TestClip::alwaysCrashing() {
+    constexpr int count = 300;
+    encoder->setEnd("crash");
+    const auto job = makeJob();
+    const auto descriptors = [] {
+        return int(QDir("/proc/self/fd").entryList(QDir::AllEntries | QDir::System).size());
+    };
+    const int before = descriptors();
+    int most = 0;
+    QTimer sampler;
+    connect(&sampler, &QTimer::timeout, &sampler, [&] { most = qMax(most, descriptors()); });
+    sampler.start(5);
+    std::vector<std::unique_ptr<Clip>> clips;
+    for (int i = 0; i < count; ++i) {
+        clips.push_back(std::make_unique<Clip>(job.get(), i, QImage(), 0.0, 5.0, 1.0));
+        clips.back()->exportClip(false);
+    }
+    QTRY_COMPARE_WITH_TIMEOUT(clips.back()->status, int(Clip::ExportFailed), 120000);
+    for (const auto& clip : clips)
+        QCOMPARE(clip->status, int(Clip::ExportFailed));
+    QCOMPARE(Clip::exportQueueLength(), 0);
+    const int starts = int(encoder->calls().size());
+    QVERIFY2(starts >= count && starts <= 2 * count, qPrintable(QString::number(starts)));
+    QCOMPARE(encoder->clashes(), QByteArray());
+    QVERIFY2(most > before && most < before + 50, qPrintable(QString::number(most)));
+}
+
+void TestClip::endOfASupersededRun() {
+    encoder->hold();
+    const auto job = makeJob();
+    Clip clip(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    Clip waiting(job.get(), 1, blueSnapshot(), 10.0, 15.0, 11.0);
+    auto other = std::make_unique<Clip>(job.get(), 2, blueSnapshot(), 20.0, 25.0, 21.0);
+    clip.exportClip(false);
+    QTRY_COMPARE(encoder->calls().size(), 1);
+    other.reset(); // from now on no encoder is believed to run
+    clip.exportClip(false);
+    waiting.exportClip(false);
+    QTRY_COMPARE(encoder->calls().size(), 2);
+    // The end of the first run has neither failed the clip nor started the one that waits.
+    QCOMPARE(clip.status, int(Clip::Exporting));
+    QCOMPARE(waiting.status, int(Clip::Queued));
+    QCOMPARE(encoder->outputs(), QStringList({"0000.avi", "0000.avi"}));
+    QCOMPARE(encoder->clashes(), QByteArray());
+    encoder->release();
+    QTRY_COMPARE(waiting.status, int(Clip::Exported));
+    QCOMPARE(clip.status, int(Clip::Exported));
+    QCOMPARE(encoder->calls().size(), 3);
+}
+
+void TestClip::successWithoutAFile_data() {
+    QTest::addColumn<QByteArray>("end");
+    QTest::addColumn<QString>("reason");
+    QTest::newRow("no file") << QByteArray("none") << "the encoder wrote no file";
+    QTest::newRow("empty file") << QByteArray("empty") << "the encoder wrote an empty file";
+}
+
+void TestClip::successWithoutAFile() {
+    QFETCH(QByteArray, end);
+    QFETCH(QString, reason);
+    encoder->setEnd(end);
+    const auto job = makeJob();
+    Clip clip(job.get(), 2, blueSnapshot(), 0.0, 5.0, 1.0);
+    clip.exportClip(false);
+    QTRY_COMPARE(clip.status, int(Clip::Exported));
+    QCOMPARE(notices, QStringList({"garden.mp4 #2: " + reason}));
+    QVERIFY2(clip.toolTip().contains(reason), qPrintable(clip.toolTip()));
+
+    encoder->setEnd("0");
+    clip.exportClip(false);
+    QCOMPARE(clip.toolTip(), QString());
+    QTRY_COMPARE(clip.status, int(Clip::Exported));
+    QCOMPARE(clip.toolTip(), QString());
+    QCOMPARE(notices.size(), 1);
+}
+
+void TestClip::reasonOfAFailure() {
+    encoder->setEnd("1");
+    videoName = folder->filePath("<b>%1.mp4");
+    const auto job = makeJob();
+    Clip clip(job.get(), 4, blueSnapshot(), 0.0, 5.0, 1.0);
+    clip.exportClip(false);
+    QTRY_COMPARE(clip.status, int(Clip::ExportFailed));
+    QCOMPARE(notices, QStringList({"<b>%1.mp4 #4: told to fail"}));
+    QVERIFY2(clip.toolTip().contains("told to fail"), qPrintable(clip.toolTip()));
+
+    encoder->useNone();
+    clip.exportClip(false);
+    QTRY_COMPARE(clip.status, int(Clip::ExportFailed));
+    QVERIFY2(clip.toolTip().contains("the encoder cannot be started"), qPrintable(clip.toolTip()));
+}
+
+void TestClip::timesThatCannotBeCut() {
+    const auto job = makeJob();
+    Clip running(job.get(), 0, blueSnapshot(), 0.0, 5.0, 1.0);
+    Clip absurd(job.get(), 1, blueSnapshot(), 102481911520608.0, 102481911520620.0, 0.0);
+    absurd.openClip();
+    QCOMPARE(absurd.status, int(Clip::ExportFailed));
+    QCOMPARE(notices, QStringList({"garden.mp4 #1: a clip with these times cannot be cut out"}));
+    QVERIFY(absurd.text().endsWith("(export failed!)"));
+
+    encoder->hold();
+    running.exportClip(false);
+    absurd.exportClip(false);
+    QCOMPARE(absurd.status, int(Clip::ExportFailed));
+    QCOMPARE(Clip::exportQueueLength(), 0);
+    encoder->release();
+    QTRY_COMPARE(running.status, int(Clip::Exported));
+    QCOMPARE(encoder->outputs(), QStringList({"0000.avi"}));
 }
 
 void TestClip::removingTheExportingClip() {
@@ -505,6 +680,36 @@ void TestClip::removingAll() {
     encoder->release();
     for (int index = 0; index < 4; ++index)
         QTRY_VERIFY(QFile::exists(job->clipDirectory + QString("/000%1.avi").arg(index)));
+}
+
+void TestClip::leavingTheQueueTogether() {
+    encoder->hold();
+    const auto job = makeJob();
+    std::vector<std::unique_ptr<Clip>> clips;
+    for (int index = 0; index < 300; ++index) {
+        clips.push_back(std::make_unique<Clip>(job.get(), index, QImage(), 0.0, 5.0, 1.0));
+        clips.back()->exportClip(false);
+    }
+    clips[5]->exportClip(true); // stands twice in it
+    const auto stays = std::move(clips[7]);
+    const auto staysBehind = std::move(clips[290]);
+    QList<Clip*> leaving;
+    for (const auto& clip : clips) {
+        if (clip)
+            leaving.append(clip.get());
+    }
+    Clip::leaveQueue(leaving);
+    QCOMPARE(Clip::exportQueueLength(), 2);
+    clips.clear();
+    QCOMPARE(stays->status, int(Clip::Exporting));
+    QCOMPARE(staysBehind->status, int(Clip::Queued));
+    encoder->release();
+    QTRY_COMPARE(staysBehind->status, int(Clip::Exported));
+    // The first two run side by side, and the first one's clip is gone.
+    QTRY_COMPARE(encoder->outputs().size(), 3);
+    QStringList outputs = encoder->outputs();
+    outputs.sort();
+    QCOMPARE(outputs, QStringList({"0000.avi", "0007.avi", "0290.avi"}));
 }
 
 void TestClip::jobGone() {

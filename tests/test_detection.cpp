@@ -2,6 +2,7 @@
 
 #include "ffmpegmutex.h"
 #include "files.h"
+#include "firstframe.h"
 #include "footage.h"
 #include "frames.h"
 #include "media.h"
@@ -16,6 +17,8 @@
 #include <QTemporaryDir>
 #include <QThread>
 #include <QtTest>
+
+#include <sys/stat.h>
 
 #include <atomic>
 #include <functional>
@@ -157,6 +160,7 @@ private Q_SLOTS:
     void realBottomUpEqualsTopDown();
     void realSizeChangeIsReadToItsEnd();
     void waitsForTheMutex();
+    void holdsNoMutexWhileItWaits();
 
     void cancelBeforeTheFirstFrame();
     void cancelWithinOneFrame();
@@ -354,6 +358,23 @@ void TestDetection::waitsForTheMutex() {
     QCOMPARE(outcome, DetectionOutcome::Finished);
     QVERIFY(ffmpegMutex().tryLock());
     ffmpegMutex().unlock();
+}
+
+void TestDetection::holdsNoMutexWhileItWaits() {
+    // The first asks come while the file is opened: a pipe that nobody writes to.
+    QCOMPARE(::mkfifo(path("silent.mkv").toUtf8().constData(), 0600), 0);
+    QImage picture;
+    bool isGrabbed = false;
+    std::atomic<int> asked{0};
+    const Run run(path("silent.mkv"), {}, [&](const Recorder&) {
+        if (++asked == 3)
+            isGrabbed = grabFirstFrame(path("burst.mkv"), &picture);
+        return asked > 3;
+    });
+    QVERIFY(isGrabbed);
+    QCOMPARE(picture.size(), QSize(64, 48));
+    QCOMPARE(run.outcome, DetectionOutcome::Cancelled);
+    QCOMPARE(run.errorText, QString());
 }
 
 void TestDetection::cancelBeforeTheFirstFrame() {

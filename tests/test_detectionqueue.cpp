@@ -1,14 +1,19 @@
 #include "encoderstand.h"
 #include "faults.h"
+#include "filenamecodec.h"
 #include "mainwindowdriver.h"
 #include "media.h"
 #include "process.h"
 
 #include <QDir>
+#include <QMutex>
 #include <QProgressBar>
+#include <QSemaphore>
 #include <QSettings>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <unistd.h>
 
 namespace {
 
@@ -32,6 +37,7 @@ private Q_SLOTS:
     void fileThatIsNoVideoHoldsNothingUp();
     void cancelEndsAllJobs();
     void jobAcceptedAfterACancel();
+    void withdrawnJobNeverRuns();
     void jobIsStartedOnce();
     void progressIsShownWhileJobsRun();
     void noThreadForTheWorker();
@@ -42,21 +48,33 @@ private Q_SLOTS:
     void exportsSelected();
     void opensSelected();
     void doubleClickOpens();
+    void otherButtonsOpenNothing();
     void removesSelected();
     void removesAll();
+    void removesAllQueued();
+    void removesSomeOfTheQueued();
+    void quittingStartsNoEncoder();
+    void failureIsTold();
     void listActionsFollowTheSelection();
     void clipOfAnotherSenderIsIgnored();
 
     void directoryGoesToSetup();
     void emptyDirectoryGoesToSetup();
+    void addFilesOpensWhereThePersonWas();
+    void nameThatIsNotUtf8();
 
 private:
     Video* makeJob(const QString& fileName, bool autoExport = false) const;
     /// A job that has been accepted and has failed, so that its clips can be announced by hand.
     Video* failedJob(bool autoExport = false);
+    /// Accepts a job that stops at its first clip, as on a disk that does not answer, until `gate`
+    /// is unlocked. Answers the thread that it holds.
+    QThread* acceptStalled(Video* job);
     void announceClips(Video* job, int count);
     void tick() { QMetaObject::invokeMethod(&driver->window, "updateStatus"); }
 
+    QMutex gate;
+    QSemaphore gateReached;
     QTemporaryDir recordings;
     QString shortRecording;
     QString longRecording;
@@ -66,6 +84,7 @@ private:
 };
 
 void TestDetectionQueue::initTestCase() {
+    installFileNameCodec();
     QCoreApplication::setOrganizationName("kestrova");
     QCoreApplication::setApplicationName("kestrova");
     QCoreApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
@@ -82,6 +101,7 @@ void TestDetectionQueue::init() {
     QSettings().setValue("export_postrecord", 2.0);
     QSettings().setValue("export_minimum", 2.0);
     folder = std::make_unique<QTemporaryDir>();
+    QVERIFY(QDir::setCurrent(folder->path())); // where a person starts the program
     encoder = std::make_unique<EncoderStand>();
     driver = std::make_unique<MainWindowDriver>();
     driver->window.show();
@@ -105,6 +125,22 @@ Video* TestDetectionQueue::failedJob(bool autoExport) {
     driver->accept(job);
     [&] { QTRY_COMPARE(int(job->state), int(Video::Failed)); }();
     return job;
+}
+
+QThread* TestDetectionQueue::acceptStalled(Video* job) {
+    gate.lock();
+    connect(
+        job, &Video::newClip, job,
+        [this] {
+            if (QThread::currentThread() == thread())
+                return; // announced by hand
+            gateReached.release();
+            const QMutexLocker lock(&gate);
+        },
+        Qt::DirectConnection);
+    driver->accept(job);
+    [&] { QVERIFY(gateReached.tryAcquire(1, longMilliseconds)); }();
+    return job->thread();
 }
 
 void TestDetectionQueue::announceClips(Video* job, int count) {
@@ -177,6 +213,27 @@ void TestDetectionQueue::jobAcceptedAfterACancel() {
     QCOMPARE(int(cancelled->state), int(Video::CancelRequested));
 }
 
+void TestDetectionQueue::withdrawnJobNeverRuns() {
+    Video* stalled = makeJob(shortRecording);
+    QSignalSpy end(stalled, SIGNAL(resultReady()));
+    acceptStalled(stalled);
+    driver->click("pushButtonCancel");
+    Video* withdrawn = makeJob(shortRecording);
+    Video* next = makeJob(shortRecording);
+    driver->accept(withdrawn);
+    QCOMPARE(int(withdrawn->state), int(Video::Waiting));
+    driver->click("pushButtonCancel");
+    driver->accept(next);
+    QVERIFY(withdrawn->thread() == QThread::currentThread());
+    QVERIFY(next->thread() == QThread::currentThread());
+    QCOMPARE(end.size(), 0);
+    gate.unlock();
+    QTRY_COMPARE_WITH_TIMEOUT(int(next->state), int(Video::Finished), longMilliseconds);
+    QCOMPARE(end.size(), 1);
+    QCOMPARE(int(withdrawn->state), int(Video::CancelRequested));
+    QVERIFY(withdrawn->thread() == QThread::currentThread()); // never started
+}
+
 void TestDetectionQueue::jobIsStartedOnce() {
     Video* job = makeJob(shortRecording);
     QSignalSpy end(job, SIGNAL(resultReady()));
@@ -219,6 +276,7 @@ void TestDetectionQueue::noThreadForTheWorker() {
     // Here no thread can be had while the file is there.
     QFile noThreads(qEnvironmentVariable("FAILING_FILE"));
     QVERIFY(noThreads.open(QIODevice::WriteOnly));
+    driver.reset(); // the new one looks for its own setup window
     driver = std::make_unique<MainWindowDriver>();
     Video* first = makeJob(shortRecording);
     Video* second = makeJob(shortRecording);
@@ -240,10 +298,12 @@ void TestDetectionQueue::noThreadForTheWorker() {
 
     // One that never got a thread ends like any other.
     QVERIFY(noThreads.open(QIODevice::WriteOnly));
+    driver.reset(); // the new one looks for its own setup window
     driver = std::make_unique<MainWindowDriver>();
     driver->accept(makeJob(shortRecording));
     driver.reset();
     QVERIFY(noThreads.remove());
+    driver.reset(); // the new one looks for its own setup window
     driver = std::make_unique<MainWindowDriver>();
 }
 
@@ -321,6 +381,17 @@ void TestDetectionQueue::doubleClickOpens() {
     QTRY_COMPARE(driver->clip(1).status, int(Clip::ExportFailed));
 }
 
+void TestDetectionQueue::otherButtonsOpenNothing() {
+    announceClips(failedJob(), 1);
+    const QPoint place = driver->list().visualItemRect(&driver->clip(0)).center();
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        QTest::mouseClick(driver->list().viewport(), button, {}, place);
+        QTest::mouseDClick(driver->list().viewport(), button, {}, place);
+        QVERIFY(!driver->clip(0).openWhenDone);
+        QCOMPARE(driver->clip(0).status, int(Clip::NotExported));
+    }
+}
+
 void TestDetectionQueue::removesSelected() {
     announceClips(failedJob(), 4);
     const QPointer<Clip> first(&driver->clip(0));
@@ -342,6 +413,79 @@ void TestDetectionQueue::removesAll() {
     for (const char* name : {"actionOpen_selected", "actionExport_selected", "actionRemoveSelected",
                              "actionRemoveAll"})
         QVERIFY2(!driver->action(name).isEnabled(), name);
+}
+
+void TestDetectionQueue::removesAllQueued() {
+    encoder->hold();
+    Video* job = failedJob(true);
+    announceClips(job, 300);
+    QCOMPARE(Clip::exportQueueLength(), 599); // asked for twice, and the first one runs
+    driver->trigger("actionRemoveAll");
+    QCOMPARE(driver->list().count(), 0);
+    QCOMPARE(Clip::exportQueueLength(), 0);
+    encoder->release();
+    // One that is asked for now comes after all that would have been started before.
+    const Clip last(job, 999, QImage(), 0.0, 5.0, 1.0);
+    QTRY_COMPARE(last.status, int(Clip::Exported));
+    QCOMPARE(encoder->outputs(), QStringList({"0000.avi", "0999.avi"}));
+}
+
+void TestDetectionQueue::removesSomeOfTheQueued() {
+    encoder->hold();
+    announceClips(failedJob(), 300);
+    driver->list().selectAll();
+    driver->trigger("actionExport_selected");
+    driver->clip(150).setSelected(false);
+    driver->clip(299).setSelected(false);
+    driver->trigger("actionRemoveSelected");
+    QCOMPARE(driver->captions(), QStringList({"#150 0:25:00 (5 sec) (exporting...)",
+                                              "#299 0:49:50 (5 sec) (queued...)"}));
+    encoder->release();
+    QTRY_COMPARE(driver->clip(1).status, int(Clip::Exported));
+    QCOMPARE(encoder->outputs(), QStringList({"0000.avi", "0150.avi", "0299.avi"}));
+}
+
+void TestDetectionQueue::quittingStartsNoEncoder() {
+    encoder->hold();
+    Video* job = makeJob(shortRecording);
+    const QThread* worker = acceptStalled(job);
+    announceClips(job, 3);
+    driver->list().selectAll();
+    driver->trigger("actionExport_selected");
+    QTRY_COMPARE(encoder->calls().size(), 1);
+    // The worker is given up with its job, so that the clips still have one.
+    QTest::ignoreMessage(QtDebugMsg, "Processing thread wait failed");
+    driver.reset();
+    QCOMPARE(Clip::exportQueueLength(), 0);
+    gate.unlock();
+    QTRY_VERIFY(worker->isFinished());
+    encoder->release();
+    const std::unique_ptr<Video> laterJob(makeJob(shortRecording, true));
+    const Clip later(laterJob.get(), 999, QImage(), 0.0, 5.0, 1.0);
+    QTRY_COMPARE(later.status, int(Clip::Exported));
+    QCOMPARE(encoder->outputs(), QStringList({"0000.avi", "0999.avi"}));
+}
+
+void TestDetectionQueue::failureIsTold() {
+    auto& statusBar = driver->part<QStatusBar>("statusBar");
+    encoder->setEnd("1");
+    announceClips(failedJob(), 3);
+    driver->clip(1).setSelected(true);
+    driver->trigger("actionExport_selected");
+    QTRY_COMPARE(driver->clip(1).status, int(Clip::ExportFailed));
+    QCOMPARE(statusBar.currentMessage(), QString("missing.mp4 #1: told to fail"));
+    QVERIFY(driver->clip(1).toolTip().contains("told to fail"));
+    // The backlog covers it for as long as there is one.
+    encoder->hold();
+    driver->list().selectAll();
+    driver->trigger("actionExport_selected");
+    tick();
+    QCOMPARE(statusBar.currentMessage(), QString("2 clips queued to export..."));
+    encoder->release();
+    QTRY_COMPARE(driver->clip(2).status, int(Clip::ExportFailed));
+    statusBar.clearMessage();
+    tick();
+    QCOMPARE(statusBar.currentMessage(), QString("missing.mp4 #2: told to fail"));
 }
 
 void TestDetectionQueue::listActionsFollowTheSelection() {
@@ -370,7 +514,7 @@ void TestDetectionQueue::directoryGoesToSetup() {
     QVERIFY(QFile::copy(shortRecording, directory.filePath("in/.hidden.mp4")));
     QVERIFY(QFile::copy(QCoreApplication::applicationFilePath(), directory.filePath("in/b.mp4")));
     driver->addDirectory(directory.filePath("in"));
-    QVERIFY(driver->setup.isVisible());
+    QTRY_VERIFY(driver->setup.isVisible());
     QCOMPARE(driver->setupPart<QLabel>("labelInfo").text(), directory.filePath("in/deep/a.dat"));
     driver->setupPart<QLineEdit>("lineEditDir").setText(directory.filePath("out"));
     driver->clickSetup("pushButtonAddAll");
@@ -386,6 +530,42 @@ void TestDetectionQueue::emptyDirectoryGoesToSetup() {
     QVERIFY(driver->setup.isVisible());
     driver->addDirectory(folder->filePath("empty"));
     QVERIFY(!driver->setup.isVisible()); // drops what it showed
+}
+
+void TestDetectionQueue::addFilesOpensWhereThePersonWas() {
+    encoder->setEnd("1");
+    announceClips(failedJob(), 1);
+    driver->list().selectAll();
+    driver->trigger("actionExport_selected");
+    QTRY_COMPARE(driver->clip(0).status, int(Clip::ExportFailed));
+    QCOMPARE(QDir::currentPath(), QCoreApplication::applicationDirPath());
+    QString shown;
+    const DialogAnswer<QFileDialog> answer([&shown](QFileDialog& dialog) {
+        shown = dialog.directory().path();
+        dialog.reject();
+    });
+    driver->click("pushButtonAddFiles");
+    QCOMPARE(shown, folder->path());
+}
+
+void TestDetectionQueue::nameThatIsNotUtf8() {
+    const QDir directory(folder->path());
+    const QString name = QFile::decodeName("caf\xe9 100%1.mp4");
+    QVERIFY(directory.mkpath("in") && directory.mkpath("out"));
+    QVERIFY(QFile::copy(shortRecording, directory.filePath("in/" + name)));
+    driver->addDirectory(directory.filePath("in"));
+    QCOMPARE(driver->setupPart<QLabel>("labelInfo").text(), directory.filePath("in/" + name));
+    driver->setupPart<QLineEdit>("lineEditDir").setText(directory.filePath("out"));
+    driver->clickSetup("pushButtonAddAll");
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
+    QCOMPARE(driver->clip(0).text().section('\n', 0, 0), name);
+    driver->list().selectAll();
+    driver->trigger("actionExport_selected");
+    QTRY_COMPARE(driver->clip(0).status, int(Clip::Exported));
+    QVERIFY(encoder->calls()[0].contains(directory.filePath("in/" + name)));
+    const QByteArray file =
+        QFile::encodeName(directory.filePath("out")) + "/caf\xe9 100%1_mp4_0/0000.avi";
+    QCOMPARE(access(file.constData(), R_OK), 0);
 }
 
 QTEST_MAIN(TestDetectionQueue)

@@ -5,6 +5,8 @@
 
 #include <QtTest>
 
+#include <cstdint>
+
 namespace {
 
 /// The same sum with plain OpenCV calls.

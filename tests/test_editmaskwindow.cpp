@@ -11,13 +11,39 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <pthread.h>
 #include <sys/stat.h>
 
 namespace {
 
+constexpr int longMilliseconds = 120000;
+constexpr int manyFiles = 3000;
+
 const QStringList keys = {
     "do_export",         "export_dir", "export_minimum", "export_postrecord", "export_prerecord",
     "export_timestamps", "skip"};
+
+bool isBusy() {
+    const QCursor* cursor = QGuiApplication::overrideCursor();
+    return cursor && cursor->shape() == Qt::BusyCursor;
+}
+
+/// As long as it exists no thread can be made: each asks for more stack than there are addresses.
+class NoMoreThreads {
+public:
+    NoMoreThreads() {
+        pthread_getattr_default_np(&before);
+        pthread_attr_t wanted = before;
+        pthread_attr_setstacksize(&wanted, std::size_t(1) << 50);
+        pthread_setattr_default_np(&wanted);
+    }
+    ~NoMoreThreads() { pthread_setattr_default_np(&before); }
+    NoMoreThreads(const NoMoreThreads&) = delete;
+    NoMoreThreads& operator=(const NoMoreThreads&) = delete;
+
+private:
+    pthread_attr_t before = {};
+};
 
 /// Fails the export folder check; answers what the box said, or nothing if there was none.
 QString messageOnClick(SetupWindow& window, const char* button) {
@@ -42,6 +68,7 @@ private Q_SLOTS:
     void init();
     void showsTheFirstPictureOfAFile();
     void addMakesAJobAndShowsTheNextFile();
+    void relativeExportFolderStaysWhereItIs();
     void jobCarriesTheOptions();
     void jobWithoutRegionHasNoMask();
     void jobWithARectangleHasMaskAndRectangle();
@@ -53,6 +80,9 @@ private Q_SLOTS:
     void cancelWithNothingPendingHides();
     void everythingIsDiscarded_data();
     void everythingIsDiscarded();
+    void escapeDuringAStrokeDropsIt();
+    void addedFileDuringAStrokeDropsIt();
+    void addDuringAStrokeDropsIt();
     void escapeWorksFromEveryControl();
     void otherKeysAreLeftAlone();
     void enterAddsAtFirst();
@@ -62,6 +92,14 @@ private Q_SLOTS:
     void unreadableFilesAreSkipped_data();
     void unreadableFilesAreSkipped();
     void manyUnreadableFilesNeedNoStack();
+    void windowAnswersDuringALongSearch();
+    void nothingIsOnShowDuringALongSearch();
+    void longSearchThatFindsNothingHides();
+    void longSearchNeedsNoThread();
+    void filesAddedDuringALongSearchJoinIt();
+    void longSearchEndsWithEverything_data();
+    void longSearchEndsWithEverything();
+    void longSearchWaitsForAModalDialog();
     void badExportFolderChangesNothing_data();
     void badExportFolderChangesNothing();
     void exportFolderCanBeChosen();
@@ -73,11 +111,20 @@ private Q_SLOTS:
 
 private:
     QString path(const QString& name) const { return folder.filePath(name); }
+    QStringList unreadable() const;
     void makeRecording(const QString& name, int width, int height);
 
     QTemporaryDir folder;
     QString exports;
 };
+
+/// More files without a picture than can be looked at in one go.
+QStringList TestEditMaskWindow::unreadable() const {
+    QStringList paths;
+    for (int i = 0; i < manyFiles; ++i)
+        paths.append(path("text.avi"));
+    return paths;
+}
 
 void TestEditMaskWindow::makeRecording(const QString& name, int width, int height) {
     const QImage picture = media::grey(width, height, 90);
@@ -141,6 +188,26 @@ void TestEditMaskWindow::addMakesAJobAndShowsTheNextFile() {
     QCOMPARE(jobs[1]->fileName, path("b.avi"));
     QCOMPARE(jobs[1]->clipDirectory, exports + "/b_avi_0");
     QVERIFY(QDir(jobs[1]->clipDirectory).exists());
+}
+
+void TestEditMaskWindow::relativeExportFolderStaysWhereItIs() {
+    const QString start = QDir(exports).filePath("start");
+    QVERIFY(QDir().mkpath(start + "/out"));
+    const QString before = QDir::currentPath();
+    QVERIFY(QDir::setCurrent(start));
+    SetupWindow window;
+    window.addFiles({path("a.avi"), path("b.avi")});
+    window.setExportDirectory("out");
+    window.click("pushButtonAdd");
+    QVERIFY(QDir::setCurrent("/")); // an export goes elsewhere
+    window.click("pushButtonAdd");
+    QVERIFY(QDir::setCurrent(before));
+    const auto jobs = window.takeJobs();
+    QCOMPARE(int(jobs.size()), 2);
+    QCOMPARE(jobs[0]->clipDirectory, start + "/out/a_avi_0");
+    QCOMPARE(jobs[1]->clipDirectory, start + "/out/b_avi_0");
+    QVERIFY(QDir(jobs[1]->clipDirectory).exists());
+    QCOMPARE(QSettings().value("export_dir").toString(), QString("out"));
 }
 
 void TestEditMaskWindow::jobCarriesTheOptions() {
@@ -313,6 +380,45 @@ void TestEditMaskWindow::everythingIsDiscarded() {
     QVERIFY(!window.isVisible());
 }
 
+void TestEditMaskWindow::escapeDuringAStrokeDropsIt() {
+    SetupWindow window;
+    window.addFile(path("a.avi"));
+    const QPoint centre = window.editor().rect().center();
+    mouse::press(window.editor(), centre);
+    mouse::move(window.editor(), centre + QPoint(100, 100));
+    QTest::keyClick(&window, Qt::Key_Escape);
+    QVERIFY(!window.isVisible());
+    QVERIFY(!window.editor().hasRoi());
+    window.addFile(path("b.avi"));
+    const QImage untouched = window.editor().grab().toImage();
+    mouse::move(window.editor(), centre + QPoint(150, 150));
+    mouse::release(window.editor(), centre + QPoint(150, 150));
+    QCOMPARE(window.editor().grab().toImage(), untouched);
+    window.click("pushButtonAdd");
+    const auto jobs = window.takeJobs();
+    QVERIFY(!jobs.at(0)->mask && !jobs[0]->roiRect);
+}
+
+void TestEditMaskWindow::addedFileDuringAStrokeDropsIt() {
+    SetupWindow window;
+    window.addFile(path("a.avi"));
+    const QPoint centre = window.editor().rect().center();
+    mouse::press(window.editor(), centre);
+    window.addFile(path("b.avi"));
+    mouse::release(window.editor(), centre + QPoint(100, 100));
+    QVERIFY(!window.editor().hasRoi());
+    QVERIFY(!window.isEnabled("pushButtonClear"));
+}
+
+void TestEditMaskWindow::addDuringAStrokeDropsIt() {
+    SetupWindow window;
+    window.addFile(path("a.avi"));
+    mouse::press(window.editor(), window.editor().rect().center());
+    window.get<QPushButton>("pushButtonAdd").click(); // with the keyboard
+    const auto jobs = window.takeJobs();
+    QVERIFY(!jobs.at(0)->mask && !jobs[0]->roiRect);
+}
+
 void TestEditMaskWindow::escapeWorksFromEveryControl() {
     SetupWindow window;
     int controls = 0;
@@ -401,10 +507,10 @@ void TestEditMaskWindow::unreadableFilesAreSkipped() {
     window.addFile(bad);
     QVERIFY(!window.isVisible());
     window.addFiles({bad, bad, path("b.avi"), bad});
-    QVERIFY(window.isVisible());
+    QTRY_VERIFY(window.isVisible());
     QCOMPARE(window.shownFile(), path("b.avi"));
     window.click("pushButtonAdd");
-    QVERIFY(!window.isVisible());
+    QTRY_VERIFY(!window.isVisible());
     QCOMPARE(int(window.takeJobs().size()), 1);
     QCOMPARE(answer.count(), 0);
 }
@@ -419,6 +525,132 @@ void TestEditMaskWindow::manyUnreadableFilesNeedNoStack() {
     paths.append(path("a.avi"));
     SetupWindow window;
     window.addFiles(paths);
+    QTRY_COMPARE_WITH_TIMEOUT(window.shownFile(), path("a.avi"), longMilliseconds);
+}
+
+void TestEditMaskWindow::windowAnswersDuringALongSearch() {
+    SetupWindow window;
+    window.addFiles(unreadable() + QStringList{path("a.avi")});
+    QVERIFY(!window.isVisible());
+    QVERIFY(isBusy());
+    // The event loop runs round again and again before the file is found.
+    int turns = 0;
+    QTimer ticker;
+    connect(&ticker, &QTimer::timeout, &ticker, [&turns] { ++turns; });
+    ticker.start(0);
+    QTRY_VERIFY_WITH_TIMEOUT(window.isVisible(), longMilliseconds);
+    QVERIFY2(turns > 3, qPrintable(QString::number(turns)));
+    QCOMPARE(window.shownFile(), path("a.avi"));
+    QVERIFY(!isBusy());
+    QVERIFY(window.editor().isEnabled());
+    window.click("pushButtonAdd");
+    QCOMPARE(int(window.takeJobs().size()), 1);
+}
+
+void TestEditMaskWindow::nothingIsOnShowDuringALongSearch() {
+    SetupWindow window;
+    const QSignalSpy accepted(&window, SIGNAL(newVideo()));
+    window.addFiles(QStringList{path("a.avi")} + unreadable() + QStringList{path("b.avi")});
+    window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&window));
+    window.click("pushButtonAdd");
+    // The job starts at once; what is pressed now finds no file.
+    QCOMPARE(accepted.count(), 1);
+    QVERIFY(window.isVisible() && isBusy());
+    for (const char* name : {"pushButtonAdd", "pushButtonAddAll", "pushButtonCancel", "maskEditor"})
+        QVERIFY2(!window.isEnabled(name), name);
+    QTest::keyClick(window.windowHandle(), Qt::Key_Space);
+    QVERIFY(window.isVisible());
+    QTRY_COMPARE_WITH_TIMEOUT(window.shownFile(), path("b.avi"), longMilliseconds);
+    QVERIFY(window.get<QPushButton>("pushButtonAdd").hasFocus());
+    QTest::keyClick(window.windowHandle(), Qt::Key_Return);
+    QStringList names;
+    for (const auto& job : window.takeJobs())
+        names.append(job->shortFileName());
+    QCOMPARE(names, QStringList({"a.avi", "b.avi"}));
+}
+
+void TestEditMaskWindow::longSearchThatFindsNothingHides() {
+    SetupWindow window;
+    window.addFiles(QStringList{path("a.avi")} + unreadable());
+    window.click("pushButtonAdd");
+    QVERIFY(window.isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(!window.isVisible(), longMilliseconds);
+    QVERIFY(!isBusy());
+    // And is ready for the next file.
+    window.addFile(path("b.avi"));
+    QCOMPARE(window.shownFile(), path("b.avi"));
+    QVERIFY(window.isEnabled("pushButtonAdd"));
+}
+
+void TestEditMaskWindow::longSearchNeedsNoThread() {
+    SetupWindow window;
+    {
+        const NoMoreThreads none;
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression("QThread::start: .*"));
+        window.addFiles(unreadable() + QStringList{path("a.avi")});
+    }
+    QVERIFY(!window.isVisible());
+    QTRY_COMPARE_WITH_TIMEOUT(window.shownFile(), path("a.avi"), longMilliseconds);
+    QVERIFY(window.isVisible() && !isBusy());
+}
+
+void TestEditMaskWindow::filesAddedDuringALongSearchJoinIt() {
+    SetupWindow window;
+    window.addFiles(unreadable() + QStringList{path("a.avi")});
+    window.addFile(path("b.avi"));
+    window.addFiles({path("c.avi")});
+    window.addFiles({});
+    QVERIFY(!window.isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(window.isVisible(), longMilliseconds);
+    QCOMPARE(window.shownFile(), path("a.avi"));
+    window.click("pushButtonAddAll");
+    QCOMPARE(int(window.takeJobs().size()), 3);
+}
+
+void TestEditMaskWindow::longSearchEndsWithEverything_data() {
+    everythingIsDiscarded_data();
+    QTest::newRow("destroyed") << QString("destroyed");
+}
+
+void TestEditMaskWindow::longSearchEndsWithEverything() {
+    QFETCH(QString, how);
+    auto window = std::make_unique<SetupWindow>();
+    window->addFiles(QStringList{path("a.avi")} + unreadable() + QStringList{path("b.avi")});
+    window->click("pushButtonAdd");
+    QVERIFY(isBusy());
+    if (how == "button")
+        window->click("pushButtonCancelAll");
+    else if (how == "Escape")
+        QTest::keyClick(window.get(), Qt::Key_Escape);
+    else if (how == "close")
+        QVERIFY(window->close());
+    else
+        window.reset();
+    QVERIFY(!isBusy());
+    if (!window)
+        return;
+    QVERIFY(!window->isVisible());
+    window->addFile(path("d.avi"));
+    QCOMPARE(window->shownFile(), path("d.avi"));
+    QVERIFY(window->isEnabled("pushButtonAdd"));
+}
+
+void TestEditMaskWindow::longSearchWaitsForAModalDialog() {
+    SetupWindow window;
+    window.addFiles(unreadable() + QStringList{path("a.avi")});
+    QDialog dialog;
+    dialog.setModal(true);
+    dialog.show();
+    int turns = 0;
+    QTimer ticker;
+    connect(&ticker, &QTimer::timeout, &ticker, [&turns] { ++turns; });
+    ticker.start(0);
+    // Far more turns than the search would need.
+    QTRY_VERIFY_WITH_TIMEOUT(turns > 10 * manyFiles, longMilliseconds);
+    QVERIFY(!window.isVisible());
+    dialog.reject();
+    QTRY_VERIFY_WITH_TIMEOUT(window.isVisible(), longMilliseconds);
     QCOMPARE(window.shownFile(), path("a.avi"));
 }
 

@@ -62,6 +62,8 @@ class TestEncoderArguments : public QObject {
 private Q_SLOTS:
     void arguments_data();
     void arguments();
+    void overlayClock_data();
+    void overlayClock();
     void bitrate_data();
     void bitrate();
     void outputPath_data();
@@ -200,6 +202,37 @@ void TestEncoderArguments::arguments() {
     const EncoderCall call = encoderCall(clip(), source, settings);
     QCOMPARE(call.arguments, arguments);
     QCOMPARE(call.outputPath, arguments.last());
+}
+
+void TestEncoderArguments::overlayClock_data() {
+    QTest::addColumn<bool>("isIntraCodec");
+    QTest::addColumn<double>("start");
+    QTest::addColumn<int>("secondOfDay");
+    QTest::addColumn<int>("offset");
+    // The encoder adds it to the times of the pictures: from 12 s on where each stands alone.
+    QTest::newRow("intra-coded") << true << 12.9 << 32712 << 32700;
+    QTest::newRow("other") << false << 12.9 << 32712 << 32712;
+    QTest::newRow("behind midnight") << true << 7200.0 << 3600 << -3600;
+    QTest::newRow("before the first picture") << true << -1.2 << 32699 << 32700;
+}
+
+void TestEncoderArguments::overlayClock() {
+    QFETCH(bool, isIntraCodec);
+    QFETCH(double, start);
+    QFETCH(int, secondOfDay);
+    QFETCH(int, offset);
+    EncodedVideo source = withTimestamps(video());
+    source.isIntraCodec = isIntraCodec;
+    const EncodedClip cut = {0, start, start + 9.0, secondOfDay};
+    const auto filter = [&](OverlayClock clock) {
+        const QStringList arguments = encoderCall(cut, source, {}, clock).arguments;
+        return arguments.value(arguments.indexOf("-vf") + 1);
+    };
+    const QString shown = "%{pts\\:hms\\:" + QString::number(offset) + "}'";
+    QVERIFY2(filter(OverlayClock::VideoStart).contains(shown),
+             qPrintable(filter(OverlayClock::VideoStart)));
+    const QString always = "%{pts\\:hms\\:" + QString::number(secondOfDay) + "}'";
+    QVERIFY(filter(OverlayClock::ClipStart).contains(always));
 }
 
 void TestEncoderArguments::bitrate_data() {

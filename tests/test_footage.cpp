@@ -1,4 +1,4 @@
-// The scanner on real recordings: its clips are those that an independent reference found.
+// The scanner on whole recordings: its clips are those that an independent reference found.
 
 #include "files.h"
 #include "footage.h"
@@ -18,15 +18,31 @@
 namespace {
 
 /// The scanner's arguments for one option set: its keys are the scanner's option names.
-QStringList scannerOptions(const QJsonObject& set) {
+QStringList scannerOptions(const QString& folder, const QJsonObject& set) {
     QStringList arguments;
     for (auto option = set.begin(); option != set.end(); ++option) {
         const QString value = option.key() == QLatin1String("mask")
-                                  ? footageDirectory() + '/' + option.value().toString()
+                                  ? folder + '/' + option.value().toString()
                                   : option.value().toVariant().toString();
         arguments += {"--" + option.key(), value};
     }
     return arguments;
+}
+
+/// One row for each option set of a folder of recordings.
+void addOptionSets(const QString& folder) {
+    QTest::addColumn<QString>("video");
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QStringList>("options");
+    const QString expected = folder + "/expected/";
+    const QJsonObject sets = QJsonDocument::fromJson(readFile(expected + "options.json")).object();
+    QVERIFY(!sets.isEmpty());
+    for (auto set = sets.begin(); set != sets.end(); ++set) {
+        const QString video = set.key().section('.', 0, -2);
+        QTest::newRow(qPrintable(set.key()))
+            << folder + '/' + video << expected + set.key() + ".jsonl"
+            << scannerOptions(folder, set.value().toObject());
+    }
 }
 
 /// The snapshots of some pictures of a recording, by number.
@@ -54,29 +70,15 @@ class TestFootage : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void initTestCase();
     void clipsEqualTheReference_data();
     void clipsEqualTheReference();
+    void clipsOfFootageEqualTheReference_data();
+    void clipsOfFootageEqualTheReference();
     void sizeChangeIsReadToItsEnd();
 };
 
-void TestFootage::initTestCase() {
-    KESTROVA_REQUIRE_FOOTAGE();
-}
-
 void TestFootage::clipsEqualTheReference_data() {
-    QTest::addColumn<QString>("video");
-    QTest::addColumn<QString>("name");
-    QTest::addColumn<QStringList>("options");
-    const QString expected = footageDirectory() + "/expected/";
-    const QJsonObject sets = QJsonDocument::fromJson(readFile(expected + "options.json")).object();
-    QVERIFY(!sets.isEmpty());
-    for (auto set = sets.begin(); set != sets.end(); ++set) {
-        const QString video = set.key().section('.', 0, -2);
-        QTest::newRow(qPrintable(set.key()))
-            << footageDirectory() + '/' + video << expected + set.key() + ".jsonl"
-            << scannerOptions(set.value().toObject());
-    }
+    addOptionSets(recordingsDirectory());
 }
 
 void TestFootage::clipsEqualTheReference() {
@@ -115,7 +117,17 @@ void TestFootage::clipsEqualTheReference() {
     }
 }
 
+void TestFootage::clipsOfFootageEqualTheReference_data() {
+    KESTROVA_REQUIRE_FOOTAGE();
+    addOptionSets(footageDirectory());
+}
+
+void TestFootage::clipsOfFootageEqualTheReference() {
+    clipsEqualTheReference();
+}
+
 void TestFootage::sizeChangeIsReadToItsEnd() {
+    KESTROVA_REQUIRE_FOOTAGE();
     const QString video = footageDirectory() + "/size-change.ts";
     const ProcessResult result =
         runProgram("kestrova-scan", {"--quiet", "--format", "jsonl", video});

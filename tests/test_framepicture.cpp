@@ -5,6 +5,8 @@
 
 #include <QtTest>
 
+#include <cstdint>
+
 namespace {
 
 std::shared_ptr<const DecodedFrame> greyFrame() {

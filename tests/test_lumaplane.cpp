@@ -11,6 +11,7 @@ extern "C" {
 #include <QtTest>
 
 #include <climits>
+#include <cstdint>
 
 namespace {
 

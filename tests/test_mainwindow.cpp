@@ -3,14 +3,17 @@
 #include "settingsdialog.h"
 
 #include <QDesktopServices>
+#include <QDragEnterEvent>
 #include <QGridLayout>
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMetaMethod>
+#include <QMimeData>
 #include <QProgressBar>
 #include <QSettings>
+#include <QTemporaryDir>
 #include <QtTest>
 
 class TestMainWindow : public QObject {
@@ -24,9 +27,13 @@ private Q_SLOTS:
     void clipList();
     void actions_data();
     void actions();
+    void heldReturnIsPressedOnce();
     void fileMenu();
     void slotsInTheirOrder();
     void nothingToDoAtStart();
+    void emptyListSaysWhatToDo();
+    void droppedFilesAreSetUp();
+    void droppedTextIsRefused();
 
     void settings();
     void about();
@@ -37,6 +44,7 @@ private Q_SLOTS:
     void closingLeavesTheSetupWindow();
     void leavingTheSetupWindowEndsTheProgram();
     void acceptedJobShowsTheClosedWindowAgain();
+    void closingBothWindowsEndsTheProgramDuringAJob();
 
 public Q_SLOTS:
     void noteUrl(const QUrl& url) { openedUrl = url; }
@@ -125,6 +133,26 @@ void TestMainWindow::actions() {
     const QAction& action = driver.action(QTest::currentDataTag());
     QCOMPARE(action.text(), text);
     QCOMPARE(action.shortcut(), QKeySequence(shortcut));
+    // A key that is held down must not open a clip again and again.
+    QCOMPARE(action.autoRepeat(), action.objectName() != "actionOpen_selected");
+}
+
+void TestMainWindow::heldReturnIsPressedOnce() {
+    // As it comes where the repetition is not recognized: released and pressed in one instant.
+    MainWindowDriver driver;
+    const auto isKeptFromShortcuts = [&driver](Qt::Key key, ulong released, ulong pressed) {
+        QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier);
+        release.setTimestamp(released);
+        QApplication::sendEvent(&driver.list(), &release);
+        QKeyEvent press(QEvent::ShortcutOverride, key, Qt::NoModifier);
+        press.setTimestamp(pressed);
+        press.ignore();
+        QApplication::sendEvent(&driver.list(), &press);
+        return press.isAccepted();
+    };
+    QVERIFY(isKeptFromShortcuts(Qt::Key_Return, 1000, 1000));
+    QVERIFY(!isKeptFromShortcuts(Qt::Key_Return, 2000, 2050));
+    QVERIFY(!isKeptFromShortcuts(Qt::Key_Delete, 3000, 3000));
 }
 
 void TestMainWindow::fileMenu() {
@@ -184,6 +212,59 @@ void TestMainWindow::nothingToDoAtStart() {
                              "actionRemoveSelected", "actionRemoveAll"})
         QVERIFY2(!driver.action(name).isEnabled(), name);
     QVERIFY(driver.part<QStatusBar>("statusBar").currentMessage().isEmpty());
+}
+
+void TestMainWindow::emptyListSaysWhatToDo() {
+    MainWindowDriver driver;
+    driver.window.show();
+    QListWidget& list = driver.list();
+    const QImage hint = list.viewport()->grab().toImage();
+    const QRgb background = list.palette().color(QPalette::Base).rgb();
+    const auto isBlank = [background](const QImage& image) {
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                if (image.pixel(x, y) != background)
+                    return false;
+            }
+        }
+        return true;
+    };
+    QVERIFY(!isBlank(hint));
+    QVERIFY(isBlank(hint.copy(0, 0, hint.width(), hint.height() / 4))); // it stands in the middle
+    list.addItem(QString());
+    list.item(0)->setHidden(true);
+    QVERIFY(isBlank(list.viewport()->grab().toImage()));
+}
+
+void TestMainWindow::droppedFilesAreSetUp() {
+    QTemporaryDir folder;
+    const QString video = folder.filePath("garden.mkv");
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=d=1", "-c:v", "ffv1", video}));
+    MainWindowDriver driver;
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(video)});
+    QDragEnterEvent enter(QPoint(50, 200), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                          Qt::NoModifier);
+    QCoreApplication::sendEvent(&driver.window, &enter);
+    QVERIFY(enter.isAccepted());
+    QDropEvent drop(QPoint(50, 200), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                    Qt::NoModifier);
+    QCoreApplication::sendEvent(&driver.window, &drop);
+    QVERIFY(drop.isAccepted());
+    QCOMPARE(drop.dropAction(), Qt::CopyAction); // never moved away
+    QVERIFY(!driver.setup.isVisible());          // the other program is not kept waiting
+    QTRY_VERIFY(driver.setup.isVisible());
+    QCOMPARE(driver.setupPart<QLabel>("labelInfo").text(), video);
+}
+
+void TestMainWindow::droppedTextIsRefused() {
+    MainWindowDriver driver;
+    QMimeData data;
+    data.setText("garden.mkv");
+    QDragEnterEvent enter(QPoint(50, 200), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QCoreApplication::sendEvent(&driver.window, &enter);
+    QVERIFY(!enter.isAccepted());
 }
 
 void TestMainWindow::settings() {
@@ -312,6 +393,28 @@ void TestMainWindow::acceptedJobShowsTheClosedWindowAgain() {
     driver.clickSetup("pushButtonAdd");
     QVERIFY(!driver.setup.isVisible());
     QTRY_VERIFY(driver.window.isVisible());
+}
+
+void TestMainWindow::closingBothWindowsEndsTheProgramDuringAJob() {
+    const QTemporaryDir folder;
+    const QString video = folder.filePath("long.mp4");
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=s=640x360:d=60", "-c:v", "libx264",
+                           "-preset", "ultrafast", video}));
+    MainWindowDriver driver;
+    driver.window.show();
+    auto* job = new Video(video, folder.path(), 1.0, 1.0, 5.0, 0, false, nullptr, nullptr, false,
+                          QDateTime());
+    driver.accept(job);
+    driver.setup.addFile(video);
+    QTimer::singleShot(0, &driver.window, [&] {
+        QVERIFY(driver.window.close());
+        QVERIFY(int(job->state) < int(Video::CancelRequested));
+        QVERIFY(driver.setup.close());
+    });
+    QTimer::singleShot(10000, qApp, [] { QCoreApplication::exit(1); });
+    QCOMPARE(QCoreApplication::exec(), 0);
+    QCoreApplication::processEvents();
+    QVERIFY(!driver.window.isVisible());
 }
 
 QTEST_MAIN(TestMainWindow)

@@ -5,6 +5,7 @@
 #include "process.h"
 
 #include <QRegularExpression>
+#include <QTemporaryDir>
 #include <QtTest>
 
 class TestManual : public QObject {
@@ -12,6 +13,7 @@ class TestManual : public QObject {
 
 private Q_SLOTS:
     void liesBesideTheProgram();
+    void bearsTheDateOfTheSources();
     void scannerOptionsExist();
 };
 
@@ -20,6 +22,28 @@ void TestManual::liesBesideTheProgram() {
     QVERIFY(manual.startsWith("%PDF-"));
     QVERIFY2(manual.count("/Type /Page\n") >= 5, "it has fewer than five pages");
     QVERIFY2(manual.count("/Subtype /Image") >= 4, "pictures are missing");
+}
+
+// Makes the manual anew, for sources of 2026-01-31 23:30:00 UTC, in a time zone of its own.
+QByteArray manualMadeIn(const QByteArray& timeZone, const QString& fileName) {
+    const QByteArray ownZone = qgetenv("TZ");
+    qputenv("TZ", timeZone);
+    qputenv("SOURCE_DATE_EPOCH", "1769902200");
+    const ProcessResult result =
+        runProgram(KESTROVA_MAKEMANUAL, {KESTROVA_MANUAL_TEXT, KESTROVA_PICTURES, fileName});
+    qunsetenv("SOURCE_DATE_EPOCH");
+    if (ownZone.isNull())
+        qunsetenv("TZ");
+    else
+        qputenv("TZ", ownZone);
+    return result.status == 0 ? readFile(fileName) : QByteArray();
+}
+
+void TestManual::bearsTheDateOfTheSources() {
+    const QTemporaryDir folder;
+    const QByteArray manual = manualMadeIn("Asia/Tokyo", folder.filePath("east.pdf"));
+    QVERIFY(manual.contains("/CreationDate (D:20260131233000Z)"));
+    QVERIFY(manual == manualMadeIn("America/Lima", folder.filePath("west.pdf")));
 }
 
 void TestManual::scannerOptionsExist() {

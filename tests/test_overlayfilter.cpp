@@ -9,6 +9,7 @@ private Q_SLOTS:
     void reachesTheEncoderWithSingleBackslashes();
     void dayHasNoPadding();
     void negativeSecondKeepsItsSign();
+    void namesAreEnglishInEveryLocale();
 };
 
 void TestOverlayFilter::reachesTheEncoderWithSingleBackslashes() {
@@ -26,5 +27,16 @@ void TestOverlayFilter::negativeSecondKeepsItsSign() {
     QVERIFY(overlayFilter(QDate(2026, 3, 1), -5).contains("%{pts\\:hms\\:-5}"));
 }
 
-QTEST_GUILESS_MAIN(TestOverlayFilter)
+void TestOverlayFilter::namesAreEnglishInEveryLocale() {
+    QCOMPARE(QLocale::system().language(), QLocale::Japanese);
+    QVERIFY(!QDate(2026, 10, 14).toString(Qt::TextDate).contains("Oct"));
+    QVERIFY(overlayFilter(QDate(2026, 10, 14), 0).contains("text='Wed Oct 14 2026 "));
+}
+
+int main(int argc, char* argv[]) {
+    qputenv("LC_ALL", "ja_JP.UTF-8"); // Qt reads it once
+    QTEST_SET_MAIN_SOURCE_PATH
+    TestOverlayFilter test;
+    return QTest::qExec(&test, argc, argv);
+}
 #include "test_overlayfilter.moc"

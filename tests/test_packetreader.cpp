@@ -3,12 +3,14 @@
 #include "files.h"
 #include "logging.h"
 #include "media.h"
+#include "pipewriter.h"
 #include "probe.h"
 
-#include <QFile>
 #include <QTemporaryDir>
 #include <QtEndian>
 #include <QtTest>
+
+#include <sys/stat.h>
 
 namespace {
 
@@ -32,6 +34,9 @@ private Q_SLOTS:
     void startsOverWhenOpenedAgain();
     void errorEndsTheFileForGood();
     void interruptEndsTheRead();
+    void interruptEndsTheOpenOfASilentPipe();
+    void interruptEndsTheOpenOfAStalledPipe();
+    void readsAPipeOnce();
     void nothingWhileClosed();
 
 private:
@@ -78,6 +83,8 @@ void TestPacketReader::startsOverWhenOpenedAgain() {
     const QVector<qint64> first = readTimes(reader);
     QVERIFY(openFile(reader, "whole.mp4"));
     QCOMPARE(readTimes(reader), first);
+    QVERIFY(reader.reopen());
+    QCOMPARE(readTimes(reader), first);
 }
 
 void TestPacketReader::errorEndsTheFileForGood() {
@@ -88,10 +95,7 @@ void TestPacketReader::errorEndsTheFileForGood() {
     QVERIFY(box > 0);
     QVERIFY(qFromBigEndian<quint32>(content.constData() + box + 8) > 3);
     qToBigEndian(quint32(0x7FFFFFF0), content.data() + box + 12 + 2 * 4);
-    QFile file(path("hole.mp4"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    QCOMPARE(file.write(content), qint64(content.size()));
-    file.close();
+    QVERIFY(writeFile(path("hole.mp4"), content));
 
     PacketReader reader;
     QVERIFY(openFile(reader, "hole.mp4"));
@@ -111,6 +115,42 @@ void TestPacketReader::interruptEndsTheRead() {
     QVERIFY(reader.read().has_value());
     interrupted = true;
     QVERIFY(reader.isInterrupted());
+    QVERIFY(!reader.read());
+}
+
+void TestPacketReader::interruptEndsTheOpenOfASilentPipe() {
+    QCOMPARE(::mkfifo(path("silent").toUtf8().constData(), 0600), 0);
+    int asked = 0;
+    PacketReader reader;
+    reader.setInterrupt([&asked] { return ++asked > 3; });
+    QVERIFY(!openFile(reader, "silent"));
+    QCOMPARE(reader.errorText(), QString("Immediate exit requested"));
+}
+
+void TestPacketReader::interruptEndsTheOpenOfAStalledPipe() {
+    // The demuxer is known by then, and waits for what it needs to know of the streams.
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=s=64x48:r=25:d=1", "-c:v", "mpeg2video",
+                           path("whole.ts")}));
+    PipeWriter writer(path("stalled"), readFile(path("whole.ts")).left(20 * 188));
+    int asked = 0;
+    PacketReader reader;
+    reader.setInterrupt([&] { return writer.hasWrittenHalf() && ++asked > 5; });
+    QVERIFY(!openFile(reader, "stalled"));
+    QVERIFY(asked > 5);
+}
+
+void TestPacketReader::readsAPipeOnce() {
+    QVERIFY(media::encode({"-i", path("whole.mp4"), "-c", "copy", path("whole.mkv")}));
+    PacketReader file;
+    QVERIFY(openFile(file, "whole.mkv"));
+    const QVector<qint64> times = readTimes(file);
+    PipeWriter writer(path("pipe"), readFile(path("whole.mkv")));
+    writer.goOn();
+    PacketReader reader;
+    QVERIFY(openFile(reader, "pipe"));
+    QCOMPARE(readTimes(reader), times);
+    QVERIFY(!reader.reopen());
+    QCOMPARE(reader.errorText(), QString("a pipe cannot be read again"));
     QVERIFY(!reader.read());
 }
 

@@ -58,7 +58,9 @@ class TestRegionClips : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase_data();
     void initTestCase();
+    void init();
     void rectangle();
     void freeShape();
 
@@ -70,12 +72,24 @@ private:
     QVector<FoundClip> everywhere;
 };
 
+void TestRegionClips::initTestCase_data() {
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<QString>("name");
+    QTest::newRow("shipped") << recordingsDirectory() << QString("gate.avi");
+    QTest::newRow("footage") << footageDirectory() << QString("highway.avi");
+}
+
 void TestRegionClips::initTestCase() {
-    KESTROVA_REQUIRE_FOOTAGE();
     QCoreApplication::setOrganizationName("kestrova");
     QCoreApplication::setApplicationName("kestrova");
     QSettings().clear();
-    video = QDir(footageDirectory()).filePath("highway.avi");
+}
+
+void TestRegionClips::init() {
+    QFETCH_GLOBAL(QString, folder);
+    QFETCH_GLOBAL(QString, name);
+    KESTROVA_REQUIRE_FOLDER(folder);
+    video = QDir(folder).filePath(name);
     everywhere = scanned(video, {});
     QVERIFY(!everywhere.isEmpty());
 }

@@ -2,6 +2,7 @@
 
 #include "files.h"
 #include "media.h"
+#include "pipewriter.h"
 #include "process.h"
 
 #include <QFileInfo>
@@ -12,7 +13,10 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <sys/stat.h>
+
 #include <csignal>
+#include <unistd.h>
 
 namespace {
 
@@ -42,7 +46,12 @@ private Q_SLOTS:
     void colonsAndSpacesInNames();
     void namesWithPlaceholders();
     void traceNeverOverwritesAVideo();
+    void traceNeverOverwritesTheMask();
+    void emptyRegionsAreWarnedOf();
     void namesInUtf8WithoutALocale();
+    void namesThatAreNotUtf8();
+    void namesCannotSteerATerminal();
+    void longestNames();
     void storedSettingsAreNotRead();
     void worksWithoutADisplay();
     void helpAndVersion();
@@ -53,6 +62,11 @@ private Q_SLOTS:
     void fullDiskIsNoSuccess();
     void interruptWritesTheOpenClip_data();
     void interruptWritesTheOpenClip();
+    void readsPipes();
+    void interruptEndsTheWaitForAPipe_data();
+    void interruptEndsTheWaitForAPipe();
+    void othersGoOnBesideAStalledPipe();
+    void playlistsAreNamed();
     void needsNoWidgets();
 
 private:
@@ -240,6 +254,28 @@ void TestScan::maskAndRectangleLimitTheRegion() {
     QCOMPARE(clips({"--mask", folder.filePath("all.png")}), 1);
 }
 
+void TestScan::emptyRegionsAreWarnedOf() {
+    QImage mask(32, 24, QImage::Format_ARGB32);
+    mask.fill(Qt::red);
+    QVERIFY(mask.save(folder.filePath("red.png")));
+    const QByteArray warning =
+        "kestrova-scan: " + video.toUtf8() +
+        ": warning: the region selects nothing of its pictures, so no motion "
+        "is found\n";
+    const auto run = [this](const QString& option, const QString& value) {
+        return scan({"--quiet", option, value, video});
+    };
+    for (const ProcessResult& result : {run("--mask", folder.filePath("red.png")),
+                                        run("--roi", "320,0,10,10"), run("--roi", "-10,0,10,10")}) {
+        QCOMPARE(result.status, 0);
+        QCOMPARE(result.errors, warning);
+    }
+    mask.setPixelColor(0, 0, Qt::green);
+    QVERIFY(mask.save(folder.filePath("red.png")));
+    QCOMPARE(run("--mask", folder.filePath("red.png")).errors, QByteArray());
+    QCOMPARE(run("--roi", "319,239,10,10").errors, QByteArray());
+}
+
 void TestScan::colonsAndSpacesInNames() {
     QVERIFY(QFile::copy(video, folder.filePath("cam:2026-11-20T12:00 %d.mp4")));
     QProcess process;
@@ -267,11 +303,31 @@ void TestScan::namesWithPlaceholders() {
 void TestScan::traceNeverOverwritesAVideo() {
     const QString copy = folder.filePath("precious.mp4");
     QVERIFY(QFile::copy(video, copy));
-    const QString link = folder.filePath("link.mp4");
-    QVERIFY(QFile::link(copy, link));
-    const ProcessResult result = scan({"--trace", link, video, copy});
+    const QString symbolic = folder.filePath("symbolic.mp4");
+    QVERIFY(QFile::link(copy, symbolic));
+    const QString hard = folder.filePath("hard.mp4");
+    QVERIFY(link(copy.toUtf8().constData(), hard.toUtf8().constData()) == 0);
+    for (const QString& trace : {copy, symbolic, hard}) {
+        const ProcessResult result = scan({"--trace", trace, video, copy});
+        QCOMPARE(result.status, 2);
+        QVERIFY2(result.errors.contains(("--trace would overwrite the video '" + copy).toUtf8()),
+                 result.errors.constData());
+        QCOMPARE(readFile(copy), readFile(video));
+    }
+}
+
+void TestScan::traceNeverOverwritesTheMask() {
+    QImage mask(8, 8, QImage::Format_ARGB32);
+    mask.fill(Qt::green);
+    const QString path = folder.filePath("mask.png");
+    QVERIFY(mask.save(path));
+    const QByteArray before = readFile(path);
+    const QString hard = folder.filePath("mask-too.png");
+    QVERIFY(link(path.toUtf8().constData(), hard.toUtf8().constData()) == 0);
+    const ProcessResult result = scan({"--mask", path, "--trace", hard, video});
     QCOMPARE(result.status, 2);
-    QCOMPARE(readFile(copy), readFile(video));
+    QVERIFY(result.errors.contains(("--trace would overwrite the mask '" + path).toUtf8()));
+    QCOMPARE(readFile(path), before);
 }
 
 void TestScan::namesInUtf8WithoutALocale() {
@@ -286,6 +342,78 @@ void TestScan::namesInUtf8WithoutALocale() {
     QVERIFY(process.waitForFinished());
     QCOMPARE(process.exitCode(), 0);
     QCOMPARE(jsonLines(process.readAllStandardOutput()).last()["video"].toString(), name);
+}
+
+void TestScan::namesThatAreNotUtf8() {
+    const QByteArray name = "caf\xe9 \x82\xa0,.mp4";
+    const QByteArray pictures = folder.path().toUtf8() + "/pictures \xff";
+    const QByteArray path = folder.path().toUtf8() + '/' + name;
+    QVERIFY(link(video.toUtf8().constData(), path.constData()) == 0);
+    // Through the shell, since this program itself does not know such names.
+    QVERIFY(qputenv("NAME", path) && qputenv("PICTURES", pictures));
+    const auto run = [](const QStringList& options) {
+        return runProgram("/bin/sh", QStringList{"-c",
+                                                 "exec \"$0\" --minimum 2 --postrecord 2 "
+                                                 "--snapshots \"$PICTURES\" \"$@\" \"$NAME\"",
+                                                 media::programDirectory() + "/kestrova-scan"} +
+                                         options);
+    };
+    const QByteArray picture = pictures + "/" + name + "-0000.png";
+    const ProcessResult text = run({});
+    QCOMPARE(text.status, 0);
+    QVERIFY(text.output.startsWith(path + "  #0  "));
+    QVERIFY(text.output.endsWith("  " + picture + '\n'));
+    QVERIFY(text.errors.startsWith(path + ": clips: 1"));
+    QVERIFY(access(picture.constData(), R_OK) == 0);
+
+    const ProcessResult csv = run({"--format", "csv"});
+    QVERIFY(csv.output.contains("\r\n\"" + path + "\",0,"));
+    QVERIFY(csv.output.contains(",\"" + picture + "\"\r\n"));
+
+    const QList<QJsonObject> lines = jsonLines(run({"--format", "jsonl"}).output);
+    for (const QJsonObject& line : lines) {
+        QVERIFY(line["video"].toString().contains(QChar::ReplacementCharacter));
+        QCOMPARE(QByteArray::fromBase64(line["videoBytes"].toString().toLatin1()), path);
+    }
+    QCOMPARE(lines.size(), 2);
+    QCOMPARE(QByteArray::fromBase64(lines[0]["snapshotBytes"].toString().toLatin1()), picture);
+    const QByteArray good = scan({"--format", "jsonl", video}).output;
+    QVERIFY(!good.contains("Bytes"));
+}
+
+void TestScan::namesCannotSteerATerminal() {
+    const QString odd = folder.filePath("a\n\t\x1b[2J\\.mp4");
+    QVERIFY(QFile::copy(video, odd));
+    const ProcessResult result = scan({"--minimum", "2", "--postrecord", "2", "--snapshots",
+                                       folder.filePath("steer"), odd, odd + "missing"});
+    QCOMPARE(result.status, 1);
+    const QByteArray shown = "a\\n\\t\\x1b[2J\\\\.mp4";
+    QVERIFY2(result.output.startsWith(folder.path().toUtf8() + '/' + shown + "  #0  "),
+             result.output.constData());
+    QVERIFY(result.output.endsWith("/steer/" + shown + "-0000.png\n"));
+    QCOMPARE(result.output.count('\n'), 1);
+    QVERIFY(result.errors.contains('/' + shown + ": clips: 1, length: "));
+    QVERIFY(result.errors.contains('/' + shown + "missing: No such file"));
+    QCOMPARE(result.errors.count('\n'), 2);
+    QVERIFY(!(result.output + result.errors).contains('\x1b'));
+    QVERIFY(QFileInfo::exists(folder.filePath("steer/a\n\t\x1b[2J\\.mp4-0000.png")));
+
+    const ProcessResult rejected = scan({"--format", "\x1b[2J", odd});
+    QVERIFY(rejected.errors.contains("'\\x1b[2J'"));
+    // The formats for programs keep names as they are.
+    QVERIFY(scan({"--format", "csv", "--minimum", "2", odd}).output.contains("\t\x1b[2J\\.mp4\","));
+}
+
+void TestScan::longestNames() {
+    const QString longest = folder.filePath(QString(251, 'a') + ".mp4");
+    QVERIFY(QFile::copy(video, longest));
+    const ProcessResult result = scan({"--format", "jsonl", "--minimum", "2", "--postrecord", "2",
+                                       "--snapshots", folder.filePath("long"), longest, longest});
+    QVERIFY2(result.status == 0, result.errors.constData());
+    const QList<QJsonObject> lines = jsonLines(result.output);
+    for (const int clip : {0, 2})
+        QCOMPARE(QImage(lines[clip]["snapshot"].toString()).size(), QSize(320, 240));
+    QVERIFY(lines[0]["snapshot"].toString() != lines[2]["snapshot"].toString());
 }
 
 void TestScan::storedSettingsAreNotRead() {
@@ -358,6 +486,10 @@ void TestScan::usageErrors_data() {
     row({"--roi", "1,2,3,4", "--mask", "/nonexistent.png", "x.mp4"}, "exclude each other");
     row({"--format", "xml", "x.mp4"}, "'xml'");
     row({"--snapshots", "", "x.mp4"}, "--snapshots");
+    row({"--mask=", "x.mp4"}, "--mask needs a name");
+    row({"--roi=", "x.mp4"}, "--roi takes");
+    row({"--trace=", "x.mp4"}, "--trace needs a name");
+    row({"--prerecord=", "x.mp4"}, "--prerecord takes a number");
     row({"--jobs", "0", "x.mp4"}, "--jobs takes");
     row({"--threads", "-1", "x.mp4"}, "--threads takes");
 }
@@ -369,6 +501,9 @@ void TestScan::usageErrors() {
     QCOMPARE(result.status, 2);
     QVERIFY2(result.errors.contains(message), result.errors.constData());
     QVERIFY(result.errors.contains("--help"));
+    // No library has a word of its own beside it.
+    QVERIFY(result.errors.startsWith("kestrova-scan: "));
+    QCOMPARE(result.errors.count('\n'), 2);
     QCOMPARE(result.output, QByteArray());
 }
 
@@ -434,6 +569,91 @@ void TestScan::interruptWritesTheOpenClip() {
     QCOMPARE(lines[1]["state"].toString(), QStringLiteral("cancelled"));
     QCOMPARE(lines[0]["end"].toDouble(), lines[1]["seconds"].toDouble());
     QVERIFY(lines[1]["frames"].toInt() < 1490);
+}
+
+void TestScan::readsPipes() {
+    const QString recording = folder.filePath("garden.mkv");
+    QVERIFY(media::encode({"-i", video, "-c", "copy", recording}));
+    const QStringList options = {"--format", "csv", "--minimum", "2", "--postrecord", "2"};
+    QByteArray expected = scan(options + QStringList{recording}).output;
+    const QString pipe = folder.filePath("pipe.mkv");
+    PipeWriter writer(pipe, readFile(recording));
+    writer.goOn();
+    const ProcessResult result = scan(options + QStringList{pipe});
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.output, expected.replace(recording.toUtf8(), pipe.toUtf8()));
+    QVERIFY(expected.count('\n') > 1);
+
+    QProcess process;
+    process.setStandardInputFile(recording);
+    process.start("/bin/sh",
+                  {"-c", "cat | \"$0\" \"$@\"", media::programDirectory() + "/kestrova-scan",
+                   "--format", "jsonl", "--quiet", "/dev/stdin"});
+    QVERIFY(process.waitForFinished());
+    const QList<QJsonObject> lines = jsonLines(process.readAllStandardOutput());
+    QCOMPARE(process.exitCode(), 0);
+    QCOMPARE(lines.last()["state"].toString(), QStringLiteral("finished"));
+    QVERIFY(lines.last()["frames"].toInt() > 490);
+}
+
+void TestScan::interruptEndsTheWaitForAPipe_data() {
+    QTest::addColumn<bool>("isHalfThere");
+    QTest::newRow("nothing comes") << false;
+    QTest::newRow("the second half does not come") << true;
+}
+
+void TestScan::interruptEndsTheWaitForAPipe() {
+    QFETCH(bool, isHalfThere);
+    const QString recording = folder.filePath("long.ts");
+    QVERIFY(media::encode(
+        {"-f", "lavfi", "-i", "testsrc2=s=64x48:r=25:d=120", "-c:v", "mpeg2video", recording}));
+    const QString pipe = folder.filePath(isHalfThere ? "half.ts" : "nothing.ts");
+    const PipeWriter writer(pipe, isHalfThere ? readFile(recording) : QByteArray());
+    const QString trace = folder.filePath("pipe.trace");
+    QFile::remove(trace);
+    QProcess process;
+    process.start(media::programDirectory() + "/kestrova-scan",
+                  {"--format", "jsonl", "--trace", trace, pipe, video});
+    QTRY_VERIFY(writer.hasWrittenHalf() && (!isHalfThere || QFileInfo(trace).size() > 0));
+    ::kill(pid_t(process.processId()), SIGINT);
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitStatus(), QProcess::NormalExit);
+    QCOMPARE(process.exitCode(), 130);
+    const QList<QJsonObject> lines = jsonLines(process.readAllStandardOutput());
+    QVERIFY(!lines.isEmpty());
+    QCOMPARE(lines.last()["video"].toString(), pipe);
+    QCOMPARE(lines.last()["state"].toString(), QStringLiteral("cancelled"));
+    QCOMPARE(lines.last()["frames"].toInt() > 0, isHalfThere);
+}
+
+void TestScan::othersGoOnBesideAStalledPipe() {
+    const QString pipe = folder.filePath("nobody.mkv");
+    QCOMPARE(::mkfifo(pipe.toUtf8().constData(), 0600), 0);
+    QProcess process;
+    process.start(media::programDirectory() + "/kestrova-scan",
+                  {"--format", "jsonl", "--jobs", "2", video, pipe, video});
+    // What the last one finds is printed behind the pipe's end, but its summary comes at once.
+    QByteArray errors;
+    QTRY_VERIFY((errors += process.readAllStandardError()).count(": clips: ") == 2);
+    ::kill(pid_t(process.processId()), SIGTERM);
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 130);
+    QStringList states;
+    for (const QJsonObject& line : jsonLines(process.readAllStandardOutput())) {
+        if (line.contains("state"))
+            states.append(line["state"].toString());
+    }
+    QCOMPARE(states, QStringList({"finished", "cancelled", "finished"}));
+}
+
+void TestScan::playlistsAreNamed() {
+    const QString playlist = folder.filePath("live.mp4");
+    QVERIFY(writeFile(playlist, "#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:20,\ngarden.mp4\n"));
+    const ProcessResult result = scan({"--format", "jsonl", playlist});
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.errors,
+             "kestrova-scan: " + playlist.toUtf8() + ": a playlist, not a recording\n");
+    QCOMPARE(jsonLines(result.output).first()["state"].toString(), QStringLiteral("failed"));
 }
 
 void TestScan::needsNoWidgets() {

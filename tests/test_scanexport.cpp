@@ -3,6 +3,7 @@
 #include "clipprobe.h"
 #include "encoderstand.h"
 #include "files.h"
+#include "heldtrace.h"
 #include "media.h"
 
 #include <QDir>
@@ -13,6 +14,8 @@
 #include <QtTest>
 
 #include <csignal>
+#include <limits>
+#include <unistd.h>
 
 namespace {
 
@@ -31,6 +34,35 @@ QString scannerPath() {
     return QCoreApplication::applicationDirPath() + "/kestrova-scan";
 }
 
+/// The one of the `times` (like "09:05:04") that stands in the overlay: the one that it looks most
+/// like when it is drawn by itself.
+QString writtenTime(const QImage& picture, const QStringList& times) {
+    const QRect overlay(10, 8, 300, 18);
+    QTemporaryDir folder;
+    QString best;
+    qint64 least = std::numeric_limits<qint64>::max();
+    for (const QString& time : times) {
+        const QString text =
+            QStringLiteral("drawtext=fontfile=%1/DejaVuSansMono.ttf:x=10:y=10:fontcolor=white:"
+                           "text='Mon Nov 16 2026  %2.000'")
+                .arg(media::programDirectory(), QString(time).replace(":", "\\:"));
+        const QString drawn = folder.filePath("drawn.png");
+        if (!media::encode({"-f", "lavfi", "-i", "color=black:s=480x120", "-vf", text, "-frames:v",
+                            "1", drawn}))
+            return "cannot draw";
+        const QImage other(drawn);
+        qint64 difference = 0;
+        for (int y = overlay.top(); y <= overlay.bottom(); ++y) {
+            for (int x = overlay.left(); x <= overlay.right(); ++x)
+                difference += qAbs(qGray(picture.pixel(x, y)) - qGray(other.pixel(x, y)));
+        }
+        if (difference < least)
+            best = time;
+        least = qMin(least, difference);
+    }
+    return best;
+}
+
 } // namespace
 
 class TestScanExport : public QObject {
@@ -43,13 +75,22 @@ private Q_SLOTS:
     void cleanupTestCase();
 
     void exportsEachClip();
+    void relativeFolderIsOfTheCaller();
     void everyRecordingGetsItsOwnFolder();
+    void foldersAreNamedInOrder_data();
+    void foldersAreNamedInOrder();
+    void recordingsWithoutClipsGetNoFolder();
+    void folderThatIsTakenMeanwhile();
+    void namesOfAnyBytes();
+    void longestNames();
     void defaultsReachTheEncoder();
     void optionsReachTheEncoder();
     void intraCodedRecording();
     void startTimeIsTheClockOnTheWall_data();
     void startTimeIsTheClockOnTheWall();
     void overlayIsWritten();
+    void writtenTimeIsTheClock_data();
+    void writtenTimeIsTheClock();
     void csvHasColumnsForIt();
     void textNamesTheFile();
     void withoutExportNothingIsMade();
@@ -133,12 +174,98 @@ void TestScanExport::exportsEachClip() {
              qPrintable(QString::number(probe.seconds)));
 }
 
+void TestScanExport::relativeFolderIsOfTheCaller() {
+    encoder->useRealEncoder(); // which runs elsewhere
+    const ScanResult result = scan({"--export", "relative", "--format", "jsonl", "garden.mp4"});
+    QCOMPARE(result.status, 0);
+    const QString file = recordings.filePath("relative/garden_mp4_0/0000.avi");
+    QCOMPARE(jsonLines(result.output)[0]["file"].toString(), file);
+    QVERIFY(QFileInfo(file).size() > 0);
+    QVERIFY(QDir(recordings.filePath("relative")).removeRecursively());
+}
+
 void TestScanExport::everyRecordingGetsItsOwnFolder() {
     QVERIFY(scan({"--export", clips->path(), recording, recording}).status == 0);
     QVERIFY(scan({"--export", clips->path(), recording}).status == 0);
     QCOMPARE(QDir(clips->path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
              QStringList({"garden_mp4_0", "garden_mp4_1", "garden_mp4_2"}));
     QCOMPARE(encoder->calls().size(), 3);
+}
+
+void TestScanExport::foldersAreNamedInOrder_data() {
+    QTest::addColumn<QString>("jobs");
+    QTest::newRow("one after another") << "1";
+    QTest::newRow("side by side") << "4";
+}
+
+void TestScanExport::foldersAreNamedInOrder() {
+    QFETCH(QString, jobs);
+    QVERIFY(QDir(clips->path()).mkdir("garden_mp4_1"));
+    const ScanResult result = scan({"--export", clips->path(), "--format", "jsonl", "--jobs", jobs,
+                                    recording, path("missing/garden.mp4"), recording, recording});
+    QCOMPARE(result.status, 1);
+    QStringList files;
+    for (const QJsonObject& line : jsonLines(result.output)) {
+        if (line.contains("file"))
+            files.append(line["file"].toString());
+    }
+    QCOMPARE(files, QStringList({path("garden_mp4_0/0000.avi"), path("garden_mp4_3/0000.avi"),
+                                 path("garden_mp4_4/0000.avi")}));
+    QVERIFY(!QFileInfo::exists(path("garden_mp4_2"))); // of the one that is missing
+}
+
+void TestScanExport::recordingsWithoutClipsGetNoFolder() {
+    const ScanResult result = scan({"--export", path("out"), "--minimum", "20", recording,
+                                    path("missing.mp4"), recordings.path()});
+    QCOMPARE(result.status, 1);
+    QCOMPARE(result.output, QByteArray());
+    QVERIFY(QFileInfo(path("out")).isDir());
+    QVERIFY(QDir(path("out")).isEmpty());
+}
+
+void TestScanExport::folderThatIsTakenMeanwhile() {
+    HeldTrace trace(path("trace"));
+    QProcess process;
+    process.start(scannerPath(),
+                  oneClip + QStringList{"--export", path("out"), "--format", "jsonl", "--trace",
+                                        trace.path(), recording, recording});
+    QTRY_VERIFY(trace.isHolding());
+    QVERIFY(QDir(path("out")).mkdir("garden_mp4_0"));
+    trace.letGo();
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 0);
+    const QList<QJsonObject> lines = jsonLines(process.readAllStandardOutput());
+    QCOMPARE(lines[0]["file"].toString(), path("out/garden_mp4_2/0000.avi"));
+    QCOMPARE(lines[2]["file"].toString(), path("out/garden_mp4_1/0000.avi"));
+    QVERIFY(QDir(path("out/garden_mp4_0")).isEmpty());
+}
+
+void TestScanExport::namesOfAnyBytes() {
+    encoder->useRealEncoder();
+    const QByteArray name = recordings.path().toUtf8() + "/caf\xe9\n\x1b.mp4";
+    const QByteArray out = clips->path().toUtf8() + "/out \xff";
+    QVERIFY(link(recording.toUtf8().constData(), name.constData()) == 0);
+    QVERIFY(qputenv("NAME", name) && qputenv("OUT", out));
+    QProcess process;
+    process.start("/bin/sh", QStringList{"-c", "exec \"$0\" \"$@\" --export \"$OUT\" \"$NAME\"",
+                                         scannerPath(), "--start-time", "2026-11-16T09:05:00"} +
+                                 oneClip);
+    QVERIFY(process.waitForFinished());
+    unlink(name.constData());
+    QCOMPARE(process.exitCode(), 0);
+    QVERIFY(
+        process.readAllStandardOutput().endsWith("  " + out + "/caf\xe9\\n\\x1b_mp4_0/0000.avi\n"));
+    QVERIFY(access(QByteArray(out + "/caf\xe9\n\x1b_mp4_0/0000.avi").constData(), R_OK) == 0);
+}
+
+void TestScanExport::longestNames() {
+    encoder->useRealEncoder();
+    const QString name = recordings.filePath(QString(251, 'a') + ".mp4");
+    QVERIFY(QFile::copy(recording, name));
+    const ScanResult result = scan({"--export", clips->path(), "--format", "jsonl", name, name});
+    QVERIFY2(result.status == 0, result.errors.constData());
+    QCOMPARE(QDir(clips->path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 2);
+    QVERIFY(QFile::remove(name));
 }
 
 void TestScanExport::defaultsReachTheEncoder() {
@@ -169,19 +296,35 @@ void TestScanExport::intraCodedRecording() {
 
 void TestScanExport::startTimeIsTheClockOnTheWall_data() {
     QTest::addColumn<QString>("startTime");
-    QTest::newRow("local") << "2026-11-16T09:05:00";
-    QTest::newRow("UTC") << "2026-11-16T09:05:00Z";
-    QTest::newRow("with an offset") << "2026-11-16T09:05:00+02:00";
-    QTest::newRow("with a fraction") << "2026-11-16T09:05:00.250";
+    QTest::addColumn<QString>("shown");
+    QTest::addColumn<QByteArray>("zone");
+    const QString shown = "Mon Nov 16 2026 %{pts\\:hms\\:32704}";
+    QTest::newRow("local") << "2026-11-16T09:05:00" << shown << QByteArray("UTC");
+    QTest::newRow("UTC") << "2026-11-16T09:05:00Z" << shown << QByteArray("Asia/Tokyo");
+    QTest::newRow("with an offset")
+        << "2026-11-16T09:05:00+02:00" << shown << QByteArray("Asia/Tokyo");
+    QTest::newRow("with a fraction") << "2026-11-16T09:05:00.250" << shown << QByteArray("UTC");
+    QTest::newRow("that this machine's clock leaves out")
+        << "2026-03-29T02:30:00"
+        << "Sun Mar 29 2026 %{pts\\:hms\\:9004}" << QByteArray("Europe/Berlin");
+    QTest::newRow("midnight that it leaves out")
+        << "2018-11-04"
+        << "Sun Nov 4 2018 %{pts\\:hms\\:4}" << QByteArray("America/Sao_Paulo");
 }
 
 void TestScanExport::startTimeIsTheClockOnTheWall() {
     QFETCH(QString, startTime);
+    QFETCH(QString, shown);
+    QFETCH(QByteArray, zone);
+    // Clocks were put forward in that very hour, and at that very midnight.
+    qputenv("TZ", zone);
     // The clip starts in second 4 of the recording: 9:05:04 is second 32704 of the day.
-    QCOMPARE(argumentsOf({"--start-time", startTime, recording}).mid(0, 2),
-             QStringList({"-vf", "drawtext=fontfile=DejaVuSansMono.ttf:text='Mon Nov 16 2026 "
-                                 "%{pts\\:hms\\:32704}':x=10:y=10:fontcolor=white:box=1:"
-                                 "boxborderw=3:boxcolor=0x00000000@1"}));
+    const QStringList arguments = argumentsOf({"--start-time", startTime, recording});
+    qunsetenv("TZ");
+    QCOMPARE(arguments.mid(0, 2),
+             QStringList({"-vf", "drawtext=fontfile=DejaVuSansMono.ttf:text='" + shown +
+                                     "':x=10:y=10:fontcolor=white:box=1:"
+                                     "boxborderw=3:boxcolor=0x00000000@1"}));
 }
 
 void TestScanExport::overlayIsWritten() {
@@ -191,6 +334,38 @@ void TestScanExport::overlayIsWritten() {
     QVERIFY2(result.status == 0, result.errors.constData());
     QVERIFY(hasOverlay(firstPicture(path("garden_mp4_0/0000.mp4"))));
     QVERIFY(!hasOverlay(firstPicture(recording)));
+}
+
+void TestScanExport::writtenTimeIsTheClock_data() {
+    QTest::addColumn<QStringList>("codec");
+    QTest::addColumn<QString>("startTime");
+    QTest::addColumn<QString>("shown"); // second 4 of the recording, where the clip starts
+    const QStringList intra = {"-c:v", "mjpeg", "-q:v", "3"};
+    const QStringList inter = {"-c:v", "mpeg4", "-q:v", "3", "-g", "25"};
+    QTest::newRow("intra-coded") << intra << "2026-11-16T09:05:00"
+                                 << "09:05:04";
+    QTest::newRow("intra-coded, midnight") << intra << "2026-11-16T23:59:58"
+                                           << "00:00:02";
+    QTest::newRow("other") << inter << "2026-11-16T09:05:00"
+                           << "09:05:04";
+    QTest::newRow("other, midnight") << inter << "2026-11-16T23:59:58"
+                                     << "00:00:02";
+}
+
+void TestScanExport::writtenTimeIsTheClock() {
+    QFETCH(QStringList, codec);
+    QFETCH(QString, startTime);
+    QFETCH(QString, shown);
+    encoder->useRealEncoder();
+    const QString wide = path("wide.avi");
+    QVERIFY(media::encode(media::crossingBox(20, 7, 13, "480x120") + codec + QStringList{wide}));
+    const ScanResult result =
+        scan({"--export", clips->path(), "--start-time", startTime, "--container", "mp4", wide});
+    QVERIFY2(result.status == 0, result.errors.constData());
+    QStringList times;
+    for (int second = 0; second < 12; ++second)
+        times.append(shown.left(6) + QStringLiteral("%1").arg(second, 2, 10, QLatin1Char('0')));
+    QCOMPARE(writtenTime(firstPicture(path("wide_avi_0/0000.mp4")), times), shown);
 }
 
 void TestScanExport::csvHasColumnsForIt() {

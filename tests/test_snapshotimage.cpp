@@ -10,6 +10,8 @@ extern "C" {
 
 #include <QtTest>
 
+#include <cstdint>
+
 namespace {
 
 /// Turns a picture over in memory: same picture, every plane stored bottom-up.

@@ -15,6 +15,8 @@ extern "C" {
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <cstdint>
+
 namespace {
 
 struct Picture {
@@ -99,7 +101,8 @@ private Q_SLOTS:
     void sizeChange();
     void missingStamps();
     void startInTheMiddleOfAGroup();
-    void realRecordings();
+    void wholeRecordings_data();
+    void wholeRecordings();
 
 private:
     QTemporaryDir folder;
@@ -279,14 +282,23 @@ void TestThreads::startInTheMiddleOfAGroup() {
     }
 }
 
-void TestThreads::realRecordings() {
-    KESTROVA_REQUIRE_FOOTAGE();
-    QDir footage(footageDirectory());
+void TestThreads::wholeRecordings_data() {
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<int>("count");
+    QTest::newRow("shipped") << recordingsDirectory() << 3;
+    QTest::newRow("footage") << footageDirectory() << 11;
+}
+
+void TestThreads::wholeRecordings() {
+    QFETCH(QString, folder);
+    QFETCH(int, count);
+    KESTROVA_REQUIRE_FOLDER(folder);
+    const QDir recordings(folder);
     const QStringList names =
-        footage.entryList({"*.avi", "*.mp4", "*.mpg", "*.flv", "*.ts", "*.mov"});
-    QVERIFY(names.size() > 5);
+        recordings.entryList({"*.avi", "*.mp4", "*.mkv", "*.mpg", "*.flv", "*.ts", "*.mov"});
+    QCOMPARE(names.size(), count);
     for (const QString& name : names)
-        compareThreadCounts(footage.filePath(name));
+        compareThreadCounts(recordings.filePath(name));
 }
 
 QTEST_GUILESS_MAIN(TestThreads)

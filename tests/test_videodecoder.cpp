@@ -41,11 +41,6 @@ QVector<int> counting(int count, int first = 0) {
     return numbers;
 }
 
-bool writeFile(const QString& path, const QByteArray& content) {
-    QFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
-
 /// x264's arguments for a fixed number of B pictures between two others.
 QStringList h264(int bPictures) {
     return {"-c:v",         "libx264",

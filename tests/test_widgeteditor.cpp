@@ -99,6 +99,9 @@ private Q_SLOTS:
     void moveWithoutStrokeDoesNothing();
     void nextPictureEmptiesTheMaskOnly();
     void modeSwitchDuringAStrokeIsHarmless();
+    void strokeIsDropped_data();
+    void strokeIsDropped();
+    void clearAndInvertOutlastADroppedStroke();
     void withoutPictureStrokesAreHarmless_data();
     void withoutPictureStrokesAreHarmless();
     void strokeFarOutsideIsHarmless();
@@ -509,6 +512,67 @@ void TestWidgetEditor::modeSwitchDuringAStrokeIsHarmless() {
     mouse::release(editor, {100, 100});
     QVERIFY(editor.hasRoi());
     QCOMPARE(*editor.mask(), maskOf({100, 100}, *editor.roiRect()));
+}
+
+void TestWidgetEditor::strokeIsDropped_data() {
+    QTest::addColumn<bool>("isRectangle");
+    QTest::addColumn<bool>("hadRegion");
+    QTest::addColumn<bool>("isHidden"); // else it gets another picture
+    for (const bool isRectangle : {true, false}) {
+        for (const bool hadRegion : {true, false}) {
+            for (const bool isHidden : {true, false})
+                QTest::addRow("%s, region %d, %s", isRectangle ? "rectangle" : "free", hadRegion,
+                              isHidden ? "hidden" : "next picture")
+                    << isRectangle << hadRegion << isHidden;
+        }
+    }
+}
+
+void TestWidgetEditor::strokeIsDropped() {
+    QFETCH(bool, isRectangle);
+    QFETCH(bool, hadRegion);
+    QFETCH(bool, isHidden);
+    SmallEditor editor;
+    editor.setRectangleMode(isRectangle);
+    if (hadRegion)
+        editor.outline({10, 20, 31, 41});
+    const QImage before = editor.pixels();
+    const QImage shownBefore = editor.grab().toImage();
+    const QSignalSpy updates(&editor, SIGNAL(roiUpdated()));
+    mouse::press(editor, {60, 60});
+    mouse::move(editor, {120, 90});
+    mouse::move(editor, {140, 140});
+    if (isHidden)
+        editor.hide();
+    else
+        editor.setImage(picture({100, 100}));
+    QCOMPARE(editor.hasRoi(), hadRegion);
+    // Whatever the window system still has to say about that button changes nothing.
+    editor.show();
+    for (const QEvent::Type type : {QEvent::MouseMove, QEvent::MouseButtonRelease}) {
+        QMouseEvent late(type, QPoint(150, 150), Qt::LeftButton, Qt::LeftButton, {});
+        QApplication::sendEvent(&editor, &late);
+    }
+    QCOMPARE(updates.count(), 0);
+    QCOMPARE(editor.hasRoi(), hadRegion);
+    if (isHidden)
+        QCOMPARE(editor.grab().toImage(), shownBefore);
+    QCOMPARE(editor.pixels(), isHidden ? before : maskOf({100, 100}, QRect()));
+}
+
+void TestWidgetEditor::clearAndInvertOutlastADroppedStroke() {
+    SmallEditor editor;
+    editor.drag({10, 10}, {59, 59});
+    mouse::press(editor, {60, 60});
+    editor.clear();
+    editor.hide();
+    QVERIFY(!editor.hasRoi());
+    editor.show();
+    mouse::press(editor, {60, 60});
+    editor.invert();
+    editor.hide();
+    QVERIFY(editor.hasRoi());
+    QCOMPARE(*editor.mask(), maskOf({100, 100}, QRect(0, 0, 100, 100)));
 }
 
 void TestWidgetEditor::withoutPictureStrokesAreHarmless_data() {

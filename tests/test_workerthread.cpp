@@ -1,14 +1,12 @@
+#include "ffmpegmutex.h"
+#include "files.h"
+#include "media.h"
 #include "video.h"
 #include "workerthread.h"
 
 #include <QElapsedTimer>
-#include <QFile>
 #include <QTemporaryDir>
 #include <QtTest>
-
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 class TestWorkerThread : public QObject {
     Q_OBJECT
@@ -61,7 +59,11 @@ void TestWorkerThread::cancelsAllJobs() {
 }
 
 void TestWorkerThread::cancelsAJobThatIsJustStarting() {
-    Video* job = addJob("/dev/zero"); // would be read for ever
+    // Of many hours, so that it would be read for long.
+    const QString recording = folder.filePath("long.m2v");
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=s=64x48:r=25:d=10", recording}));
+    QVERIFY(writeFile(recording, readFile(recording).repeated(400)));
+    Video* job = addJob(recording);
     job->moveToThread(thread.get());
     QMetaObject::invokeMethod(job, "detect");
     WorkerThread::stop(thread, jobs);
@@ -71,10 +73,11 @@ void TestWorkerThread::cancelsAJobThatIsJustStarting() {
 }
 
 void TestWorkerThread::givesUpAJobThatDoesNotEnd() {
-    // Opening a pipe waits until someone writes into it, and nothing can interrupt that.
-    const QString pipe = folder.filePath("pipe.avi");
-    QCOMPARE(mkfifo(QFile::encodeName(pipe).constData(), 0600), 0);
-    Video* stuck = addJob(pipe);
+    // As on a disk that does not answer: nothing can interrupt the wait for the mutex.
+    const QString recording = folder.filePath("short.avi");
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=s=64x48:r=25:d=1", recording}));
+    ffmpegMutex().lock();
+    Video* stuck = addJob(recording);
     Video* waiting = addJob("waiting.mp4");
     stuck->moveToThread(thread.get());
     QMetaObject::invokeMethod(stuck, "detect");
@@ -92,9 +95,7 @@ void TestWorkerThread::givesUpAJobThatDoesNotEnd() {
     QVERIFY(runningThread->isRunning());
     qDeleteAll(jobs);
 
-    const int writer = open(QFile::encodeName(pipe).constData(), O_WRONLY | O_CLOEXEC);
-    QVERIFY(writer >= 0);
-    close(writer);
+    ffmpegMutex().unlock();
     QTRY_VERIFY(runningThread->isFinished());
 }
 

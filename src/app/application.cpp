@@ -2,15 +2,35 @@
 
 #include "applicationicon.h"
 #include "commandlinepaths.h"
+#include "filenamecodec.h"
 #include "mainwindow.h"
+#include "picturesearch.h"
 #include "workerthread.h"
 
 #include <QApplication>
-#include <QTextCodec>
 
+#include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <string>
 
 namespace {
+
+/// What a lone --help or --version prints; empty for everything else.
+std::string answerTo(int argc, char* argv[]) {
+    const std::string argument = argc == 2 ? argv[1] : "";
+    std::error_code ignored;
+    if (std::filesystem::exists(argument, ignored))
+        return {};
+    if (argument == "--version")
+        return "kestrova " KESTROVA_VERSION "\n";
+    if (argument == "--help")
+        return "Usage: kestrova [VIDEO]...\n"
+               "Opens the window, and sets up the videos named. Of several the last one is shown.\n"
+               "Finds motion in recordings, shows it as clips and cuts them out.\n"
+               "Without a window: kestrova-scan --help\n";
+    return {};
+}
 
 int showMainWindow() {
     MainWindow window;
@@ -21,17 +41,20 @@ int showMainWindow() {
 } // namespace
 
 int runApplication(int argc, char* argv[]) {
-    // File names are UTF-8 also where the program is started without a locale.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    const std::string answer = answerTo(argc, argv);
+    if (!answer.empty())
+        return std::fputs(answer.c_str(), stdout) >= 0 && std::fflush(stdout) == 0 ? 0 : 1;
+    installFileNameCodec();
     CommandLinePaths paths(argc, argv);
     QApplication application(paths.count(), paths.arguments());
     QCoreApplication::setOrganizationName(QStringLiteral("kestrova"));
     QCoreApplication::setApplicationName(QStringLiteral("kestrova"));
+    QGuiApplication::setDesktopFileName(QStringLiteral("kestrova"));
     QGuiApplication::setWindowIcon(applicationIcon());
 
     const int status = showMainWindow();
-    // A worker that is still busy must not find the program's globals destroyed.
-    if (WorkerThread::isAnyAbandoned())
+    // A thread that is still busy must not find the program's globals destroyed.
+    if (WorkerThread::isAnyAbandoned() || PictureSearch::isAnyAbandoned())
         std::_Exit(status);
     return status;
 }

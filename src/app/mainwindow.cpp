@@ -4,26 +4,47 @@
 #include "addedfiles.h"
 #include "applicationicon.h"
 #include "batchprogress.h"
+#include "busycursor.h"
+#include "captiondelegate.h"
 #include "clip.h"
+#include "exportnotices.h"
+#include "fileurl.h"
 #include "settingsdialog.h"
 #include "ui_mainwindow.h"
 #include "video.h"
 #include "workerthread.h"
 
+#include <QApplication>
 #include <QCloseEvent>
+#include <QDeadlineTimer>
 #include <QDesktopServices>
+#include <QDir>
+#include <QDragEnterEvent>
+#include <QKeyEvent>
 #include <QMessageBox>
-#include <QUrl>
+#include <QMimeData>
+#include <QMouseEvent>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
 constexpr int statusIntervalMilliseconds = 1000;
 constexpr int backlogShownMilliseconds = 3000;
+constexpr int longestStartMilliseconds = 500; // with no window yet that could answer
+constexpr int sliceMilliseconds = 40;         // with one more file it stays below 100
+constexpr int pauseMilliseconds = 100;
 
 Clip* clipOf(QListWidgetItem* item) {
     return static_cast<Clip*>(item); // the list holds nothing else
+}
+
+QList<Clip*> clipsOf(const QList<QListWidgetItem*>& items) {
+    QList<Clip*> clips;
+    for (QListWidgetItem* item : items)
+        clips.append(clipOf(item));
+    return clips;
 }
 
 } // namespace
@@ -31,27 +52,52 @@ Clip* clipOf(QListWidgetItem* item) {
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , ui(std::make_unique<Ui::MainWindow>())
+    , startDirectory(QDir::currentPath())
+    , commandLineFiles(QCoreApplication::arguments().mid(1))
     , workerThread(std::make_unique<WorkerThread>()) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
+    ui->files->setItemDelegate(new CaptionDelegate(ui->files));
+    ui->files->viewport()->installEventFilter(this);
+    setAcceptDrops(true);
     connect(&statusTimer, SIGNAL(timeout()), SLOT(updateStatus()));
     connect(&editMaskWindow, SIGNAL(newVideo()), SLOT(newVideo()));
+    connect(&ExportNotices::instance(), SIGNAL(told(QString)), ui->statusBar,
+            SLOT(showMessage(QString)));
     editMaskWindow.installEventFilter(this);
     workerThread->start(QThread::InheritPriority);
     statusTimer.start(statusIntervalMilliseconds);
     updateActions();
-    const QStringList files = QCoreApplication::arguments().mid(1);
-    for (const QString& file : files)
-        editMaskWindow.addFile(file);
+    addCommandLineFiles(longestStartMilliseconds);
     updateStatus();
 }
 
 MainWindow::~MainWindow() {
     WorkerThread::stop(workerThread, videos);
     qDeleteAll(videos);
+    // A job that was given up lives on, and its clips could still be exported.
+    Clip::leaveQueue(clipsOf(ui->files->findItems({}, Qt::MatchContains)));
     // The list outlives this part of the window, and its selection ends with its items.
     disconnect(ui->files, nullptr, this, nullptr);
     ui.reset();
+}
+
+bool MainWindow::event(QEvent* event) {
+    if (event->type() == QEvent::KeyRelease || event->type() == QEvent::ShortcutOverride)
+        recognizeHeldReturn(static_cast<QKeyEvent&>(*event));
+    return QMainWindow::event(event);
+}
+
+/// A window system may tell of a key that is held down as of one that is released and pressed again
+/// at the same instant, which does not always reach us marked as a repetition. Return, which opens
+/// clips, then goes to the list, which has no use for it.
+void MainWindow::recognizeHeldReturn(QKeyEvent& event) {
+    if (event.key() != Qt::Key_Return)
+        return;
+    if (event.type() == QEvent::KeyRelease)
+        returnReleased = event.timestamp();
+    else if (event.timestamp() == returnReleased)
+        event.accept();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -59,22 +105,64 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
+    if (ui && watched == ui->files->viewport() && event->type() == QEvent::MouseButtonDblClick) {
+        // The list takes the double-click of any button for one that opens.
+        return static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton;
+    }
+    if (watched == &editMaskWindow && event->type() == QEvent::Close)
+        isSetupClosing = editMaskWindow.isVisible();
     // Only once everything is done that comes with it: accepted jobs arrive after the window hides.
-    if (watched == &editMaskWindow && event->type() == QEvent::Hide)
-        QTimer::singleShot(0, this, [this] { endUnseen(); });
+    if (watched == &editMaskWindow && event->type() == QEvent::Hide) {
+        const bool wasClosed = std::exchange(isSetupClosing, false);
+        QTimer::singleShot(0, this, [this, wasClosed] { endUnseen(wasClosed); });
+    }
     return QMainWindow::eventFilter(watched, event);
+}
+
+/// What takes longer goes on from the event loop, so that the windows answer.
+void MainWindow::addCommandLineFiles(int milliseconds) {
+    // What comes to the front now would cover the dialog that has to be answered first.
+    const bool isBlocked = QApplication::activeModalWidget();
+    const QDeadlineTimer deadline(milliseconds);
+    while (!isBlocked && !commandLineFiles.isEmpty() && !deadline.hasExpired())
+        editMaskWindow.addFile(commandLineFiles.takeFirst());
+    if (commandLineFiles.isEmpty()) {
+        busyCursor.reset();
+        return;
+    }
+    if (!busyCursor)
+        busyCursor = std::make_unique<BusyCursor>();
+    QTimer::singleShot(isBlocked ? pauseMilliseconds : 0, this,
+                       [this] { addCommandLineFiles(sliceMilliseconds); });
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent* event) {
+    if (!canBeDropped(*event->mimeData()))
+        return;
+    // What is dropped stays where it is, whatever the other program proposes.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+}
+
+void MainWindow::dropEvent(QDropEvent* event) {
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
+    const QStringList files = droppedFiles(*event->mimeData());
+    // The other program waits for the end of the drop, and must not wait for first pictures.
+    QTimer::singleShot(0, this, [this, files] { editMaskWindow.addFiles(files); });
 }
 
 /// Job setup hides itself when it has no more files. Where this window has been closed before, the
 /// program would then live on without a window: it ends, or, with jobs to do, shows itself again.
-void MainWindow::endUnseen() {
+/// A person who closes both windows wants the end.
+void MainWindow::endUnseen(bool wasSetupClosed) {
     const bool wasClosed = testAttribute(Qt::WA_WState_ExplicitShowHide) && isHidden();
     if (!wasClosed || editMaskWindow.isVisible())
         return;
     const bool hasJobs = std::any_of(videos.cbegin(), videos.cend(), [](const Video* video) {
         return video->state < Video::CancelRequested;
     });
-    if (hasJobs)
+    if (hasJobs && !wasSetupClosed)
         show();
     else
         QCoreApplication::quit();
@@ -94,11 +182,15 @@ void MainWindow::newClip(int index, const QImage& snapshot, double start, double
     auto* clip = new Clip(video, index, snapshot, start, end, snapshotTime);
     ui->files->insertItem(ui->files->count(), clip);
     updateActions();
+    // Meant to be asked for a second time, after the clip's constructor: a clip that is exported
+    // automatically reads "queued..." while its encoder runs.
     if (video->autoExport)
         clip->exportClip(false);
 }
 
 void MainWindow::processQueue() {
+    if (sender() == heldVideo)
+        heldVideo = nullptr;
     if (isDetecting())
         return;
     const auto isWaiting = [](const Video* video) { return video->state == Video::Waiting; };
@@ -119,15 +211,15 @@ bool MainWindow::hasWorker() {
     return workerThread->isRunning();
 }
 
-/// Also while the worker has been told to start a job but has not begun with it.
+/// Also while the worker has not begun yet with the job that it was handed, and while it has not
+/// let go of one that was cancelled: what waited behind that could no longer be withdrawn.
 bool MainWindow::isDetecting() const {
-    return std::any_of(videos.cbegin(), videos.cend(), [this](const Video* video) {
-        const bool isStarted = video->thread() == workerThread.get();
-        return video->state == Video::Running || (isStarted && video->state == Video::Waiting);
-    });
+    const auto isRunning = [](const Video* video) { return video->state == Video::Running; };
+    return heldVideo || std::any_of(videos.cbegin(), videos.cend(), isRunning);
 }
 
 void MainWindow::startDetection(Video* video) {
+    heldVideo = video;
     video->moveToThread(workerThread.get());
     connect(video, SIGNAL(resultReady()), SLOT(processQueue()));
     connect(video, SIGNAL(newClip(int, QImage, double, double, double)),
@@ -153,9 +245,15 @@ void MainWindow::showProgress() {
 
 void MainWindow::showBacklog() {
     const int waiting = Clip::exportQueueLength();
-    if (waiting > 0)
+    if (waiting > 0) {
         ui->statusBar->showMessage(tr("%1 clips queued to export...").arg(waiting),
                                    backlogShownMilliseconds);
+        return;
+    }
+    // The messages about the queue may have covered it.
+    const QString notice = ExportNotices::instance().takeLatest();
+    if (!notice.isEmpty())
+        ui->statusBar->showMessage(notice);
 }
 
 void MainWindow::updateActions() {
@@ -171,26 +269,29 @@ void MainWindow::on_actionQuit_triggered() {
 }
 
 void MainWindow::on_actionAddFiles_triggered() {
-    const QStringList files = askForFiles(this);
+    const QStringList files = askForFiles(this, startDirectory);
     if (!files.isEmpty())
         editMaskWindow.addFiles(files);
 }
 
 void MainWindow::on_actionAddDirectory_triggered() {
-    if (const auto files = askForDirectoryFiles(this))
+    if (const auto files = askForDirectoryFiles(this, startDirectory))
         editMaskWindow.addFiles(*files);
 }
 
+// Connected by its name, and empty on purpose: a click only selects.
 void MainWindow::on_files_clicked(const QModelIndex&) {}
 
 void MainWindow::on_files_itemSelectionChanged() {
     updateActions();
 }
 
+// Empty, too: a double-click and the menu's Return open, each in a slot of its own.
 void MainWindow::on_files_activated(const QModelIndex&) {}
 
 void MainWindow::on_actionRemoveSelected_triggered() {
     const QList<QListWidgetItem*> items = ui->files->selectedItems();
+    Clip::leaveQueue(clipsOf(items));
     for (QListWidgetItem* item : items) {
         ui->files->setItemWidget(item, nullptr);
         delete item;
@@ -216,9 +317,8 @@ void MainWindow::on_pushButtonDirrectory_clicked() {
 }
 
 void MainWindow::on_actionHelp_triggered() {
-    const QString manual =
-        QStringLiteral("file:///%1/help/manual.pdf").arg(QCoreApplication::applicationDirPath());
-    if (!QDesktopServices::openUrl(QUrl(manual)))
+    const QString manual = QCoreApplication::applicationDirPath() + "/help/manual.pdf";
+    if (!QDesktopServices::openUrl(fileUrl(manual)))
         QMessageBox::critical(this, tr("Error"), tr("Can't open manual.pdf"));
 }
 

@@ -5,10 +5,14 @@
 #include <QImage>
 #include <QList>
 #include <QMainWindow>
+#include <QString>
+#include <QStringList>
 #include <QTimer>
 
 #include <memory>
 
+class BusyCursor;
+class QKeyEvent;
 class QListWidgetItem;
 class QModelIndex;
 class Video;
@@ -30,8 +34,11 @@ public:
     ~MainWindow() override;
 
 protected:
+    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
 
 private Q_SLOTS:
     void newVideo();
@@ -58,8 +65,10 @@ private Q_SLOTS:
     void on_actionOpen_selected_triggered();
 
 private:
+    void recognizeHeldReturn(QKeyEvent& event);
+    void addCommandLineFiles(int milliseconds);
     void updateActions();
-    void endUnseen();
+    void endUnseen(bool wasSetupClosed);
     void showProgress();
     void showBacklog();
     bool isDetecting() const;
@@ -69,7 +78,13 @@ private:
     std::unique_ptr<Ui::MainWindow> ui;
     EditMaskWindow editMaskWindow;
     QTimer statusTimer;
+    QString startDirectory;       ///< the current directory, before any export changes it
+    QStringList commandLineFiles; ///< still to be handed to job setup
+    std::unique_ptr<BusyCursor> busyCursor;
+    bool isSetupClosing = false;
+    ulong returnReleased = 0;     ///< when, in the window system's milliseconds
     QList<Video*> videos;         ///< every job, in the order of acceptance; owned
     QList<Video*> progressVideos; ///< the jobs that the progress bar counts
     std::unique_ptr<WorkerThread> workerThread;
+    Video* heldVideo = nullptr; ///< by the worker: handed over, its end not yet heard
 };

@@ -1,6 +1,7 @@
 #include "encoderarguments.h"
 
 #include "bitrate.h"
+#include "clipnumber.h"
 #include "overlayfilter.h"
 #include "truncation.h"
 
@@ -20,8 +21,15 @@ QStringList inputArguments(const EncodedClip& clip, const EncodedVideo& video) {
     return video.isCutByPictures() ? input + seek : seek + input;
 }
 
+/// What the overlay adds to the pictures' times. Not folded into one day, since their sum is meant
+/// to be.
+int overlayOffset(const EncodedClip& clip, const EncodedVideo& video, OverlayClock clock) {
+    const bool isCounted = video.isCutByPictures() && clock == OverlayClock::VideoStart;
+    return isCounted ? clip.secondOfDay - truncatedToInt(clip.start) : clip.secondOfDay;
+}
+
 QStringList pictureArguments(const EncodedClip& clip, const EncodedVideo& video,
-                             const EncodingSettings& settings) {
+                             const EncodingSettings& settings, OverlayClock clock) {
     const bool isEncoded =
         settings.doTranscoding || video.isCutByPictures() || video.exportTimestamps;
     if (!isEncoded)
@@ -29,7 +37,7 @@ QStringList pictureArguments(const EncodedClip& clip, const EncodedVideo& video,
     QStringList arguments;
     if (video.exportTimestamps)
         arguments << QStringLiteral("-vf")
-                  << overlayFilter(video.startDateTime.date(), clip.secondOfDay);
+                  << overlayFilter(video.startDateTime.date(), overlayOffset(clip, video, clock));
     return arguments << QStringLiteral("-b:v")
                      << QString::number(bitsPerSecond(settings.bitrateOutput));
 }
@@ -42,20 +50,20 @@ QStringList soundArguments(const EncodingSettings& settings) {
 
 QString outputPath(const EncodedClip& clip, const EncodedVideo& video,
                    const EncodingSettings& settings) {
-    const QString name = QStringLiteral("%1").arg(clip.index, 4, 10, QLatin1Char('0'));
-    return video.clipDirectory + '/' + name + '.' + containerName(settings.container);
+    return video.clipDirectory + '/' + clipNumber(clip.index) + '.' +
+           containerName(settings.container);
 }
 
 } // namespace
 
 EncoderCall encoderCall(const EncodedClip& clip, const EncodedVideo& video,
-                        const EncodingSettings& settings) {
+                        const EncodingSettings& settings, OverlayClock clock) {
     EncoderCall call;
     call.outputPath = outputPath(clip, video, settings);
     call.arguments = QStringList{QStringLiteral("-nostats"), QStringLiteral("-y")} +
                      inputArguments(clip, video) +
                      QStringList{QStringLiteral("-t"), wholeSeconds(clip.end - clip.start)} +
-                     pictureArguments(clip, video, settings) + soundArguments(settings) +
+                     pictureArguments(clip, video, settings, clock) + soundArguments(settings) +
                      QStringList{QStringLiteral("-avoid_negative_ts"), QStringLiteral("disabled"),
                                  call.outputPath};
     return call;

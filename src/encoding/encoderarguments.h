@@ -43,8 +43,18 @@ struct EncoderCall {
     QString outputPath; ///< the last of them; an older file of this name is overwritten
 };
 
+/// From when the overlay's clock counts in intra-coded videos, whose pictures keep the times of the
+/// whole video while they are cut out.
+enum class OverlayClock {
+    ClipStart, ///< the clip's second of the day; its offset, which the times hold as well, counts
+               ///< twice
+    VideoStart ///< the second of the day at which the video began: the offset counts once
+};
+
 /// How the encoder cuts `clip` out of `video`.
 ///
-/// Start and length are handed on in whole seconds, their fractions dropped.
+/// Start and length are handed on in whole seconds, their fractions dropped. The window's overlay
+/// counts from the clip's start in every video.
 EncoderCall encoderCall(const EncodedClip& clip, const EncodedVideo& video,
-                        const EncodingSettings& settings);
+                        const EncodingSettings& settings,
+                        OverlayClock clock = OverlayClock::ClipStart);

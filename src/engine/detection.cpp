@@ -1,14 +1,23 @@
 #include "detection.h"
 
-#include "ffmpegmutex.h"
 #include "framepicture.h"
 #include "picturesource.h"
 #include "videodecoder.h"
 
-#include <QMutexLocker>
+#include <QFile>
 
 #include <memory>
 #include <new>
+
+namespace {
+
+bool selectsNothing(const RegionOfInterest& region, const DecodedFrame& picture) {
+    const int width = picture.width();
+    const int height = picture.height();
+    return width > 0 && height > 0 && prepareRegion(region, width, height).isEmpty();
+}
+
+} // namespace
 
 Detection::Detection(const DetectionOptions& options, DetectionClient& client)
     : options(options)
@@ -17,19 +26,13 @@ Detection::Detection(const DetectionOptions& options, DetectionClient& client)
 DetectionOutcome Detection::run(const QString& fileName) {
     VideoDecoder decoder(options.threads);
     decoder.setInterrupt([this] { return client.isCancelled(); });
-    bool isOpen = false;
-    {
-        QMutexLocker lock(&ffmpegMutex());
-        isOpen = decoder.open(fileName.toUtf8().constData());
-    }
     DetectionOutcome outcome = DetectionOutcome::CannotOpen;
-    if (isOpen)
+    if (decoder.open(QFile::encodeName(fileName).constData()))
         outcome = runOrFail(decoder);
     else if (client.isCancelled()) // which cuts an open short
         outcome = DetectionOutcome::Cancelled;
     else
         error = decoder.errorText();
-    QMutexLocker lock(&ffmpegMutex());
     decoder.close();
     return outcome;
 }
@@ -54,6 +57,8 @@ DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
     if (pictures.frameRate() > 0.0)
         client.numbered(pictures.frameRate());
     client.opened(codecName, duration);
+    if (selectsNothing(options.measure.region, *current.frame))
+        client.regionIsEmpty();
 
     const double firstTime = previous.time;
     MotionMeasure measure(options.measure);

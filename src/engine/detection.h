@@ -40,6 +40,9 @@ public:
     /// Before `opened`: the pictures are numbered at this rate, per second.
     virtual void numbered(double frameRate) { static_cast<void>(frameRate); }
 
+    /// After `opened`: the region of interest selects no pixel, so that no motion will be found.
+    virtual void regionIsEmpty() {}
+
     virtual void frameProcessed(const FrameReport& frame) = 0;
 
     /// After every read: the demuxer's position in bytes, -1 if unknown.
@@ -67,7 +70,7 @@ class Detection {
 public:
     Detection(const DetectionOptions& options, DetectionClient& client);
 
-    /// Reads the whole file. Takes `ffmpegMutex` for opening and closing. Runs once per object.
+    /// Reads the whole file. Runs once per object.
     DetectionOutcome run(const QString& fileName);
 
     /// Why the file could not be read, for a person; empty unless the outcome is a failure.

@@ -1,11 +1,12 @@
 #include "snapshotimage.h"
 
-#include "logging.h"
+#include "scaledpicture.h"
 
 extern "C" {
 #include <libavutil/frame.h>
-#include <libswscale/swscale.h>
 }
+
+#include <cstdint>
 
 namespace {
 
@@ -25,27 +26,14 @@ int snapshotHeight(const AVFrame& frame) {
 } // namespace
 
 QImage snapshotImage(const DecodedFrame& record) {
-    const AVFrame& frame = *record.frame;
-    const int height = snapshotHeight(frame);
-    if (height < 1 || !frame.data[0])
+    const int height = snapshotHeight(*record.frame);
+    if (height < 1)
         return {};
-    // Asked first, since the scaler aborts on a format that it does not know at all.
-    const auto format = AVPixelFormat(frame.format);
-    SwsContext* scaler =
-        sws_isSupportedInput(format)
-            ? sws_getContext(frame.width, frame.height, format, snapshotWidth, height,
-                             AV_PIX_FMT_BGRA, SWS_BILINEAR, nullptr, nullptr, nullptr)
-            : nullptr;
-    if (!scaler) {
-        qCDebug(engineLog, "no scaler for pixel format %d", frame.format);
-        return {};
-    }
     QImage image(snapshotWidth, height, QImage::Format_RGB32);
-    if (!image.isNull()) {
-        std::uint8_t* const rows[] = {image.bits(), nullptr, nullptr, nullptr};
-        const int strides[] = {image.bytesPerLine(), 0, 0, 0};
-        sws_scale(scaler, frame.data, frame.linesize, 0, frame.height, rows, strides);
-    }
-    sws_freeContext(scaler);
-    return image;
+    if (image.isNull())
+        return {};
+    const bool isScaled =
+        scalePicture(*record.frame, {AV_PIX_FMT_BGRA, snapshotWidth, height, image.bits(),
+                                     image.bytesPerLine(), SWS_BILINEAR});
+    return isScaled ? image : QImage();
 }

@@ -1,7 +1,10 @@
 #include "clip.h"
 
+#include "cutrange.h"
 #include "encoderprocess.h"
 #include "encodingsettings.h"
+#include "exportnotices.h"
+#include "fileurl.h"
 #include "timeofday.h"
 #include "truncation.h"
 #include "video.h"
@@ -9,9 +12,11 @@
 #include <QCoreApplication>
 #include <QDesktopServices>
 #include <QDir>
+#include <QFileInfo>
 #include <QIcon>
 #include <QPixmap>
-#include <QUrl>
+#include <QSet>
+#include <QTextDocument>
 
 #include <algorithm>
 #include <utility>
@@ -20,6 +25,18 @@ QList<Clip*> Clip::exportQueue;
 bool Clip::exportRunning = false;
 bool Clip::isStarting = false;
 bool Clip::isNextDue = false;
+
+namespace {
+
+/// Empty if the encoder, which says that it has succeeded, has written something.
+QString emptyFileReason(const QString& path) {
+    const QFileInfo file(path);
+    if (!file.exists())
+        return QStringLiteral("the encoder wrote no file");
+    return file.size() > 0 ? QString() : QStringLiteral("the encoder wrote an empty file");
+}
+
+} // namespace
 
 Clip::Clip(Video* video, int index, const QImage& snapshot, double start, double end,
            double snapshotTime)
@@ -49,6 +66,13 @@ Clip::~Clip() {
         (*next)->exportClip(false);
 }
 
+void Clip::leaveQueue(const QList<Clip*>& clips) {
+    const QSet<Clip*> leaving(clips.cbegin(), clips.cend());
+    const auto leaves = [&leaving](Clip* clip) { return leaving.contains(clip); };
+    exportQueue.erase(std::remove_if(exportQueue.begin(), exportQueue.end(), leaves),
+                      exportQueue.end());
+}
+
 const char* Clip::statusText(int status) {
     switch (status) {
     case NotExported:
@@ -70,14 +94,15 @@ const char* Clip::statusText(int status) {
 
 void Clip::updateText() {
     const int time = timeOfDay();
-    const QString text = QStringLiteral("%1\n#%2 %3:%4:%5 (%6 sec) (%7)")
-                             .arg(video ? video->shortFileName() : QString())
-                             .arg(index)
-                             .arg(time / 3600)
-                             .arg(time / 60 % 60, 2, 10, QLatin1Char('0'))
-                             .arg(time % 60, 2, 10, QLatin1Char('0'))
-                             .arg(truncatedToInt(end - start))
-                             .arg(QLatin1String(statusText(status)));
+    const QLatin1Char zero('0');
+    // All at once: a file name may hold a "%1" of its own.
+    const QString text =
+        QStringLiteral("%1\n#%2 %3:%4:%5 (%6 sec) (%7)")
+            .arg(video ? video->shortFileName() : QString(), QString::number(index),
+                 QString::number(time / 3600),
+                 QStringLiteral("%1").arg(time / 60 % 60, 2, 10, zero),
+                 QStringLiteral("%1").arg(time % 60, 2, 10, zero),
+                 QString::number(truncatedToInt(end - start)), QLatin1String(statusText(status)));
     setData(Qt::DisplayRole, text);
 }
 
@@ -89,6 +114,12 @@ int Clip::timeOfDay() const {
 void Clip::exportClip(bool first) {
     if (!video)
         return;
+    if (!canBeCut(start, end)) {
+        status = ExportFailed;
+        explain(QStringLiteral("a clip with these times cannot be cut out"));
+        updateText();
+        return;
+    }
     if (exportRunning) {
         exportQueue.insert(first ? 0 : exportQueue.size(), this);
         status = Queued;
@@ -112,7 +143,7 @@ void Clip::openClip() {
     switch (status) {
     case Exported:
         openWhenDone = false;
-        QDesktopServices::openUrl(QUrl(QStringLiteral("file:///%1").arg(outputPath)));
+        QDesktopServices::openUrl(fileUrl(outputPath));
         break;
     case ExportFailed:
         break;
@@ -127,34 +158,41 @@ int Clip::exportQueueLength() {
 }
 
 void Clip::startEncoder() {
-    // The encoder inherits the directory and looks for the overlay's font there.
+    // The encoder inherits the directory and looks for the overlay's font there. The whole program
+    // changes to it, and does not change back.
     QDir::setCurrent(QCoreApplication::applicationDirPath());
     const EncoderCall call = encoderCall({index, start, end, timeOfDay()},
                                          {video->fileName, video->clipDirectory, video->intraCodec,
                                           video->exportTimestamps, video->startDateTime},
                                          readEncodingSettings());
     outputPath = call.outputPath;
-    auto* process = new EncoderProcess;
+    setToolTip({});
+    auto* process = new EncoderProcess(this);
     connect(process, SIGNAL(finished(int, QProcess::ExitStatus)), this, SLOT(processFinished(int)));
     connect(process, SIGNAL(errorOccurred(QProcess::ProcessError)), this,
             SLOT(processError(QProcess::ProcessError)));
     process->startEncoder(call.arguments);
 }
 
+/// A crash comes here and, as every end, to `processFinished`: it ends twice, and each time the
+/// first clip of the queue is started.
 void Clip::processError(QProcess::ProcessError) {
     processFinished(-1);
 }
 
 void Clip::processFinished(int exitCode) {
     exportRunning = false;
+    const auto* process = qobject_cast<EncoderProcess*>(sender());
     if (sender())
         sender()->deleteLater();
     if (exitCode == 0) {
         status = Exported;
+        explain(emptyFileReason(outputPath));
         if (openWhenDone)
             openClip();
     } else {
         status = ExportFailed;
+        explain(process ? process->failure() : QString());
     }
     exportQueue.removeAll(this);
     updateText();
@@ -163,4 +201,13 @@ void Clip::processFinished(int exitCode) {
         isNextDue = true;
     else if (!exportQueue.isEmpty())
         exportQueue.first()->exportClip(false);
+}
+
+/// Says why the export went wrong; an empty `reason`: it did not.
+void Clip::explain(const QString& reason) {
+    setToolTip(reason.isEmpty() ? reason : Qt::convertFromPlainText(reason, Qt::WhiteSpaceNormal));
+    if (!reason.isEmpty())
+        ExportNotices::instance().tell(QStringLiteral("%1 #%2: %3")
+                                           .arg(video ? video->shortFileName() : QString(),
+                                                QString::number(index), reason.simplified()));
 }

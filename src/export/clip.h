@@ -14,7 +14,11 @@ class Video;
 ///
 /// The list owns its clips; deleting one through either base is enough. GUI thread only. Exports of
 /// all clips share one queue and one flag, so that a single encoder runs in the normal course:
-/// every end of a run starts the queue's first clip.
+/// every end of a run starts the queue's first clip. A crash ends a run twice, and so starts that
+/// clip twice; but each clip has one encoder at the most, and its newest run is the one that
+/// counts.
+///
+/// Why an export went wrong is the item's tool tip, and told through ExportNotices.
 class Clip : public QObject, public QListWidgetItem {
     Q_OBJECT
 
@@ -38,6 +42,10 @@ public:
     /// end.
     ~Clip() override;
 
+    /// Takes `clips` out of the export queue, all of them before any is deleted: what a deletion
+    /// starts is then a clip that stays.
+    static void leaveQueue(const QList<Clip*>& clips);
+
     /// What the list shows for a status; "unknown status" for a value that is none.
     static const char* statusText(int status);
 
@@ -50,7 +58,8 @@ public:
 
     /// Exports now if no encoder runs, else when its turn comes; `first`: before all others.
     ///
-    /// Asking again queues it again, also while it is being exported or when it has been.
+    /// Asking again queues it again, also while it is being exported or when it has been. Fails at
+    /// once where the clip's times cannot be cut.
     void exportClip(bool first);
 
     /// Opens the exported file with the desktop; exports first where there is none yet. Does
@@ -76,6 +85,7 @@ private Q_SLOTS:
 
 private:
     void startEncoder();
+    void explain(const QString& reason);
 
     static QList<Clip*> exportQueue;
     static bool exportRunning;

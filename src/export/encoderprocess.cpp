@@ -1,38 +1,107 @@
 #include "encoderprocess.h"
 
-#include <QCoreApplication>
-#include <QDir>
+#include "encoderpath.h"
+
 #include <QSet>
+#include <QTimer>
 
 namespace {
 
-/// The objects that exist: keeps those reachable that outlive the program. Never destroyed itself.
-QSet<EncoderProcess*>& existing() {
+constexpr int graceMilliseconds = 3000;
+
+/// The runs that have not ended: keeps those reachable that outlive the program. Never destroyed
+/// itself.
+QSet<EncoderProcess*>& unended() {
     static auto* processes = new QSet<EncoderProcess*>;
     return *processes;
 }
 
+QString joined(const QString& outcome, const QString& reason) {
+    return reason.isEmpty() ? outcome : outcome + QStringLiteral(": ") + reason;
+}
+
 } // namespace
 
-EncoderProcess::EncoderProcess() {
-    existing().insert(this);
-    connect(this, SIGNAL(finished(int, QProcess::ExitStatus)), SLOT(deleteLater()));
+EncoderProcess::EncoderProcess(QObject* client)
+    : client(client) {
+    unended().insert(this);
+    connect(this, SIGNAL(finished(int, QProcess::ExitStatus)), SLOT(leave()));
     connect(this, SIGNAL(errorOccurred(QProcess::ProcessError)),
-            SLOT(deleteUnstarted(QProcess::ProcessError)));
+            SLOT(leaveUnstarted(QProcess::ProcessError)));
+    connect(this, SIGNAL(readyReadStandardError()), SLOT(listen()));
+    connect(this, SIGNAL(readyReadStandardOutput()), SLOT(listen()));
 }
 
 EncoderProcess::~EncoderProcess() {
-    existing().remove(this);
+    unended().remove(this);
 }
 
 void EncoderProcess::startEncoder(const QStringList& arguments) {
-    const QDir programDirectory(QCoreApplication::applicationDirPath());
-    start(programDirectory.absoluteFilePath(QStringLiteral("ffmpeg")), arguments,
-          QIODevice::ReadWrite);
+    setProgram(encoderPath());
+    setArguments(arguments);
+    const QList<EncoderProcess*> others = otherRuns();
+    for (EncoderProcess* other : others) {
+        other->disconnect(client);
+        if (other->state() == QProcess::NotRunning) {
+            other->leave();
+        } else {
+            connect(other, SIGNAL(destroyed()), SLOT(startWhenAlone()));
+            other->end();
+        }
+    }
+    startWhenAlone();
+}
+
+QString EncoderProcess::failure() const {
+    if (error() == QProcess::FailedToStart)
+        return joined(QStringLiteral("the encoder cannot be started"), errorString());
+    if (error() == QProcess::Crashed)
+        return joined(QStringLiteral("the encoder crashed"), chatter.reason());
+    const QString reason = chatter.reason();
+    return reason.isEmpty() ? QStringLiteral("the encoder failed") : reason;
+}
+
+void EncoderProcess::leave() {
+    unended().remove(this);
+    deleteLater();
 }
 
 /// A process that could not start never finishes.
-void EncoderProcess::deleteUnstarted(QProcess::ProcessError error) {
+void EncoderProcess::leaveUnstarted(QProcess::ProcessError error) {
     if (error == QProcess::FailedToStart)
-        deleteLater();
+        leave();
+}
+
+/// Takes away what has been said: it would be kept in memory until someone reads it.
+void EncoderProcess::listen() {
+    chatter.append(readAllStandardError());
+    readAllStandardOutput();
+}
+
+void EncoderProcess::startWhenAlone() {
+    if (!client)
+        leave();
+    else if (otherRuns().isEmpty())
+        start(QIODevice::ReadWrite);
+}
+
+/// The other runs for the same client that have not ended.
+QList<EncoderProcess*> EncoderProcess::otherRuns() const {
+    QList<EncoderProcess*> others;
+    for (EncoderProcess* process : qAsConst(unended())) {
+        if (client && process != this && process->client == client)
+            others.append(process);
+    }
+    return others;
+}
+
+/// Without waiting for it. A process that has not become the encoder yet would deal with the signal
+/// as this program does.
+void EncoderProcess::end() {
+    if (state() == QProcess::Starting) {
+        connect(this, SIGNAL(started()), SLOT(end()));
+        return;
+    }
+    terminate();
+    QTimer::singleShot(graceMilliseconds, this, SLOT(kill()));
 }

@@ -1,5 +1,8 @@
 #pragma once
 
+#include "encoderchatter.h"
+
+#include <QPointer>
 #include <QProcess>
 
 /// One encoder run. Made with new and left to itself: it has no owner and deletes itself when the
@@ -11,12 +14,29 @@ class EncoderProcess : public QProcess {
     Q_OBJECT
 
 public:
-    EncoderProcess();
+    /// `client` is whom the run is for; there is never more than one encoder for it.
+    explicit EncoderProcess(QObject* client);
     ~EncoderProcess() override;
 
     /// Runs the encoder that lies beside the running program.
+    ///
+    /// Older runs for the same client are ended, and their signals no longer reach it. This one
+    /// starts when they are gone, which can be later; not at all if the client goes before that.
     void startEncoder(const QStringList& arguments);
 
+    /// Why the run that has ended failed, for a person; what the encoder said last if it did not.
+    QString failure() const;
+
 private Q_SLOTS:
-    void deleteUnstarted(QProcess::ProcessError error);
+    void leave();
+    void leaveUnstarted(QProcess::ProcessError error);
+    void listen();
+    void startWhenAlone();
+    void end();
+
+private:
+    QList<EncoderProcess*> otherRuns() const;
+
+    QPointer<QObject> client;
+    EncoderChatter chatter;
 };

@@ -96,7 +96,9 @@ void Video::detect() {
     state = Running;
     JobClient client(*this);
     Detection detection(detectionOptions(*this), client);
-    const DetectionOutcome outcome = detection.run(fileName);
+    // A pipe or device may have been chosen unseen, beside a file that was looked at.
+    const DetectionOutcome outcome =
+        QFileInfo(fileName).isFile() ? detection.run(fileName) : DetectionOutcome::CannotOpen;
     // A read error in the middle is an end like that of the file.
     if (outcome != DetectionOutcome::Cancelled && state == Running)
         state = Failed;

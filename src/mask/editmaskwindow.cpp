@@ -1,31 +1,41 @@
 #include "editmaskwindow.h"
 
 #include "applicationicon.h"
-#include "firstframe.h"
+#include "busycursor.h"
+#include "picturesearch.h"
 #include "settingstable.h"
 #include "ui_editmaskwindow.h"
 #include "video.h"
 
+#include <QApplication>
+#include <QDeadlineTimer>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
+#include <QLayout>
 #include <QMessageBox>
+#include <QScreen>
+#include <QStyle>
+#include <QTimer>
+
+#include <initializer_list>
+#include <utility>
 
 namespace {
 
-/// Whether `image` got the first picture of the file. Pipes, devices and the like are never opened:
-/// that could wait for ever.
-bool grabPicture(const QString& path, QImage* image) {
-    return QFileInfo(path).isFile() && grabFirstFrame(path, image);
-}
+constexpr int longestLookMilliseconds = 40; // with one more file it stays below 100, as a rule
+constexpr int pauseMilliseconds = 100;
 
 } // namespace
 
 EditMaskWindow::EditMaskWindow(QWidget* parent)
     : QWidget(parent)
-    , ui(std::make_unique<Ui::EditMaskWindow>()) {
+    , ui(std::make_unique<Ui::EditMaskWindow>())
+    , startDirectory(QDir::currentPath()) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
+    fullMinimumSize = minimumSize();
     loadSettings();
     on_checkBoxExportTimestamp_clicked();
     prepareStartTime();
@@ -35,17 +45,27 @@ EditMaskWindow::EditMaskWindow(QWidget* parent)
 }
 
 EditMaskWindow::~EditMaskWindow() {
+    if (search)
+        PictureSearch::abandon(std::move(search));
     qDeleteAll(readyVideos);
 }
 
 void EditMaskWindow::addFile(const QString& path) {
-    pendingFiles.append(path);
-    showNext();
+    addFiles({path});
 }
 
 void EditMaskWindow::addFiles(const QStringList& paths) {
     pendingFiles.append(paths);
-    showNext();
+    if (!search)
+        showNext();
+}
+
+void EditMaskWindow::bringToFront() {
+    fitIntoScreen();
+    setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
 }
 
 void EditMaskWindow::keyPressEvent(QKeyEvent* event) {
@@ -59,6 +79,12 @@ void EditMaskWindow::keyPressEvent(QKeyEvent* event) {
 
 void EditMaskWindow::closeEvent(QCloseEvent*) {
     discardAll();
+}
+
+void EditMaskWindow::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+        fitIntoScreen(); // its frame is known only now
 }
 
 void EditMaskWindow::on_pushButtonAdd_clicked() {
@@ -81,6 +107,7 @@ void EditMaskWindow::on_pushButtonAddAll_clicked() {
     Q_EMIT newVideo();
 }
 
+/// Drops two on purpose: the file that is shown and the one behind it.
 void EditMaskWindow::on_pushButtonCancel_clicked() {
     if (!pendingFiles.isEmpty())
         pendingFiles.removeFirst();
@@ -153,20 +180,103 @@ void EditMaskWindow::saveSettings() const {
     settings::timestamps.write(store, ui->checkBoxExportTimestamp->isChecked());
 }
 
+/// On a screen that is lower than the window the minimum size yields, so that its buttons are seen.
+void EditMaskWindow::fitIntoScreen() {
+    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
+        return; // its screen is low, but nobody looks at it
+    const QSize available = screen()->availableSize();
+    if (available.height() >= fullMinimumSize.height()) {
+        setMinimumSize(fullMinimumSize);
+        return;
+    }
+    QSize frame = frameSize() - size();
+    if (frame.isNull())
+        frame.setHeight(style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
+    const QSize room = available - frame;
+    setMinimumSize(fullMinimumSize.boundedTo(room).expandedTo(layout()->totalMinimumSize()));
+    resize(size().boundedTo(room));
+}
+
 /// Shows the first pending file that has a picture. Without one the window hides and `currentFile`
 /// keeps its old text.
 void EditMaskWindow::showNext() {
+    const QDeadlineTimer deadline(longestLookMilliseconds);
     while (!pendingFiles.isEmpty()) {
+        if (deadline.hasExpired()) {
+            startSearch();
+            return;
+        }
         currentFile = pendingFiles.takeFirst();
         QImage picture;
-        if (!grabPicture(currentFile, &picture))
-            continue;
-        ui->maskEditor->setImage(picture);
-        ui->labelInfo->setText(currentFile);
-        show();
+        if (grabPicture(currentFile, &picture)) {
+            showPicture(picture);
+            return;
+        }
+    }
+    setSearching(false);
+    hide();
+}
+
+void EditMaskWindow::showPicture(const QImage& picture) {
+    setSearching(false);
+    ui->maskEditor->setImage(picture);
+    ui->labelInfo->setText(currentFile);
+    bringToFront();
+}
+
+/// While a search goes on nothing is on show: what would act on it is disabled.
+void EditMaskWindow::setSearching(bool isSearching) {
+    if (search && !isSearching)
+        PictureSearch::abandon(std::move(search));
+    if (isSearching == bool(busyCursor))
+        return;
+    busyCursor = isSearching ? std::make_unique<BusyCursor>() : nullptr;
+    if (isSearching)
+        ui->maskEditor->setImage(QImage());
+    const std::initializer_list<QWidget*> parts = {ui->labelInfo, ui->maskEditor, ui->pushButtonAdd,
+                                                   ui->pushButtonAddAll, ui->pushButtonCancel};
+    for (QWidget* part : parts)
+        setUsable(*part, !isSearching);
+}
+
+/// A part that is disabled keeps the focus from its neighbours: who presses Add's key once more
+/// must not press Cancel ALL. It has it again as soon as it is usable, if nobody else has.
+void EditMaskWindow::setUsable(QWidget& part, bool isUsable) {
+    if (!isUsable && &part == focusWidget()) {
+        focusBefore = &part;
+        part.clearFocus();
+    }
+    part.setEnabled(isUsable);
+    if (isUsable && &part == focusBefore && !focusWidget())
+        part.setFocus();
+}
+
+void EditMaskWindow::startSearch() {
+    setSearching(true);
+    search = std::make_unique<PictureSearch>(pendingFiles);
+    connect(search.get(), &QThread::finished, this, [this] { endSearch(); });
+    search->start();
+    if (!search->isRunning()) // no thread was to be had, or it has ended already
+        QTimer::singleShot(0, this, [this] { endSearch(); });
+}
+
+void EditMaskWindow::endSearch() {
+    if (!search || search->isRunning())
+        return; // one that was abandoned has ended
+    if (QApplication::activeModalWidget()) {
+        // What comes to the front now would cover the dialog that has to be answered first.
+        QTimer::singleShot(pauseMilliseconds, this, [this] { endSearch(); });
         return;
     }
-    hide();
+    search->wait();
+    for (; search->tried > 0; --search->tried)
+        currentFile = pendingFiles.takeFirst();
+    const QImage picture = search->picture;
+    search.reset();
+    if (picture.isNull())
+        showNext(); // without a thread the next few, else those that were added meanwhile
+    else
+        showPicture(picture);
 }
 
 void EditMaskWindow::discardAll() {
@@ -174,8 +284,14 @@ void EditMaskWindow::discardAll() {
     showNext();
 }
 
+/// Empty if none is named. What a person writes in short means the same before and after an export.
+QString EditMaskWindow::exportDirectory() const {
+    const QString text = ui->lineEditDir->text();
+    return text.isEmpty() ? text : QDir(startDirectory).filePath(text);
+}
+
 bool EditMaskWindow::isExportDirectoryGood() const {
-    const QFileInfo directory(ui->lineEditDir->text());
+    const QFileInfo directory(exportDirectory());
     if (directory.isDir() && directory.isWritable())
         return true;
     QMessageBox::critical(nullptr, tr("Error"), tr("Please check export dir name and permissions"),
@@ -184,8 +300,9 @@ bool EditMaskWindow::isExportDirectoryGood() const {
 }
 
 void EditMaskWindow::createJob(const QString& path) {
+    ui->maskEditor->dropStroke(); // it counts as a region already, and has none to show
     readyVideos.append(
-        new Video(path, ui->lineEditDir->text(), ui->doubleSpinBoxPrerecord->value(),
+        new Video(path, exportDirectory(), ui->doubleSpinBoxPrerecord->value(),
                   ui->doubleSpinBoxPostrecord->value(), ui->doubleSpinBoxMinimum->value(),
                   ui->spinBoxSkip->value(), ui->checkBoxExport->isChecked(), ui->maskEditor->mask(),
                   ui->maskEditor->roiRect(), ui->checkBoxExportTimestamp->isChecked(),

@@ -1,12 +1,15 @@
 #pragma once
 
 #include <QList>
+#include <QPointer>
 #include <QString>
 #include <QStringList>
 #include <QWidget>
 
 #include <memory>
 
+class BusyCursor;
+class PictureSearch;
 class Video;
 
 namespace Ui {
@@ -16,7 +19,10 @@ class EditMaskWindow;
 /// The window in which every new video file is set up before detection.
 ///
 /// Files wait in a queue and are shown one at a time on their first picture; files without one are
-/// dropped silently. The window shows itself for a file and hides when none is left.
+/// dropped silently. The window comes to the front for a file and hides when none is left.
+///
+/// Many files without a picture take their time: the search for the next one then goes on beside
+/// the event loop, under a busy cursor, while no file is on show that could be added or cancelled.
 class EditMaskWindow : public QWidget {
     Q_OBJECT
 
@@ -24,11 +30,15 @@ public:
     explicit EditMaskWindow(QWidget* parent = nullptr);
     ~EditMaskWindow() override;
 
-    /// Queues a file and shows the next one; the file shown until now is dropped.
+    /// Queues a file and shows the next one; the file shown until now is dropped. While a search
+    /// goes on no file is shown, and the new one joins it.
     void addFile(const QString& path);
 
     /// Queues files and shows the next one, as `addFile`; also with an empty list.
     void addFiles(const QStringList& paths);
+
+    /// In front of the other windows, with the focus, also where it was minimised.
+    void bringToFront();
 
     /// Accepted jobs in the order of their acceptance. Who takes a job out of the list owns it.
     QList<Video*> readyVideos;
@@ -40,6 +50,7 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private Q_SLOTS:
     void on_pushButtonAdd_clicked();
@@ -57,12 +68,26 @@ private:
     void prepareStartTime();
     void loadSettings();
     void saveSettings() const;
+    void fitIntoScreen();
     void showNext();
+    void showPicture(const QImage& picture);
+    void setSearching(bool isSearching);
+    void setUsable(QWidget& part, bool isUsable);
+    void startSearch();
+    void endSearch();
     void discardAll();
+    QString exportDirectory() const;
     bool isExportDirectoryGood() const;
     void createJob(const QString& path);
 
     std::unique_ptr<Ui::EditMaskWindow> ui;
+    QString startDirectory;   ///< the current directory, before any export changes it
+    QSize fullMinimumSize;    ///< on screens that have the room
     QStringList pendingFiles; ///< waiting to be shown, first = next
     QString currentFile;      ///< the file shown now
+
+    // A search that takes longer.
+    std::unique_ptr<PictureSearch> search; ///< among the first of `pendingFiles`
+    std::unique_ptr<BusyCursor> busyCursor;
+    QPointer<QWidget> focusBefore; ///< the disabled part that had the focus
 };

@@ -38,6 +38,7 @@ WidgetEditor::WidgetEditor(QWidget* parent)
 }
 
 void WidgetEditor::setImage(const QImage& picture) {
+    dropStroke();
     // The same colours, painted more than twice as fast.
     frame = picture.hasAlphaChannel() ? picture : picture.convertToFormat(QImage::Format_RGB32);
     maskImage = QImage(frame.width(), frame.height(), QImage::Format_ARGB32);
@@ -54,6 +55,7 @@ void WidgetEditor::setRectangleMode(bool isRectangle) {
 void WidgetEditor::clear() {
     maskImage.fill(0);
     regionDrawn = false;
+    regionBefore = false;
     roiRectangle = QRect();
     update();
     Q_EMIT roiUpdated();
@@ -61,6 +63,7 @@ void WidgetEditor::clear() {
 
 void WidgetEditor::invert() {
     regionDrawn = true;
+    regionBefore = true;
     for (int y = 0; y < maskImage.height(); ++y) {
         auto* row = reinterpret_cast<QRgb*>(maskImage.scanLine(y));
         std::transform(row, row + maskImage.width(), row,
@@ -96,7 +99,9 @@ float WidgetEditor::coverage() const {
 void WidgetEditor::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton)
         return;
+    dropStroke();
     drawing = true;
+    regionBefore = regionDrawn;
     regionDrawn = true;
     startPoint = event->pos();
     if (rectangleMode) {
@@ -159,6 +164,21 @@ void WidgetEditor::paintEvent(QPaintEvent* event) {
 
 void WidgetEditor::resizeEvent(QResizeEvent* event) {
     updateTransform(event->size());
+}
+
+/// The release of the button need not arrive here any more: what is shown next must not take it for
+/// the end of a stroke of its own.
+void WidgetEditor::hideEvent(QHideEvent*) {
+    dropStroke();
+}
+
+void WidgetEditor::dropStroke() {
+    if (!drawing)
+        return;
+    drawing = false;
+    freePath = QPainterPath();
+    regionDrawn = regionBefore;
+    update();
 }
 
 void WidgetEditor::updateTransform(const QSize& widgetSize) {

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 #include <QImage>
@@ -10,7 +14,8 @@
 /// Draws a region of interest on a picture: one rectangle, or any number of free-hand shapes.
 ///
 /// The picture is fitted into the widget less a margin and centred. The mask has the picture's size
-/// and QImage::Format_ARGB32; a pixel is 0xFF00FF00 where motion is to be detected, else 0.
+/// and QImage::Format_ARGB32; a pixel is 0xFF00FF00 where motion is to be detected, else 0. A
+/// widget that hides drops the stroke that is going on: the mask stays as it was before it.
 class WidgetEditor : public QWidget {
     Q_OBJECT
 
@@ -18,7 +23,8 @@ public:
     explicit WidgetEditor(QWidget* parent = nullptr);
 
     /// Shows `picture` under an empty mask of its size. The flag behind `hasRoi` and the rectangle
-    /// stay as they are until something is drawn, cleared or inverted or the mode changes.
+    /// stay as they are until something is drawn, cleared or inverted or the mode changes. A stroke
+    /// that is going on is dropped.
     void setImage(const QImage& picture);
 
     /// True: a stroke draws the one rectangle; false: a stroke adds a free shape. Clears the mask.
@@ -28,6 +34,9 @@ public:
 
     /// Selects what was not selected. There is a region afterwards, even an empty one.
     void invert();
+
+    /// Forgets the stroke that is going on: mask and region are as they were before it.
+    void dropStroke();
 
     /// The mask, or null without a region. It lies in this widget: copy it before it changes.
     QImage* mask();
@@ -52,6 +61,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
 
 private:
     void updateTransform(const QSize& widgetSize);
@@ -69,4 +79,5 @@ private:
     bool rectangleMode = true; ///< else free shapes
     bool drawing = false;      ///< a stroke is going on
     bool regionDrawn = false;  ///< the mask holds a region; shows it, too
+    bool regionBefore = false; ///< `regionDrawn` as it is without the stroke that is going on
 };

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "clipfolders.h"
 #include "clipformat.h"
 #include "intracodec.h"
 #include "scanoptions.h"
@@ -7,8 +8,10 @@
 /// Exports the clips of one recording, one after the other, into a folder of their own.
 class ClipExport {
 public:
-    /// Makes the folder, unless the options ask for no export.
-    ClipExport(const QString& video, const ExportOptions& options);
+    /// `recording` is the place of the recording among those of `folders`. All but `video` must
+    /// outlive the export.
+    ClipExport(const QString& video, const ExportOptions& options, ClipFolders& folders,
+               int recording);
 
     /// The encoder seeks on decoded pictures where each of them stands alone.
     void setCodec(const QByteArray& codecName) { source.isIntraCodec = isIntraCodec(codecName); }
@@ -16,11 +19,14 @@ public:
     /// The encoder is to take the recording's pictures to be that many per second.
     void setFrameRate(double frameRate) { source.frameRate = frameRate; }
 
-    /// Exports the line's clip and notes in it what became of that. Answers why it failed; empty
-    /// after a success, and where nothing was to be exported.
-    QString run(ClipLine& line) const;
+    /// Exports the line's clip, after making the folder for the first one, and notes in the line
+    /// what became of that. Answers why it failed; empty after a success, and where nothing was to
+    /// be exported.
+    QString run(ClipLine& line);
 
 private:
     const ExportOptions& options;
+    ClipFolders& folders;
+    int recording;
     EncodedVideo source;
 };

@@ -1,5 +1,6 @@
 #include "clipformat.h"
 
+#include "printable.h"
 #include "shortestdigits.h"
 
 #include <QFile>
@@ -17,12 +18,12 @@ public:
         // All at once: a file name may hold a "%2" of its own.
         QString text =
             QStringLiteral("%1  #%2  %3 - %4  %5 s")
-                .arg(line.video, QString::number(found.index), clockText(found.start),
+                .arg(printable(line.video), QString::number(found.index), clockText(found.start),
                      clockText(found.end), QString::number(found.end - found.start, 'f', 1));
         if (!line.snapshotFile.isEmpty())
-            text += QStringLiteral("  ") + line.snapshotFile;
+            text += QStringLiteral("  ") + printable(line.snapshotFile);
         if (line.isExported)
-            text += QStringLiteral("  ") + line.exportFile;
+            text += QStringLiteral("  ") + printable(line.exportFile);
         return QFile::encodeName(text) + '\n';
     }
 };
@@ -34,14 +35,14 @@ public:
 
     QByteArray clip(const ClipLine& line) const override {
         Json object;
-        object["video"] = line.video.toStdString();
+        addName(object, "video", line.video);
         object["index"] = line.clip.index;
         object["start"] = line.clip.start;
         object["end"] = line.clip.end;
         object["snapshotTime"] = line.clip.snapshotTime;
         object["snapshot"] = nullptr;
         if (!line.snapshotFile.isEmpty())
-            object["snapshot"] = line.snapshotFile.toStdString();
+            addName(object, "snapshot", line.snapshotFile);
         if (withExports)
             addExport(object, line);
         return written(object);
@@ -49,7 +50,7 @@ public:
 
     QByteArray videoEnd(const VideoLine& line) const override {
         Json object;
-        object["video"] = line.video.toStdString();
+        addName(object, "video", line.video);
         object["state"] = stateName(line.outcome);
         object["frames"] = line.frames;
         object["clips"] = line.clips;
@@ -60,10 +61,19 @@ public:
 private:
     using Json = nlohmann::ordered_json;
 
+    /// Bytes that are no UTF-8 are replaced, since JSON has no place for them; the bytes of the
+    /// whole name then follow in base 64.
+    static void addName(Json& object, const char* key, const QString& name) {
+        const QByteArray bytes = QFile::encodeName(name);
+        object[key] = bytes.toStdString();
+        if (!name.isValidUtf16())
+            object[std::string(key) + "Bytes"] = bytes.toBase64().toStdString();
+    }
+
     static void addExport(Json& object, const ClipLine& line) {
         object["file"] = nullptr;
         if (!line.exportFile.isEmpty())
-            object["file"] = line.exportFile.toStdString();
+            addName(object, "file", line.exportFile);
         object["exported"] = line.isExported;
     }
 
@@ -112,7 +122,7 @@ public:
 
 private:
     static QByteArray quoted(const QString& text) {
-        QByteArray field = text.toUtf8();
+        QByteArray field = QFile::encodeName(text);
         bool needsQuotes = false;
         for (const char special : {',', '"', '\r', '\n'})
             needsQuotes = needsQuotes || field.contains(special);

@@ -1,55 +1,103 @@
 #include "encoderrun.h"
 
+#include "encoderchatter.h"
+#include "encoderpath.h"
 #include "interrupt.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 
+#include <csignal>
 #include <mutex>
+#include <sys/prctl.h>
 
 namespace {
 
-constexpr int interruptPollMilliseconds = 50;
+constexpr int pollMilliseconds = 50;
 constexpr int longestEndMilliseconds = 3000;
 
-/// Waits for the end, however long it takes, but not past an interrupt.
-void waitForEnd(QProcess& encoder) {
-    while (encoder.state() != QProcess::NotRunning && !isInterrupted())
-        encoder.waitForFinished(interruptPollMilliseconds);
+class Encoder : public QProcess {
+protected:
+    /// An encoder that has lost the program would go on writing for nobody.
+    void setupChildProcess() override { prctl(PR_SET_PDEATHSIG, SIGTERM); }
+};
+
+/// Takes in what the encoder says, so that it is never held as a whole, until it has ended or
+/// `isOver` says so.
+template<typename Condition>
+void hear(QProcess& encoder, EncoderChatter& chatter, const Condition& isOver) {
+    while (encoder.state() != QProcess::NotRunning && !isOver()) {
+        // Refused at once where it has closed its error output.
+        if (!encoder.waitForReadyRead(pollMilliseconds))
+            encoder.waitForFinished(1);
+        chatter.append(encoder.readAllStandardError());
+    }
+    chatter.append(encoder.readAllStandardError());
+}
+
+/// Waits for the end, however long it takes, but not past the end of the scan.
+void waitForEnd(QProcess& encoder, EncoderChatter& chatter) {
+    hear(encoder, chatter, isEnding);
     if (encoder.state() == QProcess::NotRunning)
         return;
     encoder.terminate();
-    if (!encoder.waitForFinished(longestEndMilliseconds))
-        encoder.kill();
-    encoder.waitForFinished();
+    const QDeadlineTimer deadline(longestEndMilliseconds);
+    hear(encoder, chatter, [&deadline] { return deadline.hasExpired(); });
+    encoder.kill();
+    hear(encoder, chatter, [] { return false; });
 }
 
-QString lastLine(const QByteArray& text) {
-    const QByteArrayList lines = text.trimmed().split('\n');
-    return QString::fromLocal8Bit(lines.last().trimmed());
+/// What is wrong with the file of an encoder that has ended with status 0; empty if nothing is.
+QString flaw(const QFileInfo& file, const QString& reason) {
+    if (!file.exists())
+        return QStringLiteral("the encoder wrote no file");
+    if (file.size() == 0)
+        return QStringLiteral("the encoder wrote an empty file");
+    // Its status tells of the last packet, not of what is written behind it.
+    if (reason.startsWith(QStringLiteral("Error writing trailer of ")) ||
+        reason.startsWith(QStringLiteral("Error closing file ")))
+        return QStringLiteral("the encoder did not finish the file");
+    return {};
+}
+
+QString failureOf(const QProcess& encoder, const EncoderChatter& chatter, const QString& path) {
+    const bool hasCrashed = encoder.exitStatus() == QProcess::CrashExit;
+    const QString reason = chatter.reason();
+    QString failure;
+    if (!hasCrashed && encoder.exitCode() == 0)
+        failure = flaw(QFileInfo(path), reason);
+    else if (isEnding())
+        return QStringLiteral("interrupted");
+    else
+        failure = hasCrashed ? QStringLiteral("the encoder crashed")
+                             : QStringLiteral("the encoder failed");
+    return failure.isEmpty() || reason.isEmpty() ? failure : failure + ": " + reason;
 }
 
 } // namespace
 
-QString runEncoder(const QStringList& arguments) {
+QString runEncoder(const EncoderCall& call) {
     static std::mutex turn;
     const std::lock_guard<std::mutex> lock(turn);
-    if (isInterrupted()) // while it waited for its turn
+    if (isEnding()) // while it waited for its turn
         return QStringLiteral("interrupted");
-    QProcess encoder;
+    Encoder encoder;
     encoder.setStandardInputFile(QProcess::nullDevice());
     encoder.setStandardOutputFile(QProcess::nullDevice());
+    encoder.setReadChannel(QProcess::StandardError);
     // The font of the time overlay lies there.
     encoder.setWorkingDirectory(QCoreApplication::applicationDirPath());
-    encoder.start(QCoreApplication::applicationDirPath() + QStringLiteral("/ffmpeg"), arguments);
+    encoder.start(encoderPath(), call.arguments);
     if (!encoder.waitForStarted(-1))
         return QStringLiteral("the encoder cannot be started: %1").arg(encoder.errorString());
-    waitForEnd(encoder);
-    if (isInterrupted())
-        return QStringLiteral("interrupted");
-    if (encoder.exitStatus() == QProcess::CrashExit)
-        return QStringLiteral("the encoder crashed");
-    if (encoder.exitCode() == 0)
-        return {};
-    return QStringLiteral("the encoder failed: %1").arg(lastLine(encoder.readAllStandardError()));
+    EncoderChatter chatter;
+    waitForEnd(encoder, chatter);
+    const QFileInfo file(call.outputPath);
+    QString failure = failureOf(encoder, chatter, call.outputPath);
+    if (file.isFile() && file.size() == 0)
+        QFile::remove(call.outputPath);
+    return failure;
 }

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QString>
-#include <QStringList>
+#include "encoderarguments.h"
 
 /// Runs the encoder beside the program to its end; only one runs at a time, whoever asks. Answers
-/// why it failed, empty after a success.
+/// why the file was not written, empty if it is there, whole as far as the encoder says, and holds
+/// something. A file that holds nothing is removed.
 ///
-/// An interrupt of the program ends the encoder as well, which then finishes its file early.
-QString runEncoder(const QStringList& arguments);
+/// The end of the scan ends the encoder as well, which then finishes its file early; so does the
+/// end of the program.
+QString runEncoder(const EncoderCall& call);

@@ -1,26 +1,46 @@
 #include "commandline.h"
+#include "filenamecodec.h"
 #include "interrupt.h"
+#include "printable.h"
 #include "scanner.h"
 
 #include <QCoreApplication>
 #include <QFile>
-#include <QTextCodec>
 
 #include <cstdio>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace {
 
 ExitStatus rejectCommandLine(const QString& reason) {
     std::fprintf(stderr, "kestrova-scan: %s\nTry 'kestrova-scan --help'.\n",
-                 QFile::encodeName(reason).constData());
-    return UsageError;
+                 QFile::encodeName(printable(reason)).constData());
+    return BadCommandLine;
+}
+
+/// Keeps standard descriptors that are closed from being given to the next files opened, which
+/// would then get what is printed. Writing to one of them fails.
+void holdStandardDescriptors() {
+    for (const int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(descriptor, F_GETFD) == -1)
+            open("/dev/null", O_RDONLY);
+    }
+}
+
+ExitStatus print(const QString& text, QIODevice& output) {
+    const QByteArray bytes = text.toUtf8();
+    if (output.write(bytes) == bytes.size())
+        return AllDone;
+    std::fprintf(stderr, "kestrova-scan: standard output: %s\n", qPrintable(output.errorString()));
+    return SomeFailed;
 }
 
 } // namespace
 
 int main(int argc, char* argv[]) {
-    // File names are UTF-8 also where a job runs without a locale, as cron's do.
-    QTextCodec::setCodecForLocale(QTextCodec::codecForName("UTF-8"));
+    holdStandardDescriptors();
+    installFileNameCodec();
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kestrova-scan"));
 
@@ -29,16 +49,10 @@ int main(int argc, char* argv[]) {
         return rejectCommandLine(commandLine.text);
 
     QFile output;
-    if (!output.open(stdout, QIODevice::WriteOnly))
+    if (!output.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered))
         return SomeFailed;
-    if (commandLine.action == CommandLine::Action::PrintText) {
-        output.write(commandLine.text.toUtf8());
-        return output.flush() ? AllRead : SomeFailed;
-    }
+    if (commandLine.action == CommandLine::Action::PrintText)
+        return print(commandLine.text, output);
     catchInterrupts();
-    const ExitStatus status = scan(commandLine.options, output);
-    if (output.flush() && output.error() == QFileDevice::NoError)
-        return status;
-    std::fputs("kestrova-scan: cannot write to standard output\n", stderr);
-    return status == AllRead ? SomeFailed : status;
+    return scan(commandLine.options, output);
 }

@@ -1,6 +1,9 @@
 #include "messages.h"
 
+#include "printable.h"
+
 #include <QFile>
+#include <QStringList>
 
 #include <cstdio>
 
@@ -19,12 +22,16 @@ void Messages::makeRoom() {
 }
 
 void Messages::complain(const QString& subject, const QString& reason) {
-    write(QStringLiteral("kestrova-scan: %1: %2\n").arg(subject, reason));
+    QStringList lines;
+    for (const QString& line : reason.split(QLatin1Char('\n')))
+        lines += printable(line);
+    write(QStringLiteral("kestrova-scan: %1: %2\n")
+              .arg(printable(subject), lines.join(QStringLiteral("\n    "))));
 }
 
 void Messages::summarise(const QString& text) {
     if (!isQuiet)
-        write(text + '\n');
+        write(printable(text) + '\n');
 }
 
 void Messages::write(const QString& text) {

@@ -7,7 +7,7 @@
 #include <mutex>
 
 /// Everything that goes to standard error: progress, complaints and summaries. Any thread may call
-/// anything; lines are never torn.
+/// anything; lines are never torn, and nothing in them steers a terminal.
 class Messages {
 public:
     /// `isQuiet`: complaints only.
@@ -19,7 +19,7 @@ public:
     /// Makes room for a line on standard output, where both are the same terminal.
     void makeRoom();
 
-    /// What is wrong with `subject`.
+    /// What is wrong with `subject`. `reason` may have several lines.
     void complain(const QString& subject, const QString& reason);
 
     void summarise(const QString& text);

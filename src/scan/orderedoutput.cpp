@@ -1,16 +1,19 @@
 #include "orderedoutput.h"
 
-#include <QFileDevice>
+#include "writing.h"
 
-OrderedOutput::OrderedOutput(QIODevice& output, int recordings)
+#include <utility>
+
+OrderedOutput::OrderedOutput(QIODevice& output, int recordings, Failed failed)
     : output(output)
+    , failed(std::move(failed))
     , recordings(recordings) {}
 
 void OrderedOutput::write(int index, const QByteArray& lines) {
     const std::lock_guard<std::mutex> lock(mutex);
     if (index == current)
         writeNow(lines);
-    else
+    else if (!hasFailed)
         recordings[index].waiting += lines;
 }
 
@@ -25,9 +28,8 @@ void OrderedOutput::finish(int index) {
 }
 
 void OrderedOutput::writeNow(const QByteArray& lines) {
-    if (lines.isEmpty())
+    if (hasFailed || writeAll(output, lines))
         return;
-    output.write(lines);
-    if (auto* file = qobject_cast<QFileDevice*>(&output))
-        file->flush();
+    hasFailed = true;
+    failed(output.errorString());
 }

@@ -2,6 +2,7 @@
 
 #include "cutrange.h"
 #include "interrupt.h"
+#include "picturefile.h"
 #include "shortestdigits.h"
 
 #include <QFileInfo>
@@ -31,6 +32,7 @@ bool RecordingScan::run() {
     Detection detection(options.detection, *this);
     // An absolute path is a file to the media libraries, whatever colons its name has.
     line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
+    outputs.totals.finish(index);
     if (line.outcome == DetectionOutcome::NoUsableTimes)
         outputs.messages.complain(line.video, detection.errorText() + noTimesHint());
     else if (!detection.errorText().isEmpty())
@@ -45,11 +47,18 @@ bool RecordingScan::run() {
 }
 
 bool RecordingScan::isCancelled() {
-    return isInterrupted();
+    return isEnding();
 }
 
 void RecordingScan::opened(const QByteArray& codecName, double) {
     exporter.setCodec(codecName);
+}
+
+void RecordingScan::regionIsEmpty() {
+    outputs.messages.complain(
+        line.video,
+        QStringLiteral(
+            "warning: the region selects nothing of its pictures, so no motion is found"));
 }
 
 void RecordingScan::numbered(double frameRate) {
@@ -73,6 +82,7 @@ void RecordingScan::positionChanged(qint64 bytePosition) {
     outputs.messages.showProgress(outputs.totals.progress());
 }
 
+// For the window's job, whose state changes before its last clip; here the outcome says it all.
 void RecordingScan::endReached() {}
 
 void RecordingScan::clipFound(const DetectedClip& clip) {
@@ -99,7 +109,7 @@ void RecordingScan::exportClip(ClipLine& found) {
     if (failure.isEmpty())
         return;
     isWritten = false;
-    outputs.messages.complain(found.exportFile, failure);
+    outputs.messages.complain(found.exportFile.isEmpty() ? line.video : found.exportFile, failure);
 }
 
 void RecordingScan::report(const QByteArray& lines) {
@@ -114,9 +124,10 @@ QString RecordingScan::writeSnapshot(const DetectedClip& clip) {
         outputs.messages.complain(line.video, QStringLiteral("its pictures cannot be scaled"));
         return {};
     }
-    if (clip.snapshot.save(path, "PNG"))
+    const QString failure = writePictureFile(clip.snapshot, path);
+    if (failure.isEmpty())
         return path;
     isWritten = false;
-    outputs.messages.complain(path, QStringLiteral("cannot write the picture"));
+    outputs.messages.complain(path, QStringLiteral("cannot write the picture: %1").arg(failure));
     return {};
 }

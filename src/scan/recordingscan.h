@@ -32,6 +32,7 @@ public:
 
     bool isCancelled() override;
     void opened(const QByteArray& codecName, double duration) override;
+    void regionIsEmpty() override;
     void numbered(double frameRate) override;
     void frameProcessed(const FrameReport& frame) override;
     void positionChanged(qint64 bytePosition) override;

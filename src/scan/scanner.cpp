@@ -1,11 +1,11 @@
 #include "scanner.h"
 
+#include "folder.h"
 #include "interrupt.h"
 #include "recordingscan.h"
+#include "writing.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QThread>
 
 #include <algorithm>
@@ -23,11 +23,6 @@ ScanOptions withSharedThreads(ScanOptions options) {
     if (options.jobs > 1 && options.detection.threads == 0)
         options.detection.threads = std::max(1, QThread::idealThreadCount() / options.jobs);
     return options;
-}
-
-/// Makes the folder if it is missing; false if it cannot be written into.
-bool prepareFolder(const QString& path) {
-    return QDir().mkpath(path) && QFileInfo(path).isWritable();
 }
 
 /// Up to `count` threads that do `work`: as many as can be had.
@@ -48,7 +43,7 @@ bool scanAll(const ScanOptions& options, ScanOutputs& outputs) {
     std::atomic<bool> isGood{true};
     const auto work = [&] {
         int index = 0;
-        while (!isInterrupted() && (index = next++) < options.videos.size()) {
+        while (!isEnding() && (index = next++) < options.videos.size()) {
             if (!RecordingScan(index, options, outputs).run())
                 isGood = false;
             outputs.clips.finish(index);
@@ -63,42 +58,66 @@ bool scanAll(const ScanOptions& options, ScanOutputs& outputs) {
     return isGood;
 }
 
+bool prepareFolders(const ScanOptions& options, Messages& messages) {
+    for (const QString& folder : {options.snapshotDirectory, options.exporting.directory}) {
+        const QString failure = folder.isEmpty() ? QString() : prepareFolder(folder);
+        if (failure.isEmpty())
+            continue;
+        messages.complain(folder, QStringLiteral("cannot write into this folder: ") + failure);
+        return false;
+    }
+    return true;
+}
+
+/// Opens the trace if one is wanted.
+bool openTrace(QFile& file, Messages& messages) {
+    const QIODevice::OpenMode mode =
+        QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered;
+    if (file.fileName().isEmpty() || file.open(mode))
+        return true;
+    messages.complain(file.fileName(), file.errorString());
+    return false;
+}
+
 } // namespace
 
 ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
     const ScanOptions options = withSharedThreads(asked);
     Messages messages(options.quiet);
-    const SnapshotFolder snapshots(options.snapshotDirectory, options.videos);
-    for (const QString& folder : {options.snapshotDirectory, options.exporting.directory}) {
-        if (folder.isEmpty() || prepareFolder(folder))
-            continue;
-        messages.complain(folder, QStringLiteral("cannot write into this folder"));
-        return UsageError;
-    }
     QFile traceFile(options.traceFile);
-    const bool isTraced = !options.traceFile.isEmpty();
-    if (isTraced && !traceFile.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-        messages.complain(options.traceFile, traceFile.errorString());
-        return UsageError;
-    }
+    if (!prepareFolders(options, messages) || !openTrace(traceFile, messages))
+        return BadCommandLine;
+
+    std::atomic<bool> isWritten{true};
+    const int recordings = options.videos.size();
+    OrderedOutput clips(output, recordings, [&](const QString& reason) {
+        isWritten = false;
+        messages.complain(QStringLiteral("standard output"), reason);
+        endScan();
+    });
+    const auto traceFailed = [&](const QString& reason) {
+        isWritten = false;
+        messages.complain(options.traceFile, reason);
+    };
+    OrderedOutput trace(traceFile, recordings, traceFailed);
 
     const bool isExported = !options.exporting.directory.isEmpty();
     const auto format = makeClipFormat(options.format, isExported);
-    // Their folders are named here, in the order of the recordings.
+    const SnapshotFolder snapshots(options.snapshotDirectory, options.videos);
+    ClipFolders folders(options.exporting.directory, options.videos);
     std::vector<ClipExport> exports;
-    for (const QString& video : options.videos)
-        exports.emplace_back(video, options.exporting);
-    output.write(format->header());
-    OrderedOutput clips(output, options.videos.size());
-    OrderedOutput trace(traceFile, options.videos.size());
+    for (int i = 0; i < recordings; ++i)
+        exports.emplace_back(options.videos[i], options.exporting, folders, i);
     Totals totals(options.videos);
-    ScanOutputs outputs{*format,  clips, isTraced ? &trace : nullptr, snapshots, exports,
+    ScanOutputs outputs{*format,  clips, traceFile.isOpen() ? &trace : nullptr, snapshots, exports,
                         messages, totals};
-    ExitStatus status = scanAll(options, outputs) ? AllRead : SomeFailed;
+    clips.write(0, format->header());
+    const bool isGood = scanAll(options, outputs);
     messages.makeRoom();
-    if (isTraced && !(traceFile.flush() && traceFile.error() == QFileDevice::NoError)) {
-        messages.complain(options.traceFile, traceFile.errorString());
-        status = SomeFailed;
-    }
-    return isInterrupted() ? Interrupted : status;
+    const QString syncFailure = traceFile.isOpen() && isWritten ? syncToDisk(traceFile) : QString();
+    if (!syncFailure.isEmpty())
+        traceFailed(syncFailure);
+    if (isInterrupted())
+        return Interrupted;
+    return isGood && isWritten ? AllDone : SomeFailed;
 }

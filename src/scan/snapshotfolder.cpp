@@ -1,25 +1,55 @@
 #include "snapshotfolder.h"
 
+#include "clipnumber.h"
+#include "namelength.h"
+
+#include <QCryptographicHash>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QHash>
 #include <QSet>
 
+#include <cstring>
+
+namespace {
+
+/// The most that is put behind a name, while its picture is being written.
+const char longestEnding[] = "-2147483647.png.XXXXXX";
+
+/// A name that `longest` bytes hold.
+QString shortened(const QString& name, int longest) {
+    if (nameLength(name) <= longest)
+        return name;
+    const QByteArray sum =
+        QCryptographicHash::hash(QFile::encodeName(name), QCryptographicHash::Sha1).toHex();
+    const QString ending = '~' + QString::fromLatin1(sum.left(8));
+    QString beginning = name;
+    while (nameLength(beginning + ending) > longest && !beginning.isEmpty())
+        chopCharacter(beginning);
+    return beginning + ending;
+}
+
+} // namespace
+
 SnapshotFolder::SnapshotFolder(const QString& path, const QStringList& videos)
     : path(path) {
+    const int longest = longestNameIn(path) - int(std::strlen(longestEnding));
     QSet<QString> taken;
-    QHash<QString, int> next; // number to try next, by file name
+    QHash<QString, int> next; // number to try next, by name
     for (const QString& video : videos) {
-        const QString fileName = QFileInfo(video).fileName();
+        const QString fileName = shortened(QFileInfo(video).fileName(), longest);
         QString name = fileName;
-        for (int& number = next[fileName]; taken.contains(name);)
-            name = fileName + QLatin1Char('_') + QString::number(++number);
+        for (int& number = next[fileName]; taken.contains(name);) {
+            const QString ending = QLatin1Char('_') + QString::number(++number);
+            name = shortened(fileName, longest - ending.size()) + ending;
+        }
         taken.insert(name);
         names.append(name);
     }
 }
 
 QString SnapshotFolder::pathOf(int recording, int index) const {
-    const QString number = QStringLiteral("%1").arg(index, 4, 10, QLatin1Char('0'));
-    return QDir(path).filePath(QStringLiteral("%1-%2.png").arg(names[recording], number));
+    return QDir(path).filePath(
+        QStringLiteral("%1-%2.png").arg(names[recording], clipNumber(index)));
 }

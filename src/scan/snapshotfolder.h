@@ -6,7 +6,8 @@
 /// The folder that clips' pictures are written into, as NAME-0000.png and so on.
 ///
 /// NAME is the recording's file name; where recordings of several folders share it, the second one
-/// becomes NAME_1, the third NAME_2.
+/// becomes NAME_1, the third NAME_2. Where the file system takes no name so long, NAME's end
+/// becomes a short sum of all of it, the same in every call.
 class SnapshotFolder {
 public:
     SnapshotFolder(const QString& path, const QStringList& videos);

@@ -6,8 +6,15 @@
 
 Totals::Totals(const QStringList& videos)
     : positions(videos.size(), 0) {
-    for (const QString& video : videos)
-        bytes += QFileInfo(video).size();
+    for (const QString& video : videos) {
+        sizes.append(QFileInfo(video).size());
+        bytes += sizes.last();
+    }
+}
+
+void Totals::finish(int recording) {
+    // Also where less was read: of a file that is none, or that was cut short.
+    setPosition(recording, sizes[recording]);
 }
 
 void Totals::setPosition(int recording, qint64 bytePosition) {

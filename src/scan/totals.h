@@ -14,6 +14,7 @@ public:
     explicit Totals(const QStringList& videos);
 
     void setPosition(int recording, qint64 bytePosition); ///< bytes; -1 if unknown
+    void finish(int recording);                           ///< nothing more is read of it
     void addSeconds(double seconds);
     void addClip();
 
@@ -21,6 +22,7 @@ public:
 
 private:
     mutable std::mutex mutex;
+    QVector<qint64> sizes; ///< bytes
     QVector<qint64> positions;
     qint64 bytes = 0; ///< of all recordings
     qint64 read = 0;  ///< of these, the sum of the positions

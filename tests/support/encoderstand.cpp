@@ -1,5 +1,6 @@
 #include "encoderstand.h"
 
+#include "files.h"
 #include "media.h"
 
 #include <QCoreApplication>
@@ -59,13 +60,21 @@ void EncoderStand::releaseOutput(const QString& name) {
     write("free-" + name, {});
 }
 
+void EncoderStand::beStubborn() {
+    write("stubborn", {});
+}
+
+QByteArray EncoderStand::clashes() const {
+    return readFile(filePath("clashes"));
+}
+
 QList<QStringList> EncoderStand::calls() const {
     QList<QStringList> calls;
     QFile file(filePath("calls"));
     if (!file.open(QIODevice::ReadOnly))
         return calls;
     while (!file.atEnd())
-        calls.append(QString::fromUtf8(file.readLine()).chopped(1).split(QChar(0x1f)));
+        calls.append(QFile::decodeName(file.readLine()).chopped(1).split(QChar(0x1f)));
     return calls;
 }
 

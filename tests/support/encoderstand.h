@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QStringList>
 #include <QTemporaryDir>
 
@@ -23,7 +24,8 @@ public:
     /// Leaves no encoder.
     void useNone();
 
-    /// How the recorder's following calls end: "0", "1" or "crash".
+    /// How the recorder's following calls end: "0", "1", "crash", "chatter", "empty" or "none" (see
+    /// recorder.cpp).
     void setEnd(const QByteArray& end);
 
     /// From now on the recorder's calls do not end before `release`.
@@ -32,6 +34,12 @@ public:
 
     /// Lets only the call end that writes this file ("0000.avi").
     void releaseOutput(const QString& name);
+
+    /// From now on the recorder's calls do not end when they are asked to terminate.
+    void beStubborn();
+
+    /// The names, a line each, of output files that two of the recorder's calls had at once.
+    QByteArray clashes() const;
 
     /// The arguments of the recorder's calls so far, in their order.
     QList<QStringList> calls() const;

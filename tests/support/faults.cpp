@@ -23,6 +23,10 @@ QProcessEnvironment failing(const char* call, int error, qint64 after, const QSt
 
 namespace faults {
 
+QProcessEnvironment callError(const char* call, int error, const QString& file, int room) {
+    return failing(call, error, room, file);
+}
+
 QProcessEnvironment readError(const QString& file, qint64 offset) {
     return failing("read", EIO, offset, QFileInfo(file).canonicalFilePath());
 }

@@ -6,6 +6,10 @@
 /// Environments in which a program's calls of the system fail.
 namespace faults {
 
+/// `call` fails with the errno `error` on files whose paths hold `file`; failingcalls.cpp tells
+/// which calls can. Writes take `room` bytes before, in each process.
+QProcessEnvironment callError(const char* call, int error, const QString& file, int room = 0);
+
 /// `file` cannot be read from byte `offset` on.
 QProcessEnvironment readError(const QString& file, qint64 offset);
 

@@ -8,6 +8,11 @@ QByteArray readFile(const QString& path) {
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
+bool writeFile(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush();
+}
+
 QList<QJsonObject> jsonLines(const QByteArray& text) {
     QList<QJsonObject> objects;
     for (const QByteArray& line : text.split('\n')) {

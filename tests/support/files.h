@@ -8,5 +8,8 @@
 /// The whole file; empty if it cannot be read.
 QByteArray readFile(const QString& path);
 
+/// Makes the file, or replaces what it holds. False if it cannot be written.
+bool writeFile(const QString& path, const QByteArray& content);
+
 /// One object per line that is not empty.
 QList<QJsonObject> jsonLines(const QByteArray& text);

@@ -2,6 +2,10 @@
 
 #include <QDir>
 
+QString recordingsDirectory() {
+    return QStringLiteral(KESTROVA_RECORDINGS);
+}
+
 QString footageDirectory() {
     const QString path = qEnvironmentVariable("KESTROVA_FOOTAGE");
     return !path.isEmpty() && QDir(path).exists() ? QDir(path).absolutePath() : QString();

@@ -7,6 +7,7 @@ extern "C" {
 
 #include <QPainter>
 
+#include <cstdint>
 #include <cstdlib>
 #include <cstring>
 

@@ -12,6 +12,7 @@ extern "C" {
 #include <libavutil/pixfmt.h>
 }
 
+#include <cstdint>
 #include <memory>
 #include <vector>
 

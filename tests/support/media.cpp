@@ -10,12 +10,21 @@
 
 namespace media {
 
+namespace {
+
+const QStringList common = {"-nostdin", "-v", "error", "-y"};
+
+} // namespace
+
 QString programDirectory() {
     return QStringLiteral(KESTROVA_PROGRAM_DIRECTORY);
 }
 
+bool tryEncode(const QStringList& arguments) {
+    return runProgram("ffmpeg", common + arguments).status == 0;
+}
+
 bool encode(const QStringList& arguments) {
-    const QStringList common = {"-nostdin", "-v", "error", "-y"};
     const ProcessResult result = runProgram("ffmpeg", common + arguments);
     if (result.status != 0)
         qWarning("ffmpeg %s: %s", qPrintable(arguments.join(' ')), result.errors.constData());

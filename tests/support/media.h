@@ -14,6 +14,9 @@ QString programDirectory();
 /// Runs the encoder with `arguments`; false, with its errors on the debug output, if it fails.
 bool encode(const QStringList& arguments);
 
+/// The same without a word, where a failure is to be expected.
+bool tryEncode(const QStringList& arguments);
+
 /// Whether the encoder can write this codec ("libx264", "libaom-av1", ...).
 bool hasEncoder(const QString& name);
 

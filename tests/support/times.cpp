@@ -2,14 +2,7 @@
 
 #include "files.h"
 
-#include <QFile>
-
 namespace {
-
-bool writeFile(const QString& fileName, const QByteArray& content) {
-    QFile file(fileName);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
 
 int byteAt(const QByteArray& content, int position) {
     return uchar(content[position]);

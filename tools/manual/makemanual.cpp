@@ -1,8 +1,12 @@
-// Renders the manual: makemanual TEXT PICTURES OUTPUT, with TEXT in HTML and PICTURES a folder.
+// Renders the manual: makemanual TEXT PICTURES OUTPUT, with TEXT in HTML and PICTURES a folder. It
+// was made at the time that SOURCE_DATE_EPOCH names, or now.
 
+#include <QBuffer>
+#include <QDateTime>
 #include <QFile>
 #include <QFont>
 #include <QGuiApplication>
+#include <QHash>
 #include <QImage>
 #include <QPageSize>
 #include <QPdfWriter>
@@ -32,28 +36,54 @@ private:
     QString pictures;
 };
 
-bool makeManual(const QStringList& arguments) {
-    QFile text(arguments.value(1));
-    if (!text.open(QIODevice::ReadOnly))
-        return false;
-    Manual manual(arguments.value(2));
+/// The manual as PDF; empty if a picture is missing.
+QByteArray render(const QString& text, const QString& pictures) {
+    Manual manual(pictures);
     manual.setDefaultFont(QFont(QStringLiteral("DejaVu Sans"), 10));
     manual.setDefaultStyleSheet(QStringLiteral("pre { font-family: 'DejaVu Sans Mono'; }"));
-    manual.setHtml(QString::fromUtf8(text.readAll()));
-    QPdfWriter writer(arguments.value(3));
+    manual.setHtml(text);
+    QBuffer pdf;
+    pdf.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&pdf);
     writer.setPageSize(QPageSize(QPageSize::A4));
     writer.setTitle(QStringLiteral("Kestrova"));
     writer.setResolution(96);
     manual.print(&writer);
-    return manual.isComplete;
+    return manual.isComplete ? pdf.data() : QByteArray();
+}
+
+/// Builds of the same sources are compared byte by byte, so their manuals bear the sources' date.
+void setCreationDate(QByteArray& pdf, const QDateTime& date) {
+    const QByteArray key = "/CreationDate (D:";
+    const QByteArray digits = date.toUTC().toString(QStringLiteral("yyyyMMddHHmmss")).toLatin1();
+    const int position = pdf.indexOf(key);
+    if (position >= 0)
+        pdf.replace(position + key.size(), digits.size(), digits);
+}
+
+bool makeManual(const QStringList& arguments) {
+    QFile text(arguments.value(1));
+    if (!text.open(QIODevice::ReadOnly))
+        return false;
+    QByteArray pdf = render(QString::fromUtf8(text.readAll()), arguments.value(2));
+    bool isDated = false;
+    const qint64 date = qEnvironmentVariable("SOURCE_DATE_EPOCH").toLongLong(&isDated);
+    if (isDated)
+        setCreationDate(pdf, QDateTime::fromSecsSinceEpoch(date));
+    QFile output(arguments.value(3));
+    return !pdf.isEmpty() && output.open(QIODevice::WriteOnly) && output.write(pdf) == pdf.size() &&
+           output.flush();
 }
 
 } // namespace
 
 int main(int argc, char* argv[]) {
+    // The writer notes the time zone, and keeps its fonts in a hash table.
+    qputenv("TZ", "UTC");
+    qSetGlobalQHashSeed(0);
     const QGuiApplication application(argc, argv);
     if (makeManual(QGuiApplication::arguments()))
         return 0;
-    qCritical("The text or a picture of the manual cannot be read.");
+    qCritical("The manual cannot be written, or its text or a picture not be read.");
     return 1;
 }

@@ -4,10 +4,10 @@
 #include "encoderstand.h"
 #include "mainwindowdriver.h"
 #include "media.h"
+#include "visitors.h"
 
 #include <QMessageBox>
 #include <QPainter>
-#include <QPainterPath>
 #include <QProgressBar>
 #include <QSettings>
 #include <QtTest>
@@ -25,19 +25,8 @@ QImage walker() {
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(QColor(205, 165, 135));
-    painter.drawEllipse(27, 2, 36, 44);
-    painter.setBrush(QColor(45, 50, 70));
-    painter.drawRect(24, 140, 18, 105);
-    painter.drawRect(48, 140, 18, 105);
-    QPainterPath body;
-    body.addRoundedRect(10, 48, 70, 100, 18, 18);
-    painter.setClipPath(body);
-    for (int x = 10; x < 80; x += 10) {
-        painter.setBrush(x % 20 == 10 ? QColor(190, 60, 50) : QColor(240, 235, 225));
-        painter.drawRect(x, 48, 10, 100);
-    }
+    painter.translate(45, 245);
+    paintWalker(painter);
     return picture;
 }
 

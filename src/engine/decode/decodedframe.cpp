@@ -4,6 +4,8 @@ extern "C" {
 #include <libavutil/frame.h>
 }
 
+#include <cstdint>
+
 const std::uint8_t* DecodedFrame::data() const {
     return frame->data[0];
 }

@@ -1,48 +1,55 @@
 #include "firstframe.h"
 
-#include "ffmpegmutex.h"
-#include "logging.h"
+#include "scaledpicture.h"
+#include "videodecoder.h"
 
-#include <opencv2/core.hpp>
-#include <opencv2/videoio.hpp>
+extern "C" {
+#include <libavutil/frame.h>
+#include <libavutil/imgutils.h>
+#include <libavutil/mem.h>
+}
 
-#include <QMutexLocker>
+#include <QFile>
+#include <QFileInfo>
 
-#include <exception>
+#include <array>
 
 namespace {
 
-bool grab(const std::string& fileName, QImage* image) {
-    routeLibavLog();
-    cv::VideoCapture capture;
-    {
-        QMutexLocker lock(&ffmpegMutex());
-        // Named, so that no other back end answers for a file that is not a video.
-        capture.open(fileName, cv::CAP_FFMPEG);
+/// The picture in its own size. Null if it has pixels that cannot be converted, or too many.
+QImage rgbImage(const AVFrame& picture) {
+    // Rows of the library's own alignment, since the scaler fills them to their end.
+    constexpr int alignment = 32;
+    std::array<std::uint8_t*, 4> rows{};
+    std::array<int, 4> strides{};
+    if (av_image_alloc(rows.data(), strides.data(), picture.width, picture.height, AV_PIX_FMT_RGB24,
+                       alignment) < 0)
+        return {};
+    QImage image(rows[0], picture.width, picture.height, strides[0], QImage::Format_RGB888, av_free,
+                 rows[0]);
+    if (image.isNull()) {
+        av_free(rows[0]);
+        return {};
     }
-    if (!capture.isOpened())
-        return false;
-    // The region is measured on pictures as they are decoded, so it must be drawn on such a one.
-    capture.set(cv::CAP_PROP_ORIENTATION_AUTO, 0);
-    cv::Mat picture;
-    if (!capture.read(picture) || !picture.data || picture.total() == 0 ||
-        picture.type() != CV_8UC3)
-        return false;
-    *image =
-        QImage(picture.data, picture.cols, picture.rows, int(picture.step), QImage::Format_RGB888)
-            .rgbSwapped();
-    QMutexLocker lock(&ffmpegMutex());
-    capture.release();
-    return true;
+    const bool isScaled = scalePicture(picture, {AV_PIX_FMT_RGB24, picture.width, picture.height,
+                                                 rows[0], strides[0], SWS_BICUBIC});
+    return isScaled ? image : QImage();
 }
 
 } // namespace
 
-bool grabFirstFrame(const QString& fileName, QImage* image) {
-    try {
-        return grab(fileName.toUtf8().toStdString(), image);
-    } catch (const std::exception& exception) {
-        qCWarning(engineLog, "no first picture: %s", exception.what());
+bool grabFirstFrame(const QString& fileName, QImage* image, QDeadlineTimer deadline) {
+    // One picture is not worth the start of many threads.
+    VideoDecoder decoder(1);
+    decoder.setInterrupt([&deadline] { return deadline.hasExpired(); });
+    if (!QFileInfo(fileName).isFile() || !decoder.open(QFile::encodeName(fileName).constData()))
         return false;
-    }
+    FramePointer first(decoder.readFrame(false));
+    if (!first) // a recording so short that it ends before the decoder gives anything away
+        first.reset(decoder.takeHeldFrame());
+    const QImage converted = first ? rgbImage(*first->frame) : QImage();
+    if (converted.isNull())
+        return false;
+    *image = converted;
+    return true;
 }

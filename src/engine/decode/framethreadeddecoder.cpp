@@ -1,5 +1,7 @@
 #include "framethreadeddecoder.h"
 
+#include "libavversions.h"
+
 namespace {
 
 // MPEG-4 Part 2 in AVI can hold a B picture in one packet with the picture it refers to; then a
@@ -68,7 +70,7 @@ bool FrameThreadedDecoder::send(NumberedPacket packet) {
 // all, frame threads give other pictures than one thread.
 bool FrameThreadedDecoder::isUnsafe(const AVFrame& picture) const {
     return (picture.flags & AV_FRAME_FLAG_CORRUPT) != 0 || picture.decode_error_flags != 0 ||
-           picture.interlaced_frame != 0;
+           isInterlaced(picture);
 }
 
 CompletedPicture FrameThreadedDecoder::complete(PicturePointer picture) {

@@ -4,6 +4,7 @@
 #include "packetreader.h"
 #include "restartpackets.h"
 
+#include <cstdint>
 #include <deque>
 #include <optional>
 

@@ -1,11 +1,31 @@
 #include "packetreader.h"
 
+#include "logging.h"
+#include "refuseddemuxers.h"
+
 #include <array>
+#include <cstring>
 
 namespace {
 
 int askInterrupt(void* reader) {
     return static_cast<const PacketReader*>(reader)->isInterrupted() ? 1 : 0;
+}
+
+/// What demuxers ask for another file than the named one.
+int refuseOtherFile(AVFormatContext*, AVIOContext**, const char* url, int, AVDictionary**) {
+    qCDebug(engineLog, "not opened: %s", url);
+    return AVERROR(EACCES);
+}
+
+/// The name as demuxers see it, who need its extension. Characters that make it a pattern of other
+/// names are gone, so that the file is what its content says.
+QByteArray plainName(QByteArray name) {
+    for (char& character : name) {
+        if (std::strchr("%*?[]{}", character))
+            character = '_';
+    }
+    return name;
 }
 
 int firstVideoStream(const AVFormatContext& format) {
@@ -36,33 +56,67 @@ bool PacketReader::isInterrupted() const {
     return interrupt && interrupt();
 }
 
-bool PacketReader::open(const char* fileName) {
+bool PacketReader::open(const char* name) {
     close();
-    format = avformat_alloc_context();
-    if (!format) {
-        error = libavErrorText(AVERROR(ENOMEM));
-        return false;
-    }
-    format->interrupt_callback = {askInterrupt, this};
-    int result = avformat_open_input(&format, fileName, nullptr, nullptr);
+    fileName = name;
+    file = std::make_unique<InputFile>([this] { return isInterrupted(); });
+    int result = file->open(fileName.constData());
+    if (result >= 0)
+        result = openDemuxer();
     if (result >= 0)
         result = avformat_find_stream_info(format, nullptr);
     if (result < 0) {
-        error = libavErrorText(result);
+        if (error.isEmpty())
+            error = libavErrorText(result);
         return false;
     }
-    av_dump_format(format, 0, fileName, 0);
+    av_dump_format(format, 0, fileName.constData(), 0);
     // What failed while the file was probed is tried again when its turn comes.
-    if (format->pb)
-        format->pb->error = 0;
+    format->pb->error = 0;
     streamIndex = firstVideoStream(*format);
     if (streamIndex < 0)
         error = QStringLiteral("no video stream");
     return streamIndex >= 0;
 }
 
+int PacketReader::openDemuxer() {
+    const QByteArray name = plainName(fileName);
+    const AVInputFormat* demuxer = nullptr;
+    // The demuxer is found by itself, so that the libraries never look for one by the name alone:
+    // that is how patterns, addresses and devices are opened.
+    const int score =
+        av_probe_input_buffer2(file->bytes(), &demuxer, name.constData(), nullptr, 0, 0);
+    if (score < 0)
+        return score;
+    error = refusalOf(*demuxer);
+    if (!error.isEmpty())
+        return AVERROR(EINVAL);
+    format = avformat_alloc_context();
+    if (!format)
+        return AVERROR(ENOMEM);
+    format->pb = file->bytes();
+    format->interrupt_callback = {askInterrupt, this};
+    format->io_open = refuseOtherFile;
+    // Nothing is on this list: demuxers that go past `io_open` find no way to another file, either.
+    AVDictionary* options = nullptr;
+    av_dict_set(&options, "protocol_whitelist", "", 0);
+    const int result = avformat_open_input(&format, name.constData(), demuxer, &options);
+    av_dict_free(&options);
+    return result;
+}
+
+bool PacketReader::reopen() {
+    if (!file || !file->canSeek()) {
+        close();
+        error = QStringLiteral("a pipe cannot be read again");
+        return false;
+    }
+    return open(QByteArray(fileName).constData());
+}
+
 void PacketReader::close() {
     avformat_close_input(&format);
+    file.reset();
     streamIndex = -1;
     nextNumber = 0;
     hasEnded = false;

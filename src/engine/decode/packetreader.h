@@ -1,5 +1,6 @@
 #pragma once
 
+#include "inputfile.h"
 #include "libavpointers.h"
 #include "readend.h"
 
@@ -7,14 +8,16 @@ extern "C" {
 #include <libavformat/avformat.h>
 }
 
+#include <QByteArray>
 #include <QString>
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 /// Opens a media file and reads the packets of its first video stream.
 ///
-/// The caller holds `ffmpegMutex` around `open` and `close`.
+/// No other file is ever opened, whatever the named one says.
 class PacketReader {
 public:
     PacketReader() = default;
@@ -22,14 +25,18 @@ public:
     PacketReader(const PacketReader&) = delete;
     PacketReader& operator=(const PacketReader&) = delete;
 
-    /// `interrupt` is asked during long reads; when it answers true, reading ends as at end of
-    /// file.
+    /// `interrupt` is asked while opening and reading; when it answers true, opening fails and
+    /// reading ends as at end of file.
     void setInterrupt(std::function<bool()> interrupt);
     bool isInterrupted() const;
 
-    /// Opens `fileName` (UTF-8), closing what was open. False if it is no media file or has no
-    /// video stream.
+    /// Opens the file at the path `fileName`, closing what was open. False if it is no media file,
+    /// one that names other files, or has no video stream.
     bool open(const char* fileName);
+
+    /// Opens the same file once more, from its start. False also where that is gone.
+    bool reopen();
+
     void close();
 
     /// The stream's next packet with any bytes in it; nothing at end of file and on any error, and
@@ -47,9 +54,12 @@ public:
     QString errorText() const;   ///< why `open` failed
 
 private:
+    int openDemuxer();
     void noteEnd(int result);
 
     std::function<bool()> interrupt;
+    QByteArray fileName;
+    std::unique_ptr<InputFile> file; ///< outlives `format`, which reads from it
     AVFormatContext* format = nullptr;
     int streamIndex = -1;
     qint64 nextNumber = 0;

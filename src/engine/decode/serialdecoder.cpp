@@ -33,6 +33,13 @@ PicturePointer SerialDecoder::decode(const AVPacket& packet) {
     return gotPicture ? std::move(picture) : nullptr;
 }
 
+PicturePointer SerialDecoder::takeHeld() {
+    PicturePointer held(av_frame_alloc());
+    avcodec_send_packet(context.get(), nullptr);
+    const bool isTaken = held && avcodec_receive_frame(context.get(), held.get()) >= 0;
+    return isTaken ? std::move(held) : nullptr;
+}
+
 /// Decoders that find no room for what they keep beside the pictures often answer that the data is
 /// invalid; what the system said of it is then still there.
 void SerialDecoder::noteRefusal(int result) {

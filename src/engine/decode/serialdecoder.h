@@ -14,6 +14,10 @@ public:
     /// one need not.
     PicturePointer decode(const AVPacket& packet);
 
+    /// The first of the pictures that the decoder still holds; null if it holds none. Nothing can
+    /// be decoded from then on.
+    PicturePointer takeHeld();
+
     /// Pictures per second as the stream's headers say, 0 if unknown.
     double frameRate() const { return frameRateOf(*context); }
 

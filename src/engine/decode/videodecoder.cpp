@@ -10,11 +10,11 @@
 #include <QMutexLocker>
 #include <QThread>
 
+#include <cstdint>
 #include <optional>
 
 /// One open file. Exactly one of the two decoders is there once the file is open.
 struct DecodingContext {
-    QByteArray fileName;
     PacketReader reader;
     PictureMemory memory; ///< outlives the decoders
     std::unique_ptr<FrameThreadedDecoder> threaded;
@@ -25,7 +25,7 @@ struct DecodingContext {
     QString error;
     ReadEnd end; ///< where the reader does not know it
 
-    bool open(int threads);
+    bool open(const char* fileName, int threads);
     std::optional<CompletedPicture> nextPicture();
 
 private:
@@ -34,11 +34,12 @@ private:
     bool goSerial();
 };
 
-bool DecodingContext::open(int threads) {
-    if (!reader.open(fileName.constData())) {
+bool DecodingContext::open(const char* fileName, int threads) {
+    if (!reader.open(fileName)) {
         error = reader.errorText();
         return false;
     }
+    QMutexLocker lock(&ffmpegMutex());
     OpenedCodec opened = openCodec(*reader.stream()->codecpar, threads, memory);
     if (!opened.context) {
         error = opened.error;
@@ -99,15 +100,17 @@ std::optional<NumberedPacket> DecodingContext::nextSerialPacket() {
 /// Goes on with one thread, just behind the last picture that was handed out.
 bool DecodingContext::goSerial() {
     qCDebug(engineLog, "one thread from packet %lld on", static_cast<long long>(lastNumber));
-    QMutexLocker lock(&ffmpegMutex());
     replay = threaded->takeRestartPackets();
     const int reorderDelay = threaded->reorderDelay();
+    QMutexLocker lock(&ffmpegMutex());
     threaded.reset();
+    lock.unlock();
     memory.tryAgain();
-    if (replay.empty() && !reader.open(fileName.constData())) {
+    if (replay.empty() && !reader.reopen()) {
         end = {ReadEnd::Cause::ReadError, reader.errorText()};
         return false;
     }
+    lock.relock();
     OpenedCodec opened = openCodec(*reader.stream()->codecpar, 1, memory);
     if (!opened.context) {
         end = {ReadEnd::Cause::OutOfMemory, opened.error};
@@ -134,7 +137,9 @@ VideoDecoder::VideoDecoder(int threads)
     routeLibavLog();
 }
 
-VideoDecoder::~VideoDecoder() = default;
+VideoDecoder::~VideoDecoder() {
+    close();
+}
 
 void VideoDecoder::setInterrupt(std::function<bool()> isInterrupted) {
     interrupt = std::move(isInterrupted);
@@ -143,9 +148,8 @@ void VideoDecoder::setInterrupt(std::function<bool()> isInterrupted) {
 bool VideoDecoder::open(const char* fileName) {
     close();
     context = std::make_unique<DecodingContext>();
-    context->fileName = fileName;
     context->reader.setInterrupt(interrupt);
-    return context->open(threads);
+    return context->open(fileName, threads);
 }
 
 DecodedFrame* VideoDecoder::readFrame(bool clone) {
@@ -169,7 +173,19 @@ ReadEnd VideoDecoder::readEnd() const {
     return context->end.error.isEmpty() ? context->reader.readEnd() : context->end;
 }
 
+DecodedFrame* VideoDecoder::takeHeldFrame() {
+    PicturePointer picture =
+        context && context->serial ? context->serial->takeHeld() : PicturePointer();
+    if (!picture)
+        return nullptr;
+    const AVStream* stream = context->reader.stream();
+    return new DecodedFrame{timeOf(AV_NOPTS_VALUE, stream->time_base), picture.release(), true};
+}
+
 void VideoDecoder::close() {
+    if (!context)
+        return;
+    QMutexLocker lock(&ffmpegMutex());
     context.reset();
 }
 

@@ -14,7 +14,7 @@ struct DecodingContext;
 
 /// Reads one video file picture by picture: the first video stream by index, decoded in order.
 ///
-/// Used from one thread at a time. The caller holds `ffmpegMutex` around `open` and `close`.
+/// Used from one thread at a time. Takes `ffmpegMutex` where a decoder is opened or closed.
 /// Calling order: construct, `open`, `readFrame` until it answers null, `close`.
 class VideoDecoder {
 public:
@@ -27,12 +27,12 @@ public:
     VideoDecoder(const VideoDecoder&) = delete;
     VideoDecoder& operator=(const VideoDecoder&) = delete;
 
-    /// Asked during long reads; when it answers true, the read ends as at end of file. Set it
-    /// before `open`.
+    /// Asked while a file is opened and read, also while that waits for data; when it answers true,
+    /// the open fails, and the read ends as at end of file. Set it before `open`.
     void setInterrupt(std::function<bool()> isInterrupted);
 
-    /// Opens `fileName` (UTF-8), closing what was open. False if there is no readable video stream
-    /// or no decoder for it; `errorText` then says why.
+    /// Opens the file at the path `fileName` (UTF-8) and never any other, closing what was open.
+    /// False if there is no readable video stream or no decoder for it; `errorText` then says why.
     bool open(const char* fileName);
 
     /// The next picture, or null at end of file and on any read error; `readEnd` tells which.
@@ -44,6 +44,10 @@ public:
 
     /// Once `readFrame` has answered null: why.
     ReadEnd readEnd() const;
+
+    /// Once `readFrame` has answered null, of a decoder with one thread: the first of the pictures
+    /// that are still inside it, without a time; null if there is none. The caller owns the record.
+    DecodedFrame* takeHeldFrame();
 
     /// Closes the file. Safe when nothing is open.
     void close();

@@ -2,6 +2,7 @@
 
 #include <opencv2/core/hal/intrin.hpp>
 
+#include <cstdint>
 #include <cstdlib>
 
 namespace {

@@ -7,6 +7,8 @@
 
 #include <QtGlobal>
 
+#include <cstdint>
+
 namespace {
 
 /// Formed as cv::mean forms it, the sum times the reciprocal of the count, and rounded to a float.

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 
 namespace {
 
@@ -53,6 +54,18 @@ void prepareMask(const QImage& mask, int width, int height, PreparedRegion& prep
 }
 
 } // namespace
+
+bool PreparedRegion::isEmpty() const {
+    switch (kind) {
+    case RegionOfInterest::Kind::Rectangle:
+        return roi.empty();
+    case RegionOfInterest::Kind::Mask:
+        return maskCount == 0;
+    case RegionOfInterest::Kind::WholeFrame:
+        break;
+    }
+    return false;
+}
 
 PreparedRegion prepareRegion(const RegionOfInterest& region, int width, int height) {
     PreparedRegion prepared;

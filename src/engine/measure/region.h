@@ -24,6 +24,8 @@ struct PreparedRegion {
     cv::Mat maskMat;             ///< height x width, CV_8UC1, 255 = selected (Kind::Mask only)
     std::uint32_t maskCount = 0; ///< number of selected pixels; 0 unless Kind::Mask
     cv::Rect roi;                ///< pixels; all 0 if nothing is left (Kind::Rectangle only)
+
+    bool isEmpty() const; ///< whether no pixel is selected
 };
 
 /// Makes `region` ready for pictures of `width` x `height` pixels (both at least 1).

@@ -1,5 +1,7 @@
 #include "demoscene.h"
 
+#include "visitors.h"
+
 #include <QLinearGradient>
 #include <QPainter>
 #include <QPainterPath>
@@ -46,30 +48,22 @@ void paintTree(QPainter& painter) {
     painter.drawEllipse(QPoint(980, 120), 95, 75);
 }
 
-void paintCat(QPainter& painter) {
-    painter.setBrush(QColor(52, 46, 44));
-    painter.drawEllipse(QPoint(520, 500), 62, 26);
-    painter.drawEllipse(QPoint(586, 474), 22, 20);
-    painter.drawPolygon(QPolygon({{570, 464}, {574, 438}, {586, 456}}));
-    painter.drawPolygon(QPolygon({{588, 456}, {600, 440}, {604, 466}}));
-    for (const int x : {474, 494, 546, 562})
-        painter.drawRect(x, 510, 10, 34);
-    QPainterPath tail(QPointF(464, 498));
-    tail.cubicTo(420, 490, 430, 450, 410, 440);
-    painter.strokePath(tail, QPen(QColor(52, 46, 44), 10, Qt::SolidLine, Qt::RoundCap));
-}
-
 } // namespace
 
-QImage demoScene() {
-    QImage scene(width, height, QImage::Format_RGB32);
-    QPainter painter(&scene);
-    painter.setRenderHint(QPainter::Antialiasing);
+void paintYard(QPainter& painter) {
     paintGround(painter);
     paintFence(painter);
     paintPath(painter);
     painter.setPen(Qt::NoPen);
     paintTree(painter);
+}
+
+QImage demoScene() {
+    QImage scene(width, height, QImage::Format_RGB32);
+    QPainter painter(&scene);
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintYard(painter);
+    painter.translate(520, 544);
     paintCat(painter);
     return scene;
 }

@@ -1,0 +1,167 @@
+# shellcheck shell=bash
+# The checks of scripts/package; sourced, never run. Of its variables they use the folder of what was
+# built, the packages' version, the bare system and a folder to work in.
+: "${packages:?}" "${version:?}" "${bare:?}" "${scratch:?}"
+
+# must_pass NAME COMMAND...: says that a check passed, or shows what it said and ends the script.
+must_pass() {
+    local name=$1
+    shift
+    if ! "$@" >"$scratch/log" 2>&1; then
+        cat "$scratch/log" >&2
+        say "FAILED: $name"
+        exit 1
+    fi
+    say "passed: $name"
+}
+
+# must_refuse NAME COMMAND...: a check that is shown something broken.
+must_refuse() {
+    local name=$1
+    shift
+    if "$@" >"$scratch/log" 2>&1; then
+        cat "$scratch/log" >&2
+        say "FAILED: $name was not noticed"
+        exit 1
+    fi
+    say "refused, as it must be: $name"
+}
+
+# changed_package NAME VERSION COMMAND: prints the file name of that package as another version of it,
+# after a shell command has changed its contents in their folder.
+changed_package() {
+    local contents="$scratch/changed/$1" file="$scratch/changed/$1_$2.deb"
+    rm -rf "$contents"
+    mkdir -p "$scratch/changed"
+    dpkg-deb -R "$packages/$1_$version"_*.deb "$contents"
+    sed -i "s/^Version: .*/Version: $2/; s/(= $version)/(= $2)/" "$contents/DEBIAN/control"
+    (cd "$contents" && sh -euc "$3")
+    dpkg-deb --root-owner-group -b "$contents" "$file" >/dev/null
+    printf '%s\n' "$file"
+}
+
+unpacked() {
+    [ -d "$scratch/unpacked" ] ||
+        for package in kestrova kestrova-scan; do
+            dpkg-deb -x "$packages/${package}_$version"_*.deb "$scratch/unpacked"
+        done
+    printf '%s\n' "$scratch/unpacked"
+}
+
+check_desktop_entry() {
+    local entry
+    entry=$(unpacked)/usr/share/applications/kestrova.desktop
+    must_pass "desktop-file-validate" desktop-file-validate "$entry"
+    sed '/^Exec=/d' "$entry" >"$scratch/kestrova.desktop"
+    must_refuse "a desktop entry that starts nothing" desktop-file-validate "$scratch/kestrova.desktop"
+}
+
+check_metainfo() {
+    local metainfo name=org.kestrova.kestrova.metainfo.xml
+    metainfo=$(unpacked)/usr/share/metainfo/$name
+    must_pass "appstreamcli validate" appstreamcli validate --no-net "$metainfo"
+    sed '/<summary>/d' "$metainfo" >"$scratch/$name"
+    must_refuse "metainfo without a summary" appstreamcli validate --no-net "$scratch/$name"
+}
+
+lint_package() { lintian --allow-root -i --pedantic --fail-on error,warning "$@"; }
+
+check_policy() {
+    must_pass "lintian" lint_package "$packages"/*.changes
+    must_refuse "a package without its copyright" \
+        lint_package "$(changed_package kestrova-scan "$version" 'rm usr/share/doc/*/copyright')"
+}
+
+check_hardening() {
+    local programs
+    programs=$(unpacked)/usr/lib/$(dpkg-architecture -qDEB_HOST_MULTIARCH)/kestrova
+    must_pass "hardening-check kestrova-scan" hardening-check "$programs/kestrova-scan"
+    # The window's own code calls nothing of which the compiler knows the size.
+    must_pass "hardening-check kestrova" hardening-check --nofortify "$programs/kestrova"
+    printf '#include <cstdio>\nint main() { char line[9]; return !fgets(line, sizeof line, stdin); }\n' |
+        g++ -x c++ -no-pie -fno-stack-protector -U_FORTIFY_SOURCE -Wl,-z,norelro -o "$scratch/soft" -
+    must_refuse "a program that is not hardened" hardening-check "$scratch/soft"
+}
+
+# same_bytes FOLDER: whether each of the packages, and the sources, has the same bytes there.
+same_bytes() {
+    local file
+    for file in "$packages"/*.deb "$packages"/*.dsc "$packages"/*.tar.*; do
+        cmp "$file" "$1/${file##*/}" || return 1
+    done
+}
+
+check_same_bytes() {
+    must_pass "two builds, bit for bit" same_bytes "$1"
+    cp "$(changed_package kestrova "$version" 'touch usr/bin')" "$1/$(basename "$packages"/kestrova_*.deb)"
+    must_refuse "a second build of another time" same_bytes "$1"
+}
+
+# What is in the bare system, but for what its package manager notes of every installation.
+files_of_bare() {
+    find "$bare" -xdev \( -path "$bare/var/cache" -o -path "$bare/var/log" -o -path "$bare/var/lib/apt" \
+        -o -path "$bare/tmp" -o -path "$bare/packages" \) -prune -o -printf '%P\n' | LC_ALL=C sort
+}
+
+in_bare() { in_root "$bare" "$@"; }
+
+# offer PACKAGE...: puts the packages where apt of the bare system finds them.
+offer() {
+    rm -rf "$bare/packages"
+    mkdir "$bare/packages"
+    cp "$@" "$bare/packages"
+}
+
+install_dependencies() {
+    local needs
+    needs=$(for file in "$packages"/kestrova_*.deb "$packages"/kestrova-scan_*.deb; do
+        dpkg-deb -f "$file" Depends
+    done | sed 's/kestrova-scan ([^)]*), //' | paste -sd,)
+    in_bare apt-get update -q &&
+        in_bare apt-get satisfy -q -y --no-install-recommends "$needs"
+}
+
+install_offered() {
+    in_bare sh -euc 'apt-get install -q -y --no-install-recommends /packages/*.deb'
+}
+
+purge() { in_bare apt-get purge -q -y kestrova kestrova-scan; }
+
+# leaves_nothing PACKAGE...: whether the packages, installed over an older version and purged, leave the
+# bare system as it was.
+leaves_nothing() {
+    files_of_bare >"$scratch/before"
+    offer "$(changed_package kestrova 0.0.1 'mkdir usr/share/kestrova && touch usr/share/kestrova/old')" \
+        "$(changed_package kestrova-scan 0.0.1 true)"
+    install_offered && [ -e "$bare/usr/share/kestrova/old" ] || return 1
+    offer "$@"
+    install_offered && [ ! -e "$bare/usr/share/kestrova/old" ] && purge || return 1
+    files_of_bare >"$scratch/after"
+    diff "$scratch/before" "$scratch/after"
+}
+
+check_leaves_nothing() {
+    must_pass "what the packages need can be installed" install_dependencies
+    must_pass "installed, upgraded and purged, nothing is left" \
+        leaves_nothing "$packages"/kestrova_*.deb "$packages"/kestrova-scan_*.deb
+    must_refuse "a package that leaves a file behind" leaves_nothing "$packages"/kestrova_*.deb \
+        "$(changed_package kestrova-scan "$version" \
+            'printf "#!/bin/sh\ntouch /var/lib/kestrova\n" >DEBIAN/postinst && chmod +x DEBIAN/postinst')"
+    rm -f "$bare/var/lib/kestrova"
+}
+
+# test_installed PACKAGE...: debian/tests on the packages, installed in the bare system.
+test_installed() {
+    with_mounts "$bare" autopkgtest --output-dir="$packages/tests" "$@" \
+        "$scratch/first/kestrova-$version/" -- chroot "$bare"
+}
+
+check_installed() {
+    must_pass "autopkgtest" test_installed "$packages"/kestrova_*.deb "$packages"/kestrova-scan_*.deb
+    grep -E 'PASS|FAIL|SKIP' "$packages/tests/summary" >&2
+    mv "$packages/tests" "$scratch/tests"
+    must_refuse "a package without its encoder" test_installed --test-name=export "$packages"/kestrova_*.deb \
+        "$(changed_package kestrova-scan "$version" 'rm usr/lib/*/kestrova/ffmpeg')"
+    rm -rf "$packages/tests"
+    mv "$scratch/tests" "$packages/tests"
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <QListWidget>
+
+/// The list of clips. While it is empty it says what to do.
+class ClipListWidget : public QListWidget {
+    Q_OBJECT
+
+public:
+    using QListWidget::QListWidget;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};

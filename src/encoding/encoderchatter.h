@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QByteArray>
+#include <QByteArrayList>
+#include <QString>
+
+/// What an encoder says while it runs, boiled down to why it failed.
+///
+/// Holds less than 2 KB of it, however much it is.
+class EncoderChatter {
+public:
+    /// The next bytes of its error output; lines may be cut anywhere between two calls.
+    void append(const QByteArray& bytes);
+
+    /// The first line that tells why, one with an error of the system before all others; where no
+    /// line tells, the last five, joined by line breaks. Empty if it said nothing.
+    ///
+    /// Long lines have lost their middle. Bytes that are no text of the locale are replaced.
+    QString reason() const;
+
+private:
+    enum Rank { Says, Tells, NamesSystemError };
+
+    void endLine();
+    static Rank rankOf(const QByteArray& line);
+
+    QByteArray line; ///< the unfinished one
+    QByteArray telling;
+    Rank tellingRank = Says;
+    QByteArrayList lastLines;
+};

@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QString>
+
+/// How many bytes a file name in `directory` may have; 255 where that is not known.
+int longestNameIn(const QString& directory);
+
+/// How many bytes `name` has in the file system.
+int nameLength(const QString& name);
+
+/// Takes off the last character, if there is one, as a whole.
+void chopCharacter(QString& name);

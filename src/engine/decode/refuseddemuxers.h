@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QString>
+
+struct AVInputFormat;
+
+/// Why what `demuxer` reads is no recording, in a few words for a person; empty if it is one.
+///
+/// Refused are the demuxers that take their pictures from other files than the one that somebody
+/// named, and those that draw text.
+QString refusalOf(const AVInputFormat& demuxer);

@@ -1,0 +1,17 @@
+#include "exportnotices.h"
+
+#include <utility>
+
+ExportNotices& ExportNotices::instance() {
+    static ExportNotices notices;
+    return notices;
+}
+
+void ExportNotices::tell(const QString& notice) {
+    latest = notice;
+    Q_EMIT told(notice);
+}
+
+QString ExportNotices::takeLatest() {
+    return std::exchange(latest, QString());
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+/// What a person must be told of exports that went wrong. GUI thread only.
+class ExportNotices : public QObject {
+    Q_OBJECT
+
+public:
+    /// The one of the program.
+    static ExportNotices& instance();
+
+    /// Tells it at once, and keeps it for who shows it later.
+    void tell(const QString& notice);
+
+    /// The latest notice that has not been taken yet; empty if there is none.
+    QString takeLatest();
+
+Q_SIGNALS:
+    void told(const QString& notice);
+
+private:
+    QString latest;
+};

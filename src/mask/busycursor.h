@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QGuiApplication>
+
+/// As long as it exists, the program shows that it is at work while its windows answer.
+class BusyCursor {
+public:
+    BusyCursor() { QGuiApplication::setOverrideCursor(Qt::BusyCursor); }
+    ~BusyCursor() { QGuiApplication::restoreOverrideCursor(); }
+    BusyCursor(const BusyCursor&) = delete;
+    BusyCursor& operator=(const BusyCursor&) = delete;
+};

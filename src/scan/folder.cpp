@@ -1,0 +1,17 @@
+#include "folder.h"
+
+#include <QFile>
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+#include <unistd.h>
+
+QString prepareFolder(const QString& path) {
+    const std::string name = QFile::encodeName(path).toStdString();
+    std::error_code error;
+    std::filesystem::create_directories(name, error);
+    if (!error && access(name.c_str(), W_OK | X_OK) != 0)
+        error.assign(errno, std::generic_category());
+    return error ? QString::fromStdString(error.message()) : QString();
+}

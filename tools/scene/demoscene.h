@@ -1,0 +1,11 @@
+#pragma once
+
+#include <QImage>
+
+class QPainter;
+
+/// What a camera over a yard sees, 1280x720: a fence, a drive to its gate, a tree.
+void paintYard(QPainter& painter);
+
+/// The yard with a cat in it.
+QImage demoScene();
