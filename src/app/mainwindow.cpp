@@ -182,6 +182,8 @@ void MainWindow::newClip(int index, const QImage& snapshot, double start, double
     auto* clip = new Clip(video, index, snapshot, start, end, snapshotTime);
     ui->files->insertItem(ui->files->count(), clip);
     updateActions();
+    // Meant to be asked for a second time, after the clip's constructor: a clip that is exported
+    // automatically reads "queued..." while its encoder runs.
     if (video->autoExport)
         clip->exportClip(false);
 }
@@ -277,12 +279,14 @@ void MainWindow::on_actionAddDirectory_triggered() {
         editMaskWindow.addFiles(*files);
 }
 
+// Connected by its name, and empty on purpose: a click only selects.
 void MainWindow::on_files_clicked(const QModelIndex&) {}
 
 void MainWindow::on_files_itemSelectionChanged() {
     updateActions();
 }
 
+// Empty, too: a double-click and the menu's Return open, each in a slot of its own.
 void MainWindow::on_files_activated(const QModelIndex&) {}
 
 void MainWindow::on_actionRemoveSelected_triggered() {

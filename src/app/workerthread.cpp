@@ -39,7 +39,7 @@ void WorkerThread::stop(std::unique_ptr<WorkerThread>& thread, QList<Video*>& jo
     if (thread->waitCancelling(jobs))
         return;
     qDebug("Processing thread wait failed");
-    thread->terminate();
+    thread->terminate(); // asked for all the same; `run` has disabled it and says why
     const auto isUsed = [&thread](const Video* job) {
         return job && job->thread() == thread.get();
     };

@@ -1,6 +1,7 @@
 #include "encoderarguments.h"
 
 #include "bitrate.h"
+#include "clipnumber.h"
 #include "overlayfilter.h"
 #include "truncation.h"
 
@@ -49,8 +50,8 @@ QStringList soundArguments(const EncodingSettings& settings) {
 
 QString outputPath(const EncodedClip& clip, const EncodedVideo& video,
                    const EncodingSettings& settings) {
-    const QString name = QStringLiteral("%1").arg(clip.index, 4, 10, QLatin1Char('0'));
-    return video.clipDirectory + '/' + name + '.' + containerName(settings.container);
+    return video.clipDirectory + '/' + clipNumber(clip.index) + '.' +
+           containerName(settings.container);
 }
 
 } // namespace

@@ -158,7 +158,8 @@ int Clip::exportQueueLength() {
 }
 
 void Clip::startEncoder() {
-    // The encoder inherits the directory and looks for the overlay's font there.
+    // The encoder inherits the directory and looks for the overlay's font there. The whole program
+    // changes to it, and does not change back.
     QDir::setCurrent(QCoreApplication::applicationDirPath());
     const EncoderCall call = encoderCall({index, start, end, timeOfDay()},
                                          {video->fileName, video->clipDirectory, video->intraCodec,
@@ -173,6 +174,8 @@ void Clip::startEncoder() {
     process->startEncoder(call.arguments);
 }
 
+/// A crash comes here and, as every end, to `processFinished`: it ends twice, and each time the
+/// first clip of the queue is started.
 void Clip::processError(QProcess::ProcessError) {
     processFinished(-1);
 }

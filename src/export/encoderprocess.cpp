@@ -1,7 +1,7 @@
 #include "encoderprocess.h"
 
-#include <QCoreApplication>
-#include <QDir>
+#include "encoderpath.h"
+
 #include <QSet>
 #include <QTimer>
 
@@ -37,8 +37,7 @@ EncoderProcess::~EncoderProcess() {
 }
 
 void EncoderProcess::startEncoder(const QStringList& arguments) {
-    const QDir programDirectory(QCoreApplication::applicationDirPath());
-    setProgram(programDirectory.absoluteFilePath(QStringLiteral("ffmpeg")));
+    setProgram(encoderPath());
     setArguments(arguments);
     const QList<EncoderProcess*> others = otherRuns();
     for (EncoderProcess* other : others) {

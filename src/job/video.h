@@ -1,7 +1,6 @@
 #pragma once
 
 #include "firstframe.h"
-#include "relaxed.h"
 
 #include <QDateTime>
 #include <QImage>
@@ -11,13 +10,14 @@
 #include <QString>
 #include <QVector>
 
+#include <atomic>
 #include <memory>
 
 /// One video file's detection job: the file, its region of interest and its export options.
 ///
 /// Made on the GUI thread, moved to the worker thread, started there by `detect`. The fields of
-/// type `Relaxed` may be read and written by both threads while it runs; the lists are filled just
-/// before `resultReady` and belong to the worker until then; all other fields are fixed by the
+/// type `std::atomic` may be read and written by both threads while it runs; the lists are filled
+/// just before `resultReady` and belong to the worker until then; all other fields are fixed by the
 /// constructor.
 class Video : public QObject {
     Q_OBJECT
@@ -37,25 +37,25 @@ public:
     /// The file's name without its folder.
     QString shortFileName() const;
 
-    QVector<float> motionValues;    ///< one motion value per processed frame
-    QVector<double> frameTimes;     ///< the same frames' times, seconds
-    QString fileName;               ///< as passed to the constructor
-    QString clipDirectory;          ///< absolute path of the job's own export folder
-    Relaxed<int> state;             ///< a `State`; the GUI thread writes 2 to cancel
-    qint64 fileSize;                ///< bytes
-    Relaxed<qint64> bytesRead;      ///< the demuxer's position; -1 when unknown
-    double prerecord;               ///< seconds
-    double postrecord;              ///< seconds
-    double minimum;                 ///< seconds
-    int skip;                       ///< frames between two measurements
-    Relaxed<int> elapsedSeconds;    ///< wall-clock seconds since detection started
-    bool autoExport;                ///< export every clip as soon as it is found
-    std::unique_ptr<QImage> mask;   ///< own copy, or null
-    std::unique_ptr<QRect> roiRect; ///< own copy, or null
-    QMutex mutex;                   ///< the job's own; no operation takes it
-    Relaxed<bool> intraCodec;       ///< every picture stands alone; known once detection runs
-    bool exportTimestamps;          ///< burn the wall-clock time into exported clips
-    QDateTime startDateTime;        ///< wall-clock time of the first picture
+    QVector<float> motionValues;     ///< one motion value per processed frame
+    QVector<double> frameTimes;      ///< the same frames' times, seconds
+    QString fileName;                ///< as passed to the constructor
+    QString clipDirectory;           ///< absolute path of the job's own export folder
+    std::atomic<int> state;          ///< a `State`; the GUI thread writes 2 to cancel
+    qint64 fileSize;                 ///< bytes
+    std::atomic<qint64> bytesRead;   ///< the demuxer's position; -1 when unknown
+    double prerecord;                ///< seconds
+    double postrecord;               ///< seconds
+    double minimum;                  ///< seconds
+    int skip;                        ///< frames between two measurements
+    std::atomic<int> elapsedSeconds; ///< wall-clock seconds since detection started
+    bool autoExport;                 ///< export every clip as soon as it is found
+    std::unique_ptr<QImage> mask;    ///< own copy, or null
+    std::unique_ptr<QRect> roiRect;  ///< own copy, or null
+    QMutex mutex;                    ///< the job's own; no operation takes it
+    std::atomic<bool> intraCodec;    ///< every picture stands alone; known once detection runs
+    bool exportTimestamps;           ///< burn the wall-clock time into exported clips
+    QDateTime startDateTime;         ///< wall-clock time of the first picture
 
 Q_SIGNALS:
     /// A clip was found. Times in seconds from the first picture.

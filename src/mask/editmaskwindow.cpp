@@ -107,6 +107,7 @@ void EditMaskWindow::on_pushButtonAddAll_clicked() {
     Q_EMIT newVideo();
 }
 
+/// Drops two on purpose: the file that is shown and the one behind it.
 void EditMaskWindow::on_pushButtonCancel_clicked() {
     if (!pendingFiles.isEmpty())
         pendingFiles.removeFirst();

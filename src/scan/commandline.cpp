@@ -1,5 +1,8 @@
 #include "commandline.h"
 
+#include "optiontable.h"
+#include "optiontext.h"
+
 #include <QCommandLineParser>
 #include <QFile>
 #include <QImageReader>
@@ -12,41 +15,32 @@
 
 namespace {
 
-// Lines end before column 79, where the option list below wraps as well.
-const char description[] =
-    "Finds the stretches of recordings in which something moves and prints them\n"
-    "as clips.\n"
-    "\n"
-    "Every picture is compared with the one before it. A clip opens when motion\n"
-    "fills half of the last --minimum seconds, starts --prerecord seconds before\n"
-    "them, and ends when there has been no motion for --postrecord seconds.\n"
-    "\n"
-    "With --export each clip is also cut out into a file of its own, in a folder\n"
-    "for each video, by the encoder beside this program.\n"
-    "\n"
-    "Exit status: 0 every video was read to its end and every clip exported that\n"
-    "should be, 1 some could not be (the others were), 2 the command line is\n"
-    "wrong, 130 interrupted (the open clip is still printed).";
-
 /// The message for the first thing that is wrong, if any.
-class Values {
+class OptionValues {
 public:
-    explicit Values(const QCommandLineParser& parser)
+    explicit OptionValues(const QCommandLineParser& parser)
         : parser(parser) {}
 
-    double number(const QString& option, double lowest, double highest) {
+    double number(const QString& option) {
         bool isNumber = false;
         const double value = parser.value(option).toDouble(&isNumber);
-        if (!isNumber || !(value >= lowest && value <= highest))
-            reject(option, lowest, highest, QStringLiteral("a number"));
+        check(option, value, isNumber);
         return value;
     }
 
-    int integer(const QString& option, int lowest, int highest) {
+    int integer(const QString& option) {
         bool isNumber = false;
         const int value = parser.value(option).toInt(&isNumber);
-        if (!isNumber || value < lowest || value > highest)
-            reject(option, lowest, highest, QStringLiteral("a whole number"));
+        check(option, double(value), isNumber);
+        return value;
+    }
+
+    /// One of the option's words.
+    QString word(const QString& option) {
+        const QStringList& words = scanOption(option).words;
+        const QString value = parser.value(option);
+        if (!words.contains(value))
+            reject(QStringLiteral("--%1 takes %2, not '%3'").arg(option, listed(words), value));
         return value;
     }
 
@@ -58,58 +52,28 @@ public:
     QString error;
 
 private:
-    void reject(const QString& option, double lowest, double highest, const QString& kind) {
-        reject(QStringLiteral("--%1 takes %2 from %3 to %4, not '%5'")
-                   .arg(option, kind)
-                   .arg(lowest)
-                   .arg(highest)
-                   .arg(parser.value(option)));
+    /// Written so that what is no number at all fails, too.
+    void check(const QString& option, double value, bool isNumber) {
+        const NumberRange& range = *scanOption(option).range;
+        if (isNumber && value >= range.lowest && value <= range.highest)
+            return;
+        const QString kind =
+            range.isWhole ? QStringLiteral("a whole number") : QStringLiteral("a number");
+        reject(QStringLiteral("--%1 takes %2 from %3, not '%4'")
+                   .arg(option, kind, range.text(), parser.value(option)));
     }
 
     const QCommandLineParser& parser;
 };
 
 void addOptions(QCommandLineParser& parser) {
-    parser.setApplicationDescription(QString::fromLatin1(description));
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
-    parser.addPositionalArgument("VIDEO", "A recording. Each is read on its own.", "VIDEO...");
-    parser.addOptions({
-        {"prerecord", "Seconds kept before the motion, 1 to 3600 (1).", "S", "1"},
-        {"postrecord", "Seconds without motion that end a clip, 1 to 3600 (1).", "S", "1"},
-        {"minimum", "Seconds of which motion must fill half for a clip to open, 1 to 3600 (5).",
-         "S", "5"},
-        {"skip", "Pictures left out between two comparisons, 0 to 100 (0).", "N", "0"},
-        {"threshold-value",
-         "How much a pixel must change to count, 0 to 255 (35). More for noisy videos.", "N", "35"},
-        {"threshold-motion",
-         "Mean change of the pixels that is motion, 0 to 10 (0.5). More for fewer clips.", "X",
-         "0.5"},
-        {"roi", "Look only inside this rectangle, in pixels of the video.", "X,Y,WIDTH,HEIGHT"},
-        {"mask", "Look only where this picture is green; it is scaled to the video.", "PICTURE"},
-        {"format", "How clips are printed: text, jsonl or csv (text).", "FORMAT", "text"},
-        {"snapshots", "Write a picture of each clip's strongest motion into this folder.", "DIR"},
-        {"fps",
-         "Take recordings to be N pictures per second, 0.01 to 1000, whatever times they have.",
-         "N"},
-        {"export", "Cut the clips out into this folder.", "DIR"},
-        {"container", "File format of exported clips: avi, mp4 or mkv (avi).", "NAME", "avi"},
-        {"transcode", "Encode exported pictures anew. MJPEG always is, and so are timestamps."},
-        {"bitrate", "Megabits per second of pictures encoded anew, 0 to 100 (2).", "MBIT", "2"},
-        {"no-audio", "Leave the sound out of exported clips."},
-        {"start-time",
-         "Write date and time into exported pictures; each video began at this one, in ISO 8601.",
-         "TIME"},
-        {"trace",
-         "Write each picture's number, time and motion value, for choosing the thresholds.",
-         "FILE"},
-        {"threads",
-         "Threads that decode a recording, 0 to 256; 0 is one per core, shared among --jobs (0).",
-         "N", "0"},
-        {"jobs", "Recordings scanned side by side, 1 to 256 (1). Lines stay in order.", "N", "1"},
-        {"quiet", "No progress and no summary, only clips and errors."},
-        {{"h", "help"}, "Print this text."},
-        {{"v", "version"}, "Print the version."},
-    });
+    for (const ScanOption& option : scanOptions()) {
+        QStringList names = {option.name};
+        if (!option.letter.isNull())
+            names.prepend(option.letter);
+        parser.addOption({names, option.help, option.value, option.fallback});
+    }
 }
 
 QString expectedRectangle() {
@@ -117,7 +81,7 @@ QString expectedRectangle() {
         "--roi takes X,Y,WIDTH,HEIGHT in whole pixels, WIDTH and HEIGHT at least 1");
 }
 
-void readRectangle(const QString& text, RegionOfInterest& region, Values& values) {
+void readRectangle(const QString& text, RegionOfInterest& region, OptionValues& values) {
     const QStringList parts = text.split(',');
     std::array<int, 4> numbers{};
     bool isGood = parts.size() == int(numbers.size());
@@ -136,7 +100,7 @@ void readRectangle(const QString& text, RegionOfInterest& region, Values& values
     region.rectangle = QRect(x, y, width, height);
 }
 
-void readMask(const QString& fileName, RegionOfInterest& region, Values& values) {
+void readMask(const QString& fileName, RegionOfInterest& region, OptionValues& values) {
     QImageReader reader(fileName);
     region.kind = RegionOfInterest::Kind::Mask;
     region.mask = reader.read();
@@ -145,26 +109,16 @@ void readMask(const QString& fileName, RegionOfInterest& region, Values& values)
             QStringLiteral("cannot read the mask '%1': %2").arg(fileName, reader.errorString()));
 }
 
-ReportFormat readFormat(const QString& name, Values& values) {
+ReportFormat readFormat(OptionValues& values) {
+    const QString name = values.word("format");
     if (name == QLatin1String("jsonl"))
         return ReportFormat::JsonLines;
-    if (name == QLatin1String("csv"))
-        return ReportFormat::Csv;
-    if (name != QLatin1String("text"))
-        values.reject(QStringLiteral("--format takes text, jsonl or csv, not '%1'").arg(name));
-    return ReportFormat::Text;
-}
-
-Container readContainer(const QString& name, Values& values) {
-    const auto container = containerNamed(name);
-    if (!container)
-        values.reject(QStringLiteral("--container takes avi, mp4 or mkv, not '%1'").arg(name));
-    return container.value_or(Container::Avi);
+    return name == QLatin1String("csv") ? ReportFormat::Csv : ReportFormat::Text;
 }
 
 /// The time of the clock on the wall: an offset from UTC does not change it, and no clock is put
 /// forward in it, as this machine's may be.
-QDateTime readStartTime(const QString& text, Values& values) {
+QDateTime readStartTime(const QString& text, OptionValues& values) {
     QDateTime time;
     for (const char* zone : {"Z", "T00:00Z", ""}) {
         if (!time.isValid())
@@ -176,13 +130,13 @@ QDateTime readStartTime(const QString& text, Values& values) {
     return {time.date(), time.time(), Qt::UTC};
 }
 
-ExportOptions readExport(const QCommandLineParser& parser, Values& values) {
+ExportOptions readExport(const QCommandLineParser& parser, OptionValues& values) {
     ExportOptions options;
     options.directory = parser.value("export");
-    options.encoding.container = readContainer(parser.value("container"), values);
+    options.encoding.container = containerNamed(values.word("container")).value_or(Container::Avi);
     options.encoding.doTranscoding = parser.isSet("transcode");
     options.encoding.disableAudio = parser.isSet("no-audio");
-    options.encoding.bitrateOutput = values.number("bitrate", 0.0, 100.0);
+    options.encoding.bitrateOutput = values.number("bitrate");
     if (parser.isSet("start-time"))
         options.startDateTime = readStartTime(parser.value("start-time"), values);
     for (const char* option : {"container", "transcode", "bitrate", "no-audio", "start-time"}) {
@@ -200,7 +154,7 @@ bool isSameFile(const QString& left, const QString& right) {
 }
 
 /// A trace must not empty what is read.
-void checkTrace(const QString& trace, const QCommandLineParser& parser, Values& values) {
+void checkTrace(const QString& trace, const QCommandLineParser& parser, OptionValues& values) {
     for (const QString& video : parser.positionalArguments()) {
         if (isSameFile(trace, video))
             values.reject(QStringLiteral("--trace would overwrite the video '%1'").arg(video));
@@ -210,18 +164,18 @@ void checkTrace(const QString& trace, const QCommandLineParser& parser, Values& 
             QStringLiteral("--trace would overwrite the mask '%1'").arg(parser.value("mask")));
 }
 
-DetectionOptions readDetection(const QCommandLineParser& parser, Values& values) {
+DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& values) {
     DetectionOptions options;
-    options.segmentation.prerecord = values.number("prerecord", 1.0, 3600.0);
-    options.segmentation.postrecord = values.number("postrecord", 1.0, 3600.0);
-    options.segmentation.minimum = values.number("minimum", 1.0, 3600.0);
-    options.segmentation.thresholdMotion = float(values.number("threshold-motion", 0.0, 10.0));
-    options.measure.thresholdValue = values.integer("threshold-value", 0, 255);
-    options.measure.skip = values.integer("skip", 0, 100);
+    options.segmentation.prerecord = values.number("prerecord");
+    options.segmentation.postrecord = values.number("postrecord");
+    options.segmentation.minimum = values.number("minimum");
+    options.segmentation.thresholdMotion = float(values.number("threshold-motion"));
+    options.measure.thresholdValue = values.integer("threshold-value");
+    options.measure.skip = values.integer("skip");
     options.times.mustBeUsable = true;
     if (parser.isSet("fps"))
-        options.times.frameRate = values.number("fps", 0.01, 1000.0);
-    options.threads = values.integer("threads", 0, 256);
+        options.times.frameRate = values.number("fps");
+    options.threads = values.integer("threads");
     if (parser.isSet("roi") && parser.isSet("mask"))
         values.reject(QStringLiteral("--roi and --mask exclude each other"));
     else if (parser.isSet("roi"))
@@ -239,21 +193,21 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     if (!parser.parse(arguments))
         return {CommandLine::Action::Reject, {}, parser.errorText()};
     if (parser.isSet("help"))
-        return {CommandLine::Action::PrintText, {}, parser.helpText()};
+        return {CommandLine::Action::PrintText, {}, helpText()};
     if (parser.isSet("version"))
         return {CommandLine::Action::PrintText,
                 {},
                 QStringLiteral("kestrova-scan " KESTROVA_VERSION "\n")};
 
-    Values values(parser);
+    OptionValues values(parser);
     ScanOptions options;
     options.videos = parser.positionalArguments();
     options.detection = readDetection(parser, values);
-    options.format = readFormat(parser.value("format"), values);
+    options.format = readFormat(values);
     options.snapshotDirectory = parser.value("snapshots");
     options.exporting = readExport(parser, values);
     options.traceFile = parser.value("trace");
-    options.jobs = values.integer("jobs", 1, 256);
+    options.jobs = values.integer("jobs");
     options.quiet = parser.isSet("quiet");
     if (options.videos.isEmpty())
         values.reject(QStringLiteral("no video named"));

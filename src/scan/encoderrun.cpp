@@ -1,6 +1,7 @@
 #include "encoderrun.h"
 
 #include "encoderchatter.h"
+#include "encoderpath.h"
 #include "interrupt.h"
 
 #include <QCoreApplication>
@@ -89,8 +90,7 @@ QString runEncoder(const EncoderCall& call) {
     encoder.setReadChannel(QProcess::StandardError);
     // The font of the time overlay lies there.
     encoder.setWorkingDirectory(QCoreApplication::applicationDirPath());
-    encoder.start(QCoreApplication::applicationDirPath() + QStringLiteral("/ffmpeg"),
-                  call.arguments);
+    encoder.start(encoderPath(), call.arguments);
     if (!encoder.waitForStarted(-1))
         return QStringLiteral("the encoder cannot be started: %1").arg(encoder.errorString());
     EncoderChatter chatter;

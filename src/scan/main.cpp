@@ -16,7 +16,7 @@ namespace {
 ExitStatus rejectCommandLine(const QString& reason) {
     std::fprintf(stderr, "kestrova-scan: %s\nTry 'kestrova-scan --help'.\n",
                  QFile::encodeName(printable(reason)).constData());
-    return UsageError;
+    return BadCommandLine;
 }
 
 /// Keeps standard descriptors that are closed from being given to the next files opened, which
@@ -31,7 +31,7 @@ void holdStandardDescriptors() {
 ExitStatus print(const QString& text, QIODevice& output) {
     const QByteArray bytes = text.toUtf8();
     if (output.write(bytes) == bytes.size())
-        return AllRead;
+        return AllDone;
     std::fprintf(stderr, "kestrova-scan: standard output: %s\n", qPrintable(output.errorString()));
     return SomeFailed;
 }

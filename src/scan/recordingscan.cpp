@@ -82,6 +82,7 @@ void RecordingScan::positionChanged(qint64 bytePosition) {
     outputs.messages.showProgress(outputs.totals.progress());
 }
 
+// For the window's job, whose state changes before its last clip; here the outcome says it all.
 void RecordingScan::endReached() {}
 
 void RecordingScan::clipFound(const DetectedClip& clip) {

@@ -86,7 +86,7 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
     Messages messages(options.quiet);
     QFile traceFile(options.traceFile);
     if (!prepareFolders(options, messages) || !openTrace(traceFile, messages))
-        return UsageError;
+        return BadCommandLine;
 
     std::atomic<bool> isWritten{true};
     const int recordings = options.videos.size();
@@ -119,5 +119,5 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
         traceFailed(syncFailure);
     if (isInterrupted())
         return Interrupted;
-    return isGood && isWritten ? AllRead : SomeFailed;
+    return isGood && isWritten ? AllDone : SomeFailed;
 }

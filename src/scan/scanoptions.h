@@ -28,4 +28,4 @@ struct ScanOptions {
 };
 
 /// The scanner's exit statuses.
-enum ExitStatus { AllRead = 0, SomeFailed = 1, UsageError = 2, Interrupted = 130 };
+enum ExitStatus { AllDone = 0, SomeFailed = 1, BadCommandLine = 2, Interrupted = 130 };

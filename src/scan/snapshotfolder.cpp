@@ -1,5 +1,6 @@
 #include "snapshotfolder.h"
 
+#include "clipnumber.h"
 #include "namelength.h"
 
 #include <QCryptographicHash>
@@ -49,6 +50,6 @@ SnapshotFolder::SnapshotFolder(const QString& path, const QStringList& videos)
 }
 
 QString SnapshotFolder::pathOf(int recording, int index) const {
-    const QString number = QStringLiteral("%1").arg(index, 4, 10, QLatin1Char('0'));
-    return QDir(path).filePath(QStringLiteral("%1-%2.png").arg(names[recording], number));
+    return QDir(path).filePath(
+        QStringLiteral("%1-%2.png").arg(names[recording], clipNumber(index)));
 }

@@ -125,7 +125,9 @@ int main(int argc, char* argv[]) {
         qFatal("Usage: kestrova_recordings FOLDER");
     const QDir folder(QString::fromLocal8Bit(argv[1]));
     return std::all_of(std::begin(recordings), std::end(recordings),
-                       [&](const Recording& recording) { return make(recording, folder) && makeMask(recording, folder); })
+                       [&](const Recording& recording) {
+                           return make(recording, folder) && makeMask(recording, folder);
+                       })
                ? 0
                : 1;
 }

@@ -11,6 +11,7 @@ struct Setting {
     Value lowest;
     Value highest;
 
+    /// A stored text that is no number reads as 0, not as the fallback.
     Value read(const QSettings& store) const {
         return store.value(QLatin1String(key), fallback).template value<Value>();
     }

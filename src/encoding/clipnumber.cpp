@@ -1,0 +1,6 @@
+#include "clipnumber.h"
+
+QString clipNumber(int index) {
+    constexpr int fewestDigits = 4;
+    return QStringLiteral("%1").arg(index, fewestDigits, 10, QLatin1Char('0'));
+}

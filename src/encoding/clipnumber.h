@@ -1,0 +1,6 @@
+#pragma once
+
+#include <QString>
+
+/// The number of a clip as file names hold it: at least four digits, "0003".
+QString clipNumber(int index);

@@ -1,0 +1,49 @@
+#include "optionspelling.h"
+#include "optiontext.h"
+
+namespace {
+
+constexpr int lastColumn = 78;
+constexpr int helpColumn = 26;
+
+/// `text` in lines that end before `lastColumn`, all but the first indented.
+QString wrapped(const QString& text, int indent) {
+    QString lines;
+    int column = indent;
+    for (const QString& word : text.split(' ')) {
+        const bool isFirst = column == indent;
+        if (!isFirst && column + 1 + word.size() > lastColumn) {
+            lines += '\n' + QString(indent, ' ');
+            column = indent;
+        } else if (!isFirst) {
+            lines += ' ';
+            ++column;
+        }
+        lines += word;
+        column += word.size();
+    }
+    return lines;
+}
+
+QString helpEntry(const ScanOption& option) {
+    QString line = QStringLiteral("  ") + spelling(option);
+    line = line.size() < helpColumn ? line.leftJustified(helpColumn)
+                                    : line + '\n' + QString(helpColumn, ' ');
+    return line + wrapped(sentence(option), helpColumn) + '\n';
+}
+
+} // namespace
+
+QString helpText() {
+    QString text = scannerDescription();
+    forEachOption([&](const ScanOption& option, bool isFirst) {
+        if (isFirst)
+            text += '\n' + groupTitle(option.group) + ":\n";
+        text += helpEntry(option);
+    });
+    QStringList exits;
+    for (const ExitMeaning& exit : exitMeanings())
+        exits += QString::number(exit.status) + ' ' + exit.meaning;
+    return text + '\n' + wrapped("Exit status: " + exits.join(QStringLiteral("; ")) + '.', 0) +
+           '\n';
+}

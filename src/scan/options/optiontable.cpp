@@ -1,0 +1,228 @@
+#include "optiontable.h"
+
+#include "settingstable.h"
+
+#include <algorithm>
+
+namespace {
+
+ScanOption toggle(OptionGroup group, const char* name, const char* help, const char* absence = "") {
+    ScanOption option;
+    option.group = group;
+    option.name = QLatin1String(name);
+    option.help = QString::fromUtf8(help);
+    option.absence = QLatin1String(absence);
+    return option;
+}
+
+ScanOption valued(OptionGroup group, const char* name, ValueKind kind, const char* value,
+                  const char* help, const char* absence) {
+    ScanOption option = toggle(group, name, help, absence);
+    option.kind = kind;
+    option.value = QLatin1String(value);
+    return option;
+}
+
+ScanOption number(OptionGroup group, const char* name, const char* value, NumberRange range,
+                  double fallback, const char* help) {
+    ScanOption option = valued(group, name, ValueKind::Number, value, help, "");
+    option.range = range;
+    option.fallback = QString::number(fallback);
+    return option;
+}
+
+/// What the window stores as well has the same range and default there.
+template<class Value>
+ScanOption stored(OptionGroup group, const char* name, const char* value,
+                  const Setting<Value>& setting, const char* help) {
+    const NumberRange range{double(setting.lowest), double(setting.highest),
+                            std::is_integral<Value>::value};
+    return number(group, name, value, range, double(setting.fallback), help);
+}
+
+ScanOption word(OptionGroup group, const char* name, const char* value, const QStringList& words,
+                const char* help) {
+    ScanOption option = valued(group, name, ValueKind::Word, value, help, "");
+    option.words = words;
+    option.fallback = words.first();
+    return option;
+}
+
+ScanOption inWindow(const char* control, ScanOption option) {
+    option.control = QLatin1String(control);
+    return option;
+}
+
+ScanOption withRange(ScanOption option, NumberRange range) {
+    option.range = range;
+    return option;
+}
+
+ScanOption withLetter(ScanOption option, char letter) {
+    option.letter = QLatin1Char(letter);
+    return option;
+}
+
+QVector<ScanOption> makeOptions() {
+    using G = OptionGroup;
+    using K = ValueKind;
+    return {
+        inWindow("Prerecord", stored(G::Clips, "prerecord", "S", settings::prerecord,
+                                     "Seconds kept before the motion")),
+        inWindow("Postrecord", stored(G::Clips, "postrecord", "S", settings::postrecord,
+                                      "Seconds without motion that end a clip")),
+        inWindow("Minimum length",
+                 stored(G::Clips, "minimum", "S", settings::minimum,
+                        "Seconds of which motion must fill half for a clip to open")),
+        inWindow("Skip frames", stored(G::Clips, "skip", "N", settings::skip,
+                                       "Pictures left out between two comparisons")),
+        inWindow("Pixels threshold",
+                 stored(G::Clips, "threshold-value", "N", settings::thresholdValue,
+                        "How much a pixel must change to count; more for noisy videos")),
+        inWindow("Motion detection threshold",
+                 stored(G::Clips, "threshold-motion", "X", settings::thresholdMotion,
+                        "Mean change of the pixels that is motion; more for fewer clips")),
+        withRange(valued(G::Clips, "fps", K::Number, "N",
+                         "Take recordings to be N pictures per second, whatever times they have",
+                         "their own times"),
+                  {0.01, 1000.0, false}),
+
+        inWindow("Rectangle ROI", valued(G::Region, "roi", K::Text, "X,Y,WIDTH,HEIGHT",
+                                         "Look only inside this rectangle, in pixels of the video",
+                                         "whole picture")),
+        inWindow("Free ROI",
+                 valued(G::Region, "mask", K::File, "PICTURE",
+                        "Look only where this picture is green; it is scaled to the video",
+                        "whole picture")),
+
+        word(G::Output, "format", "FORMAT", {"text", "jsonl", "csv"}, "How clips are printed"),
+        valued(G::Output, "snapshots", K::Folder, "DIR",
+               "Write a picture of each clip's strongest motion into this folder", "none"),
+        valued(G::Output, "trace", K::File, "FILE",
+               "Write each picture's number, time and motion value, for choosing the thresholds",
+               "none"),
+        toggle(G::Output, "quiet", "No progress and no summary, only clips and errors"),
+
+        inWindow("Export dir, Export all automatically",
+                 valued(G::Export, "export", K::Folder, "DIR",
+                        "Cut the clips out, each recording's into a folder of its own in this one",
+                        "none")),
+        inWindow("Container format", word(G::Export, "container", "NAME", {"avi", "mp4", "mkv"},
+                                          "File format of exported clips")),
+        inWindow("Force transcoding", toggle(G::Export, "transcode",
+                                             "Encode exported pictures anew instead of copying "
+                                             "them; MJPEG always is, and so are "
+                                             "timestamps")),
+        // The window's control ends at 50; the encoder is told 100 at the most.
+        inWindow("Output video bitrate",
+                 number(G::Export, "bitrate", "MBIT", {settings::bitrate.lowest, 100.0, false},
+                        settings::bitrate.fallback,
+                        "Megabits per second of pictures that are encoded anew")),
+        inWindow("Disable audio output",
+                 toggle(G::Export, "no-audio", "Leave the sound out of exported clips", "kept")),
+        inWindow(
+            "Export with timestamps, Video file start time",
+            valued(
+                G::Export, "start-time", K::Text, "TIME",
+                "Write date and time into exported pictures; each video began at this one, in ISO "
+                "8601",
+                "none")),
+
+        number(G::Running, "threads", "N", {0, 256, true}, 0,
+               "Threads that decode a recording; 0 is one per core, shared among --jobs"),
+        number(G::Running, "jobs", "N", {1, 256, true}, 1,
+               "Recordings scanned side by side; the output is that of one after another"),
+
+        withLetter(toggle(G::Help, "help", "Print this text"), 'h'),
+        withLetter(toggle(G::Help, "version", "Print the version"), 'v'),
+    };
+}
+
+} // namespace
+
+QString listed(const QStringList& words) {
+    if (words.size() < 2)
+        return words.value(0);
+    return words.mid(0, words.size() - 1).join(QStringLiteral(", ")) + QStringLiteral(" or ") +
+           words.last();
+}
+
+QString NumberRange::text() const {
+    return QStringLiteral("%1 to %2").arg(QString::number(lowest), QString::number(highest));
+}
+
+QString ScanOption::limits() const {
+    QString taken;
+    if (range)
+        taken = range->text();
+    else if (!words.isEmpty())
+        taken = listed(words);
+    const QString without = fallback.isEmpty() ? absence : fallback;
+    if (taken.isEmpty() || without.isEmpty())
+        return taken + without;
+    return taken + QStringLiteral(" (%1)").arg(without);
+}
+
+const QVector<ScanOption>& scanOptions() {
+    static const QVector<ScanOption> options = makeOptions();
+    return options;
+}
+
+const ScanOption& scanOption(const QString& name) {
+    const auto& options = scanOptions();
+    const auto found = std::find_if(options.cbegin(), options.cend(),
+                                    [&](const ScanOption& option) { return option.name == name; });
+    Q_ASSERT(found != options.cend());
+    return *found;
+}
+
+QString groupTitle(OptionGroup group) {
+    switch (group) {
+    case OptionGroup::Clips:
+        return QStringLiteral("What is a clip");
+    case OptionGroup::Region:
+        return QStringLiteral("Where to look");
+    case OptionGroup::Output:
+        return QStringLiteral("What is written");
+    case OptionGroup::Export:
+        return QStringLiteral("Exporting the clips");
+    case OptionGroup::Running:
+        return QStringLiteral("How it runs");
+    case OptionGroup::Help:
+        break;
+    }
+    return QStringLiteral("Help");
+}
+
+const QVector<ExitMeaning>& exitMeanings() {
+    static const QVector<ExitMeaning> meanings = {
+        {0, QStringLiteral("every video was read to its end and every clip exported that should "
+                           "be")},
+        {1, QStringLiteral("something could not be read or written; each is named on standard "
+                           "error, and the others are done all the same")},
+        {2, QStringLiteral("the command line is wrong")},
+        {130, QStringLiteral("interrupted; the clip that was open is still printed")},
+    };
+    return meanings;
+}
+
+const QVector<JsonField>& jsonFields() {
+    static const QVector<JsonField> fields = {
+        {"video", "clip", QStringLiteral("the recording, as it was named")},
+        {"index", "clip", QStringLiteral("number of the clip in its recording, from 0")},
+        {"start", "clip", QStringLiteral("seconds from the first picture")},
+        {"end", "clip", QStringLiteral("seconds from the first picture")},
+        {"snapshotTime", "clip",
+         QStringLiteral("seconds from the first picture to the strongest motion")},
+        {"snapshot", "clip", QStringLiteral("file of the picture, or null")},
+        {"file", "clip",
+         QStringLiteral("with --export: where it was exported to, null if that was not tried")},
+        {"exported", "clip", QStringLiteral("with --export: true or false")},
+        {"video", "end", QStringLiteral("the recording, as it was named")},
+        {"state", "end", QStringLiteral("finished, failed or cancelled")},
+        {"frames", "end", QStringLiteral("pictures decoded")},
+        {"clips", "end", QStringLiteral("clips found")},
+        {"seconds", "end", QStringLiteral("length of what was read")},
+    };
+    return fields;
+}

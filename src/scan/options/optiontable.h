@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <QVector>
+
+#include <optional>
+
+/// Everything that a person can be told about the scanner's command line, in one place. The parser,
+/// the help, the man page, the completions and the tables of README and manual are made from it.
+
+/// What an option is about. In the order in which the groups are listed.
+enum class OptionGroup { Clips, Region, Output, Export, Running, Help };
+
+/// What is written behind an option's name; completions offer what fits.
+enum class ValueKind { None, Number, Word, File, Folder, Text };
+
+/// The numbers that an option takes, both ends included.
+struct NumberRange {
+    double lowest = 0.0;
+    double highest = 0.0;
+    bool isWhole = false; ///< takes whole numbers only
+
+    QString text() const; ///< "1 to 3600"
+};
+
+/// One option.
+struct ScanOption {
+    OptionGroup group = OptionGroup::Clips;
+    QString name; ///< without its dashes
+    ValueKind kind = ValueKind::None;
+    QString value;                    ///< how the value is called, as in "S"; empty for a switch
+    QString help;                     ///< a sentence without its full stop
+    std::optional<NumberRange> range; ///< with ValueKind::Number
+    QStringList words;                ///< with ValueKind::Word: those that it takes
+    QString fallback;                 ///< the value that counts without the option; empty: none
+    QString absence;                  ///< without a fallback: what happens without the option
+    QChar letter;                     ///< a short form of one letter; null: none
+    QString control;                  ///< what it is called in the window; empty: not there
+
+    /// What it takes and what counts without it: "1 to 3600 (1)", "text, jsonl or csv (text)".
+    QString limits() const;
+};
+
+/// All options, group by group.
+const QVector<ScanOption>& scanOptions();
+
+/// The option of that name, which must exist.
+const ScanOption& scanOption(const QString& name);
+
+/// The heading of a group.
+QString groupTitle(OptionGroup group);
+
+/// One way in which the scanner ends.
+struct ExitMeaning {
+    int status;
+    QString meaning;
+};
+const QVector<ExitMeaning>& exitMeanings();
+
+/// One field of the lines that are printed with `--format jsonl`.
+struct JsonField {
+    QString name;
+    QString line; ///< "clip" or "end": of a clip, or of the end of a recording
+    QString meaning;
+};
+const QVector<JsonField>& jsonFields();
+
+/// "a", "a or b", "a, b or c".
+QString listed(const QStringList& words);

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+
+/// The table of options, written out for those who read it. Each is a whole text with its line
+/// ends.
+
+/// What `--help` prints: what the program does, its options group by group, exit statuses.
+QString helpText();
+
+/// The man page, in the macros of man(7). `version` and `date` ("2026-11-21") stand in its footer.
+QString manPage(const QString& version, const QString& date);
+
+/// Completions for bash, zsh and fish.
+QString bashCompletion();
+QString zshCompletion();
+QString fishCompletion();
+
+/// The tables of options, exit statuses and fields in Markdown and in HTML, without what stands
+/// around them.
+QString markdownTables();
+QString htmlOptionTable();

@@ -1,0 +1,229 @@
+#include "commandline.h"
+#include "files.h"
+#include "optiontable.h"
+#include "optiontext.h"
+
+#include <QProcess>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+CommandLine parse(const QStringList& options) {
+    return parseCommandLine(QStringList{"kestrova-scan", "garden.mp4"} + options);
+}
+
+QString source(const char* name) {
+    return QString::fromUtf8(readFile(QStringLiteral(KESTROVA_SOURCES "/") + name));
+}
+
+/// What stands between the marks that scripts/options knows.
+QString between(const QString& text) {
+    const QString begin = "<!-- options: begin -->\n";
+    const int start = text.indexOf(begin);
+    return start < 0 ? QString()
+                     : text.mid(start + begin.size(),
+                                text.indexOf("<!-- options: end -->") - start - begin.size());
+}
+
+/// Runs `program` with `text` in a file as its last argument; its output, or null if it failed.
+QByteArray run(const QString& program, const QStringList& arguments, const QString& text) {
+    QTemporaryDir folder;
+    QFile file(folder.filePath("text"));
+    if (!file.open(QIODevice::WriteOnly) || file.write(text.toUtf8()) < 0)
+        return {};
+    file.close();
+    QProcess process;
+    process.setProcessChannelMode(QProcess::MergedChannels);
+    process.start(program, arguments + QStringList{file.fileName()});
+    const bool isGood = process.waitForFinished() && process.exitStatus() == QProcess::NormalExit &&
+                        process.exitCode() == 0;
+    const QByteArray output = process.readAll();
+    return isGood ? "ok" + output : QByteArray();
+}
+
+/// The options that a text names, as in --skip.
+QStringList namedIn(const QString& text) {
+    QStringList names;
+    for (const ScanOption& option : scanOptions()) {
+        if (text.contains(QRegularExpression("(--|-l )" + option.name + "\\b")))
+            names += option.name;
+    }
+    return names;
+}
+
+QStringList allNames() {
+    QStringList names;
+    for (const ScanOption& option : scanOptions())
+        names += option.name;
+    return names;
+}
+
+} // namespace
+
+Q_DECLARE_METATYPE(ScanOption)
+
+class TestOptions : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void defaultsAreTaken_data();
+    void defaultsAreTaken();
+    void rangesEndWhereTheySay_data();
+    void rangesEndWhereTheySay();
+    void wordsAreTakenAsTheyAre_data();
+    void wordsAreTakenAsTheyAre();
+
+    void helpNamesEverything();
+    void helpFitsATerminal();
+    void manPageNamesEverything();
+    void completionsNameEverything();
+    void bashCompletesWordsAndNames();
+    void readmeIsUpToDate();
+    void manualIsUpToDate();
+};
+
+void TestOptions::defaultsAreTaken_data() {
+    QTest::addColumn<ScanOption>("option");
+    for (const ScanOption& option : scanOptions()) {
+        if (!option.fallback.isEmpty())
+            QTest::addRow("%s", qPrintable(option.name)) << option;
+    }
+}
+
+void TestOptions::defaultsAreTaken() {
+    QFETCH(ScanOption, option);
+    const CommandLine commandLine = parse({"--export", "out", "--" + option.name, option.fallback});
+    QCOMPARE(commandLine.text, QString());
+    QCOMPARE(commandLine.action, CommandLine::Action::Scan);
+}
+
+void TestOptions::rangesEndWhereTheySay_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<bool>("isTaken");
+    // Said once more here: a bound that slips in the table shows.
+    struct Bounds {
+        const char* name;
+        const char* below;
+        const char* lowest;
+        const char* highest;
+        const char* above;
+    };
+    const Bounds all[] = {
+        {"prerecord", "0.99", "1", "3600", "3600.01"},
+        {"postrecord", "0.99", "1", "3600", "3600.01"},
+        {"minimum", "0.99", "1", "3600", "3600.01"},
+        {"skip", "-1", "0", "100", "101"},
+        {"threshold-value", "-1", "0", "255", "256"},
+        {"threshold-motion", "-0.01", "0", "10", "10.01"},
+        {"fps", "0.009", "0.01", "1000", "1000.1"},
+        {"bitrate", "-0.01", "0", "100", "100.01"},
+        {"threads", "-1", "0", "256", "257"},
+        {"jobs", "0", "1", "256", "257"},
+    };
+    int ranges = 0;
+    for (const ScanOption& option : scanOptions())
+        ranges += option.range ? 1 : 0;
+    QCOMPARE(ranges, int(std::size(all)));
+    for (const Bounds& bounds : all) {
+        const QString name = bounds.name;
+        QTest::addRow("%s, one step below", bounds.name) << name << bounds.below << false;
+        QTest::addRow("%s, lowest", bounds.name) << name << bounds.lowest << true;
+        QTest::addRow("%s, highest", bounds.name) << name << bounds.highest << true;
+        QTest::addRow("%s, one step above", bounds.name) << name << bounds.above << false;
+        QTest::addRow("%s, no number", bounds.name) << name << "many" << false;
+        if (scanOption(name).range->isWhole)
+            QTest::addRow("%s, not whole", bounds.name) << name << "1.5" << false;
+    }
+}
+
+void TestOptions::rangesEndWhereTheySay() {
+    QFETCH(QString, name);
+    QFETCH(QString, value);
+    QFETCH(bool, isTaken);
+    const CommandLine commandLine = parse({"--export", "out", "--" + name + '=' + value});
+    if (isTaken) {
+        QCOMPARE(commandLine.text, QString());
+        return;
+    }
+    QCOMPARE(commandLine.action, CommandLine::Action::Reject);
+    QVERIFY2(commandLine.text.startsWith("--" + name + " takes a "), qPrintable(commandLine.text));
+    QVERIFY2(commandLine.text.endsWith(", not '" + value + '\''), qPrintable(commandLine.text));
+}
+
+void TestOptions::wordsAreTakenAsTheyAre_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("value");
+    QTest::addColumn<QString>("complaint");
+    for (const char* word : {"text", "jsonl", "csv"})
+        QTest::addRow("format %s", word) << "format" << word << "";
+    for (const char* word : {"avi", "mp4", "mkv"})
+        QTest::addRow("container %s", word) << "container" << word << "";
+    QTest::newRow("no format") << "format"
+                               << "xml"
+                               << "--format takes text, jsonl or csv, not 'xml'";
+    QTest::newRow("no container") << "container"
+                                  << "AVI"
+                                  << "--container takes avi, mp4 or mkv, not 'AVI'";
+}
+
+void TestOptions::wordsAreTakenAsTheyAre() {
+    QFETCH(QString, name);
+    QFETCH(QString, value);
+    QTEST(parse({"--export", "out", "--" + name, value}).text, "complaint");
+}
+
+void TestOptions::helpNamesEverything() {
+    const QString help = parse({"--help"}).text;
+    QCOMPARE(namedIn(help), allNames());
+    for (const ScanOption& option : scanOptions()) {
+        QVERIFY2(help.contains('\n' + groupTitle(option.group) + ":\n"), qPrintable(option.name));
+        const QString limits = QString(help).simplified();
+        QVERIFY2(option.fallback.isEmpty() || limits.contains(option.limits() + '.'),
+                 qPrintable(option.name));
+    }
+    for (const ExitMeaning& exit : exitMeanings())
+        QVERIFY(help.simplified().contains(QString::number(exit.status) + ' ' + exit.meaning));
+}
+
+void TestOptions::helpFitsATerminal() {
+    for (const QString& line : helpText().split('\n'))
+        QVERIFY2(line.size() < 80, qPrintable(line));
+}
+
+void TestOptions::manPageNamesEverything() {
+    QString page = manPage("1.0", "2026-01-02");
+    QVERIFY(page.startsWith(".TH KESTROVA\\-SCAN 1 2026-01-02 \"kestrova 1.0\""));
+    QCOMPARE(namedIn(page.replace("\\-", "-")), allNames());
+}
+
+void TestOptions::completionsNameEverything() {
+    for (const QString& text : {bashCompletion(), zshCompletion(), fishCompletion()})
+        QCOMPARE(namedIn(text), allNames());
+}
+
+void TestOptions::bashCompletesWordsAndNames() {
+    const QString ask = bashCompletion() +
+                        "ask() { COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); COMPREPLY=()\n"
+                        "  _kestrova_scan 2>/dev/null; echo \"${COMPREPLY[*]}\"; }\n"
+                        "ask kestrova-scan --container ''\n"
+                        "ask kestrova-scan --format js\n"
+                        "ask kestrova-scan --format = c\n"
+                        "ask kestrova-scan --thresh\n";
+    QCOMPARE(run("bash", {}, ask),
+             QByteArray("okavi mp4 mkv\njsonl\ncsv\n--threshold-value --threshold-motion\n"));
+}
+
+void TestOptions::readmeIsUpToDate() {
+    QVERIFY2(between(source("README.md")) == markdownTables(), "run scripts/options");
+}
+
+void TestOptions::manualIsUpToDate() {
+    QVERIFY2(between(source("docs/manual/manual.html")) == htmlOptionTable(),
+             "run scripts/options");
+}
+
+QTEST_GUILESS_MAIN(TestOptions)
+#include "test_options.moc"

@@ -1,0 +1,35 @@
+#include "optiontext.h"
+
+#include <QByteArray>
+
+#include <cstdio>
+#include <functional>
+#include <map>
+
+namespace {
+
+// The version and date of the man page come from the build, so that two builds are alike.
+const std::map<QByteArray, std::function<QString(const char* version, const char* date)>> makers = {
+    {"bash", [](auto, auto) { return bashCompletion(); }},
+    {"fish", [](auto, auto) { return fishCompletion(); }},
+    {"html", [](auto, auto) { return htmlOptionTable(); }},
+    {"man", [](auto version, auto date) { return manPage(version, date); }},
+    {"markdown", [](auto, auto) { return markdownTables(); }},
+    {"zsh", [](auto, auto) { return zshCompletion(); }},
+};
+
+} // namespace
+
+/// Prints the table of the scanner's options as one of `makers`: KIND VERSION DATE.
+int main(int argc, char* argv[]) {
+    const auto maker = makers.find(argc == 4 ? argv[1] : "");
+    if (maker == makers.end()) {
+        std::fputs("usage: makeoptions bash|fish|html|man|markdown|zsh VERSION DATE\n", stderr);
+        return 2;
+    }
+    const QByteArray text = maker->second(argv[2], argv[3]).toUtf8();
+    const bool isWritten = std::fwrite(text.constData(), 1, std::size_t(text.size()), stdout) ==
+                               std::size_t(text.size()) &&
+                           std::fflush(stdout) == 0;
+    return isWritten ? 0 : 1;
+}
