@@ -15,11 +15,12 @@ must_pass() {
     say "passed: $name"
 }
 
-# must_refuse NAME COMMAND...: a check that is shown something broken.
+# must_refuse NAME REASON COMMAND...: a check that is shown something broken, and must say that it is for
+# this reason that it fails.
 must_refuse() {
-    local name=$1
-    shift
-    if "$@" >"$scratch/log" 2>&1; then
+    local name=$1 reason=$2
+    shift 2
+    if "$@" >"$scratch/log" 2>&1 || ! grep -qE -- "$reason" "$scratch/log"; then
         cat "$scratch/log" >&2
         say "FAILED: $name was not noticed"
         exit 1
@@ -52,8 +53,9 @@ check_desktop_entry() {
     local entry
     entry=$(unpacked)/usr/share/applications/kestrova.desktop
     must_pass "desktop-file-validate" desktop-file-validate "$entry"
-    sed '/^Exec=/d' "$entry" >"$scratch/kestrova.desktop"
-    must_refuse "a desktop entry that starts nothing" desktop-file-validate "$scratch/kestrova.desktop"
+    sed 's/^Exec=.*/Exec=kestrova %Q/' "$entry" >"$scratch/kestrova.desktop"
+    must_refuse "a desktop entry with an argument that does not exist" "invalid field code" \
+        desktop-file-validate "$scratch/kestrova.desktop"
 }
 
 check_metainfo() {
@@ -61,14 +63,15 @@ check_metainfo() {
     metainfo=$(unpacked)/usr/share/metainfo/$name
     must_pass "appstreamcli validate" appstreamcli validate --no-net "$metainfo"
     sed '/<summary>/d' "$metainfo" >"$scratch/$name"
-    must_refuse "metainfo without a summary" appstreamcli validate --no-net "$scratch/$name"
+    must_refuse "metainfo without a summary" "component-summary-missing" \
+        appstreamcli validate --no-net "$scratch/$name"
 }
 
 lint_package() { lintian --allow-root -i --pedantic --fail-on error,warning "$@"; }
 
 check_policy() {
     must_pass "lintian" lint_package "$packages"/*.changes
-    must_refuse "a package without its copyright" \
+    must_refuse "a package without its copyright" "no-copyright-file" \
         lint_package "$(changed_package kestrova-scan "$version" 'rm usr/share/doc/*/copyright')"
 }
 
@@ -80,7 +83,8 @@ check_hardening() {
     must_pass "hardening-check kestrova" hardening-check --nofortify "$programs/kestrova"
     printf '#include <cstdio>\nint main() { char line[9]; return !fgets(line, sizeof line, stdin); }\n' |
         g++ -x c++ -no-pie -fno-stack-protector -U_FORTIFY_SOURCE -Wl,-z,norelro -o "$scratch/soft" -
-    must_refuse "a program that is not hardened" hardening-check "$scratch/soft"
+    must_refuse "a program that is not hardened" "Position Independent Executable: no" \
+        hardening-check "$scratch/soft"
 }
 
 # same_bytes FOLDER: whether each of the packages, and the sources, has the same bytes there.
@@ -94,7 +98,7 @@ same_bytes() {
 check_same_bytes() {
     must_pass "two builds, bit for bit" same_bytes "$1"
     cp "$(changed_package kestrova "$version" 'touch usr/bin')" "$1/$(basename "$packages"/kestrova_*.deb)"
-    must_refuse "a second build of another time" same_bytes "$1"
+    must_refuse "a second build that is not the same" "differ" same_bytes "$1"
 }
 
 # What is in the bare system, but for what its package manager notes of every installation.
@@ -144,7 +148,8 @@ check_leaves_nothing() {
     must_pass "what the packages need can be installed" install_dependencies
     must_pass "installed, upgraded and purged, nothing is left" \
         leaves_nothing "$packages"/kestrova_*.deb "$packages"/kestrova-scan_*.deb
-    must_refuse "a package that leaves a file behind" leaves_nothing "$packages"/kestrova_*.deb \
+    must_refuse "a package that leaves a file behind" "> var/lib/kestrova" \
+        leaves_nothing "$packages"/kestrova_*.deb \
         "$(changed_package kestrova-scan "$version" \
             'printf "#!/bin/sh\ntouch /var/lib/kestrova\n" >DEBIAN/postinst && chmod +x DEBIAN/postinst')"
     rm -f "$bare/var/lib/kestrova"
@@ -160,7 +165,8 @@ check_installed() {
     must_pass "autopkgtest" test_installed "$packages"/kestrova_*.deb "$packages"/kestrova-scan_*.deb
     grep -E 'PASS|FAIL|SKIP' "$packages/tests/summary" >&2
     mv "$packages/tests" "$scratch/tests"
-    must_refuse "a package without its encoder" test_installed --test-name=export "$packages"/kestrova_*.deb \
+    must_refuse "a package without its encoder" "export +FAIL non-zero exit status" \
+        test_installed --test-name=export "$packages"/kestrova_*.deb \
         "$(changed_package kestrova-scan "$version" 'rm usr/lib/*/kestrova/ffmpeg')"
     rm -rf "$packages/tests"
     mv "$scratch/tests" "$packages/tests"
