@@ -38,7 +38,7 @@ public:
     /// One of the option's words.
     QString word(const QString& option) {
         const QStringList& words = scanOption(option).words;
-        const QString value = parser.value(option);
+        QString value = parser.value(option);
         if (!words.contains(value))
             reject(QStringLiteral("--%1 takes %2, not '%3'").arg(option, listed(words), value));
         return value;

@@ -12,7 +12,7 @@ QString writePictureFile(const QImage& picture, const QString& path) {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, png.data()))
         return file.errorString();
-    const QString failure = syncToDisk(file);
+    QString failure = syncToDisk(file);
     if (!failure.isEmpty())
         return failure;
     return file.commit() ? QString() : file.errorString();

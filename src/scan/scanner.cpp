@@ -106,6 +106,7 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
     const SnapshotFolder snapshots(options.snapshotDirectory, options.videos);
     ClipFolders folders(options.exporting.directory, options.videos);
     std::vector<ClipExport> exports;
+    exports.reserve(std::size_t(recordings));
     for (int i = 0; i < recordings; ++i)
         exports.emplace_back(options.videos[i], options.exporting, folders, i);
     Totals totals(options.videos);

@@ -2,15 +2,9 @@
 
 #include "files.h"
 
-#include <QFile>
 #include <QtEndian>
 
 namespace {
-
-bool writeFile(const QString& fileName, const QByteArray& content) {
-    QFile file(fileName);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size();
-}
 
 QByteArray littleEndian(int value) {
     QByteArray bytes(2, '\0');
