@@ -70,7 +70,7 @@ QByteArray mlvPart(int number, char grey) {
                            littleEndian(1, 4) + QByteArray(20, '\0') +
                            littleEndian(bitsPerPixel, 4) + QByteArray(48, '\0') +
                            littleEndian(0x2010100, 4) + QByteArray(80, '\0');
-    const QByteArray frame = "VIDF" + littleEndian(quint64(32 + picture.size()), 4) +
+    const QByteArray frame = "VIDF" + littleEndian(32U + quint64(picture.size()), 4) +
                              littleEndian(0, 8) + littleEndian(quint64(number), 4) +
                              QByteArray(8, '\0') + littleEndian(0, 4) + picture;
     return header + raw + frame;

@@ -38,7 +38,7 @@ void TestSample::isOneClipBetweenTwoPauses() {
     QCOMPARE(result.status, 0);
     const QList<QJsonObject> lines = jsonLines(result.output);
     QCOMPARE(lines.size(), 2);
-    const QJsonObject clip = lines.first();
+    const QJsonObject& clip = lines.first();
     QVERIFY(clip["start"].toDouble() > 1.0);
     QVERIFY(clip["end"].toDouble() < lines.last()["seconds"].toDouble() - 5.0);
 }
