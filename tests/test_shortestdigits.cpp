@@ -2,7 +2,7 @@
 
 #include <QtTest>
 
-#include <limits>
+#include <cmath>
 
 class TestShortestDigits : public QObject {
     Q_OBJECT
@@ -30,15 +30,18 @@ void TestShortestDigits::floatsSayNoMoreThanTheyKnow() {
 }
 
 void TestShortestDigits::floatsReadBack() {
-    float value = std::numeric_limits<float>::min();
-    for (; value < 1e6F; value *= 1.37F)
+    for (int exponent = -126; exponent < 20; ++exponent) {
+        const float value = std::ldexp(1.2345678F, exponent);
         QCOMPARE(shortestDigits(value).toFloat(), value);
+    }
 }
 
 void TestShortestDigits::doublesReadBack() {
     QCOMPARE(shortestDigits(0.04), QByteArray("0.04"));
-    for (double value = 1e-9; value < 1e9; value *= 1.37)
+    for (int exponent = -30; exponent < 30; ++exponent) {
+        const double value = std::ldexp(1.2345678901234567, exponent);
         QCOMPARE(shortestDigits(value).toDouble(), value);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestShortestDigits)
