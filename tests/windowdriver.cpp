@@ -12,6 +12,7 @@
 // The end of the input ends the program like Quit. Settings come from the settings store.
 
 #include "mainwindowdriver.h"
+#include "toolkitthread.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -183,6 +184,7 @@ int main(int argc, char* argv[]) {
     QApplication application(argc, argv);
     QCoreApplication::setOrganizationName("kestrova");
     QCoreApplication::setApplicationName("kestrova-windowdriver");
+    keepToolkitThread();
     MainWindowDriver driver;
     driver.window.show();
     const CommandReader reader(driver);

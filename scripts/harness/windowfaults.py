@@ -155,8 +155,8 @@ class WindowFaults:
         return problem or (f"{starts} encoders were started" if starts > 1 else "")
 
     def no_threads(self):
-        """The worker is there; the threads that would help it are not."""
-        windows = self.open(env=self.injection.few_threads(1))
+        """The worker is there, and the toolkit's thread; those that would help it are not."""
+        windows = self.open(env=self.injection.few_threads(2))
         found = self.detect(windows)
         problem = self.judge(windows, found, 0)
         if not found["done"] or not found["clips"]:

@@ -5,6 +5,7 @@
 #include "filenamecodec.h"
 #include "mainwindow.h"
 #include "picturesearch.h"
+#include "toolkitthread.h"
 #include "workerthread.h"
 
 #include <QApplication>
@@ -50,6 +51,7 @@ int runApplication(int argc, char* argv[]) {
     QCoreApplication::setOrganizationName(QStringLiteral("kestrova"));
     QCoreApplication::setApplicationName(QStringLiteral("kestrova"));
     QGuiApplication::setDesktopFileName(QStringLiteral("kestrova"));
+    keepToolkitThread();
     QGuiApplication::setWindowIcon(applicationIcon());
 
     const int status = showMainWindow();

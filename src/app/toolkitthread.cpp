@@ -1,0 +1,11 @@
+#include "toolkitthread.h"
+
+#include <QThreadPool>
+
+void keepToolkitThread() {
+    constexpr int forEver = -1;
+    QThreadPool* pool = QThreadPool::globalInstance();
+    pool->setMaxThreadCount(1);
+    pool->setExpiryTimeout(forEver);
+    pool->start([] {});
+}
