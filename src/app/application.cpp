@@ -6,9 +6,11 @@
 #include "mainwindow.h"
 #include "picturesearch.h"
 #include "toolkitthread.h"
+#include "translation.h"
 #include "workerthread.h"
 
 #include <QApplication>
+#include <QLocale>
 
 #include <cstdio>
 #include <cstdlib>
@@ -53,6 +55,7 @@ int runApplication(int argc, char* argv[]) {
     QGuiApplication::setDesktopFileName(QStringLiteral("kestrova"));
     keepToolkitThread();
     QGuiApplication::setWindowIcon(applicationIcon());
+    speak(spokenLanguage(QLocale::system().uiLanguages()));
 
     const int status = showMainWindow();
     // A thread that is still busy must not find the program's globals destroyed.

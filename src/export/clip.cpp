@@ -32,8 +32,8 @@ namespace {
 QString emptyFileReason(const QString& path) {
     const QFileInfo file(path);
     if (!file.exists())
-        return QStringLiteral("the encoder wrote no file");
-    return file.size() > 0 ? QString() : QStringLiteral("the encoder wrote an empty file");
+        return Clip::tr("the encoder wrote no file");
+    return file.size() > 0 ? QString() : Clip::tr("the encoder wrote an empty file");
 }
 
 } // namespace
@@ -76,19 +76,19 @@ void Clip::leaveQueue(const QList<Clip*>& clips) {
 const char* Clip::statusText(int status) {
     switch (status) {
     case NotExported:
-        return "not exported";
+        return QT_TR_NOOP("not exported");
     case Exporting:
-        return "exporting...";
+        return QT_TR_NOOP("exporting...");
     case Queued:
-        return "queued...";
+        return QT_TR_NOOP("queued...");
     case Canceled:
-        return "canceled";
+        return QT_TR_NOOP("canceled");
     case ExportFailed:
-        return "export failed!";
+        return QT_TR_NOOP("export failed!");
     case Exported:
-        return "exported";
+        return QT_TR_NOOP("exported");
     default:
-        return "unknown status";
+        return QT_TR_NOOP("unknown status");
     }
 }
 
@@ -97,12 +97,12 @@ void Clip::updateText() {
     const QLatin1Char zero('0');
     // All at once: a file name may hold a "%1" of its own.
     const QString text =
-        QStringLiteral("%1\n#%2 %3:%4:%5 (%6 sec) (%7)")
+        tr("%1\n#%2 %3:%4:%5 (%6 sec) (%7)")
             .arg(video ? video->shortFileName() : QString(), QString::number(index),
                  QString::number(time / 3600),
                  QStringLiteral("%1").arg(time / 60 % 60, 2, 10, zero),
                  QStringLiteral("%1").arg(time % 60, 2, 10, zero),
-                 QString::number(truncatedToInt(end - start)), QLatin1String(statusText(status)));
+                 QString::number(truncatedToInt(end - start)), tr(statusText(status)));
     setData(Qt::DisplayRole, text);
 }
 
@@ -116,7 +116,7 @@ void Clip::exportClip(bool first) {
         return;
     if (!canBeCut(start, end)) {
         status = ExportFailed;
-        explain(QStringLiteral("a clip with these times cannot be cut out"));
+        explain(tr("a clip with these times cannot be cut out"));
         updateText();
         return;
     }

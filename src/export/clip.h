@@ -46,7 +46,7 @@ public:
     /// starts is then a clip that stays.
     static void leaveQueue(const QList<Clip*>& clips);
 
-    /// What the list shows for a status; "unknown status" for a value that is none.
+    /// What the list shows for a status, in English; "unknown status" for a value that is none.
     static const char* statusText(int status);
 
     /// Makes the item's two lines anew.

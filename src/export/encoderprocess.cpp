@@ -54,11 +54,11 @@ void EncoderProcess::startEncoder(const QStringList& arguments) {
 
 QString EncoderProcess::failure() const {
     if (error() == QProcess::FailedToStart)
-        return joined(QStringLiteral("the encoder cannot be started"), errorString());
+        return joined(tr("the encoder cannot be started"), errorString());
     if (error() == QProcess::Crashed)
-        return joined(QStringLiteral("the encoder crashed"), chatter.reason());
+        return joined(tr("the encoder crashed"), chatter.reason());
     const QString reason = chatter.reason();
-    return reason.isEmpty() ? QStringLiteral("the encoder failed") : reason;
+    return reason.isEmpty() ? tr("the encoder failed") : reason;
 }
 
 void EncoderProcess::leave() {

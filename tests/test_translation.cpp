@@ -1,0 +1,306 @@
+#include "translation.h"
+
+#include "clip.h"
+#include "mainwindow.h"
+#include "settingsdialog.h"
+#include "setupwindow.h"
+#include "video.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDialogButtonBox>
+#include <QLayout>
+#include <QMenuBar>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QTranslator>
+#include <QXmlStreamReader>
+#include <QtTest>
+
+namespace {
+
+/// All three windows, as they are right after the start.
+struct Windows {
+    MainWindow main;
+    SetupWindow setup;
+    SettingsDialog settings;
+
+    QList<QWidget*> all() { return {&main, &setup, &settings}; }
+};
+
+/// What a person can change, or what changes by itself, has no text of the program's.
+bool isValue(const QObject& object) {
+    return object.inherits("QAbstractSpinBox") || object.inherits("QLineEdit") ||
+           object.inherits("QProgressBar");
+}
+
+/// Every text of a window, in an order that is always the same.
+QStringList textsOf(QWidget& window) {
+    QStringList texts{window.windowTitle()};
+    for (const QObject* object : window.findChildren<QObject*>()) {
+        if (!isValue(*object))
+            texts.append(object->property("text").toString());
+        texts.append(object->property("toolTip").toString());
+        texts.append(object->property("title").toString());
+    }
+    texts.removeAll({});
+    return texts;
+}
+
+/// The names of labels and buttons that are narrower than their text.
+QStringList cutOff(const QWidget& window) {
+    QStringList names;
+    for (const QWidget* widget : window.findChildren<QWidget*>()) {
+        const bool hasText = qobject_cast<const QAbstractButton*>(widget) ||
+                             qobject_cast<const QLabel*>(widget) ||
+                             qobject_cast<const QDateTimeEdit*>(widget);
+        // The path beside "File info:" is shown as far as it fits.
+        if (hasText && widget->isVisible() && widget->width() < widget->sizeHint().width())
+            names.append(widget->objectName());
+    }
+    return names;
+}
+
+/// The letters that are pressed with Alt in the main window, each as often as it is given.
+QStringList accelerators(const MainWindow& window) {
+    QStringList keys;
+    const auto add = [&keys](const QString& text) {
+        const QKeySequence key = QKeySequence::mnemonic(text);
+        if (!key.isEmpty())
+            keys.append(key.toString());
+    };
+    for (const auto* button : window.findChildren<QAbstractButton*>())
+        add(button->text());
+    for (const auto* action : window.menuBar()->actions())
+        add(action->text());
+    return keys;
+}
+
+QStringList shortcuts(const QWidget& window) {
+    QStringList keys;
+    for (const auto* action : window.findChildren<QAction*>())
+        keys.append(action->shortcut().toString(QKeySequence::PortableText));
+    return keys;
+}
+
+QStringList placeholders(const QString& text) {
+    QStringList found;
+    auto matches = QRegularExpression("%[0-9n]").globalMatch(text);
+    while (matches.hasNext())
+        found.append(matches.next().captured());
+    found.sort();
+    return found;
+}
+
+/// Makes every text four times as long.
+class LongTexts : public QTranslator {
+public:
+    bool isEmpty() const override { return false; }
+    QString translate(const char*, const char* text, const char*, int) const override {
+        return QString(text).repeated(4);
+    }
+};
+
+} // namespace
+
+class TestTranslation : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void cleanup();
+    void threeLanguagesAreSpoken();
+    void firstWantedLanguageIsSpoken_data();
+    void firstWantedLanguageIsSpoken();
+    void nothingIsMissing_data() { addLanguages(); }
+    void nothingIsMissing();
+    void placeholdersStay_data() { addLanguages(); }
+    void placeholdersStay();
+    void everyTextIsTranslated_data() { addLanguages(); }
+    void everyTextIsTranslated();
+    void toolkitIsTranslated_data() { addLanguages(); }
+    void toolkitIsTranslated();
+    void captionsAreTranslated();
+    void acceleratorsAreTheirOwn_data();
+    void acceleratorsAreTheirOwn();
+    void shortcutsStay_data() { addLanguages(); }
+    void shortcutsStay();
+    void everythingFits_data();
+    void everythingFits();
+    void whatDoesNotFitIsNoticed();
+
+private:
+    static void addLanguages();
+    static QFile* source(const QString& language);
+};
+
+void TestTranslation::init() {
+    QCoreApplication::setOrganizationName("kestrova");
+    QCoreApplication::setApplicationName("kestrova");
+    QSettings().clear();
+}
+
+void TestTranslation::cleanup() {
+    qDeleteAll(QCoreApplication::instance()->findChildren<QTranslator*>());
+}
+
+void TestTranslation::addLanguages() {
+    QTest::addColumn<QString>("language");
+    for (const QString& language : translatedLanguages())
+        QTest::newRow(qPrintable(language)) << language;
+}
+
+void TestTranslation::threeLanguagesAreSpoken() {
+    QCOMPARE(translatedLanguages(), QStringList({"de", "es", "fr"}));
+}
+
+void TestTranslation::firstWantedLanguageIsSpoken_data() {
+    QTest::addColumn<QStringList>("wanted");
+    QTest::addColumn<QString>("spoken");
+    QTest::newRow("German") << QStringList{"de-DE"} << "de";
+    QTest::newRow("Austrian German") << QStringList{"de-AT"} << "de";
+    QTest::newRow("language alone") << QStringList{"fr"} << "fr";
+    QTest::newRow("with a script") << QStringList{"es-Latn-MX"} << "es";
+    QTest::newRow("English") << QStringList{"en-US"} << "";
+    QTest::newRow("no language") << QStringList{"C"} << "";
+    QTest::newRow("none at all") << QStringList{} << "";
+    QTest::newRow("not spoken") << QStringList{"ja-JP"} << "";
+    QTest::newRow("not spoken, then French") << QStringList{"br-FR", "fr-FR"} << "fr";
+    QTest::newRow("English, then German") << QStringList{"en-GB", "de-DE"} << "";
+    QTest::newRow("another one that begins alike") << QStringList{"dev-XX"} << "";
+}
+
+void TestTranslation::firstWantedLanguageIsSpoken() {
+    QFETCH(QStringList, wanted);
+    QTEST(spokenLanguage(wanted), "spoken");
+}
+
+QFile* TestTranslation::source(const QString& language) {
+    auto* file = new QFile(QString(KESTROVA_TRANSLATIONS "/kestrova_%1.ts").arg(language));
+    return file->open(QIODevice::ReadOnly) ? file : nullptr;
+}
+
+void TestTranslation::nothingIsMissing() {
+    QFETCH(QString, language);
+    const std::unique_ptr<QFile> file(source(language));
+    QVERIFY(file);
+    QXmlStreamReader reader(file.get());
+    int translations = 0;
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (!reader.isStartElement() || reader.name() != "translation")
+            continue;
+        QVERIFY2(!reader.attributes().hasAttribute("type"),
+                 qPrintable(QString("line %1").arg(reader.lineNumber())));
+        QVERIFY(!reader.readElementText().trimmed().isEmpty());
+        ++translations;
+    }
+    QVERIFY2(!reader.hasError(), qPrintable(reader.errorString()));
+    QVERIFY(translations > 90);
+}
+
+void TestTranslation::placeholdersStay() {
+    QFETCH(QString, language);
+    const std::unique_ptr<QFile> file(source(language));
+    QVERIFY(file);
+    QXmlStreamReader reader(file.get());
+    QString english;
+    int compared = 0;
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (reader.isStartElement() && reader.name() == "source")
+            english = reader.readElementText();
+        if (!reader.isStartElement() || reader.name() != "translation")
+            continue;
+        QCOMPARE(placeholders(reader.readElementText()), placeholders(english));
+        compared += int(!placeholders(english).isEmpty());
+    }
+    QCOMPARE(compared, 2); // a clip's caption, and the clips that wait
+}
+
+void TestTranslation::everyTextIsTranslated() {
+    QFETCH(QString, language);
+    const QStringList alike{"AVI", "MP4", "MKV", "...", "Kestrova", "Rectangle", "Error", "OK"};
+    Windows english;
+    speak(language);
+    Windows translated;
+    for (int i = 0; i < english.all().size(); ++i) {
+        const QStringList before = textsOf(*english.all()[i]);
+        const QStringList after = textsOf(*translated.all()[i]);
+        QCOMPARE(after.size(), before.size());
+        for (int text = 0; text < before.size(); ++text)
+            QVERIFY2(after[text] != before[text] || alike.contains(before[text]),
+                     qPrintable(QStringLiteral("\"%1\" of %2").arg(before[text]).arg(i)));
+    }
+}
+
+void TestTranslation::toolkitIsTranslated() {
+    QFETCH(QString, language);
+    const QString english = SettingsDialog()
+                                .findChild<QDialogButtonBox*>()
+                                ->button(QDialogButtonBox::RestoreDefaults)
+                                ->text();
+    speak(language);
+    const QString translated = SettingsDialog()
+                                   .findChild<QDialogButtonBox*>()
+                                   ->button(QDialogButtonBox::RestoreDefaults)
+                                   ->text();
+    QVERIFY2(translated != english, qPrintable(translated));
+}
+
+void TestTranslation::captionsAreTranslated() {
+    speak("de");
+    Video job("/media/yard.mp4", {}, 1, 1, 5, 0, false, nullptr, {}, false, {});
+    const Clip clip(&job, 3, QImage(), 3725.0, 3732.9, 3728.0);
+    QCOMPARE(clip.text(), QString("yard.mp4\n#3 1:02:05 (7 Sek.) (nicht exportiert)"));
+}
+
+void TestTranslation::acceleratorsAreTheirOwn_data() {
+    addLanguages();
+    QTest::newRow("en") << QString();
+}
+
+void TestTranslation::acceleratorsAreTheirOwn() {
+    QFETCH(QString, language);
+    speak(language);
+    const MainWindow window;
+    QStringList keys = accelerators(window);
+    QCOMPARE(keys.size(), 6); // three menus, three buttons
+    QVERIFY2(keys.removeDuplicates() == 0, qPrintable(accelerators(window).join(' ')));
+}
+
+void TestTranslation::shortcutsStay() {
+    QFETCH(QString, language);
+    const QStringList english = shortcuts(MainWindow());
+    QVERIFY(english.contains("Ctrl+Shift+O"));
+    speak(language);
+    QCOMPARE(shortcuts(MainWindow()), english);
+}
+
+void TestTranslation::everythingFits_data() {
+    acceleratorsAreTheirOwn_data();
+}
+
+void TestTranslation::everythingFits() {
+    QFETCH(QString, language);
+    speak(language);
+    Windows windows;
+    windows.setup.resize(windows.setup.minimumSize());
+    for (QWidget* window : windows.all()) {
+        window->show();
+        QCoreApplication::processEvents();
+        QVERIFY2(cutOff(*window).isEmpty(), qPrintable(cutOff(*window).join(' ')));
+    }
+    QCOMPARE(windows.setup.size(), QSize(1000, 800)); // not wider than on a small screen
+    QVERIFY(windows.setup.layout()->totalMinimumSize().width() <= 1000);
+}
+
+void TestTranslation::whatDoesNotFitIsNoticed() {
+    LongTexts texts;
+    QCoreApplication::installTranslator(&texts);
+    const SetupWindow setup;
+    QVERIFY(setup.layout()->totalMinimumSize().width() > 1000);
+}
+
+QTEST_MAIN(TestTranslation)
+#include "test_translation.moc"
