@@ -1,11 +1,14 @@
 // What only an X server with a window manager can show. Run by scripts/test-x11, on a high screen
 // and on a low one.
 
+#include "encoderstand.h"
+#include "footage.h"
 #include "mainwindowdriver.h"
 #include "media.h"
 #include "process.h"
 #include "widgeteditor.h"
 
+#include <QDesktopServices>
 #include <QScreen>
 #include <QSettings>
 #include <QSignalSpy>
@@ -91,12 +94,18 @@ private Q_SLOTS:
     void heldReturnOpensOnce();
     void doubleClickOfTheLeftButtonOpens();
     void closedByTheWindowManagerTheProgramEnds();
+    void keyboardAloneIsEnough();
+
+public Q_SLOTS:
+    void noteOpened(const QUrl& url) { opened.append(QDir::cleanPath(url.toLocalFile())); }
 
 private:
     QString path(const QString& name) const { return folder.filePath(name); }
     void showClip();
+    void chooseWithKeys(const QString& file);
 
     QTemporaryDir folder;
+    QStringList opened; ///< files that the desktop was asked to open
     std::unique_ptr<MainWindowDriver> driver;
 };
 
@@ -252,6 +261,48 @@ void TestX11::closedByTheWindowManagerTheProgramEnds() {
     QVERIFY(!driver->setup.isVisible());
     QVERIFY(!driver->window.isVisible());
     QVERIFY(int(job->state) < int(Video::CancelRequested));
+}
+
+/// Opens the dialog for files and names one, once it is there.
+void TestX11::chooseWithKeys(const QString& file) {
+    QTimer whenShown;
+    connect(&whenShown, &QTimer::timeout, this, [&] {
+        const QWidget* dialog = QApplication::activeModalWidget();
+        if (!dialog || !isInFront(*dialog))
+            return;
+        whenShown.stop();
+        input({"type", file});
+        input({"key", "Return"});
+    });
+    whenShown.start(100);
+    input({"key", "ctrl+o"});
+    QTRY_VERIFY_WITH_TIMEOUT(isInFront(driver->setup), longMilliseconds);
+}
+
+void TestX11::keyboardAloneIsEnough() {
+    EncoderStand encoder;
+    encoder.useRealEncoder();
+    driver->window.show();
+    QTRY_VERIFY_WITH_TIMEOUT(isInFront(driver->window), longMilliseconds);
+    chooseWithKeys(recordingsDirectory() + "/garden.mp4");
+    QVERIFY(driver->setupPart<QPushButton>("pushButtonAdd").hasFocus());
+    input({"key", "space"});
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
+    QTRY_VERIFY_WITH_TIMEOUT(isInFront(driver->window), longMilliseconds);
+    for (int step = 0; step < 4 && !driver->list().hasFocus(); ++step) {
+        input({"key", "Tab"});
+        QTest::qWait(100);
+    }
+    QVERIFY(driver->list().hasFocus());
+    input({"key", "space", "ctrl+e"});
+    QTRY_COMPARE_WITH_TIMEOUT(driver->clip(0).status, int(Clip::Exported), longMilliseconds);
+    QDesktopServices::setUrlHandler("file", this, "noteOpened");
+    input({"key", "Return"});
+    QTRY_COMPARE_WITH_TIMEOUT(opened, QStringList{driver->clip(0).outputPath}, longMilliseconds);
+    QDesktopServices::unsetUrlHandler("file");
+    QVERIFY(QFileInfo(opened.first()).size() > 0);
+    input({"key", "Delete"});
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 0, longMilliseconds);
 }
 
 QTEST_MAIN(TestX11)
