@@ -36,6 +36,7 @@ private Q_SLOTS:
     void oneJobAfterTheOther();
     void fileThatIsNoVideoHoldsNothingUp();
     void cancelEndsAllJobs();
+    void cancelLeavesJobsThatHaveEnded();
     void jobAcceptedAfterACancel();
     void withdrawnJobNeverRuns();
     void jobIsStartedOnce();
@@ -199,6 +200,19 @@ void TestDetectionQueue::cancelEndsAllJobs() {
         QCOMPARE(int(job->state), int(Video::CancelRequested));
     QVERIFY(jobs[1]->thread() == QThread::currentThread()); // never started
     QVERIFY(jobs[2]->thread() == QThread::currentThread());
+}
+
+void TestDetectionQueue::cancelLeavesJobsThatHaveEnded() {
+    Video* broken = makeJob(recordings.filePath("missing.mp4"));
+    Video* good = makeJob(shortRecording);
+    Video* running = makeJob(longRecording);
+    driver->setup.readyVideos = {broken, good};
+    driver->accept(running);
+    QTRY_COMPARE_WITH_TIMEOUT(int(running->state), int(Video::Running), longMilliseconds);
+    driver->click("pushButtonCancel");
+    QCOMPARE(int(broken->state), int(Video::Failed));
+    QCOMPARE(int(good->state), int(Video::Finished));
+    QCOMPARE(int(running->state), int(Video::CancelRequested));
 }
 
 void TestDetectionQueue::jobAcceptedAfterACancel() {
