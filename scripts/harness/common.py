@@ -55,6 +55,13 @@ def environment(**extra):
             **extra}
 
 
+def listen_to_signals():
+    """In the background a shell ignores SIGINT, nohup SIGHUP. What is started here must not inherit that."""
+    for number in (signal.SIGINT, signal.SIGHUP):
+        if signal.getsignal(number) == signal.SIG_IGN:
+            signal.signal(number, lambda *_: None)  # handlers, other than SIG_IGN, are not inherited
+
+
 def start(command, env=None, **streams):
     """Starts a program in a session of its own, so that what it leaves behind can be found."""
     return subprocess.Popen([os.fspath(word) for word in command], start_new_session=True,

@@ -228,7 +228,7 @@ class ScannerFaults:
         delay = chance.uniform(0.05, 1)
         ended = self.scan(*options, *[self.long] * 100, timeout=END_SECONDS, encoder="good",
                           meanwhile=lambda process: later(process, delay, signals))
-        if ended.status == -signals[0] and not ended.output: # it had not yet begun
+        if ended.status in (130, -signals[0]) and not ended.output:  # it had not yet begun
             return f"{len(self.left)} programs are left behind" if self.left else ""
         return self.judge(ended, [130])
 
