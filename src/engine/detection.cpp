@@ -71,7 +71,8 @@ DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
             segmenter.addFrame(motion, current.time, std::make_shared<FramePicture>(current.frame));
         if (clip)
             client.clipFound(*clip);
-        client.frameProcessed({number, current.time - firstTime, motion});
+        client.frameProcessed(
+            {number, current.time - firstTime, motion, segmenter.earliestStart()});
         previous = std::move(current);
         current = pictures.next();
         if (!current.frame && !client.isCancelled())

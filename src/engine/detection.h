@@ -23,6 +23,9 @@ struct FrameReport {
     qint64 number = 0;   ///< number of the picture; the first one decoded, never reported, is 0
     double time = 0.0;   ///< seconds from the first picture
     float motion = 0.0F; ///< motion value, 0 or more
+
+    /// No clip still to be found starts before this (ClipSegmenter::earliestStart).
+    double earliestStart = 0.0;
 };
 
 /// What a detection asks and tells while it runs, on the thread that runs it.

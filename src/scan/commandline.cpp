@@ -203,6 +203,8 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     ScanOptions options;
     options.videos = parser.positionalArguments();
     options.detection = readDetection(parser, values);
+    if (parser.isSet("merge"))
+        options.mergeGap = values.number("merge");
     options.format = readFormat(values);
     options.snapshotDirectory = parser.value("snapshots");
     options.exporting = readExport(parser, values);

@@ -26,12 +26,16 @@ RecordingScan::RecordingScan(int index, const ScanOptions& options, ScanOutputs&
     , outputs(outputs)
     , exporter(outputs.exports[std::size_t(index)]) {
     line.video = options.videos[index];
+    if (options.mergeGap)
+        merger.emplace(*options.mergeGap);
 }
 
 bool RecordingScan::run() {
     Detection detection(options.detection, *this);
     // An absolute path is a file to the media libraries, whatever colons its name has.
     line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
+    if (merger)
+        pass(merger->finish());
     outputs.totals.finish(index);
     if (line.outcome == DetectionOutcome::NoUsableTimes)
         outputs.messages.complain(line.video, detection.errorText() + noTimesHint());
@@ -75,6 +79,8 @@ void RecordingScan::frameProcessed(const FrameReport& frame) {
     line.seconds = frame.time;
     if (outputs.trace)
         outputs.trace->write(index, traceLine(frame));
+    if (merger)
+        pass(merger->passBy(frame.earliestStart));
 }
 
 void RecordingScan::positionChanged(qint64 bytePosition) {
@@ -86,13 +92,20 @@ void RecordingScan::positionChanged(qint64 bytePosition) {
 void RecordingScan::endReached() {}
 
 void RecordingScan::clipFound(const DetectedClip& clip) {
+    pass(merger ? merger->add(clip) : clip);
+}
+
+/// Does with a clip, if there is one, whatever is asked for.
+void RecordingScan::pass(const std::optional<DetectedClip>& clip) {
+    if (!clip)
+        return;
     ++line.clips;
     outputs.totals.addClip();
     ClipLine found;
     found.video = line.video;
-    found.clip = clip;
+    found.clip = *clip;
     if (!options.snapshotDirectory.isEmpty())
-        found.snapshotFile = writeSnapshot(clip);
+        found.snapshotFile = writeSnapshot(*clip);
     exportClip(found);
     report(outputs.format.clip(found));
 }

@@ -2,6 +2,7 @@
 
 #include "clipexport.h"
 #include "clipformat.h"
+#include "clipmerger.h"
 #include "messages.h"
 #include "orderedoutput.h"
 #include "scanoptions.h"
@@ -40,6 +41,7 @@ public:
     void clipFound(const DetectedClip& clip) override;
 
 private:
+    void pass(const std::optional<DetectedClip>& clip);
     void exportClip(ClipLine& found);
     void report(const QByteArray& lines);
     QString writeSnapshot(const DetectedClip& clip);
@@ -48,6 +50,7 @@ private:
     const ScanOptions& options;
     ScanOutputs& outputs;
     ClipExport& exporter;
+    std::optional<ClipMerger> merger; ///< where clips are merged
     VideoLine line;
     bool isWritten = true;
 };

@@ -6,6 +6,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <optional>
+
 enum class ReportFormat { Text, JsonLines, Csv };
 
 /// How clips are exported.
@@ -19,6 +21,7 @@ struct ExportOptions {
 struct ScanOptions {
     QStringList videos; ///< as the person wrote them; at least one
     DetectionOptions detection;
+    std::optional<double> mergeGap; ///< seconds between clips that become one; empty: none do
     ReportFormat format = ReportFormat::Text;
     QString snapshotDirectory; ///< empty: no snapshots
     ExportOptions exporting;

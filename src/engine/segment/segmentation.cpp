@@ -1,5 +1,6 @@
 #include "segmentation.h"
 
+#include <algorithm>
 #include <utility>
 
 ClipSegmenter::ClipSegmenter(const SegmentationOptions& options, double firstTime,
@@ -36,6 +37,10 @@ std::optional<DetectedClip> ClipSegmenter::finish() {
     return closeClip(previousTime);
 }
 
+double ClipSegmenter::earliestStart() const {
+    return (inClip ? clipStart : startOf(previousTime)) - firstTime;
+}
+
 // The comparison is strict here while the vote counts a value equal to the threshold as motion: it
 // takes at least the threshold to open a clip and more than it to keep one open.
 std::optional<DetectedClip> ClipSegmenter::continueClip(float motion, double time,
@@ -54,25 +59,29 @@ std::optional<DetectedClip> ClipSegmenter::continueClip(float motion, double tim
     return std::nullopt;
 }
 
+/// Where a clip starts that opens at `time`.
+///
+/// The clamp acts on the stream's own time, before the first frame's is subtracted: where a
+/// recording does not start at 0, an early clip's start can be negative.
+double ClipSegmenter::startOf(double time) const {
+    return std::max(0.0, time - options.minimum - options.prerecord);
+}
+
 void ClipSegmenter::openClip(double time) {
     // The vote needs entries, and every entry came with a candidate.
     const SnapshotCandidates::Candidate& best = *candidates.best();
     bestMotion = best.value;
     bestPicture = best.picture;
     snapshotTime = best.time;
-    // The clamp acts on the stream's own time, before the first frame's is subtracted: where a
-    // recording does not start at 0, an early clip's start can be negative.
-    clipStart = time - options.minimum - options.prerecord;
-    if (clipStart < 0.0)
-        clipStart = 0.0;
+    clipStart = startOf(time);
     lastMotionTime = time;
     notBefore = clipStart;
     inClip = true;
 }
 
 DetectedClip ClipSegmenter::closeClip(double time) {
-    DetectedClip clip{clipIndex, bestPicture->snapshot(), clipStart - firstTime, time - firstTime,
-                      snapshotTime - firstTime};
+    DetectedClip clip{clipIndex,        bestPicture->snapshot(),  clipStart - firstTime,
+                      time - firstTime, snapshotTime - firstTime, bestMotion};
     bestPicture.reset();
     notBefore = time;
     ++clipIndex;

@@ -24,6 +24,7 @@ struct DetectedClip {
     double start = 0.0;
     double end = 0.0;
     double snapshotTime = 0.0;
+    float strongestMotion = 0.0F; ///< the motion value for which the snapshot was chosen
 };
 
 /// Turns the motion values of one recording into clips.
@@ -45,12 +46,17 @@ public:
     /// Ends the recording; answers the clip that is still open, ending at the newest frame.
     std::optional<DetectedClip> finish();
 
+    /// No clip that is still to be answered starts before this: seconds from the first picture.
+    /// Holds while times do not run backwards.
+    double earliestStart() const;
+
     /// What was taken in so far.
     const MotionSeries& motionSeries() const { return series; }
 
 private:
     std::optional<DetectedClip> continueClip(float motion, double time,
                                              const ClipPicturePointer& picture);
+    double startOf(double time) const;
     void openClip(double time);
     DetectedClip closeClip(double time);
 

@@ -82,6 +82,11 @@ QVector<ScanOption> makeOptions() {
         inWindow("Motion detection threshold",
                  stored(G::Clips, "threshold-motion", "X", settings::thresholdMotion,
                         "Mean change of the pixels that is motion; more for fewer clips")),
+        withRange(
+            valued(G::Clips, "merge", K::Number, "S",
+                   "Make one clip of those that overlap or lie at most this many seconds apart",
+                   "each is its own"),
+            {0.0, 86400.0, false}),
         withRange(valued(G::Clips, "fps", K::Number, "N",
                          "Take recordings to be N pictures per second, whatever times they have",
                          "their own times"),
