@@ -80,6 +80,7 @@ private Q_SLOTS:
     void manPageNamesEverything();
     void completionsNameEverything();
     void bashCompletesWordsAndNames();
+    void zshRepeatsOptions();
     void readmeIsUpToDate();
     void manualIsUpToDate();
 };
@@ -215,6 +216,11 @@ void TestOptions::bashCompletesWordsAndNames() {
                         "ask kestrova-scan --thresh\n";
     QCOMPARE(run("bash", {}, ask),
              QByteArray("okavi mp4 mkv\njsonl\ncsv\n--threshold-value --threshold-motion\n"));
+}
+
+void TestOptions::zshRepeatsOptions() {
+    for (const QString& line : zshCompletion().split('\n'))
+        QCOMPARE(line.startsWith("  '*--"), line.contains("--exclude["));
 }
 
 void TestOptions::readmeIsUpToDate() {

@@ -65,6 +65,10 @@ private Q_SLOTS:
     void rectangleIsScaled_data();
     void rectangleIsScaled();
     void rectangleWithoutSpaceIsInPixels();
+    void rectanglesAreExcluded_data();
+    void rectanglesAreExcluded();
+    void excludedRectanglesAreScaled();
+    void allExcludedIsEmpty();
 };
 
 void TestRegion::wholeFrameNeedsNothing() {
@@ -202,6 +206,61 @@ void TestRegion::rectangleIsScaled() {
 void TestRegion::rectangleWithoutSpaceIsInPixels() {
     const PreparedRegion region = prepareRegion(rectangle(QRect(10, 20, 30, 40), {}), 100, 80);
     QVERIFY(region.roi == cv::Rect(10, 20, 30, 40));
+}
+
+void TestRegion::rectanglesAreExcluded_data() {
+    QTest::addColumn<QVector<QRect>>("excluded");
+    QTest::addColumn<QByteArray>("whole");
+    QTest::addColumn<QByteArray>("inRectangle"); // 1,0 to 3,1
+    QTest::addColumn<QByteArray>("inMask");      // the right half
+    const auto add = [](const char* name, const QVector<QRect>& excluded, const char* whole,
+                        const char* inRectangle, const char* inMask) {
+        QTest::newRow(name) << excluded << QByteArray(whole) << QByteArray(inRectangle)
+                            << QByteArray(inMask);
+    };
+    add("one pixel", {{2, 1, 1, 1}}, "####\n##.#\n####\n", ".###\n.#.#\n....\n",
+        "..##\n...#\n..##\n");
+    add("over a corner", {{-3, -3, 5, 4}}, "..##\n####\n####\n", "..##\n.###\n....\n",
+        "..##\n..##\n..##\n");
+    add("over another corner", {{3, 2, 9, 9}}, "####\n####\n###.\n", ".###\n.###\n....\n",
+        "..##\n..##\n..#.\n");
+    add("outside", {{4, 0, 2, 2}, {0, -1, 9, 1}}, "####\n####\n####\n", ".###\n.###\n....\n",
+        "..##\n..##\n..##\n");
+    add("two that overlap", {{1, 0, 2, 2}, {2, 1, 2, 2}}, "#..#\n#...\n##..\n",
+        "...#\n....\n....\n", "...#\n....\n....\n");
+}
+
+void TestRegion::rectanglesAreExcluded() {
+    QFETCH(QVector<QRect>, excluded);
+    QImage half = emptyMask(2, 1);
+    half.setPixel(1, 0, selected);
+    const auto check = [&](RegionOfInterest region, const char* column) {
+        region.excluded = excluded;
+        const PreparedRegion prepared = prepareRegion(region, 4, 3);
+        QCOMPARE(prepared.kind, RegionOfInterest::Kind::Mask);
+        QTEST(drawn(prepared), column);
+        QCOMPARE(int(prepared.maskCount), drawn(prepared).count('#'));
+        QVERIFY(!prepared.isEmpty());
+    };
+    check({}, "whole");
+    check(rectangle({1, 0, 7, 2}, {}), "inRectangle");
+    check(mask(half), "inMask");
+}
+
+void TestRegion::excludedRectanglesAreScaled() {
+    // Like the rectangle itself: 3 * 0.5 = 1.5 -> 1; 5 * 0.5 = 2.5 -> 2.
+    RegionOfInterest region = rectangle({0, 0, 8, 4}, {8, 6});
+    region.excluded = {{3, 0, 5, 2}};
+    QCOMPARE(drawn(prepareRegion(region, 4, 3)), QByteArray("#..#\n####\n....\n"));
+}
+
+void TestRegion::allExcludedIsEmpty() {
+    RegionOfInterest region;
+    region.excluded = {{0, 0, 4, 2}, {0, 2, 4, 1}};
+    QVERIFY(prepareRegion(region, 4, 3).isEmpty());
+    region = rectangle({10, 10, 1, 1}, {});
+    region.excluded = {{0, 0, 1, 1}};
+    QVERIFY(prepareRegion(region, 4, 3).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestRegion)

@@ -482,6 +482,9 @@ void TestScan::usageErrors_data() {
     row({"--roi", "1,2,3,4,5", "x.mp4"}, "--roi takes");
     row({"--roi", "2147483647,0,10,10", "x.mp4"}, "--roi takes");
     row({"--roi", "0,0,10,2147483647", "x.mp4"}, "--roi takes");
+    row({"--exclude", "1,2,3", "x.mp4"}, "--exclude takes X,Y,WIDTH,HEIGHT in whole pixels");
+    row({"--exclude", "1,2,3,4", "--exclude=", "x.mp4"}, "--exclude takes");
+    row({"--exclude", "1,2,-3,4", "x.mp4"}, "--exclude takes");
     row({"--mask", "/nonexistent.png", "x.mp4"}, "cannot read the mask");
     row({"--roi", "1,2,3,4", "--mask", "/nonexistent.png", "x.mp4"}, "exclude each other");
     row({"--format", "xml", "x.mp4"}, "'xml'");

@@ -76,12 +76,8 @@ void addOptions(QCommandLineParser& parser) {
     }
 }
 
-QString expectedRectangle() {
-    return QStringLiteral(
-        "--roi takes X,Y,WIDTH,HEIGHT in whole pixels, WIDTH and HEIGHT at least 1");
-}
-
-void readRectangle(const QString& text, RegionOfInterest& region, OptionValues& values) {
+/// The rectangle that `text` says; an empty one, and a complaint about `option`, if it says none.
+QRect readRectangle(const char* option, const QString& text, OptionValues& values) {
     const QStringList parts = text.split(',');
     std::array<int, 4> numbers{};
     bool isGood = parts.size() == int(numbers.size());
@@ -92,12 +88,12 @@ void readRectangle(const QString& text, RegionOfInterest& region, OptionValues& 
     constexpr int farthest = 1 << 30;
     const bool isNear = std::abs(double(x)) <= farthest && std::abs(double(y)) <= farthest &&
                         width <= farthest && height <= farthest;
-    if (!isGood || !isNear || width < 1 || height < 1) {
-        values.reject(expectedRectangle());
-        return;
-    }
-    region.kind = RegionOfInterest::Kind::Rectangle;
-    region.rectangle = QRect(x, y, width, height);
+    if (isGood && isNear && width >= 1 && height >= 1)
+        return {x, y, width, height};
+    values.reject(
+        QStringLiteral("--%1 takes X,Y,WIDTH,HEIGHT in whole pixels, WIDTH and HEIGHT at least 1")
+            .arg(option));
+    return {};
 }
 
 void readMask(const QString& fileName, RegionOfInterest& region, OptionValues& values) {
@@ -164,6 +160,21 @@ void checkTrace(const QString& trace, const QCommandLineParser& parser, OptionVa
             QStringLiteral("--trace would overwrite the mask '%1'").arg(parser.value("mask")));
 }
 
+RegionOfInterest readRegion(const QCommandLineParser& parser, OptionValues& values) {
+    RegionOfInterest region;
+    if (parser.isSet("roi") && parser.isSet("mask")) {
+        values.reject(QStringLiteral("--roi and --mask exclude each other"));
+    } else if (parser.isSet("roi")) {
+        region.kind = RegionOfInterest::Kind::Rectangle;
+        region.rectangle = readRectangle("roi", parser.value("roi"), values);
+    } else if (!parser.value("mask").isEmpty()) {
+        readMask(parser.value("mask"), region, values);
+    }
+    for (const QString& rectangle : parser.values("exclude"))
+        region.excluded.append(readRectangle("exclude", rectangle, values));
+    return region;
+}
+
 DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& values) {
     DetectionOptions options;
     options.segmentation.prerecord = values.number("prerecord");
@@ -176,12 +187,7 @@ DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& v
     if (parser.isSet("fps"))
         options.times.frameRate = values.number("fps");
     options.threads = values.integer("threads");
-    if (parser.isSet("roi") && parser.isSet("mask"))
-        values.reject(QStringLiteral("--roi and --mask exclude each other"));
-    else if (parser.isSet("roi"))
-        readRectangle(parser.value("roi"), options.measure.region, values);
-    else if (!parser.value("mask").isEmpty())
-        readMask(parser.value("mask"), options.measure.region, values);
+    options.measure.region = readRegion(parser, values);
     return options;
 }
 

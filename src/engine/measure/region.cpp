@@ -1,5 +1,7 @@
 #include "region.h"
 
+#include <opencv2/core.hpp>
+
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -23,9 +25,10 @@ Span scaledSpan(int first, int last, double scale, int limit) {
     return {int(begin), int(end - begin)};
 }
 
-cv::Rect scaledRectangle(const RegionOfInterest& region, int width, int height) {
-    const QSize space = region.space.isEmpty() ? QSize(width, height) : region.space;
-    const QRect& r = region.rectangle;
+/// `r` of a picture of size `space`, in one of `width` x `height` pixels.
+cv::Rect scaledRectangle(const QRect& r, QSize space, int width, int height) {
+    if (space.isEmpty())
+        space = QSize(width, height);
     const Span x = scaledSpan(r.left(), r.right(), double(width) / space.width(), width);
     const Span y = scaledSpan(r.top(), r.bottom(), double(height) / space.height(), height);
     if (x.length == 0 || y.length == 0)
@@ -53,6 +56,23 @@ void prepareMask(const QImage& mask, int width, int height, PreparedRegion& prep
     }
 }
 
+void becomeMask(int width, int height, PreparedRegion& prepared) {
+    if (prepared.kind == RegionOfInterest::Kind::Mask)
+        return;
+    const bool isWhole = prepared.kind == RegionOfInterest::Kind::WholeFrame;
+    prepared.maskMat = cv::Mat(height, width, CV_8UC1, cv::Scalar(isWhole ? 255 : 0));
+    prepared.maskMat(prepared.roi).setTo(255);
+    prepared.roi = {};
+    prepared.kind = RegionOfInterest::Kind::Mask;
+}
+
+void exclude(const RegionOfInterest& region, int width, int height, PreparedRegion& prepared) {
+    becomeMask(width, height, prepared);
+    for (const QRect& rectangle : region.excluded)
+        prepared.maskMat(scaledRectangle(rectangle, region.space, width, height)).setTo(0);
+    prepared.maskCount = std::uint32_t(cv::countNonZero(prepared.maskMat));
+}
+
 } // namespace
 
 bool PreparedRegion::isEmpty() const {
@@ -71,8 +91,10 @@ PreparedRegion prepareRegion(const RegionOfInterest& region, int width, int heig
     PreparedRegion prepared;
     prepared.kind = region.kind;
     if (region.kind == RegionOfInterest::Kind::Rectangle)
-        prepared.roi = scaledRectangle(region, width, height);
+        prepared.roi = scaledRectangle(region.rectangle, region.space, width, height);
     else if (region.kind == RegionOfInterest::Kind::Mask)
         prepareMask(region.mask, width, height, prepared);
+    if (!region.excluded.isEmpty())
+        exclude(region, width, height, prepared);
     return prepared;
 }

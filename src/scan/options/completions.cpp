@@ -42,7 +42,7 @@ QString zshArgument(const ScanOption& option) {
     help.replace(':', QStringLiteral("\\:"));
     QString lines;
     for (const QString& name : spellings(option)) {
-        QString argument = name;
+        QString argument = option.isRepeated ? '*' + name : name;
         argument += '[' + help + ']';
         if (!option.value.isEmpty())
             argument += ':' + option.value + ':' + zshAction(option);

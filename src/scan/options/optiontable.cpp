@@ -63,6 +63,11 @@ ScanOption withLetter(ScanOption option, char letter) {
     return option;
 }
 
+ScanOption repeated(ScanOption option) {
+    option.isRepeated = true;
+    return option;
+}
+
 QVector<ScanOption> makeOptions() {
     using G = OptionGroup;
     using K = ValueKind;
@@ -99,6 +104,10 @@ QVector<ScanOption> makeOptions() {
                  valued(G::Region, "mask", K::File, "PICTURE",
                         "Look only where this picture is green; it is scaled to the video",
                         "whole picture")),
+        repeated(valued(G::Region, "exclude", K::Text, "X,Y,WIDTH,HEIGHT",
+                        "Leave this rectangle out, in pixels of the video; may be given several "
+                        "times",
+                        "nothing")),
 
         word(G::Output, "format", "FORMAT", {"text", "jsonl", "csv"}, "How clips are printed"),
         valued(G::Output, "snapshots", K::Folder, "DIR",

@@ -35,6 +35,7 @@ struct ScanOption {
     QStringList words;                ///< with ValueKind::Word: those that it takes
     QString fallback;                 ///< the value that counts without the option; empty: none
     QString absence;                  ///< without a fallback: what happens without the option
+    bool isRepeated = false;          ///< may be given several times
     QChar letter;                     ///< a short form of one letter; null: none
     QString control;                  ///< what it is called in the window; empty: not there
 
