@@ -2,6 +2,7 @@
 
 #include "optiontable.h"
 #include "optiontext.h"
+#include "recordings.h"
 
 #include <QCommandLineParser>
 #include <QFile>
@@ -150,14 +151,29 @@ bool isSameFile(const QString& left, const QString& right) {
 }
 
 /// A trace must not empty what is read.
-void checkTrace(const QString& trace, const QCommandLineParser& parser, OptionValues& values) {
-    for (const QString& video : parser.positionalArguments()) {
-        if (isSameFile(trace, video))
-            values.reject(QStringLiteral("--trace would overwrite the video '%1'").arg(video));
-    }
-    if (isSameFile(trace, parser.value("mask")))
-        values.reject(
-            QStringLiteral("--trace would overwrite the mask '%1'").arg(parser.value("mask")));
+void checkTrace(const ScanOptions& options, const QCommandLineParser& parser,
+                OptionValues& values) {
+    const QString& trace = options.traceFile;
+    if (trace.isEmpty())
+        return;
+    const auto check = [&](const char* what, const QString& file) {
+        if (isSameFile(trace, file))
+            values.reject(QStringLiteral("--trace would overwrite the %1 '%2'").arg(what, file));
+    };
+    for (const QString& video : options.videos)
+        check("video", video);
+    check("mask", parser.value("mask"));
+    check("list", parser.value("list"));
+}
+
+void readRecordings(const QCommandLineParser& parser, ScanOptions& options) {
+    Recordings recordings;
+    for (const QString& path : parser.positionalArguments())
+        addNamed(path, recordings);
+    if (parser.isSet("list"))
+        addListed(parser.value("list"), parser.isSet("null") ? '\0' : '\n', recordings);
+    options.videos = recordings.videos;
+    options.complaints = recordings.complaints;
 }
 
 RegionOfInterest readRegion(const QCommandLineParser& parser, OptionValues& values) {
@@ -207,7 +223,6 @@ CommandLine parseCommandLine(const QStringList& arguments) {
 
     OptionValues values(parser);
     ScanOptions options;
-    options.videos = parser.positionalArguments();
     options.detection = readDetection(parser, values);
     if (parser.isSet("merge"))
         options.mergeGap = values.number("merge");
@@ -217,13 +232,18 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     options.traceFile = parser.value("trace");
     options.jobs = values.integer("jobs");
     options.quiet = parser.isSet("quiet");
-    if (options.videos.isEmpty())
+    if (parser.positionalArguments().isEmpty() && !parser.isSet("list"))
         values.reject(QStringLiteral("no video named"));
-    for (const char* option : {"mask", "snapshots", "export", "trace"}) {
+    if (parser.isSet("null") && !parser.isSet("list"))
+        values.reject(QStringLiteral("--null needs --list"));
+    for (const char* option : {"list", "mask", "snapshots", "export", "trace"}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             values.reject(QStringLiteral("--%1 needs a name").arg(option));
     }
-    checkTrace(options.traceFile, parser, values);
+    // A list on standard input is waited for, which nobody wants before an error.
+    if (values.error.isEmpty())
+        readRecordings(parser, options);
+    checkTrace(options, parser, values);
     if (!values.error.isEmpty())
         return {CommandLine::Action::Reject, {}, values.error};
     return {CommandLine::Action::Scan, options, {}};

@@ -13,5 +13,6 @@ struct CommandLine {
 
 /// Parses `arguments` (the program's name first). Needs an application object, for its name.
 ///
-/// Reads the mask picture if one is named; touches nothing else.
+/// Reads the mask picture and the list of recordings if they are named, and looks through folders
+/// of recordings; touches nothing else.
 CommandLine parseCommandLine(const QStringList& arguments);

@@ -58,6 +58,16 @@ bool scanAll(const ScanOptions& options, ScanOutputs& outputs) {
     return isGood;
 }
 
+/// True if nothing that was to be found is missing.
+bool complain(const QVector<InputComplaint>& complaints, Messages& messages) {
+    bool isGood = true;
+    for (const InputComplaint& complaint : complaints) {
+        messages.complain(complaint.subject, complaint.reason);
+        isGood = isGood && !complaint.isFailure;
+    }
+    return isGood;
+}
+
 bool prepareFolders(const ScanOptions& options, Messages& messages) {
     for (const QString& folder : {options.snapshotDirectory, options.exporting.directory}) {
         const QString failure = folder.isEmpty() ? QString() : prepareFolder(folder);
@@ -90,7 +100,7 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
 
     std::atomic<bool> isWritten{true};
     const int recordings = options.videos.size();
-    OrderedOutput clips(output, recordings, [&](const QString& reason) {
+    OrderedOutput clips(output, recordings + 1, [&](const QString& reason) {
         isWritten = false;
         messages.complain(QStringLiteral("standard output"), reason);
         endScan();
@@ -113,7 +123,8 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
     ScanOutputs outputs{*format,  clips, traceFile.isOpen() ? &trace : nullptr, snapshots, exports,
                         messages, totals};
     clips.write(0, format->header());
-    const bool isGood = scanAll(options, outputs);
+    const bool isFound = complain(options.complaints, messages);
+    const bool isGood = scanAll(options, outputs) && isFound;
     messages.makeRoom();
     const QString syncFailure = traceFile.isOpen() && isWritten ? syncToDisk(traceFile) : QString();
     if (!syncFailure.isEmpty())

@@ -5,6 +5,7 @@
 
 #include <QString>
 #include <QStringList>
+#include <QVector>
 
 #include <optional>
 
@@ -17,9 +18,17 @@ struct ExportOptions {
     QDateTime startDateTime; ///< wall-clock time of each first picture; invalid: no timestamps
 };
 
+/// What is wrong with a list of recordings or a folder of them.
+struct InputComplaint {
+    QString subject; ///< the list or the folder
+    QString reason;
+    bool isFailure = true; ///< false: a warning, no reason to fail
+};
+
 /// What one call of the scanner is asked to do.
 struct ScanOptions {
-    QStringList videos; ///< as the person wrote them; at least one
+    QStringList videos; ///< as the person wrote them, or as lists name them and folders hold them
+    QVector<InputComplaint> complaints; ///< about these lists and folders, not yet told
     DetectionOptions detection;
     std::optional<double> mergeGap; ///< seconds between clips that become one; empty: none do
     ReportFormat format = ReportFormat::Text;

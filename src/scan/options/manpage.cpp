@@ -44,7 +44,8 @@ QString manPage(const QString& version, const QString& date) {
         QStringLiteral(".TH KESTROVA\\-SCAN 1 %1 \"kestrova %2\" \"User Commands\"\n"
                        ".SH NAME\nkestrova\\-scan \\- find the stretches of recordings in which "
                        "something moves\n"
-                       ".SH SYNOPSIS\n.B kestrova\\-scan\n[\\fIOPTION\\fR]... \\fIVIDEO\\fR...\n"
+                       ".SH SYNOPSIS\n.B kestrova\\-scan\n[\\fIOPTION\\fR]... "
+                       "\\fIVIDEO\\fR|\\fIFOLDER\\fR...\n"
                        ".SH DESCRIPTION\n")
             .arg(date, version);
     const QStringList paragraphs = scannerDescription().split(QStringLiteral("\n\n"));

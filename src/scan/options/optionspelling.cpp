@@ -3,13 +3,16 @@
 namespace {
 
 const char description[] =
-    "Usage: kestrova-scan [OPTION]... VIDEO...\n"
+    "Usage: kestrova-scan [OPTION]... VIDEO|FOLDER...\n"
     "Finds the stretches of recordings in which something moves and prints them\n"
     "as clips.\n"
     "\n"
     "Every picture is compared with the one before it. A clip opens when motion\n"
     "fills half of the last --minimum seconds, starts --prerecord seconds before\n"
     "them, and ends when there has been no motion for --postrecord seconds.\n"
+    "\n"
+    "A folder means all recordings below it, sorted: files that are named like\n"
+    "videos, as in .mp4. What is hidden and links to folders are left out.\n"
     "\n"
     "With --export each clip is also cut out into a file of its own, in a folder\n"
     "for each video, by the encoder beside this program.\n";

@@ -72,6 +72,12 @@ QVector<ScanOption> makeOptions() {
     using G = OptionGroup;
     using K = ValueKind;
     return {
+        valued(G::Input, "list", K::File, "FILE",
+               "Search the recordings and folders that this file names, one on each line; - is "
+               "standard input",
+               "none"),
+        toggle(G::Input, "null", "Names in the list end with null bytes, not with lines"),
+
         inWindow("Prerecord", stored(G::Clips, "prerecord", "S", settings::prerecord,
                                      "Seconds kept before the motion")),
         inWindow("Postrecord", stored(G::Clips, "postrecord", "S", settings::postrecord,
@@ -192,6 +198,8 @@ const ScanOption& scanOption(const QString& name) {
 
 QString groupTitle(OptionGroup group) {
     switch (group) {
+    case OptionGroup::Input:
+        return QStringLiteral("Which recordings");
     case OptionGroup::Clips:
         return QStringLiteral("What is a clip");
     case OptionGroup::Region:

@@ -10,7 +10,7 @@
 /// the help, the man page, the completions and the tables of README and manual are made from it.
 
 /// What an option is about. In the order in which the groups are listed.
-enum class OptionGroup { Clips, Region, Output, Export, Running, Help };
+enum class OptionGroup { Input, Clips, Region, Output, Export, Running, Help };
 
 /// What is written behind an option's name; completions offer what fits.
 enum class ValueKind { None, Number, Word, File, Folder, Text };

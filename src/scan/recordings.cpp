@@ -1,0 +1,129 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "recordings.h"
+
+#include "videoname.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <system_error>
+#include <unistd.h>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+/// Looks through one folder and those below it.
+class FolderSearch {
+public:
+    explicit FolderSearch(const fs::path& folder)
+        : folders{folder} {}
+
+    void run() {
+        while (!folders.empty()) {
+            const fs::path folder = folders.back();
+            folders.pop_back();
+            const std::error_code error = lookInto(folder);
+            if (error)
+                complaints.append({QFile::decodeName(folder.c_str()),
+                                   QStringLiteral("this folder cannot be searched: ") +
+                                       QString::fromStdString(error.message()),
+                                   true});
+        }
+        std::sort(videos.begin(), videos.end());
+    }
+
+    std::vector<std::string> videos;
+    QVector<InputComplaint> complaints;
+
+private:
+    /// Why not all of it could be looked at, if so.
+    std::error_code lookInto(const fs::path& folder) {
+        std::error_code failure;
+        std::error_code error;
+        fs::directory_iterator entries(folder, error);
+        for (; !error && entries != fs::directory_iterator(); entries.increment(error)) {
+            const std::error_code problem = take(*entries);
+            failure = failure ? failure : problem;
+        }
+        return error ? error : failure;
+    }
+
+    std::error_code take(const fs::directory_entry& entry) {
+        std::error_code error;
+        if (entry.path().filename().native().front() == '.')
+            return error;
+        const fs::file_type type = entry.symlink_status(error).type();
+        if (type == fs::file_type::none)
+            return error;
+        if (type == fs::file_type::directory)
+            folders.push_back(entry.path());
+        else if (isVideoName(entry.path().native()) && mayBeRecording(entry.status(error).type()))
+            videos.push_back(entry.path().native());
+        return {};
+    }
+
+    /// A link that leads nowhere is one to complain of when it is read.
+    static bool mayBeRecording(fs::file_type type) {
+        return type == fs::file_type::regular || type == fs::file_type::not_found ||
+               type == fs::file_type::none;
+    }
+
+    std::vector<fs::path> folders; ///< to be looked into
+};
+
+void addFolder(const QString& path, Recordings& recordings) {
+    FolderSearch search(QFile::encodeName(path).toStdString());
+    search.run();
+    for (const std::string& video : search.videos)
+        recordings.videos.append(QFile::decodeName(video.c_str()));
+    recordings.complaints += search.complaints;
+    if (search.videos.empty() && search.complaints.isEmpty())
+        recordings.complaints.append(
+            {path, QStringLiteral("warning: no file below this folder is named like a video"),
+             false});
+}
+
+bool openList(QFile& file) {
+    if (file.fileName() == QLatin1String("-"))
+        return file.open(STDIN_FILENO, QIODevice::ReadOnly);
+    return file.open(QIODevice::ReadOnly);
+}
+
+} // namespace
+
+void addNamed(const QString& path, Recordings& recordings) {
+    std::error_code none;
+    if (fs::is_directory(QFile::encodeName(path).toStdString(), none))
+        addFolder(path, recordings);
+    else
+        recordings.videos.append(path);
+}
+
+void addListed(const QString& list, char separator, Recordings& recordings) {
+    QFile file(list);
+    QByteArray names;
+    if (openList(file))
+        names = file.readAll();
+    if (file.error() != QFileDevice::NoError) {
+        recordings.complaints.append(
+            {list, QStringLiteral("cannot read this list: ") + file.errorString(), true});
+        return;
+    }
+    bool isEmpty = true;
+    for (const QByteArray& name : names.split(separator)) {
+        if (name.isEmpty())
+            continue;
+        isEmpty = false;
+        addNamed(QFile::decodeName(name), recordings);
+    }
+    if (isEmpty)
+        recordings.complaints.append(
+            {list, QStringLiteral("warning: this list names no recording"), false});
+}

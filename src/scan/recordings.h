@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "scanoptions.h"
+
+/// What the recordings of a call are, told by files, folders and lists.
+struct Recordings {
+    QStringList
+        videos; ///< in the order in which they were told; those of one folder sorted by bytes
+    QVector<InputComplaint> complaints;
+};
+
+/// Adds a recording, or all recordings below a folder: files whose names are those of videos
+/// (isVideoName). What is hidden, links to folders, and pipes and devices are left out; links to
+/// files are not. Everything else is a recording, be it there or not.
+void addNamed(const QString& path, Recordings& recordings);
+
+/// Adds what the file `list` names ("-": standard input), each name ended by `separator`, the last
+/// one perhaps by the end of the file. Empty names are nothing.
+void addListed(const QString& list, char separator, Recordings& recordings);

@@ -1,0 +1,146 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The scanner where a list or a folder tells the recordings.
+
+#include "files.h"
+#include "media.h"
+#include "process.h"
+
+#include <QDir>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+const QStringList jsonl = {"--quiet", "--format", "jsonl"};
+
+ProcessResult scan(const QStringList& arguments) {
+    return runProgram("kestrova-scan", arguments);
+}
+
+/// The names of the recordings in the order in which they ended.
+QStringList scanned(const ProcessResult& result) {
+    QStringList names;
+    for (const QJsonObject& line : jsonLines(result.output)) {
+        if (line["state"].toString() == "finished")
+            names.append(line["video"].toString());
+    }
+    return names;
+}
+
+} // namespace
+
+class TestScanList : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void folderIsSearched();
+    void listIsSearched();
+    void listFromStandardInput();
+    void whatCannotBeReadIsNamed();
+    void nothingFoundIsNoFailure();
+    void traceOverwritesNothingFound();
+    void usageErrors_data();
+    void usageErrors();
+
+private:
+    QString path(const QString& name) const { return folder.filePath(name); }
+
+    QTemporaryDir folder; ///< a/1.mp4 and a/b/2.mkv, 1 s each; a/notes.txt
+    QStringList both;
+};
+
+void TestScanList::initTestCase() {
+    QVERIFY(QDir(folder.path()).mkpath("a/b"));
+    both = QStringList{path("a/1.mp4"), path("a/b/2.mkv")};
+    for (const QString& video : both)
+        QVERIFY(media::encode(media::crossingBox(1, 0, 1) + QStringList{"-c:v", "mpeg4", video}));
+    QVERIFY(writeFile(path("a/notes.txt"), "no video\n"));
+}
+
+void TestScanList::folderIsSearched() {
+    const ProcessResult result = scan(jsonl + QStringList{path("a")});
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.errors, QByteArray());
+    QCOMPARE(scanned(result), both);
+    QCOMPARE(result.output, scan(jsonl + both).output);
+    QCOMPARE(scanned(scan(jsonl + QStringList{"--jobs", "2", path("a"), both[0]})),
+             both + QStringList{both[0]});
+}
+
+void TestScanList::listIsSearched() {
+    QVERIFY(writeFile(path("list"), (both[1] + '\n' + path("a/b") + '\n').toUtf8()));
+    const ProcessResult result = scan(jsonl + QStringList{"--list", path("list"), both[0]});
+    QCOMPARE(result.status, 0);
+    QCOMPARE(scanned(result), QStringList({both[0], both[1], both[1]}));
+}
+
+void TestScanList::listFromStandardInput() {
+    QVERIFY(writeFile(path("null"), both.join(QChar(0)).toUtf8()));
+    QProcess process;
+    process.setStandardInputFile(path("null"));
+    process.start(media::programDirectory() + "/kestrova-scan",
+                  jsonl + QStringList{"--list", "-", "--null"});
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 0);
+    ProcessResult result;
+    result.output = process.readAllStandardOutput();
+    QCOMPARE(scanned(result), both);
+}
+
+void TestScanList::whatCannotBeReadIsNamed() {
+    const ProcessResult result =
+        scan(jsonl + QStringList{"--list", path("missing"), path("a"), path("gone.mp4")});
+    QCOMPARE(result.status, 1);
+    QCOMPARE(scanned(result), both);
+    QVERIFY(result.errors.startsWith("kestrova-scan: " + path("missing").toUtf8() +
+                                     ": cannot read this list: No such file or directory\n"));
+    QCOMPARE(result.errors.count('\n'), 2);
+    QCOMPARE(scan({"--list", path("missing")}).status, 1);
+}
+
+void TestScanList::nothingFoundIsNoFailure() {
+    QVERIFY(QDir(folder.path()).mkpath("empty"));
+    const ProcessResult result = scan({"--format", "csv", path("empty")});
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.output, QByteArray("video,index,start,end,snapshotTime,snapshot\r\n"));
+    QCOMPARE(result.errors, "kestrova-scan: " + path("empty").toUtf8() +
+                                ": warning: no file below this folder is named like a video\n");
+    const ProcessResult list = scan({"--list", "-"});
+    QCOMPARE(list.status, 0);
+    QVERIFY(list.errors.startsWith("kestrova-scan: -: warning: "));
+}
+
+void TestScanList::traceOverwritesNothingFound() {
+    const QByteArray before = readFile(both[1]);
+    const ProcessResult result = scan({"--trace", both[1], path("a")});
+    QCOMPARE(result.status, 2);
+    QVERIFY(result.errors.contains("--trace would overwrite the video"));
+    QCOMPARE(readFile(both[1]), before);
+    QVERIFY(writeFile(path("list"), both[0].toUtf8()));
+    QVERIFY(scan({"--trace", path("list"), "--list", path("list")})
+                .errors.contains("--trace would overwrite the list"));
+    QCOMPARE(readFile(path("list")), both[0].toUtf8());
+}
+
+void TestScanList::usageErrors_data() {
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("message");
+    QTest::newRow("no list") << QStringList{"--null", "a.mp4"} << QByteArray("--null needs --list");
+    QTest::newRow("empty name") << QStringList{"--list="} << QByteArray("--list needs a name");
+}
+
+void TestScanList::usageErrors() {
+    QFETCH(QStringList, arguments);
+    const ProcessResult result = scan(arguments);
+    QCOMPARE(result.status, 2);
+    QFETCH(QByteArray, message);
+    QVERIFY2(result.errors.contains(message), result.errors.constData());
+}
+
+QTEST_GUILESS_MAIN(TestScanList)
+#include "test_scanlist.moc"
