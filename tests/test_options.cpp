@@ -159,13 +159,15 @@ void TestOptions::wordsAreTakenAsTheyAre_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("value");
     QTest::addColumn<QString>("complaint");
-    for (const char* word : {"text", "jsonl", "csv"})
+    for (const char* word : {"text", "jsonl", "csv", "m3u", "mpv", "cuts", "edl", "mlt"})
         QTest::addRow("format %s", word) << "format" << word << "";
     for (const char* word : {"avi", "mp4", "mkv"})
         QTest::addRow("container %s", word) << "container" << word << "";
-    QTest::newRow("no format") << "format"
-                               << "xml"
-                               << "--format takes text, jsonl or csv, not 'xml'";
+    QTest::newRow("no format")
+        << "format"
+        << "xml"
+        << "--format takes text, jsonl, csv, m3u, mpv, cuts, edl or mlt, not "
+           "'xml'";
     QTest::newRow("no container") << "container"
                                   << "AVI"
                                   << "--container takes avi, mp4 or mkv, not 'AVI'";
@@ -212,7 +214,7 @@ void TestOptions::bashCompletesWordsAndNames() {
                         "  _kestrova_scan 2>/dev/null; echo \"${COMPREPLY[*]}\"; }\n"
                         "ask kestrova-scan --container ''\n"
                         "ask kestrova-scan --format js\n"
-                        "ask kestrova-scan --format = c\n"
+                        "ask kestrova-scan --format = cs\n"
                         "ask kestrova-scan --thresh\n";
     QCOMPARE(run("bash", {}, ask),
              QByteArray("okavi mp4 mkv\njsonl\ncsv\n--threshold-value --threshold-motion\n"));

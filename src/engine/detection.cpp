@@ -49,11 +49,13 @@ DetectionOutcome Detection::runOrFail(VideoDecoder& decoder) {
 DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
     const QByteArray codecName = decoder.codecName();
     const double duration = decoder.duration();
+    const StreamDescription description = decoder.description();
     PictureSource pictures(decoder, options.threads != 1, options.times);
     TimedPicture previous = pictures.next();
     TimedPicture current = previous.frame ? pictures.next() : TimedPicture();
     if (!current.frame)
         return failToBegin(pictures, previous.frame != nullptr);
+    client.described(description, previous.time);
     if (pictures.frameRate() > 0.0)
         client.numbered(pictures.frameRate());
     client.opened(codecName, duration);

@@ -3,6 +3,7 @@
 #include "motionmeasure.h"
 #include "pictureclock.h"
 #include "segmentation.h"
+#include "streamdescription.h"
 
 #include <QByteArray>
 #include <QString>
@@ -42,6 +43,13 @@ public:
 
     /// Before `opened`: the pictures are numbered at this rate, per second.
     virtual void numbered(double frameRate) { static_cast<void>(frameRate); }
+
+    /// Before `opened`: what programs that play the recording go by. `firstTime`: seconds of the
+    /// first picture, as the stream counts them.
+    virtual void described(const StreamDescription& stream, double firstTime) {
+        static_cast<void>(stream);
+        static_cast<void>(firstTime);
+    }
 
     /// After `opened`: the region of interest selects no pixel, so that no motion will be found.
     virtual void regionIsEmpty() {}

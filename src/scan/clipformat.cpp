@@ -1,5 +1,6 @@
 #include "clipformat.h"
 
+#include "listformats.h"
 #include "printable.h"
 #include "shortestdigits.h"
 
@@ -13,7 +14,7 @@ namespace {
 
 class TextFormat : public ClipFormat {
 public:
-    QByteArray clip(const ClipLine& line) const override {
+    QByteArray clip(const ClipLine& line) override {
         const DetectedClip& found = line.clip;
         // All at once: a file name may hold a "%2" of its own.
         QString text =
@@ -33,7 +34,7 @@ public:
     explicit JsonLinesFormat(bool withExports)
         : withExports(withExports) {}
 
-    QByteArray clip(const ClipLine& line) const override {
+    QByteArray clip(const ClipLine& line) override {
         Json object;
         addName(object, "video", line.video);
         object["index"] = line.clip.index;
@@ -107,7 +108,7 @@ public:
         return "video,index,start,end,snapshotTime,snapshot" + exportColumns + "\r\n";
     }
 
-    QByteArray clip(const ClipLine& line) const override {
+    QByteArray clip(const ClipLine& line) override {
         const DetectedClip& found = line.clip;
         QByteArrayList fields = {quoted(line.video),
                                  QByteArray::number(found.index),
@@ -140,6 +141,13 @@ std::unique_ptr<ClipFormat> makeClipFormat(ReportFormat format, bool withExports
         return std::make_unique<JsonLinesFormat>(withExports);
     case ReportFormat::Csv:
         return std::make_unique<CsvFormat>(withExports);
+    case ReportFormat::M3u:
+    case ReportFormat::Mpv:
+    case ReportFormat::Cuts:
+        return makePlaylistFormat(format);
+    case ReportFormat::Edl:
+    case ReportFormat::Mlt:
+        return makeEditFormat(format);
     case ReportFormat::Text:
         break;
     }

@@ -2,15 +2,24 @@
 
 #include "scanoptions.h"
 #include "segmentation.h"
+#include "streamdescription.h"
 
 #include <QByteArray>
 #include <QString>
 
 #include <memory>
 
+/// A recording as programs see it that play it.
+struct PlayedRecording {
+    StreamDescription stream;
+    double offset = 0.0; ///< seconds from the file's beginning to its first picture
+};
+
 /// One clip as it is reported.
 struct ClipLine {
-    QString video; ///< as the person wrote it
+    QString video;     ///< as the person wrote it
+    int recording = 0; ///< its place in the call, 0 for the first
+    PlayedRecording played;
     DetectedClip clip;
     QString snapshotFile;    ///< empty: none written
     QString exportFile;      ///< empty: its export was not tried
@@ -26,14 +35,21 @@ struct VideoLine {
     double seconds = 0.0; ///< of the recording, from its first to its last picture
 };
 
-/// How clips are written down: whole lines, with their line ends.
+/// How clips are written down: whole lines, with their line ends. `clip` and `videoEnd` may be
+/// called on any thread.
 class ClipFormat {
 public:
     virtual ~ClipFormat() = default;
 
     virtual QByteArray header() const { return {}; }
-    virtual QByteArray clip(const ClipLine& line) const = 0;
+    virtual QByteArray clip(const ClipLine& line) = 0;
     virtual QByteArray videoEnd(const VideoLine&) const { return {}; }
+
+    /// What stands behind all recordings. Asked for once, whatever has failed before.
+    virtual QByteArray footer() { return {}; }
+
+    /// Why clips of this recording cannot be written down and are left out; empty if they can.
+    virtual QString refusal(const QString&) const { return {}; }
 };
 
 /// `withExports`: lines tell what became of each clip's export.

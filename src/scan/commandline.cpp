@@ -107,10 +107,8 @@ void readMask(const QString& fileName, RegionOfInterest& region, OptionValues& v
 }
 
 ReportFormat readFormat(OptionValues& values) {
-    const QString name = values.word("format");
-    if (name == QLatin1String("jsonl"))
-        return ReportFormat::JsonLines;
-    return name == QLatin1String("csv") ? ReportFormat::Csv : ReportFormat::Text;
+    const int place = scanOption("format").words.indexOf(values.word("format"));
+    return place < 0 ? ReportFormat::Text : ReportFormat(place);
 }
 
 /// The time of the clock on the wall: an offset from UTC does not change it, and no clock is put

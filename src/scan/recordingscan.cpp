@@ -7,6 +7,8 @@
 
 #include <QFileInfo>
 
+#include <cmath>
+
 namespace {
 
 QByteArray traceLine(const FrameReport& frame) {
@@ -31,6 +33,7 @@ RecordingScan::RecordingScan(int index, const ScanOptions& options, ScanOutputs&
 }
 
 bool RecordingScan::run() {
+    complainOfRefusal();
     Detection detection(options.detection, *this);
     // An absolute path is a file to the media libraries, whatever colons its name has.
     line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
@@ -50,6 +53,14 @@ bool RecordingScan::run() {
     return isRead && isWritten;
 }
 
+void RecordingScan::complainOfRefusal() {
+    const QString refusal = outputs.format.refusal(line.video);
+    if (refusal.isEmpty())
+        return;
+    isWritten = false;
+    outputs.messages.complain(line.video, refusal);
+}
+
 bool RecordingScan::isCancelled() {
     return isEnding();
 }
@@ -65,7 +76,13 @@ void RecordingScan::regionIsEmpty() {
             "warning: the region selects nothing of its pictures, so no motion is found"));
 }
 
+void RecordingScan::described(const StreamDescription& stream, double firstTime) {
+    played = {stream, firstTime - stream.startTime};
+}
+
 void RecordingScan::numbered(double frameRate) {
+    played.offset = 0.0;
+    played.stream.frameRate = {int(std::lround(frameRate * 1000.0)), 1000};
     exporter.setFrameRate(frameRate);
     if (options.detection.times.frameRate == 0.0)
         outputs.messages.summarise(
@@ -103,6 +120,8 @@ void RecordingScan::pass(const std::optional<DetectedClip>& clip) {
     outputs.totals.addClip();
     ClipLine found;
     found.video = line.video;
+    found.recording = index;
+    found.played = played;
     found.clip = *clip;
     if (!options.snapshotDirectory.isEmpty())
         found.snapshotFile = writeSnapshot(*clip);

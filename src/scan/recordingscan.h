@@ -13,7 +13,7 @@
 
 /// Everything that the recordings of one call share and write to.
 struct ScanOutputs {
-    const ClipFormat& format;
+    ClipFormat& format;
     OrderedOutput& clips;
     OrderedOutput* trace; ///< null: none wanted
     const SnapshotFolder& snapshots;
@@ -34,6 +34,7 @@ public:
     bool isCancelled() override;
     void opened(const QByteArray& codecName, double duration) override;
     void regionIsEmpty() override;
+    void described(const StreamDescription& stream, double firstTime) override;
     void numbered(double frameRate) override;
     void frameProcessed(const FrameReport& frame) override;
     void positionChanged(qint64 bytePosition) override;
@@ -41,6 +42,7 @@ public:
     void clipFound(const DetectedClip& clip) override;
 
 private:
+    void complainOfRefusal();
     void pass(const std::optional<DetectedClip>& clip);
     void exportClip(ClipLine& found);
     void report(const QByteArray& lines);
@@ -52,5 +54,6 @@ private:
     ClipExport& exporter;
     std::optional<ClipMerger> merger; ///< where clips are merged
     VideoLine line;
+    PlayedRecording played;
     bool isWritten = true;
 };

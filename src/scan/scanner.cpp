@@ -68,6 +68,13 @@ bool complain(const QVector<InputComplaint>& complaints, Messages& messages) {
     return isGood;
 }
 
+/// Writes the end behind all recordings, of which an interrupted call has not begun them all.
+void writeFooter(ClipFormat& format, OrderedOutput& clips, int recordings) {
+    for (int i = 0; i < recordings; ++i)
+        clips.finish(i);
+    clips.write(recordings, format.footer());
+}
+
 bool prepareFolders(const ScanOptions& options, Messages& messages) {
     for (const QString& folder : {options.snapshotDirectory, options.exporting.directory}) {
         const QString failure = folder.isEmpty() ? QString() : prepareFolder(folder);
@@ -125,6 +132,7 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
     clips.write(0, format->header());
     const bool isFound = complain(options.complaints, messages);
     const bool isGood = scanAll(options, outputs) && isFound;
+    writeFooter(*format, clips, recordings);
     messages.makeRoom();
     const QString syncFailure = traceFile.isOpen() && isWritten ? syncToDisk(traceFile) : QString();
     if (!syncFailure.isEmpty())

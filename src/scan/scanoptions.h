@@ -9,7 +9,8 @@
 
 #include <optional>
 
-enum class ReportFormat { Text, JsonLines, Csv };
+/// In the order of the words that --format takes.
+enum class ReportFormat { Text, JsonLines, Csv, M3u, Mpv, Cuts, Edl, Mlt };
 
 /// How clips are exported.
 struct ExportOptions {

@@ -166,6 +166,11 @@ double PacketReader::duration() const {
     return isKnown ? double(format->duration) / AV_TIME_BASE : 0.0;
 }
 
+double PacketReader::startTime() const {
+    const bool isKnown = format && format->start_time != AV_NOPTS_VALUE;
+    return isKnown ? double(format->start_time) / AV_TIME_BASE : 0.0;
+}
+
 QString PacketReader::errorText() const {
     return error;
 }

@@ -51,6 +51,7 @@ public:
 
     qint64 bytePosition() const; ///< -1 if there is none
     double duration() const;     ///< seconds as the header says, 0 if unknown
+    double startTime() const;    ///< seconds at which the first of all streams begins
     QString errorText() const;   ///< why `open` failed
 
 private:

@@ -125,6 +125,11 @@ bool DecodingContext::goSerial() {
 
 namespace {
 
+Ratio ratioOf(const AVRational& first, const AVRational& second) {
+    const AVRational& known = first.num > 0 && first.den > 0 ? first : second;
+    return {known.num, known.den};
+}
+
 double timeOf(std::int64_t dts, const AVRational& timeBase) {
     // A missing decoding time is the smallest 64-bit number, which a double holds exactly.
     return double(dts) * (double(timeBase.num) / double(timeBase.den));
@@ -211,6 +216,16 @@ double VideoDecoder::headerFrameRate() const {
 
 double VideoDecoder::duration() const {
     return context ? context->reader.duration() : 0.0;
+}
+
+StreamDescription VideoDecoder::description() const {
+    const AVStream* stream = context ? context->reader.stream() : nullptr;
+    if (!stream)
+        return {};
+    const AVCodecParameters& codec = *stream->codecpar;
+    return {QSize(codec.width, codec.height),
+            ratioOf(stream->sample_aspect_ratio, codec.sample_aspect_ratio),
+            ratioOf(stream->avg_frame_rate, stream->r_frame_rate), context->reader.startTime()};
 }
 
 QString VideoDecoder::errorText() const {

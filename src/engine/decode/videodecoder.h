@@ -2,6 +2,7 @@
 
 #include "decodedframe.h"
 #include "readend.h"
+#include "streamdescription.h"
 
 #include <QByteArray>
 #include <QString>
@@ -67,6 +68,9 @@ public:
 
     /// Length of the file in seconds as its header says, 0 if unknown.
     double duration() const;
+
+    /// What the headers say of the pictures; nothing if nothing is open.
+    StreamDescription description() const;
 
     /// Why the last `open` failed, in a few words for a person; empty after a success.
     QString errorText() const;

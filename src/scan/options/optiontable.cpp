@@ -73,8 +73,7 @@ QVector<ScanOption> makeOptions() {
     using K = ValueKind;
     return {
         valued(G::Input, "list", K::File, "FILE",
-               "Search the recordings and folders that this file names, one on each line; - is "
-               "standard input",
+               "Search the recordings that this file names, a line each; - is standard input",
                "none"),
         toggle(G::Input, "null", "Names in the list end with null bytes, not with lines"),
 
@@ -115,7 +114,9 @@ QVector<ScanOption> makeOptions() {
                         "times",
                         "nothing")),
 
-        word(G::Output, "format", "FORMAT", {"text", "jsonl", "csv"}, "How clips are printed"),
+        word(G::Output, "format", "FORMAT",
+             {"text", "jsonl", "csv", "m3u", "mpv", "cuts", "edl", "mlt"},
+             "How clips are printed; all but the first three are lists for other programs"),
         valued(G::Output, "snapshots", K::Folder, "DIR",
                "Write a picture of each clip's strongest motion into this folder", "none"),
         valued(G::Output, "trace", K::File, "FILE",

@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QSize>
+#include <QString>
+
+/// A recording as other programs see it.
+struct ListedRecording {
+    QString path;                 ///< absolute; its bytes are those of QFile::encodeName
+    QString name;                 ///< for a person, in one line
+    double offset = 0.0;          ///< seconds from the file's beginning to its first picture
+    QSize size;                   ///< pixels
+    int frameRateNumerator = 25;  ///< pictures per second; on average where they vary
+    int frameRateDenominator = 1; ///< 1 or more
+    int pixelAspectNumerator = 1; ///< width of a pixel by its height
+    int pixelAspectDenominator = 1;
+
+    double frameRate() const { return double(frameRateNumerator) / frameRateDenominator; }
+};
+
+/// A clip in a list for other programs. Its end lies behind its start.
+struct ListedClip {
+    ListedRecording recording;
+    int index = 0;      ///< 0 for the first clip of its recording
+    double start = 0.0; ///< seconds from the first picture; can be negative
+    double end = 0.0;
+
+    QString label() const; ///< "garden.mp4 #0"
+
+    /// Seconds from the file's beginning, as players count them, 0 or more.
+    double startInFile() const;
+    double endInFile() const;
+};
+
+/// Seconds with as many digits as tell pictures apart at any rate: "2.400000".
+QByteArray secondsText(double seconds);

@@ -1,0 +1,47 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "playlists.h"
+
+#include <QFile>
+
+#include <cmath>
+
+namespace {
+
+/// With every byte encoded that is no letter, digit, or one of "-._~/".
+QByteArray fileUrl(const QString& path) {
+    return "file://" + QFile::encodeName(path).toPercentEncoding("/");
+}
+
+} // namespace
+
+QByteArray m3uHead() {
+    return "#EXTM3U\n";
+}
+
+QByteArray m3uLines(const ListedClip& clip) {
+    const auto length = QByteArray::number(std::ceil(clip.end - clip.start), 'f', 0);
+    return "#EXTINF:" + length + ',' + QFile::encodeName(clip.label()) + '\n' +
+           "#EXTVLCOPT:start-time=" + secondsText(clip.startInFile()) + '\n' +
+           "#EXTVLCOPT:stop-time=" + secondsText(clip.endInFile()) + '\n' +
+           fileUrl(clip.recording.path) + '\n';
+}
+
+QByteArray mpvHead() {
+    return "# mpv EDL v0\n";
+}
+
+// The length in front of the name lets it hold whatever separates the fields.
+QByteArray mpvLine(const ListedClip& clip) {
+    const QByteArray path = QFile::encodeName(clip.recording.path);
+    return '%' + QByteArray::number(path.size()) + '%' + path + ',' +
+           secondsText(clip.startInFile()) + ',' +
+           secondsText(clip.endInFile() - clip.startInFile()) + '\n';
+}
+
+QByteArray cutLine(const ListedClip& clip) {
+    return secondsText(clip.startInFile()) + '\t' + secondsText(clip.endInFile()) + '\t' +
+           QFile::encodeName(clip.label()) + '\n';
+}
