@@ -115,6 +115,7 @@ private Q_SLOTS:
     void knowsTheIntraCodecs_data();
     void knowsTheIntraCodecs();
     void knowsTheDuration();
+    void describesThePictures();
     void opensAnotherFile();
     void interruptEndsTheRead();
 
@@ -462,6 +463,19 @@ void TestVideoDecoder::knowsTheDuration() {
     QCOMPARE(decoder.duration(), 0.0);
     QVERIFY(openFile(decoder, "h264.mp4"));
     QCOMPARE(decoder.duration(), 0.8); // 20 pictures at 25 per second
+}
+
+void TestVideoDecoder::describesThePictures() {
+    VideoDecoder decoder;
+    QVERIFY(decoder.description().size.isEmpty());
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "color=s=72x48:r=25/2:d=2,setsar=16/15", "-c:v",
+                           "mpeg4", "-output_ts_offset", "3", folder.filePath("wide.mkv")}));
+    QVERIFY(openFile(decoder, "wide.mkv"));
+    const StreamDescription wide = decoder.description();
+    QCOMPARE(wide.size, QSize(72, 48));
+    QCOMPARE(wide.pixelAspect.numerator * 15, wide.pixelAspect.denominator * 16);
+    QCOMPARE(wide.frameRate.numerator * 2, wide.frameRate.denominator * 25);
+    QCOMPARE(wide.startTime, 3.0);
 }
 
 void TestVideoDecoder::opensAnotherFile() {

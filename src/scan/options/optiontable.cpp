@@ -110,13 +110,12 @@ QVector<ScanOption> makeOptions() {
                         "Look only where this picture is green; it is scaled to the video",
                         "whole picture")),
         repeated(valued(G::Region, "exclude", K::Text, "X,Y,WIDTH,HEIGHT",
-                        "Leave this rectangle out, in pixels of the video; may be given several "
-                        "times",
+                        "Leave this rectangle out, in pixels of the video; may be repeated",
                         "nothing")),
 
         word(G::Output, "format", "FORMAT",
              {"text", "jsonl", "csv", "m3u", "mpv", "cuts", "edl", "mlt"},
-             "How clips are printed; all but the first three are lists for other programs"),
+             "How clips are printed; from m3u on, for other programs"),
         valued(G::Output, "snapshots", K::Folder, "DIR",
                "Write a picture of each clip's strongest motion into this folder", "none"),
         valued(G::Output, "trace", K::File, "FILE",
