@@ -46,8 +46,14 @@ class Ended:
         if self.status < 0:
             return f"ended by {signal.Signals(-self.status).name}\n{self.errors}"
         if self.status >= 97 and self.status <= 99 or any(word in self.errors for word in REPORTS):
-            return f"status {self.status}\n{self.errors}"
+            return f"status {self.status}\n{self.report()}"
         return ""
+
+    def report(self):
+        """What was said from the sanitizer's first word on; without one, everything."""
+        lines = self.errors.splitlines()
+        first = [at for at, line in enumerate(lines) if any(word in line for word in REPORTS)]
+        return "\n".join(lines[first[0]:] if first else lines)
 
 
 def environment(**extra):
