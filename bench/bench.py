@@ -124,6 +124,7 @@ def main():
         "decoding": against_decoding, "threads": one_thread_against_all, "memory": peak_memory,
         "length": length_of_the_recording, "minimum": length_of_the_window,
         "region": regions_and_skip, "files": many_small_files, "jobs": side_by_side,
+        "values": deciding_again, "quick": quick_look,
     }
     for name in wanted:
         if name not in groups:
@@ -210,6 +211,27 @@ def side_by_side(bench, _):
     bench.compare("jobs", f"10 files, --jobs {bench.cores}",
                   bench.scan([minute] * 10, "--jobs", str(bench.cores)),
                   bench.scan([minute] * 10))
+
+
+def deciding_again(bench, _):
+    bench.heading("Deciding on kept values (A) against measuring (B), an hour of 1080p")
+    material = bench.material("h264-1920x1080.mp4", "1920x1080", 10, *CODECS["h264"][1])
+    video = bench.looped("hour-1920x1080.mp4", material, 360)
+    kept = ("--values", bench.folder / "kept")
+    run(bench.scan(video, *kept))
+    bench.compare("values", "deciding again", bench.scan(video, *kept), bench.scan(video))
+
+
+def quick_look(bench, _):
+    bench.heading("A quick look (A) against the whole (B)")
+    for size in ("1920x1080", "3840x2160"):
+        for gop in (50, 250):
+            options = [*CODECS["h264"][1], "-g", str(gop), "-keyint_min", str(gop),
+                       "-sc_threshold", "0"]
+            material = bench.material(f"gop{gop}-{size}.mp4", size, 10, *options)
+            video = bench.looped(f"gop{gop}-{size}-long.mp4", material, 6)
+            bench.compare("quick", f"{size}, key frame every {gop}",
+                          bench.scan(video, "--quick"), bench.scan(video))
 
 
 if __name__ == "__main__":

@@ -57,6 +57,7 @@ private Q_SLOTS:
     void valueAtTheThresholdCounts();
     void windowEndsStrictly();
     void emptyWindowIsNeverWon();
+    void windowIsWidenedWhereItHoldsTooFew();
     void countsTheLastSecondOnly();
     void equalsTheLiteralVote_data();
     void equalsTheLiteralVote();
@@ -123,6 +124,31 @@ void TestMotionVote::emptyWindowIsNeverWon() {
         recording.add(9.0F, i * 0.04);
         QVERIFY(!recording.vote.isWon());
     }
+}
+
+/// The pictures lie 10 s apart, the window is 5 s long.
+void TestMotionVote::windowIsWidenedWhereItHoldsTooFew() {
+    MotionSeries series;
+    MotionVote vote(series, 5.0, 0.5F, 2);
+    QVector<bool> won;
+    for (const float value : {1.0F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F}) {
+        series.values.append(value);
+        series.times.append(series.times.size() * 10.0);
+        vote.advance();
+        won.append(vote.isWon());
+    }
+    // Counted are the two before the newest: one hit of two wins.
+    QCOMPARE(won, QVector<bool>({false, false, false, false, false, true, true, false}));
+    // After a step back the window is counted anew: all of it lies later, two of eight are hits.
+    series.values.append(1.0F);
+    series.times.append(2.0);
+    vote.advance();
+    QVERIFY(!vote.isWon());
+    // None lies within 5 s; the two before, over the step, are a hit and none.
+    series.values.append(0.0F);
+    series.times.append(90.0);
+    vote.advance();
+    QVERIFY(vote.isWon());
 }
 
 void TestMotionVote::countsTheLastSecondOnly() {

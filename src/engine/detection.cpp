@@ -1,11 +1,13 @@
 #include "detection.h"
 
+#include "decision.h"
 #include "framepicture.h"
 #include "picturesource.h"
 #include "videodecoder.h"
 
 #include <QFile>
 
+#include <cmath>
 #include <memory>
 #include <new>
 
@@ -17,6 +19,15 @@ bool selectsNothing(const RegionOfInterest& region, const DecodedFrame& picture)
     return width > 0 && height > 0 && prepareRegion(region, width, height).isEmpty();
 }
 
+StreamFacts factsOf(const VideoDecoder& decoder) {
+    StreamFacts facts;
+    facts.codecName = decoder.codecName();
+    facts.isIntraOnly = decoder.isIntraOnly();
+    facts.duration = decoder.duration();
+    facts.description = decoder.description();
+    return facts;
+}
+
 } // namespace
 
 Detection::Detection(const DetectionOptions& options, DetectionClient& client)
@@ -24,67 +35,95 @@ Detection::Detection(const DetectionOptions& options, DetectionClient& client)
     , client(client) {}
 
 DetectionOutcome Detection::run(const QString& fileName) {
+    path = QFile::encodeName(fileName);
     VideoDecoder decoder(options.threads);
+    decoder.setKeyFramesOnly(options.areKeysWanted);
     decoder.setInterrupt([this] { return client.isCancelled(); });
     DetectionOutcome outcome = DetectionOutcome::CannotOpen;
-    if (decoder.open(QFile::encodeName(fileName).constData()))
+    if (decoder.open(path.constData()))
         outcome = runOrFail(decoder);
     else if (client.isCancelled()) // which cuts an open short
         outcome = DetectionOutcome::Cancelled;
     else
-        error = decoder.errorText();
+        failToOpen(decoder);
     decoder.close();
     return outcome;
 }
 
 DetectionOutcome Detection::runOrFail(VideoDecoder& decoder) {
     try {
-        return runOpened(decoder);
+        const auto outcome = runOpened(decoder, skipAhead(decoder));
+        if (outcome)
+            return *outcome;
+        decoder.open(path.constData());
+        return runOpened(decoder, std::nullopt).value_or(DetectionOutcome::CannotOpen);
     } catch (const std::bad_alloc&) {
         error = QStringLiteral("out of memory");
         return DetectionOutcome::OutOfMemory;
     }
 }
 
-DetectionOutcome Detection::runOpened(VideoDecoder& decoder) {
-    const QByteArray codecName = decoder.codecName();
-    const double duration = decoder.duration();
-    const StreamDescription description = decoder.description();
-    PictureSource pictures(decoder, options.threads != 1, options.times);
-    TimedPicture previous = pictures.next();
-    TimedPicture current = previous.frame ? pictures.next() : TimedPicture();
-    if (!current.frame)
-        return failToBegin(pictures, previous.frame != nullptr);
-    client.described(description, previous.time);
-    if (pictures.frameRate() > 0.0)
-        client.numbered(pictures.frameRate());
-    client.opened(codecName, duration);
-    if (selectsNothing(options.measure.region, *current.frame))
-        client.regionIsEmpty();
+/// Goes to the range without decoding what lies before it. Answers the picture that all are counted
+/// from then; nothing where the file is to be read from its start.
+std::optional<RecordingOrigin> Detection::skipAhead(VideoDecoder& decoder) {
+    const bool isSlow = options.range.from > 0.0 && !options.areKeysWanted;
+    if (!isSlow || options.times.frameRate > 0.0 || !decoder.canReadAgain())
+        return std::nullopt;
+    const FramePointer first(decoder.readFrame(true));
+    const bool isTimed = first && !first->isTimeMissing;
+    if (isTimed && decoder.open(path.constData()) &&
+        decoder.skipTo(first->time + options.range.from))
+        return RecordingOrigin{first->time, first->packet};
+    decoder.open(path.constData());
+    return std::nullopt;
+}
 
-    const double firstTime = previous.time;
+/// Nothing, before the client is told anything, if the file must be read from its start after all.
+std::optional<DetectionOutcome> Detection::runOpened(VideoDecoder& decoder,
+                                                     std::optional<RecordingOrigin> origin) {
+    measured.stream = factsOf(decoder);
+    PictureSource source(decoder, options.threads != 1, options.times);
+    RangedPictures pictures(source, options.range, origin);
+    TimedPicture previous = pictures.next();
+    begin(previous, pictures, source.frameRate());
+    TimedPicture current = previous.frame ? pictures.next() : TimedPicture();
+    if (origin && (pictures.isInDoubt() || !current.frame) && !client.isCancelled())
+        return std::nullopt;
+    if (!current.frame)
+        return failToBegin(source, previous.frame != nullptr);
+    measured.hasPictures = true;
+    measured.stream.isRegionEmpty = selectsNothing(options.measure.region, *current.frame);
+
     MotionMeasure measure(options.measure);
-    ClipSegmenter segmenter(options.segmentation, firstTime,
-                            std::make_shared<FramePicture>(previous.frame));
+    Decision decision(options.segmentation, measured,
+                      std::make_shared<FramePicture>(previous.frame), client);
     DetectionOutcome outcome = DetectionOutcome::Cancelled;
-    for (qint64 number = 1; current.frame && !client.isCancelled(); ++number) {
+    while (current.frame && !client.isCancelled()) {
         const float motion = measure.measure(*previous.frame, *current.frame);
-        const auto clip =
-            segmenter.addFrame(motion, current.time, std::make_shared<FramePicture>(current.frame));
-        if (clip)
-            client.clipFound(*clip);
-        client.frameProcessed(
-            {number, current.time - firstTime, motion, segmenter.earliestStart()});
+        decision.add(motion, current.time, std::make_shared<FramePicture>(current.frame));
         previous = std::move(current);
         current = pictures.next();
         if (!current.frame && !client.isCancelled())
-            outcome = outcomeOf(pictures);
-        client.positionChanged(pictures.bytePosition());
+            outcome = outcomeOf(source);
+        client.positionChanged(source.bytePosition());
     }
-    if (const auto clip = segmenter.finish())
-        client.clipFound(*clip);
-    series = segmenter.motionSeries();
+    decision.finish();
+    measured.series = decision.series();
     return outcome;
+}
+
+void Detection::begin(const TimedPicture& first, const RangedPictures& range, double frameRate) {
+    if (!first.frame)
+        return;
+    measured.stream.frameRate = frameRate;
+    measured.stream.origin = range.originTime();
+    measured.firstNumber = range.number();
+    measured.firstTime = first.time;
+}
+
+void Detection::failToOpen(const VideoDecoder& decoder) {
+    error = decoder.errorText();
+    isLastingFailure = decoder.isFileToBlame();
 }
 
 DetectionOutcome Detection::failToBegin(const PictureSource& pictures, bool hasPicture) {
@@ -92,8 +131,11 @@ DetectionOutcome Detection::failToBegin(const PictureSource& pictures, bool hasP
         return DetectionOutcome::Cancelled;
     if (pictures.isFirstUseless())
         return failWithoutTimes();
-    if (!pictures.end().error.isEmpty())
+    isLastingFailure = pictures.end().error.isEmpty();
+    if (!isLastingFailure)
         error = pictures.end().error;
+    else if (options.range.from > 0.0 || std::isfinite(options.range.to))
+        error = QStringLiteral("fewer than two pictures lie in the range");
     else if (hasPicture)
         error = QStringLiteral("only one picture could be decoded");
     else
@@ -118,6 +160,7 @@ DetectionOutcome Detection::outcomeOf(const PictureSource& pictures) {
 
 DetectionOutcome Detection::failWithoutTimes() {
     error = QStringLiteral("no usable times");
+    isLastingFailure = true;
     return DetectionOutcome::NoUsableTimes;
 }
 

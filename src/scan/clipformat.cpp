@@ -46,6 +46,8 @@ public:
             addName(object, "snapshot", line.snapshotFile);
         if (withExports)
             addExport(object, line);
+        if (line.isQuick)
+            object["quick"] = true;
         return written(object);
     }
 
@@ -56,6 +58,8 @@ public:
         object["frames"] = line.frames;
         object["clips"] = line.clips;
         object["seconds"] = line.seconds;
+        if (line.isQuick)
+            object["quick"] = true;
         return written(object);
     }
 

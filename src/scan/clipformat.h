@@ -23,6 +23,7 @@ struct ClipLine {
     DetectedClip clip;
     QString snapshotFile;    ///< empty: none written
     QString exportFile;      ///< empty: its export was not tried
+    bool isQuick = false;    ///< found by a look at key frames alone
     bool isExported = false; ///< the file was written without a failure
 };
 
@@ -32,6 +33,7 @@ struct VideoLine {
     DetectionOutcome outcome = DetectionOutcome::Finished;
     qint64 frames = 0; ///< pictures decoded
     int clips = 0;
+    bool isQuick = false; ///< key frames alone were looked at
     double seconds = 0.0; ///< of the recording, from its first to its last picture
 };
 

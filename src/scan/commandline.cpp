@@ -1,8 +1,10 @@
 #include "commandline.h"
 
+#include "measuresettings.h"
 #include "optiontable.h"
 #include "optiontext.h"
 #include "recordings.h"
+#include "timetext.h"
 
 #include <QCommandLineParser>
 #include <QFile>
@@ -189,6 +191,26 @@ RegionOfInterest readRegion(const QCommandLineParser& parser, OptionValues& valu
     return region;
 }
 
+void readTime(const QCommandLineParser& parser, const char* option, double& seconds,
+              OptionValues& values) {
+    if (!parser.isSet(option))
+        return;
+    const auto time = secondsOf(parser.value(option));
+    if (!time)
+        values.reject(QStringLiteral("--%1 takes seconds or a time like 1:02:03.5, not '%2'")
+                          .arg(option, parser.value(option)));
+    seconds = time.value_or(0.0);
+}
+
+TimeRange readRange(const QCommandLineParser& parser, OptionValues& values) {
+    TimeRange range;
+    readTime(parser, "from", range.from, values);
+    readTime(parser, "to", range.to, values);
+    if (range.from >= range.to)
+        values.reject(QStringLiteral("--to must lie behind --from"));
+    return range;
+}
+
 DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& values) {
     DetectionOptions options;
     options.segmentation.prerecord = values.number("prerecord");
@@ -200,6 +222,10 @@ DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& v
     options.times.mustBeUsable = true;
     if (parser.isSet("fps"))
         options.times.frameRate = values.number("fps");
+    options.range = readRange(parser, values);
+    options.areKeysWanted = parser.isSet("quick");
+    if (options.areKeysWanted && parser.isSet("fps"))
+        values.reject(QStringLiteral("--quick and --fps exclude each other"));
     options.threads = values.integer("threads");
     options.measure.region = readRegion(parser, values);
     return options;
@@ -228,13 +254,18 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     options.snapshotDirectory = parser.value("snapshots");
     options.exporting = readExport(parser, values);
     options.traceFile = parser.value("trace");
+    options.valuesDirectory = parser.value("values");
+    for (const QString& option : measureOptionNames()) {
+        if (parser.isSet(option))
+            options.givenMeasureOptions += option;
+    }
     options.jobs = values.integer("jobs");
     options.quiet = parser.isSet("quiet");
     if (parser.positionalArguments().isEmpty() && !parser.isSet("list"))
         values.reject(QStringLiteral("no video named"));
     if (parser.isSet("null") && !parser.isSet("list"))
         values.reject(QStringLiteral("--null needs --list"));
-    for (const char* option : {"list", "mask", "snapshots", "export", "trace"}) {
+    for (const char* option : {"list", "mask", "snapshots", "export", "trace", "values"}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             values.reject(QStringLiteral("--%1 needs a name").arg(option));
     }

@@ -2,7 +2,11 @@
 
 #include "cutrange.h"
 #include "interrupt.h"
+#include "keptdetection.h"
+#include "keptmeasurement.h"
+#include "measuresettings.h"
 #include "picturefile.h"
+#include "quicklook.h"
 #include "shortestdigits.h"
 
 #include <QFileInfo>
@@ -16,9 +20,20 @@ QByteArray traceLine(const FrameReport& frame) {
            shortestDigits(frame.motion) + '\n';
 }
 
-QString noTimesHint() {
+/// Where nobody wants to see the picture.
+class MissingPicture : public ClipPicture {
+public:
+    QImage snapshot() override { return {}; }
+    void shrink() override {}
+};
+
+QString noTimesHint(bool isQuick) {
+    if (isQuick)
+        return QStringLiteral(", without which there is no quick look");
     return QStringLiteral("; with --fps N its pictures are taken to be N per second");
 }
+
+const ClipPicturePointer noPicture = std::make_shared<MissingPicture>();
 
 } // namespace
 
@@ -34,16 +49,23 @@ RecordingScan::RecordingScan(int index, const ScanOptions& options, ScanOutputs&
 
 bool RecordingScan::run() {
     complainOfRefusal();
-    Detection detection(options.detection, *this);
-    // An absolute path is a file to the media libraries, whatever colons its name has.
-    line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
+    const ValuesStore::Found found = outputs.values.find(index);
+    QString error;
+    if (found.values)
+        error = decide(*found.values);
+    else if (found.isRefused)
+        line.outcome = DetectionOutcome::CannotOpen;
+    else if (options.detection.areKeysWanted)
+        error = lookQuickly(found);
+    else
+        error = measure(found);
     if (merger)
         pass(merger->finish());
     outputs.totals.finish(index);
     if (line.outcome == DetectionOutcome::NoUsableTimes)
-        outputs.messages.complain(line.video, detection.errorText() + noTimesHint());
-    else if (!detection.errorText().isEmpty())
-        outputs.messages.complain(line.video, detection.errorText());
+        error += noTimesHint(line.isQuick);
+    if (!error.isEmpty())
+        outputs.messages.complain(line.video, error);
     report(outputs.format.videoEnd(line));
     const bool isRead = line.outcome == DetectionOutcome::Finished;
     if (isRead)
@@ -59,6 +81,68 @@ void RecordingScan::complainOfRefusal() {
         return;
     isWritten = false;
     outputs.messages.complain(line.video, refusal);
+}
+
+/// Decodes the recording; answers why it could not be read, empty if it could.
+QString RecordingScan::measure(const ValuesStore::Found& found) {
+    Detection detection(options.detection, *this);
+    // An absolute path is a file to the media libraries, whatever colons its name has.
+    line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
+    if (!outputs.values.keep(found, detection, line.outcome))
+        isWritten = false;
+    return detection.errorText();
+}
+
+/// Decides when all is measured: what is said first depends on how far the key frames lie apart.
+QString RecordingScan::lookQuickly(const ValuesStore::Found& found) {
+    line.isQuick = true;
+    QuickLook look(*this);
+    Detection detection(options.detection, look);
+    const DetectionOutcome outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
+    if (!outputs.values.keep(found, detection, outcome))
+        isWritten = false;
+    decide(keptValues(found.stamp.value_or(RecordingStamp()), outputs.values.measureSettings(),
+                      detection, outcome));
+    if (line.outcome != DetectionOutcome::Cancelled)
+        line.outcome = outcome;
+    return detection.errorText();
+}
+
+/// The same from what was measured before.
+QString RecordingScan::decide(const KeptValues& values) {
+    line.outcome = outcomeOf(values.end);
+    measurement = measurementOf(values);
+    line.isQuick = areOfKeyFrames(values.settings);
+    const SegmentationOptions segmentation = segmentationOf(values);
+    if (line.isQuick && values.hasPictures)
+        outputs.messages.complain(line.video, quickNote(measurement, segmentation.minimum));
+    makeFinder(values);
+    const auto pictures = [this](int picture) { return clipPicture(picture); };
+    const bool isWhole =
+        !values.hasPictures || decideAgain(measurement, segmentation, pictures, *this);
+    if (!isWhole)
+        line.outcome = DetectionOutcome::Cancelled;
+    return isWhole ? values.reason : QString();
+}
+
+SegmentationOptions RecordingScan::segmentationOf(const KeptValues& values) const {
+    SegmentationOptions segmentation = options.detection.segmentation;
+    if (areOfKeyFrames(values.settings))
+        segmentation.fewestCompared = fewestQuickComparisons;
+    return segmentation;
+}
+
+void RecordingScan::makeFinder(const KeptValues& values) {
+    const QString path = QFileInfo(line.video).absoluteFilePath();
+    finder = std::make_unique<PictureFinder>(path, options.detection, measurement, isEnding);
+    if (!outputs.values.areOfThisCall(values))
+        finder->readFromStart();
+}
+
+ClipPicturePointer RecordingScan::clipPicture(int picture) {
+    if (options.snapshotDirectory.isEmpty())
+        return noPicture;
+    return std::make_shared<LatePicture>(*finder, picture);
 }
 
 bool RecordingScan::isCancelled() {
@@ -92,7 +176,7 @@ void RecordingScan::numbered(double frameRate) {
 
 void RecordingScan::frameProcessed(const FrameReport& frame) {
     outputs.totals.addSeconds(frame.time - line.seconds);
-    line.frames = frame.number + 1;
+    line.frames += line.frames == 0 ? 2 : 1; // the first one is reported with the second
     line.seconds = frame.time;
     if (outputs.trace)
         outputs.trace->write(index, traceLine(frame));
@@ -123,6 +207,7 @@ void RecordingScan::pass(const std::optional<DetectedClip>& clip) {
     found.recording = index;
     found.played = played;
     found.clip = *clip;
+    found.isQuick = line.isQuick;
     if (!options.snapshotDirectory.isEmpty())
         found.snapshotFile = writeSnapshot(*clip);
     exportClip(found);
@@ -149,11 +234,19 @@ void RecordingScan::report(const QByteArray& lines) {
     outputs.clips.write(index, lines);
 }
 
+/// Why a clip has no picture. One that cannot be scaled is the recording's own doing.
+QString RecordingScan::missingPicture() {
+    if (!finder || finder->errorText().isEmpty())
+        return QStringLiteral("its pictures cannot be scaled");
+    isWritten = false;
+    return finder->errorText();
+}
+
 /// The path of the picture written, empty if there is none.
 QString RecordingScan::writeSnapshot(const DetectedClip& clip) {
     QString path = outputs.snapshots.pathOf(index, clip.index);
     if (clip.snapshot.isNull()) {
-        outputs.messages.complain(line.video, QStringLiteral("its pictures cannot be scaled"));
+        outputs.messages.complain(line.video, missingPicture());
         return {};
     }
     const QString failure = writePictureFile(clip.snapshot, path);

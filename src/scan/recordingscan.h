@@ -5,10 +5,13 @@
 #include "clipmerger.h"
 #include "messages.h"
 #include "orderedoutput.h"
+#include "picturefinder.h"
 #include "scanoptions.h"
 #include "snapshotfolder.h"
 #include "totals.h"
+#include "valuesstore.h"
 
+#include <memory>
 #include <vector>
 
 /// Everything that the recordings of one call share and write to.
@@ -20,6 +23,7 @@ struct ScanOutputs {
     std::vector<ClipExport>& exports; ///< one per recording
     Messages& messages;
     Totals& totals;
+    const ValuesStore& values;
 };
 
 /// One recording of a call: follows its detection and reports it.
@@ -44,9 +48,16 @@ public:
 private:
     void complainOfRefusal();
     void pass(const std::optional<DetectedClip>& clip);
+    QString measure(const ValuesStore::Found& found);
+    QString lookQuickly(const ValuesStore::Found& found);
+    QString decide(const KeptValues& values);
+    SegmentationOptions segmentationOf(const KeptValues& values) const;
+    void makeFinder(const KeptValues& values);
+    ClipPicturePointer clipPicture(int picture);
     void exportClip(ClipLine& found);
     void report(const QByteArray& lines);
     QString writeSnapshot(const DetectedClip& clip);
+    QString missingPicture();
 
     int index;
     const ScanOptions& options;
@@ -55,5 +66,7 @@ private:
     std::optional<ClipMerger> merger; ///< where clips are merged
     VideoLine line;
     PlayedRecording played;
+    Measurement measurement;               ///< what is decided on, where it is kept
+    std::unique_ptr<PictureFinder> finder; ///< null: the recording is decoded
     bool isWritten = true;
 };

@@ -99,7 +99,7 @@ bool openTrace(QFile& file, Messages& messages) {
 } // namespace
 
 ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
-    const ScanOptions options = withSharedThreads(asked);
+    const ScanOptions options = withSharedThreads(withNamedValues(asked));
     Messages messages(options.quiet);
     QFile traceFile(options.traceFile);
     if (!prepareFolders(options, messages) || !openTrace(traceFile, messages))
@@ -127,8 +127,10 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
     for (int i = 0; i < recordings; ++i)
         exports.emplace_back(options.videos[i], options.exporting, folders, i);
     Totals totals(options.videos);
-    ScanOutputs outputs{*format,  clips, traceFile.isOpen() ? &trace : nullptr, snapshots, exports,
-                        messages, totals};
+    const ValuesStore values(options, messages);
+    ScanOutputs outputs{*format,   clips,   traceFile.isOpen() ? &trace : nullptr,
+                        snapshots, exports, messages,
+                        totals,    values};
     clips.write(0, format->header());
     const bool isFound = complain(options.complaints, messages);
     const bool isGood = scanAll(options, outputs) && isFound;

@@ -35,9 +35,13 @@ struct ScanOptions {
     ReportFormat format = ReportFormat::Text;
     QString snapshotDirectory; ///< empty: no snapshots
     ExportOptions exporting;
-    QString traceFile;  ///< empty: no trace
-    int jobs = 1;       ///< recordings scanned side by side, 1 or more
-    bool quiet = false; ///< no progress and no summary on standard error
+    QString traceFile;               ///< empty: no trace
+    QString valuesDirectory;         ///< empty: no motion values are kept
+    QStringList givenMeasureOptions; ///< names of those that a person gave, of all that values
+                                     ///< depend on
+    QStringList valuesFiles;         ///< one per video, empty where the recording itself was named
+    int jobs = 1;                    ///< recordings scanned side by side, 1 or more
+    bool quiet = false;              ///< no progress and no summary on standard error
 };
 
 /// The scanner's exit statuses.

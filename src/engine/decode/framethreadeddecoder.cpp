@@ -59,6 +59,8 @@ bool FrameThreadedDecoder::feed(std::optional<NumberedPacket> packet) {
 
 bool FrameThreadedDecoder::send(NumberedPacket packet) {
     restart.add(packet);
+    if (stamps.empty())
+        firstStamp = packet.number;
     stamps.push_back(packet.packet->dts);
     packet.packet->dts = packet.number;
     const bool isSuspect = (packet.packet->flags & AV_PKT_FLAG_CORRUPT) != 0 ||

@@ -61,19 +61,23 @@ bool PacketReader::open(const char* name) {
     fileName = name;
     file = std::make_unique<InputFile>([this] { return isInterrupted(); });
     int result = file->open(fileName.constData());
-    if (result >= 0)
+    const bool isOpen = result >= 0;
+    if (isOpen)
         result = openDemuxer();
     if (result >= 0)
         result = avformat_find_stream_info(format, nullptr);
     if (result < 0) {
+        hasFlaw = isOpen && result != AVERROR(ENOMEM) && file->bytes()->error >= 0;
         if (error.isEmpty())
             error = libavErrorText(result);
         return false;
     }
     av_dump_format(format, 0, fileName.constData(), 0);
+    const bool isProbed = format->pb->error >= 0;
     // What failed while the file was probed is tried again when its turn comes.
     format->pb->error = 0;
     streamIndex = firstVideoStream(*format);
+    hasFlaw = streamIndex < 0 && isProbed;
     if (streamIndex < 0)
         error = QStringLiteral("no video stream");
     return streamIndex >= 0;
@@ -106,7 +110,7 @@ int PacketReader::openDemuxer() {
 }
 
 bool PacketReader::reopen() {
-    if (!file || !file->canSeek()) {
+    if (!canReopen()) {
         close();
         error = QStringLiteral("a pipe cannot be read again");
         return false;
@@ -118,13 +122,21 @@ void PacketReader::close() {
     avformat_close_input(&format);
     file.reset();
     streamIndex = -1;
+    returned.clear();
     nextNumber = 0;
+    areKeysWanted = false;
     hasEnded = false;
     end = {};
     error.clear();
+    hasFlaw = false;
 }
 
 std::optional<NumberedPacket> PacketReader::read() {
+    if (!returned.empty()) {
+        NumberedPacket packet = std::move(returned.front());
+        returned.pop_front();
+        return packet;
+    }
     PacketPointer packet(av_packet_alloc());
     while (format && !hasEnded && !isInterrupted()) {
         const int result = packet ? av_read_frame(format, packet.get()) : AVERROR(ENOMEM);
@@ -134,11 +146,34 @@ std::optional<NumberedPacket> PacketReader::read() {
             break;
         }
         // An empty packet holds no picture, and would tell the decoder that the stream has ended.
-        if (packet->stream_index == streamIndex && packet->size > 0)
+        if (packet->stream_index == streamIndex && packet->size > 0 && isWanted(*packet))
             return NumberedPacket{nextNumber++, std::move(packet)};
         av_packet_unref(packet.get());
     }
     return std::nullopt;
+}
+
+bool PacketReader::isWanted(const AVPacket& packet) const {
+    return !areKeysWanted || (packet.flags & AV_PKT_FLAG_KEY) != 0;
+}
+
+/// Where the container has a list of its packets, the others are then not even read. MP4 files
+/// count wrong what they leave out where pictures are not shown in the order of their packets.
+void PacketReader::readKeyFramesOnly() {
+    areKeysWanted = true;
+    for (unsigned i = 0; i < format->nb_streams; ++i)
+        format->streams[i]->discard = AVDISCARD_ALL;
+    AVStream& stream = *format->streams[streamIndex];
+    const bool isCountedWrong =
+        std::strstr(format->iformat->name, "mp4") && stream.codecpar->video_delay > 0;
+    stream.discard = isCountedWrong ? AVDISCARD_DEFAULT : AVDISCARD_NONKEY;
+}
+
+bool PacketReader::seek(std::int64_t dts) {
+    hasEnded = false;
+    end = {};
+    return format && file->canSeek() &&
+           av_seek_frame(format, streamIndex, dts, AVSEEK_FLAG_BACKWARD) >= 0;
 }
 
 /// Tells a failed read from an end, which the demuxer's own answer does not: several answer an I/O
@@ -173,4 +208,8 @@ double PacketReader::startTime() const {
 
 QString PacketReader::errorText() const {
     return error;
+}
+
+bool PacketReader::isFileToBlame() const {
+    return hasFlaw;
 }

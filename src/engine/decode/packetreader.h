@@ -11,6 +11,7 @@ extern "C" {
 #include <QByteArray>
 #include <QString>
 
+#include <deque>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -43,6 +44,19 @@ public:
     /// from then on nothing more, even where the file could be read on behind the error.
     std::optional<NumberedPacket> read();
 
+    /// Goes to a place from which the stream can be read that is, as far as the container knows, a
+    /// key frame at or before `dts`. False if it cannot.
+    bool seek(std::int64_t dts);
+
+    /// From now on reads key frames alone. Once open.
+    void readKeyFramesOnly();
+
+    /// Has `packets` read again before what follows them.
+    void putBack(std::deque<NumberedPacket> packets) { returned = std::move(packets); }
+
+    /// Whether the file can be opened again, as pipes cannot.
+    bool canReopen() const { return file && file->canSeek(); }
+
     /// Once `read` has answered nothing: why.
     const ReadEnd& readEnd() const { return end; }
 
@@ -53,20 +67,25 @@ public:
     double duration() const;     ///< seconds as the header says, 0 if unknown
     double startTime() const;    ///< seconds at which the first of all streams begins
     QString errorText() const;   ///< why `open` failed
+    bool isFileToBlame() const;  ///< it failed for what the file holds
 
 private:
     int openDemuxer();
     void noteEnd(int result);
+    bool isWanted(const AVPacket& packet) const;
 
     std::function<bool()> interrupt;
     QByteArray fileName;
     std::unique_ptr<InputFile> file; ///< outlives `format`, which reads from it
     AVFormatContext* format = nullptr;
     int streamIndex = -1;
+    std::deque<NumberedPacket> returned;
     qint64 nextNumber = 0;
+    bool areKeysWanted = false; ///< nothing but key frames
     bool hasEnded = false;
     ReadEnd end;
     QString error;
+    bool hasFlaw = false; ///< the file is at fault
 };
 
 /// What the libraries say of an error code.

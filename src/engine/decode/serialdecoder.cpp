@@ -40,6 +40,10 @@ PicturePointer SerialDecoder::takeHeld() {
     return isTaken ? std::move(held) : nullptr;
 }
 
+void SerialDecoder::flush() {
+    avcodec_flush_buffers(context.get());
+}
+
 /// Decoders that find no room for what they keep beside the pictures often answer that the data is
 /// invalid; what the system said of it is then still there.
 void SerialDecoder::noteRefusal(int result) {

@@ -18,6 +18,9 @@ public:
     /// be decoded from then on.
     PicturePointer takeHeld();
 
+    /// Forgets all packets so far.
+    void flush();
+
     /// Pictures per second as the stream's headers say, 0 if unknown.
     double frameRate() const { return frameRateOf(*context); }
 

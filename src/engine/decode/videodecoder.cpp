@@ -1,127 +1,15 @@
 #include "videodecoder.h"
 
-#include "codeccontext.h"
+#include "decodingcontext.h"
 #include "ffmpegmutex.h"
-#include "framethreadeddecoder.h"
 #include "logging.h"
-#include "packetreader.h"
-#include "serialdecoder.h"
+#include "packetskip.h"
 
 #include <QMutexLocker>
 #include <QThread>
 
+#include <cmath>
 #include <cstdint>
-#include <optional>
-
-/// One open file. Exactly one of the two decoders is there once the file is open.
-struct DecodingContext {
-    PacketReader reader;
-    PictureMemory memory; ///< outlives the decoders
-    std::unique_ptr<FrameThreadedDecoder> threaded;
-    std::unique_ptr<SerialDecoder> serial;
-    std::deque<NumberedPacket> replay; ///< packets that the serial decoder takes before reading on
-    qint64 lastNumber = -1;            ///< packet that completed the last picture handed out
-    QByteArray codecName;              ///< empty until a decoder is open
-    QString error;
-    ReadEnd end; ///< where the reader does not know it
-
-    bool open(const char* fileName, int threads);
-    std::optional<CompletedPicture> nextPicture();
-
-private:
-    std::optional<CompletedPicture> nextSerialPicture();
-    std::optional<NumberedPacket> nextSerialPacket();
-    bool goSerial();
-};
-
-bool DecodingContext::open(const char* fileName, int threads) {
-    if (!reader.open(fileName)) {
-        error = reader.errorText();
-        return false;
-    }
-    QMutexLocker lock(&ffmpegMutex());
-    OpenedCodec opened = openCodec(*reader.stream()->codecpar, threads, memory);
-    if (!opened.context) {
-        error = opened.error;
-        return false;
-    }
-    codecName = avcodec_get_name(opened.context->codec_id);
-    if (opened.hasFrameThreads)
-        threaded = std::make_unique<FrameThreadedDecoder>(std::move(opened.context));
-    else
-        serial = std::make_unique<SerialDecoder>(std::move(opened.context), memory);
-    return true;
-}
-
-std::optional<CompletedPicture> DecodingContext::nextPicture() {
-    if (!end.error.isEmpty())
-        return std::nullopt;
-    if (threaded) {
-        FrameThreadedDecoder::Result result = threaded->next(reader);
-        // Where many threads found no room, one may.
-        if (result.outcome == FrameThreadedDecoder::Outcome::End && !memory.hasFailed())
-            return std::nullopt;
-        if (result.outcome == FrameThreadedDecoder::Outcome::Picture) {
-            lastNumber = result.picture.number;
-            return std::move(result.picture);
-        }
-        if (!goSerial())
-            return std::nullopt;
-    }
-    return serial ? nextSerialPicture() : std::nullopt;
-}
-
-std::optional<CompletedPicture> DecodingContext::nextSerialPicture() {
-    while (auto next = nextSerialPacket()) {
-        PicturePointer picture = serial->decode(*next->packet);
-        if (memory.hasFailed()) {
-            end = {ReadEnd::Cause::OutOfMemory, memory.errorText()};
-            return std::nullopt;
-        }
-        // Up to that packet the frame threads have already handed everything out.
-        if (!picture || next->number <= lastNumber)
-            continue;
-        lastNumber = next->number;
-        return CompletedPicture{next->number, next->packet->dts, std::move(picture)};
-    }
-    return std::nullopt;
-}
-
-std::optional<NumberedPacket> DecodingContext::nextSerialPacket() {
-    if (reader.isInterrupted())
-        return std::nullopt;
-    if (replay.empty())
-        return reader.read();
-    NumberedPacket packet = std::move(replay.front());
-    replay.pop_front();
-    return packet;
-}
-
-/// Goes on with one thread, just behind the last picture that was handed out.
-bool DecodingContext::goSerial() {
-    qCDebug(engineLog, "one thread from packet %lld on", static_cast<long long>(lastNumber));
-    replay = threaded->takeRestartPackets();
-    const int reorderDelay = threaded->reorderDelay();
-    QMutexLocker lock(&ffmpegMutex());
-    threaded.reset();
-    lock.unlock();
-    memory.tryAgain();
-    if (replay.empty() && !reader.reopen()) {
-        end = {ReadEnd::Cause::ReadError, reader.errorText()};
-        return false;
-    }
-    lock.relock();
-    OpenedCodec opened = openCodec(*reader.stream()->codecpar, 1, memory);
-    if (!opened.context) {
-        end = {ReadEnd::Cause::OutOfMemory, opened.error};
-        return false;
-    }
-    // From the start of the file the decoder learns the delay anew, as it did the first time.
-    if (!replay.empty() && replay.front().number > 0)
-        opened.context->has_b_frames = reorderDelay;
-    serial = std::make_unique<SerialDecoder>(std::move(opened.context), memory);
-    return true;
-}
 
 namespace {
 
@@ -154,7 +42,7 @@ bool VideoDecoder::open(const char* fileName) {
     close();
     context = std::make_unique<DecodingContext>();
     context->reader.setInterrupt(interrupt);
-    return context->open(fileName, threads);
+    return context->open(fileName, threads, areKeysWanted);
 }
 
 DecodedFrame* VideoDecoder::readFrame(bool clone) {
@@ -168,8 +56,37 @@ DecodedFrame* VideoDecoder::readFrame(bool clone) {
         return nullptr;
     }
     const AVStream* stream = context->reader.stream();
-    return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture,
+    return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture, completed->number,
                             completed->dts == AV_NOPTS_VALUE};
+}
+
+bool VideoDecoder::seekBefore(double time) {
+    const auto dts = stampOf(time);
+    return dts && context->seekBefore(*dts);
+}
+
+bool VideoDecoder::skipTo(double time) {
+    const auto dts = stampOf(time);
+    if (!dts)
+        return false;
+    std::deque<NumberedPacket> packets = ::skipTo(context->reader, *dts);
+    const bool isThere = !packets.empty();
+    context->reader.putBack(std::move(packets));
+    return isThere;
+}
+
+bool VideoDecoder::canReadAgain() const {
+    return context && context->reader.canReopen();
+}
+
+/// The stream's time stamp of a time that was read from it.
+std::optional<std::int64_t> VideoDecoder::stampOf(double time) const {
+    const AVStream* stream = context ? context->reader.stream() : nullptr;
+    const double dts = stream ? time / av_q2d(stream->time_base) : 0.0;
+    constexpr double farthest = 1e18; // where a double still leads to a 64-bit number
+    if (!stream || !(std::abs(dts) < farthest))
+        return std::nullopt;
+    return std::llround(dts);
 }
 
 ReadEnd VideoDecoder::readEnd() const {
@@ -184,7 +101,7 @@ DecodedFrame* VideoDecoder::takeHeldFrame() {
     if (!picture)
         return nullptr;
     const AVStream* stream = context->reader.stream();
-    return new DecodedFrame{timeOf(AV_NOPTS_VALUE, stream->time_base), picture.release(), true};
+    return new DecodedFrame{timeOf(AV_NOPTS_VALUE, stream->time_base), picture.release(), -1, true};
 }
 
 void VideoDecoder::close() {
@@ -207,9 +124,16 @@ QByteArray VideoDecoder::codecName() const {
     return context ? context->codecName : QByteArray();
 }
 
+bool VideoDecoder::isIntraOnly() const {
+    const AVStream* stream = context ? context->reader.stream() : nullptr;
+    const AVCodecDescriptor* codec =
+        stream ? avcodec_descriptor_get(stream->codecpar->codec_id) : nullptr;
+    return codec && (codec->props & AV_CODEC_PROP_INTRA_ONLY) != 0;
+}
+
 double VideoDecoder::headerFrameRate() const {
     const AVStream* stream = context ? context->reader.stream() : nullptr;
-    if (!stream || stream->start_time != AV_NOPTS_VALUE)
+    if (!stream || stream->start_time != AV_NOPTS_VALUE || context->keys)
         return 0.0;
     return context->threaded ? context->threaded->frameRate() : context->serial->frameRate();
 }
@@ -230,4 +154,8 @@ StreamDescription VideoDecoder::description() const {
 
 QString VideoDecoder::errorText() const {
     return context ? context->error : QString();
+}
+
+bool VideoDecoder::isFileToBlame() const {
+    return context && context->reader.isFileToBlame();
 }

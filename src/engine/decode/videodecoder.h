@@ -10,6 +10,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 struct DecodingContext;
 
@@ -32,6 +33,10 @@ public:
     /// the open fails, and the read ends as at end of file. Set it before `open`.
     void setInterrupt(std::function<bool()> isInterrupted);
 
+    /// Has the files that are opened from now on give their key frames alone, each with the time at
+    /// which it is shown.
+    void setKeyFramesOnly(bool areWanted) { areKeysWanted = areWanted; }
+
     /// Opens the file at the path `fileName` (UTF-8) and never any other, closing what was open.
     /// False if there is no readable video stream or no decoder for it; `errorText` then says why.
     bool open(const char* fileName);
@@ -42,6 +47,19 @@ public:
     /// record holds its own reference to the picture, otherwise the decoder's frame itself; the
     /// caller owns the record either way.
     DecodedFrame* readFrame(bool clone);
+
+    /// Of a decoder with one thread: goes back or on to a key frame before the picture at `time`
+    /// (seconds, as read before), if it can, so far before it that what comes out there is what is
+    /// read from the start on. That and the times are the container's word; false if it has none.
+    bool seekBefore(double time);
+
+    /// Just behind `open`: goes on to `time` (seconds, as read before) without decoding, so far
+    /// before it that the pictures from there on are those that are read from the start on. False
+    /// if that is in doubt; the file must then be opened again.
+    bool skipTo(double time);
+
+    /// Whether the open file can be opened again, as pipes cannot.
+    bool canReadAgain() const;
 
     /// Once `readFrame` has answered null: why.
     ReadEnd readEnd() const;
@@ -62,8 +80,12 @@ public:
     /// The media libraries' name for the codec, as in "h264"; empty if nothing is open.
     QByteArray codecName() const;
 
+    /// Whether every picture of the stream stands alone, whoever wrote it.
+    bool isIntraOnly() const;
+
     /// Pictures per second as the stream's own headers tell, where no picture has a time: 0 if they
-    /// do not, or if times were seen while the file was opened. Once a picture has been read.
+    /// do not, if key frames alone are read, or if times were seen while the file was opened. Once
+    /// a picture has been read.
     double headerFrameRate() const;
 
     /// Length of the file in seconds as its header says, 0 if unknown.
@@ -75,8 +97,14 @@ public:
     /// Why the last `open` failed, in a few words for a person; empty after a success.
     QString errorText() const;
 
+    /// Whether the last `open` failed for what the file holds, so that it would anywhere.
+    bool isFileToBlame() const;
+
 private:
+    std::optional<std::int64_t> stampOf(double time) const;
+
     std::unique_ptr<DecodingContext> context; ///< null while nothing is open
     std::function<bool()> interrupt;
     int threads;
+    bool areKeysWanted = false;
 };

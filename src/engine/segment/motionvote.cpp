@@ -6,10 +6,12 @@ constexpr int fewestEntries = 4;
 
 }
 
-MotionVote::MotionVote(const MotionSeries& series, double window, float threshold)
+MotionVote::MotionVote(const MotionSeries& series, double window, float threshold,
+                       int fewestCounted)
     : series(series)
     , window(window)
-    , threshold(threshold) {}
+    , threshold(threshold)
+    , fewestCounted(fewestCounted) {}
 
 void MotionVote::advance() {
     const QVector<double>& times = series.times;
@@ -27,7 +29,7 @@ void MotionVote::advance() {
     }
     if (isHit(newest - 1))
         ++hits;
-    while (first < newest && !isCounted(first)) {
+    while (newest - first > fewestCounted && !isCounted(first)) {
         if (isHit(first))
             --hits;
         ++first;
@@ -52,8 +54,9 @@ bool MotionVote::isHit(int entry) const {
 
 void MotionVote::recount() {
     hits = 0;
-    first = series.times.size() - 1;
-    while (first > 0 && isCounted(first - 1)) {
+    const int newest = series.times.size() - 1;
+    first = newest;
+    while (first > 0 && (newest - first < fewestCounted || isCounted(first - 1))) {
         --first;
         if (isHit(first))
             ++hits;

@@ -14,7 +14,9 @@ class MotionVote {
 public:
     /// `window` in seconds. The owner of `series` appends one entry to it before every call of
     /// `advance`; it must outlive the vote.
-    MotionVote(const MotionSeries& series, double window, float threshold);
+    ///
+    /// The window is widened where it holds fewer than `fewestCounted` entries.
+    MotionVote(const MotionSeries& series, double window, float threshold, int fewestCounted = 0);
 
     /// Takes in the newest entry of the series.
     void advance();
@@ -30,6 +32,7 @@ private:
     const MotionSeries& series;
     double window;
     float threshold;
+    int fewestCounted;
     int first = 0;    ///< the oldest entry counted
     int hits = 0;     ///< of the entries first .. size - 2
     int backStep = 0; ///< the newest entry whose time lies before its predecessor's

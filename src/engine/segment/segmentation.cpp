@@ -5,9 +5,13 @@
 
 ClipSegmenter::ClipSegmenter(const SegmentationOptions& options, double firstTime,
                              ClipPicturePointer firstPicture)
+    : ClipSegmenter(options, firstTime, firstTime, std::move(firstPicture)) {}
+
+ClipSegmenter::ClipSegmenter(const SegmentationOptions& options, double origin, double firstTime,
+                             ClipPicturePointer firstPicture)
     : options(options)
-    , firstTime(firstTime)
-    , vote(series, options.minimum, options.thresholdMotion)
+    , origin(origin)
+    , vote(series, options.minimum, options.thresholdMotion, options.fewestCompared)
     , candidates(options.minimum)
     , previousPicture(std::move(firstPicture))
     , previousTime(firstTime) {}
@@ -38,7 +42,7 @@ std::optional<DetectedClip> ClipSegmenter::finish() {
 }
 
 double ClipSegmenter::earliestStart() const {
-    return (inClip ? clipStart : startOf(previousTime)) - firstTime;
+    return (inClip ? clipStart : startOf(previousTime)) - origin;
 }
 
 // The comparison is strict here while the vote counts a value equal to the threshold as motion: it
@@ -80,8 +84,8 @@ void ClipSegmenter::openClip(double time) {
 }
 
 DetectedClip ClipSegmenter::closeClip(double time) {
-    DetectedClip clip{clipIndex,        bestPicture->snapshot(),  clipStart - firstTime,
-                      time - firstTime, snapshotTime - firstTime, bestMotion};
+    DetectedClip clip{clipIndex,     bestPicture->snapshot(), clipStart - origin,
+                      time - origin, snapshotTime - origin,   bestMotion};
     bestPicture.reset();
     notBefore = time;
     ++clipIndex;

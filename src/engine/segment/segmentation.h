@@ -15,6 +15,7 @@ struct SegmentationOptions {
     double postrecord = 1.0;      ///< seconds of quiet after which a clip ends
     double minimum = 5.0;         ///< seconds, 0 or more; length of the voting window
     float thresholdMotion = 0.5F; ///< motion value that separates motion from quiet
+    int fewestCompared = 0;       ///< the window is widened where it holds fewer motion values
 };
 
 /// One stretch of motion. Times in seconds from the first picture of the recording.
@@ -36,6 +37,11 @@ class ClipSegmenter {
 public:
     /// `firstTime` (seconds) and `firstPicture` are those of the first picture of the recording.
     ClipSegmenter(const SegmentationOptions& options, double firstTime,
+                  ClipPicturePointer firstPicture);
+
+    /// The same for a stretch of a recording: `firstTime` and `firstPicture` are those of the
+    /// stretch, `origin` (seconds) is the time of the recording's first picture.
+    ClipSegmenter(const SegmentationOptions& options, double origin, double firstTime,
                   ClipPicturePointer firstPicture);
     ClipSegmenter(const ClipSegmenter&) = delete;
     ClipSegmenter& operator=(const ClipSegmenter&) = delete;
@@ -61,7 +67,7 @@ private:
     DetectedClip closeClip(double time);
 
     SegmentationOptions options;
-    double firstTime;
+    double origin; ///< clips count their times from here
     MotionSeries series;
     MotionVote vote;
     SnapshotCandidates candidates;

@@ -101,7 +101,14 @@ QVector<ScanOption> makeOptions() {
                          "Take recordings to be N pictures per second, whatever times they have",
                          "their own times"),
                   {0.01, 1000.0, false}),
+        toggle(
+            G::Clips, "quick",
+            "Look at key frames alone, many times as fast; motion between two of them is missed"),
 
+        valued(G::Region, "from", K::Text, "TIME",
+               "Look only from this time on, in seconds or as 1:02:03.5 from the first picture",
+               "the beginning"),
+        valued(G::Region, "to", K::Text, "TIME", "Look only up to this time", "the end"),
         inWindow("Rectangle ROI", valued(G::Region, "roi", K::Text, "X,Y,WIDTH,HEIGHT",
                                          "Look only inside this rectangle, in pixels of the video",
                                          "whole picture")),
@@ -120,6 +127,10 @@ QVector<ScanOption> makeOptions() {
                "Write a picture of each clip's strongest motion into this folder", "none"),
         valued(G::Output, "trace", K::File, "FILE",
                "Write each picture's number, time and motion value, for choosing the thresholds",
+               "none"),
+        valued(G::Output, "values", K::Folder, "DIR",
+               "Keep the motion values of each recording in this folder, and decide on those that "
+               "are there instead of decoding again",
                "none"),
         toggle(G::Output, "quiet", "No progress and no summary, only clips and errors"),
 
@@ -240,11 +251,13 @@ const QVector<JsonField>& jsonFields() {
         {"file", "clip",
          QStringLiteral("with --export: where it was exported to, null if that was not tried")},
         {"exported", "clip", QStringLiteral("with --export: true or false")},
+        {"quick", "clip", QStringLiteral("with --quick: true")},
         {"video", "end", QStringLiteral("the recording, as it was named")},
         {"state", "end", QStringLiteral("finished, failed or cancelled")},
         {"frames", "end", QStringLiteral("pictures decoded")},
         {"clips", "end", QStringLiteral("clips found")},
         {"seconds", "end", QStringLiteral("length of what was read")},
+        {"quick", "end", QStringLiteral("with --quick: true")},
     };
     return fields;
 }

@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "detectionclient.h"
+#include "measurement.h"
+
+/// Decides on the motion values of one recording, picture by picture, and tells the client. The
+/// same code and the same calls whether the values are measured at the moment or were kept.
+class Decision {
+public:
+    /// Tells the client of the stream; `firstPicture` is that of `measurement.firstTime`. All must
+    /// outlive the decision.
+    Decision(const SegmentationOptions& options, const Measurement& measurement,
+             ClipPicturePointer firstPicture, DetectionClient& client);
+
+    /// The next picture: its motion value and its time in seconds as the stream counts them.
+    void add(float motion, double time, ClipPicturePointer picture);
+
+    /// There is no further picture.
+    void finish();
+
+    const MotionSeries& series() const { return segmenter.motionSeries(); }
+
+private:
+    DetectionClient& client;
+    ClipSegmenter segmenter;
+    double origin;
+    qint64 number;
+};

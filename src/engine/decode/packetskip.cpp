@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "packetskip.h"
+
+namespace {
+
+// Some minutes of a camera's stream.
+constexpr qint64 mostBytes = 256 * 1024 * 1024;
+
+bool isKey(const NumberedPacket& packet) {
+    return (packet.packet->flags & AV_PKT_FLAG_KEY) != 0;
+}
+
+/// The packets since the second last key frame.
+class LastPackets {
+public:
+    void add(NumberedPacket packet) {
+        if (isKey(packet))
+            addKey(packet.number);
+        bytes += packet.packet->size;
+        packets.push_back(std::move(packet));
+    }
+
+    bool areTooMany() const { return bytes > mostBytes; }
+
+    std::deque<NumberedPacket> take() { return std::move(packets); }
+
+private:
+    void addKey(qint64 number) {
+        const qint64 first = lastKey;
+        lastKey = number;
+        while (first >= 0 && packets.front().number < first) {
+            bytes -= packets.front().packet->size;
+            packets.pop_front();
+        }
+    }
+
+    std::deque<NumberedPacket> packets;
+    qint64 bytes = 0;
+    qint64 lastKey = -1;
+};
+
+} // namespace
+
+std::deque<NumberedPacket> skipTo(PacketReader& reader, std::int64_t dts) {
+    LastPackets last;
+    std::int64_t before = AV_NOPTS_VALUE; // the smallest number
+    while (auto packet = reader.read()) {
+        const std::int64_t time = packet->packet->dts;
+        if (time == AV_NOPTS_VALUE || time < before || last.areTooMany())
+            break;
+        before = time;
+        last.add(std::move(*packet));
+        if (time >= dts)
+            return last.take();
+    }
+    return {};
+}

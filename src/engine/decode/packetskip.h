@@ -1,0 +1,17 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "packetreader.h"
+
+#include <deque>
+
+/// Reads on without decoding, up to the first packet at or behind `dts`. Answers the packets that a
+/// decoder begins with so that what comes out from that one on is what comes out from the start:
+/// from the second last key frame on, or the start of the file.
+///
+/// Empty where that is in doubt: packets without times or with times that fall, key frames too far
+/// apart, or no packet at all that late.
+std::deque<NumberedPacket> skipTo(PacketReader& reader, std::int64_t dts);

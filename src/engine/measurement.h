@@ -1,0 +1,30 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "motionseries.h"
+#include "streamdescription.h"
+
+#include <QByteArray>
+
+/// What is known of a recording's stream besides its motion values.
+struct StreamFacts {
+    QByteArray codecName; ///< the media libraries' name
+    bool isIntraOnly = false;
+    StreamDescription description;
+    double duration = 0.0;      ///< seconds as the header says, 0 if unknown
+    double frameRate = 0.0;     ///< pictures per second at which they are numbered; 0: own times
+    double origin = 0.0;        ///< seconds, of the recording's first picture
+    bool isRegionEmpty = false; ///< the region of interest selects none of its pixels
+};
+
+/// All that is decided on: the stream and the values of its pictures.
+struct Measurement {
+    StreamFacts stream;
+    qint64 firstNumber = 0; ///< of the first picture, which is compared with nothing
+    double firstTime = 0.0; ///< seconds, of that picture, as the stream counts them
+    MotionSeries series;
+    bool hasPictures = false; ///< false: the recording could not be begun with
+};

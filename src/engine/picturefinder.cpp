@@ -1,0 +1,127 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "picturefinder.h"
+
+#include "logging.h"
+#include "snapshotimage.h"
+
+#include <QFile>
+
+#include <algorithm>
+#include <new>
+
+PictureFinder::PictureFinder(const QString& fileName, const DetectionOptions& options,
+                             const Measurement& measurement, std::function<bool()> isInterrupted)
+    : fileName(QFile::encodeName(fileName))
+    , options(options)
+    , measurement(measurement)
+    , isInterrupted(std::move(isInterrupted))
+    , canSeek(measurement.stream.frameRate == 0.0 && !options.areKeysWanted) {
+    this->options.times.frameRate = measurement.stream.frameRate;
+}
+
+QImage PictureFinder::snapshot(int index) {
+    if (index == lastIndex)
+        return lastSnapshot;
+    error.clear();
+    QImage image;
+    try {
+        image = canSeek ? snapshotFromKeyFrame(index) : QImage();
+        canSeek = !image.isNull();
+        if (image.isNull() && !isInterrupted()) {
+            qCDebug(engineLog, "picture %d is looked for from the start", index);
+            image = snapshotFromStart(index);
+        }
+    } catch (const std::bad_alloc&) {
+        error = QStringLiteral("out of memory");
+    }
+    lastIndex = image.isNull() ? -1 : index;
+    lastSnapshot = image;
+    return image;
+}
+
+/// Null where what comes out is not, picture by picture, what was measured.
+QImage PictureFinder::snapshotFromKeyFrame(int index) {
+    const int count = measurement.series.times.size() + 1;
+    const int begin = std::max(index - 1, 0);
+    const int first = measuredFrom(index);
+    const int second = measuredFrom(first + 1);
+    if (first >= count || !openSeeking() || !seeking->seekBefore(timeOf(begin)))
+        return {};
+    FramePointer previous(seeking->readFrame(true));
+    while (previous && previous->time < timeOf(begin))
+        previous.reset(seeking->readFrame(true));
+    if (!previous || previous->time != timeOf(begin))
+        return {};
+
+    MeasureOptions everyPicture = options.measure;
+    everyPicture.skip = 0;
+    MotionMeasure measure(everyPicture);
+    QImage image = begin == index ? snapshotImage(*previous) : QImage();
+    bool isProved = false;
+    for (int i = begin + 1; i <= std::min(second, count - 1); ++i) {
+        FramePointer current(seeking->readFrame(true));
+        if (!current || current->time != timeOf(i))
+            return {};
+        if (i == index)
+            image = snapshotImage(*current);
+        const float motion = measure.measure(*previous, *current);
+        const float kept = measurement.series.values[i - 1];
+        if ((i == first || i == second) && motion != kept)
+            return {};
+        isProved = isProved || ((i == first || i == second) && kept > 0.0F);
+        previous = std::move(current);
+    }
+    return isProved ? image : QImage();
+}
+
+QImage PictureFinder::snapshotFromStart(int index) {
+    const qint64 number = measurement.firstNumber + index;
+    if ((!pictures || nextNumber > number) && !openLinear())
+        return {};
+    TimedPicture picture;
+    for (; nextNumber <= number; ++nextNumber) {
+        picture = pictures->next();
+        if (!picture.frame) {
+            error = QStringLiteral("cannot be read again up to a clip's picture");
+            pictures.reset();
+            return {};
+        }
+    }
+    return snapshotImage(*picture.frame);
+}
+
+bool PictureFinder::openSeeking() {
+    if (seeking)
+        return true;
+    seeking = std::make_unique<VideoDecoder>(1);
+    seeking->setInterrupt(isInterrupted);
+    return seeking->open(fileName.constData());
+}
+
+bool PictureFinder::openLinear() {
+    pictures.reset();
+    linear = std::make_unique<VideoDecoder>(options.threads);
+    linear->setInterrupt(isInterrupted);
+    linear->setKeyFramesOnly(options.areKeysWanted);
+    if (!linear->open(fileName.constData())) {
+        error = QStringLiteral("cannot be read again: %1").arg(linear->errorText());
+        return false;
+    }
+    pictures = std::make_unique<PictureSource>(*linear, options.threads != 1, options.times);
+    nextNumber = 0;
+    return true;
+}
+
+double PictureFinder::timeOf(int index) const {
+    return index == 0 ? measurement.firstTime : measurement.series.times[index - 1];
+}
+
+/// The first picture from `index` on whose value was measured and not held.
+int PictureFinder::measuredFrom(int index) const {
+    const int step = options.measure.skip + 1;
+    const int from = std::max(index, 1);
+    return (from + step - 1) / step * step;
+}

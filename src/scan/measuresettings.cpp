@@ -1,0 +1,131 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "measuresettings.h"
+
+#include "measuredefinition.h"
+#include "shortestdigits.h"
+
+#include <QByteArrayList>
+#include <QCryptographicHash>
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+constexpr char picturesKey[] = "pictures";
+constexpr char keyPictures[] = "key";
+
+/// The options and the lines of the head that they decide.
+struct SettingOfOption {
+    const char* option;
+    const char* key;
+};
+
+constexpr SettingOfOption settingsOfOptions[] = {{"threshold-value", "threshold-value"},
+                                                 {"skip", "skip"},
+                                                 {"fps", "fps"},
+                                                 {"roi", "region"},
+                                                 {"mask", "region"},
+                                                 {"exclude", "exclude"},
+                                                 {"quick", picturesKey},
+                                                 {"from", "from"},
+                                                 {"to", "to"}};
+
+/// "1,2,3,4": corner, width, height.
+QByteArray rectangleText(const QRect& rectangle) {
+    QByteArrayList numbers;
+    for (const int number : {rectangle.x(), rectangle.y(), rectangle.width(), rectangle.height()})
+        numbers += QByteArray::number(number);
+    return numbers.join(',');
+}
+
+QByteArray excludedText(const QVector<QRect>& rectangles) {
+    QByteArrayList texts;
+    for (const QRect& rectangle : rectangles)
+        texts += rectangleText(rectangle);
+    return texts.isEmpty() ? QByteArray("none") : texts.join(' ');
+}
+
+/// Of what it selects alone, whatever file it came from.
+QByteArray maskText(const QImage& mask) {
+    QCryptographicHash digest(QCryptographicHash::Sha256);
+    QByteArray row(mask.width(), '0');
+    for (int y = 0; y < mask.height(); ++y) {
+        for (int x = 0; x < mask.width(); ++x)
+            row[x] = qGreen(mask.pixel(x, y)) == 0 ? '0' : '1';
+        digest.addData(row);
+    }
+    return "mask " + QByteArray::number(mask.width()) + 'x' + QByteArray::number(mask.height()) +
+           ' ' + digest.result().toHex();
+}
+
+QByteArray regionText(const RegionOfInterest& region) {
+    switch (region.kind) {
+    case RegionOfInterest::Kind::Rectangle:
+        return "rectangle " + rectangleText(region.rectangle);
+    case RegionOfInterest::Kind::Mask:
+        return maskText(region.mask);
+    case RegionOfInterest::Kind::WholeFrame:
+        break;
+    }
+    return "whole";
+}
+
+QByteArray rateText(double frameRate) {
+    return frameRate > 0.0 ? shortestDigits(frameRate) : QByteArray("own");
+}
+
+QByteArray endText(double seconds) {
+    return std::isfinite(seconds) ? shortestDigits(seconds) : QByteArray("end");
+}
+
+QByteArray valueOf(const MeasureSettings& settings, const QByteArray& key) {
+    const auto found = std::find_if(settings.cbegin(), settings.cend(),
+                                    [&key](const HeadLine& line) { return line.key == key; });
+    return found == settings.cend() ? QByteArray() : found->value;
+}
+
+} // namespace
+
+MeasureSettings measureSettings(const DetectionOptions& options) {
+    return {{"measure", QByteArray::number(measureDefinition)},
+            {"threshold-value", QByteArray::number(options.measure.thresholdValue)},
+            {"skip", QByteArray::number(options.measure.skip)},
+            {"region", regionText(options.measure.region)},
+            {"exclude", excludedText(options.measure.region.excluded)},
+            {"fps", rateText(options.times.frameRate)},
+            {picturesKey, options.areKeysWanted ? keyPictures : "all"},
+            {"from", shortestDigits(options.range.from)},
+            {"to", endText(options.range.to)}};
+}
+
+bool areOfKeyFrames(const MeasureSettings& settings) {
+    return valueOf(settings, picturesKey) == keyPictures;
+}
+
+QString disagreement(const QStringList& given, const MeasureSettings& asked,
+                     const MeasureSettings& kept) {
+    if (valueOf(asked, "measure") != valueOf(kept, "measure"))
+        return QStringLiteral("its values were measured by another version of this program");
+    for (const SettingOfOption& setting : settingsOfOptions) {
+        const QByteArray value = valueOf(kept, setting.key);
+        if (given.contains(QLatin1String(setting.option)) && value != valueOf(asked, setting.key))
+            return QStringLiteral("--%1 does not fit its values, which were measured with %2 %3")
+                .arg(QLatin1String(setting.option), QLatin1String(setting.key),
+                     QString::fromUtf8(value));
+    }
+    return {};
+}
+
+const QStringList& measureOptionNames() {
+    static const QStringList names = [] {
+        QStringList list;
+        for (const SettingOfOption& setting : settingsOfOptions)
+            list += QLatin1String(setting.option);
+        return list;
+    }();
+    return names;
+}

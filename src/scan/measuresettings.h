@@ -1,0 +1,22 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "detection.h"
+#include "keptvalues.h"
+
+/// Everything in `options` that motion values depend on, as it stands in a values file.
+MeasureSettings measureSettings(const DetectionOptions& options);
+
+/// Whether the values are those of key frames alone.
+bool areOfKeyFrames(const MeasureSettings& settings);
+
+/// Which of the options named in `given` say otherwise than `kept`, as a sentence for a person;
+/// empty if none does. `asked` are the settings of all options.
+QString disagreement(const QStringList& given, const MeasureSettings& asked,
+                     const MeasureSettings& kept);
+
+/// The names of the options that values depend on.
+const QStringList& measureOptionNames();

@@ -1,0 +1,52 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "detection.h"
+#include "keptvalues.h"
+#include "messages.h"
+#include "scanoptions.h"
+
+#include <optional>
+
+/// The kept values of the recordings of one call: found, judged and written. Any thread may call
+/// anything.
+class ValuesStore {
+public:
+    /// Both must outlive this object.
+    ValuesStore(const ScanOptions& options, Messages& messages);
+
+    /// What there is of one recording.
+    struct Found {
+        std::optional<KeptValues> values;    ///< to be used; nothing: it is to be measured
+        std::optional<RecordingStamp> stamp; ///< of the recording before that
+        bool isRefused = false; ///< its values were named in its place and are of no use
+    };
+
+    /// Looks for the values of recording `index`. Complains about those that cannot be trusted.
+    Found find(int index) const;
+
+    /// What this call measures with.
+    const MeasureSettings& measureSettings() const { return settings; }
+
+    /// Whether these values were measured as this call measures.
+    bool areOfThisCall(const KeptValues& values) const { return values.settings == settings; }
+
+    /// Keeps what was measured, where values are to be kept and these can be. False, after a
+    /// complaint, if they could not be written.
+    bool keep(const Found& found, const Detection& detection, DetectionOutcome outcome) const;
+
+private:
+    Found findNamed(const QString& path) const;
+    std::optional<KeptValues> findKept(const RecordingStamp& stamp) const;
+
+    const ScanOptions& options;
+    Messages& messages;
+    MeasureSettings settings;
+};
+
+/// `options` with the recordings themselves in the places of values files that were named, which
+/// then stand in `valuesFiles`.
+ScanOptions withNamedValues(ScanOptions options);

@@ -1,0 +1,34 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QIODevice>
+#include <QString>
+
+#include <optional>
+#include <string_view>
+
+/// Reads a file line by line with a buffer that never grows, whatever the file is.
+class LineReader {
+public:
+    /// `file` must be open without a buffer and outlive this object.
+    explicit LineReader(QIODevice& file);
+
+    /// The next line without its end, valid until the next call; nothing once there is none.
+    std::optional<std::string_view> next();
+
+    /// Once `next` has answered nothing: what is wrong, for a person; empty at the file's end.
+    const QString& flaw() const { return error; }
+
+private:
+    bool fill();
+
+    QIODevice& file;
+    QByteArray buffer;
+    int begin = 0; ///< of what was not handed out yet
+    int end = 0;
+    QString error;
+};

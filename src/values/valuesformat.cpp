@@ -1,0 +1,82 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "valuesformat.h"
+
+#include "escapedbytes.h"
+#include "shortestdigits.h"
+#include "valuesnumber.h"
+
+namespace {
+
+QByteArray yesOrNo(bool isTrue) {
+    return isTrue ? "yes" : "no";
+}
+
+QByteArray sizeText(const QSize& size) {
+    return QByteArray::number(size.width()) + 'x' + QByteArray::number(size.height());
+}
+
+QSize readSize(const QByteArray& text) {
+    const int cross = text.indexOf('x');
+    return {text.left(cross).toInt(), text.mid(cross + 1).toInt()};
+}
+
+QByteArray ratioText(const KeptRatio& ratio) {
+    return QByteArray::number(ratio.above) + '/' + QByteArray::number(ratio.below);
+}
+
+KeptRatio readRatio(const QByteArray& text) {
+    const int slash = text.indexOf('/');
+    return {text.left(slash).toInt(), text.mid(slash + 1).toInt()};
+}
+
+} // namespace
+
+QByteArray headText(const HeadLine& line) {
+    return "# " + line.key + ": " + line.value + '\n';
+}
+
+QVector<HeadLine> headOf(const KeptValues& values) {
+    const RecordingStamp& recording = values.recording;
+    const KeptStream& stream = values.stream;
+    return QVector<HeadLine>{{"recording", escapedBytes(recording.path)},
+                             {"bytes", QByteArray::number(recording.bytes)},
+                             {"modified", QByteArray::number(recording.modified)},
+                             {"codec", stream.codec},
+                             {"size", sizeText(stream.size)},
+                             {"pixel-aspect", ratioText(stream.pixelAspect)},
+                             {"pace", ratioText(stream.pace)},
+                             {"start", shortestDigits(stream.start)},
+                             {"intra", yesOrNo(stream.isIntraOnly)},
+                             {"length", shortestDigits(stream.length)},
+                             {"rate", shortestDigits(stream.frameRate)},
+                             {"origin", shortestDigits(stream.origin)},
+                             {"region-empty", yesOrNo(stream.isRegionEmpty)}} +
+           values.settings;
+}
+
+bool readHead(const QVector<HeadLine>& lines, KeptValues& values) {
+    const int fixed = headOf({}).size();
+    if (lines.size() < fixed)
+        return false;
+    const auto value = [&lines](int index) { return lines[index].value; };
+    const auto path = unescapedBytes(value(0));
+    RecordingStamp& recording = values.recording;
+    KeptStream& stream = values.stream;
+    const bool isGood =
+        path && readNumber(value(1), recording.bytes) && readNumber(value(2), recording.modified) &&
+        readNumber(value(7), stream.start) && readNumber(value(9), stream.length) &&
+        readNumber(value(10), stream.frameRate) && readNumber(value(11), stream.origin);
+    recording.path = path.value_or(QByteArray());
+    stream.codec = value(3);
+    stream.size = readSize(value(4));
+    stream.pixelAspect = readRatio(value(5));
+    stream.pace = readRatio(value(6));
+    stream.isIntraOnly = value(8) == "yes";
+    stream.isRegionEmpty = value(12) == "yes";
+    values.settings = lines.mid(fixed);
+    // What is written otherwise than this program writes it, it has not written.
+    return isGood && headOf(values) == lines;
+}

@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "keptvalues.h"
+
+/// How a values file is written: what its writer and its reader agree on.
+///
+/// Line by line: the format's name and number; the head, each line "# key: value"; one line per
+/// picture, "NUMBER<TAB>TIME<TAB>VALUE", where the first one's value, of a picture that is compared
+/// with nothing, is 0; "# reason: TEXT" where the recording could not be read; and the last line,
+/// "# end: OUTCOME PICTURES DIGEST". The digest is that of everything before it.
+
+constexpr char formatName[] = "# kestrova values ";
+constexpr int formatNumber = 1;
+
+constexpr char reasonKey[] = "reason";
+constexpr char endKey[] = "end";
+
+/// The words of `KeptEnd`, in its order.
+constexpr const char* endWords[] = {"finished", "cannot-open", "too-few-pictures",
+                                    "no-usable-times"};
+
+/// "# key: value" with its line end.
+QByteArray headText(const HeadLine& line);
+
+/// The head of `values` in its fixed order, settings last.
+QVector<HeadLine> headOf(const KeptValues& values);
+
+/// Reads what `headOf` made. False where these lines are not exactly that.
+bool readHead(const QVector<HeadLine>& lines, KeptValues& values);

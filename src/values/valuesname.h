@@ -1,0 +1,13 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// The path of the values file of the recording at the absolute path `recording`, in `folder`. No
+/// two recordings share one, in whatever calls: it holds the recording's name and a digest of its
+/// path.
+QString valuesPath(const QString& folder, const QByteArray& recording);

@@ -1,0 +1,211 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The scanner's look at key frames alone.
+
+#include "files.h"
+#include "media.h"
+#include "process.h"
+
+#include <QDir>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+const QStringList someClips = {"--format", "jsonl", "--minimum", "2", "--postrecord", "3"};
+
+/// H.264 with a key frame every `gop` pictures, and no other.
+QStringList h264(int gop, const QStringList& more = {}) {
+    const QString number = QString::number(gop);
+    return QStringList{"-c:v", "libx264", "-preset", "veryfast",      "-g", number, "-keyint_min",
+                       number, "-bf",     "3",       "-sc_threshold", "0"} +
+           more;
+}
+
+} // namespace
+
+class TestQuick : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+
+    void looksAtKeyFramesAlone_data();
+    void looksAtKeyFramesAlone();
+    void comparesThePicturesThemselves_data();
+    void comparesThePicturesThemselves();
+    void equalsTheWholeWhereAllAreKeyFrames();
+    void everythingSaysThatItIsQuick();
+    void threadsDoNotChangeAnything();
+    void windowIsWidened();
+    void keptValuesAreMarked();
+    void rangesAndSnapshots();
+    void needsTimes();
+
+private:
+    ProcessResult scan(const QStringList& options, const QString& name);
+    QList<QByteArrayList> traced(const QStringList& options, const QString& name);
+    QString path(const QString& name) const { return folder.filePath(name); }
+
+    QTemporaryDir folder;
+    QString video; ///< 30 s, a key frame each second; a box crosses from second 8 to second 20
+};
+
+void TestQuick::initTestCase() {
+    const auto encode = [this](const char* name, const QStringList& codec) {
+        return media::encode(media::crossingBox(30, 8, 20) + codec + QStringList{path(name)});
+    };
+    QVERIFY(encode("a.mp4", h264(25)));
+    QVERIFY(encode("b.mkv", h264(25)));
+    QVERIFY(encode("c.ts", h264(25)));
+    QVERIFY(encode("open.mkv", h264(25, {"-x264-params", "open-gop=1"})));
+    QVERIFY(encode("mpeg4.avi", {"-c:v", "mpeg4", "-g", "25", "-sc_threshold", "1000000000"}));
+    QVERIFY(encode("far.mp4", h264(250)));
+    QVERIFY(encode("whole.avi", {"-c:v", "mjpeg"}));
+    QVERIFY(encode("elementary.264", h264(25)));
+    video = path("a.mp4");
+}
+
+ProcessResult TestQuick::scan(const QStringList& options, const QString& name) {
+    return runProgram("kestrova-scan", options + QStringList{name});
+}
+
+QList<QByteArrayList> TestQuick::traced(const QStringList& options, const QString& name) {
+    scan(options + QStringList{"--trace", path("trace")}, name);
+    QList<QByteArrayList> lines;
+    for (const QByteArray& line : readFile(path("trace")).trimmed().split('\n'))
+        lines += line.split('\t');
+    return lines;
+}
+
+void TestQuick::looksAtKeyFramesAlone_data() {
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"a.mp4", "b.mkv", "c.ts", "open.mkv", "mpeg4.avi"})
+        QTest::newRow(name) << name;
+}
+
+void TestQuick::looksAtKeyFramesAlone() {
+    QFETCH(QString, name);
+    const QList<QByteArrayList> lines = traced({"--quick"}, path(name));
+    QCOMPARE(lines.size(), 29); // 30 in 30 seconds
+    const bool isOpen = name.startsWith("open");
+    for (int i = 0; i < lines.size(); ++i) {
+        QCOMPARE(lines[i][0].toInt(), i + 1);
+        // What stands before an open group is shown before its key frame.
+        QVERIFY2(qAbs(lines[i][1].toDouble() - (i + 1)) < (isOpen ? 0.13 : 1e-6),
+                 lines[i][1].constData());
+    }
+}
+
+void TestQuick::comparesThePicturesThemselves_data() {
+    QTest::addColumn<QString>("name");
+    for (const char* name : {"a.mp4", "b.mkv", "c.ts", "mpeg4.avi"})
+        QTest::newRow(name) << name;
+}
+
+/// The encoder's program picks the key frames out.
+void TestQuick::comparesThePicturesThemselves() {
+    QFETCH(QString, name);
+    const QString keys = path("keys.mkv");
+    QVERIFY(media::encode(
+        {"-skip_frame", "nokey", "-i", path(name), "-vsync", "passthrough", "-c:v", "ffv1", keys}));
+    const QList<QByteArrayList> expected = traced({}, keys);
+    const QList<QByteArrayList> found = traced({"--quick"}, path(name));
+    QCOMPARE(found.size(), expected.size());
+    bool hasMotion = false;
+    for (int i = 0; i < found.size(); ++i) {
+        QCOMPARE(found[i][2], expected[i][2]);
+        hasMotion = hasMotion || found[i][2].toDouble() > 0.5;
+    }
+    QVERIFY(hasMotion);
+}
+
+void TestQuick::equalsTheWholeWhereAllAreKeyFrames() {
+    const QList<QByteArrayList> whole = traced({"--skip", "1"}, path("whole.avi"));
+    QVERIFY(whole.size() > 700);
+    QCOMPARE(traced({"--skip", "1", "--quick"}, path("whole.avi")), whole);
+}
+
+void TestQuick::everythingSaysThatItIsQuick() {
+    const ProcessResult result =
+        scan(someClips + QStringList{"--minimum", "3", "--quick", "--quiet"}, video);
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.errors, "kestrova-scan: " + video.toUtf8() +
+                                ": quick look: its 30 key frames lie up to 1.000 s apart, motion "
+                                "between two of them is missed\n");
+    const QList<QJsonObject> lines = jsonLines(result.output);
+    QVERIFY(lines.size() >= 2);
+    for (const QJsonObject& line : lines)
+        QCOMPARE(line["quick"], QJsonValue(true));
+    // The box moves from 8 to 20.
+    QVERIFY(lines.first()["start"].toDouble() < 8 && lines.first()["end"].toDouble() > 20);
+    for (const QJsonObject& line : jsonLines(scan(someClips, video).output))
+        QVERIFY(!line.contains("quick"));
+}
+
+void TestQuick::threadsDoNotChangeAnything() {
+    const auto one = traced({"--quick", "--threads", "1"}, video);
+    for (const char* threads : {"2", "5", "64"})
+        QCOMPARE(traced({"--quick", "--threads", threads}, video), one);
+}
+
+/// Key frames at 0, 10 and 20 s: of a window of 5 s none or one would be left.
+void TestQuick::windowIsWidened() {
+    const QString looped = path("looped.mp4");
+    const QStringList scene = {"-f", "lavfi", "-i", "testsrc2=s=160x120:r=25:d=60"};
+    QVERIFY(media::encode(scene + h264(250, {looped})));
+    const ProcessResult result = scan({"--quick", "--quiet", "--format", "jsonl"}, looped);
+    QVERIFY2(
+        result.errors.contains("up to 10.000 s apart") &&
+            result.errors.endsWith("; --minimum is widened to two comparisons, up to 20.000 s\n"),
+        result.errors.constData());
+    QCOMPARE(jsonLines(result.output).last()["clips"].toInt(), 1);
+    QVERIFY(!scan({"--quick", "--minimum", "21"}, looped).errors.contains("widened"));
+}
+
+void TestQuick::keptValuesAreMarked() {
+    const QStringList options = someClips + QStringList{"--quick"};
+    const QStringList keeping = {"--values", path("kept")};
+    const ProcessResult fresh = scan(options, video);
+    for (int i = 0; i < 2; ++i) {
+        const ProcessResult kept = scan(options + keeping, video);
+        QCOMPARE(kept.output, fresh.output);
+        QCOMPARE(kept.errors, fresh.errors);
+    }
+    const QDir folder(path("kept"));
+    const QString file = folder.filePath(folder.entryList(QDir::Files).value(0));
+    QCOMPARE(scan(someClips, file).output, fresh.output); // without being asked for
+    // Quick values are none for a whole scan, and the other way round.
+    const QByteArray whole = scan(someClips, video).output;
+    QCOMPARE(scan(someClips + keeping, video).output, whole);
+    QVERIFY2(scan(options, file).errors.contains("--quick does not fit its values"), "whole");
+    QCOMPARE(scan(options + keeping, video).output, fresh.output);
+}
+
+void TestQuick::rangesAndSnapshots() {
+    const QStringList options =
+        someClips +
+        QStringList{"--quick", "--from", "5", "--to", "25", "--snapshots", path("pictures")};
+    const auto found = [&](const QStringList& more) {
+        const QByteArray output = scan(options + more, video).output;
+        return qMakePair(output, readFile(path("pictures/a.mp4-0000.png")));
+    };
+    const auto fresh = found({});
+    QCOMPARE(jsonLines(fresh.first).last()["frames"].toInt(), 21); // 5, 6 ... 25
+    QVERIFY(!fresh.second.isEmpty());
+    QCOMPARE(found({"--values", path("kept-range")}), fresh);
+    QCOMPARE(found({"--values", path("kept-range")}), fresh);
+}
+
+void TestQuick::needsTimes() {
+    const ProcessResult result = scan({"--quick"}, path("elementary.264"));
+    QCOMPARE(result.status, 1);
+    QVERIFY2(result.errors.endsWith(": no usable times, without which there is no quick look\n"),
+             result.errors.constData());
+    QCOMPARE(scan({"--quick", "--fps", "25"}, video).status, 2);
+}
+
+QTEST_GUILESS_MAIN(TestQuick)
+#include "test_quick.moc"

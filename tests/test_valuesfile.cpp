@@ -1,0 +1,355 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The values file by itself: what is written is read back, and nothing else is.
+
+#include "files.h"
+#include "valuesname.h"
+#include "valuesreader.h"
+#include "valueswriter.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <sys/stat.h>
+
+#include <limits>
+#include <random>
+
+namespace {
+
+/// 40 pictures with numbers of every length.
+KeptValues sample() {
+    KeptValues values;
+    values.recording = {"/cameras/gate 100%\n.mkv", 123456789012, 1795280535327341199};
+    values.stream.codec = "h264";
+    values.stream.size = {1920, 1080};
+    values.stream.pixelAspect = {4, 3};
+    values.stream.pace = {30000, 1001};
+    values.stream.start = -0.08;
+    values.stream.length = 3600.04;
+    values.stream.origin = -0.08;
+    values.settings = {{"measure", "1"}, {"skip", "0"}, {"region", "rectangle 1,2,3,4"}};
+    values.hasPictures = true;
+    values.firstTime = -0.08;
+    std::mt19937 random(1);
+    for (int i = 1; i < 40; ++i) {
+        values.times.append(-0.08 + i / 25.0);
+        values.values.append(float(random()) / 1e9F);
+    }
+    values.values[3] = std::numeric_limits<float>::denorm_min();
+    values.values[4] = std::numeric_limits<float>::max();
+    values.times[5] = std::numeric_limits<double>::denorm_min();
+    values.times[6] = -1e300;
+    return values;
+}
+
+KeptValues unreadable() {
+    KeptValues values;
+    values.recording = {"/cameras/broken.mkv", 1, 2};
+    values.settings = {{"measure", "1"}};
+    values.end = KeptEnd::CannotOpen;
+    values.reason = QStringLiteral("no video\nstream: 100 % of it");
+    return values;
+}
+
+bool isSame(const KeptValues& left, const KeptValues& right) {
+    return left.recording == right.recording && left.stream.codec == right.stream.codec &&
+           left.stream.size == right.stream.size &&
+           left.stream.pixelAspect.above == right.stream.pixelAspect.above &&
+           left.stream.pixelAspect.below == right.stream.pixelAspect.below &&
+           left.stream.pace.above == right.stream.pace.above &&
+           left.stream.pace.below == right.stream.pace.below &&
+           left.stream.start == right.stream.start &&
+           left.stream.isIntraOnly == right.stream.isIntraOnly &&
+           left.stream.length == right.stream.length &&
+           left.stream.frameRate == right.stream.frameRate &&
+           left.stream.origin == right.stream.origin &&
+           left.stream.isRegionEmpty == right.stream.isRegionEmpty &&
+           left.settings == right.settings && left.end == right.end &&
+           left.reason == right.reason && left.hasPictures == right.hasPictures &&
+           left.firstNumber == right.firstNumber && left.firstTime == right.firstTime &&
+           left.times == right.times && left.values == right.values;
+}
+
+/// The text with the digest that it should have, whatever else is wrong with it.
+QByteArray sealed(QByteArray text) {
+    text.truncate(text.lastIndexOf(' ') + 1);
+    return text + QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex() + '\n';
+}
+
+using State = ValuesReading::State;
+
+} // namespace
+
+Q_DECLARE_METATYPE(KeptValues)
+
+class TestValuesFile : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void readsBackWhatWasWritten_data();
+    void readsBackWhatWasWritten();
+    void looksAsItIsDescribed();
+    void forgedFilesAreFlawed_data();
+    void forgedFilesAreFlawed();
+    void damagedFilesAreFlawed_data();
+    void damagedFilesAreFlawed();
+    void whatIsNoFileIsFlawed();
+    void missingIsNoFlaw();
+    void lineWithoutEndTakesNoMemory();
+    void namesItsRecording();
+    void namesAreNeverShared();
+    void longNamesAreCut();
+    void leavesNothingBesideIt();
+    void replacesWhatWasThere();
+
+private:
+    QString path(const QString& name = QStringLiteral("a.values")) const {
+        return folder.filePath(name);
+    }
+
+    ValuesReading readText(const QByteArray& text) const {
+        return writeFile(path(), text) ? readValues(path()) : ValuesReading();
+    }
+
+    QTemporaryDir folder;
+};
+
+void TestValuesFile::readsBackWhatWasWritten_data() {
+    QTest::addColumn<KeptValues>("values");
+    QTest::newRow("pictures") << sample();
+    QTest::newRow("unreadable") << unreadable();
+    KeptValues stretch = sample();
+    stretch.firstNumber = 250;
+    stretch.stream.origin = -10.08;
+    QTest::newRow("a stretch") << stretch;
+    KeptValues still = sample();
+    still.end = KeptEnd::NoUsableTimes;
+    still.reason = QStringLiteral("no usable times");
+    QTest::newRow("no usable times") << still;
+    KeptValues bytes = sample();
+    bytes.recording.path = "/\xff\xfe%25\t\x7f\x01/ a ";
+    QTest::newRow("odd bytes") << bytes;
+}
+
+void TestValuesFile::readsBackWhatWasWritten() {
+    QFETCH(KeptValues, values);
+    QCOMPARE(writeValues(values, path()), QString());
+    const ValuesReading reading = readValues(path());
+    QCOMPARE(reading.flaw, QString());
+    QCOMPARE(reading.state, State::Good);
+    QVERIFY(isSame(reading.values, values));
+}
+
+void TestValuesFile::looksAsItIsDescribed() {
+    KeptValues values = sample();
+    values.times = {0.02, 0.1};
+    values.values = {0.0F, 0.1F};
+    const QByteArray text = "# kestrova values 1\n"
+                            "# recording: /cameras/gate 100%25%0A.mkv\n"
+                            "# bytes: 123456789012\n"
+                            "# modified: 1795280535327341199\n"
+                            "# codec: h264\n"
+                            "# size: 1920x1080\n"
+                            "# pixel-aspect: 4/3\n"
+                            "# pace: 30000/1001\n"
+                            "# start: -0.08\n"
+                            "# intra: no\n"
+                            "# length: 3600.04\n"
+                            "# rate: 0\n"
+                            "# origin: -0.08\n"
+                            "# region-empty: no\n"
+                            "# measure: 1\n"
+                            "# skip: 0\n"
+                            "# region: rectangle 1,2,3,4\n"
+                            "0\t-0.08\t0\n"
+                            "1\t0.02\t0\n"
+                            "2\t0.1\t0.1\n"
+                            "# end: finished 3 0\n";
+    QCOMPARE(valuesText(values), sealed(text));
+}
+
+void TestValuesFile::forgedFilesAreFlawed_data() {
+    QTest::addColumn<QByteArray>("from");
+    QTest::addColumn<QByteArray>("to");
+    const auto row = [](const char* name, const char* from, const char* to) {
+        QTest::newRow(name) << QByteArray(from) << QByteArray(to);
+    };
+    row("no number", "2\t0\t0.5\n", "2\t0\tmany\n");
+    row("not a number", "2\t0\t0.5\n", "2\t0\tnan\n");
+    row("infinite", "2\t0\t0.5\n", "2\t0\tinf\n");
+    row("too large", "2\t0\t0.5\n", "2\t0\t1e39\n");
+    row("negative", "2\t0\t0.5\n", "2\t0\t-0.5\n");
+    row("negative zero", "2\t0\t0.5\n", "2\t0\t-0\n");
+    row("no value", "2\t0\t0.5\n", "2\t0\t\n");
+    row("no time", "2\t0\t0.5\n", "2\t\t0.5\n");
+    row("no field for the time", "2\t0\t0.5\n", "2\t0.5\n");
+    row("time is no number", "2\t0\t0.5\n", "2\tnan\t0.5\n");
+    row("time is infinite", "2\t0\t0.5\n", "2\t-inf\t0.5\n");
+    row("a comma", "2\t0\t0.5\n", "2\t0\t0,5\n");
+    row("a plus sign", "2\t0\t0.5\n", "2\t0\t+0.5\n");
+    row("a space", "2\t0\t0.5\n", "2\t0\t 0.5\n");
+    row("a field too many", "2\t0\t0.5\n", "2\t0\t0.5\t\n");
+    row("CR LF", "2\t0\t0.5\n", "2\t0\t0.5\r\n");
+    row("an empty line", "2\t0\t0.5\n", "2\t0\t0.5\n\n");
+    row("a number left out", "2\t0\t0.5\n", "");
+    row("a number twice", "2\t0\t0.5\n", "1\t0\t0.5\n");
+    row("a number that is none", "2\t0\t0.5\n", "2.0\t0\t0.5\n");
+    row("a line twice", "2\t0\t0.5\n", "2\t0\t0.5\n2\t0\t0.5\n");
+    row("first value", "0\t0\t0\n", "0\t0\t1\n");
+    row("a remark", "2\t0\t0.5\n", "2\t0\t0.5\n# remark: none\n");
+    row("count", "finished 4 ", "finished 5 ");
+    row("no count", "finished 4 ", "finished  ");
+    row("another end", "finished 4 ", "cannot-open 4 ");
+    row("unknown end", "finished 4 ", "ended 4 ");
+    row("a reason for nothing", "# end", "# reason: none\n# end");
+    row("newer", "values 1\n", "values 2\n");
+    row("newer by far", "values 1\n", "values 99999999999\n");
+    row("older", "values 1\n", "values 0\n");
+    row("no format", "# kestrova values 1\n", "");
+    row("head without bytes", "# bytes: 1\n", "");
+    row("head turned around", "# bytes: 1\n# modified: 2\n", "# modified: 2\n# bytes: 1\n");
+    row("head with another number", "# bytes: 1\n", "# bytes: 01\n");
+    row("head with another word", "# intra: no\n", "# intra: maybe\n");
+    row("head with a wrong size", "# size: 4x2\n", "# size: 4 x 2\n");
+    row("head with a wrong ratio", "# pace: 0/1\n", "# pace: 0\n");
+    row("head with a wrong escape", "/a%25\n", "/a%2\n");
+    row("head without a colon", "# codec: ffv1\n", "# codec ffv1\n");
+}
+
+/// Each has the digest that belongs to it: somebody took pains.
+void TestValuesFile::forgedFilesAreFlawed() {
+    QFETCH(QByteArray, from);
+    QFETCH(QByteArray, to);
+    KeptValues values;
+    values.recording = {"/a%", 1, 2};
+    values.stream.codec = "ffv1";
+    values.stream.size = {4, 2};
+    values.hasPictures = true;
+    values.times = {0, 0, 0};
+    values.values = {0.25F, 0.5F, 0.75F};
+    QByteArray text = valuesText(values);
+    QCOMPARE(readText(sealed(text)).state, State::Good);
+    QVERIFY(text.contains(from));
+    const ValuesReading reading = readText(sealed(text.replace(from, to)));
+    QCOMPARE(reading.state, State::Flawed);
+    QVERIFY(!reading.flaw.isEmpty());
+}
+
+void TestValuesFile::damagedFilesAreFlawed_data() {
+    QTest::addColumn<QString>("kind");
+    for (const char* kind : {"bit", "byte", "cut", "gap", "line", "behind"})
+        QTest::newRow(kind) << kind;
+}
+
+/// 400 files of each kind, the same in every run.
+void TestValuesFile::damagedFilesAreFlawed() {
+    QFETCH(QString, kind);
+    const QByteArray whole = valuesText(sample());
+    const QList<QByteArray> lines = whole.split('\n');
+    std::mt19937 random(7);
+    const auto below = [&random](int end) { return int(random() % unsigned(end)); };
+    int tried = 0;
+    while (tried < 400) {
+        QByteArray text = whole;
+        const int place = below(text.size());
+        if (kind == "bit")
+            text[place] = char(text[place] ^ (1 << below(8)));
+        else if (kind == "byte")
+            text[place] = char(random());
+        else if (kind == "cut")
+            text.truncate(place);
+        else if (kind == "gap")
+            text.remove(place, 1 + below(50));
+        else if (kind == "line")
+            text = QList<QByteArray>(lines).mid(0, below(lines.size())).join('\n') + '\n' +
+                   lines.mid(below(lines.size())).join('\n');
+        else
+            text += QByteArray(1 + below(5), char(random()));
+        if (text == whole)
+            continue;
+        ++tried;
+        const ValuesReading reading = readText(text);
+        QVERIFY2(reading.state == State::Flawed && !reading.flaw.isEmpty(), text.constData());
+    }
+}
+
+void TestValuesFile::whatIsNoFileIsFlawed() {
+    const QString name = path("place.values");
+    QVERIFY(QDir().mkdir(name));
+    QCOMPARE(readValues(name).state, State::Flawed);
+    QVERIFY(QDir().rmdir(name));
+    QCOMPARE(mkfifo(QFile::encodeName(name).constData(), 0600), 0);
+    QCOMPARE(readValues(name).state, State::Flawed); // and does not wait for somebody who writes
+    QVERIFY(QFile::remove(name));
+    QVERIFY(QFile::link(name, name));
+    QCOMPARE(readValues(name).state, State::Flawed);
+    QVERIFY(!readValues(name).flaw.isEmpty());
+    QCOMPARE(readText({}).state, State::Flawed);
+    QCOMPARE(readText(QByteArray(100000, '\0')).state, State::Flawed);
+}
+
+void TestValuesFile::missingIsNoFlaw() {
+    QCOMPARE(readValues(path("nowhere/b.values")).state, State::Missing);
+}
+
+void TestValuesFile::lineWithoutEndTakesNoMemory() {
+    const QByteArray head = valuesText(sample()).split('\t').first();
+    QFile file(path());
+    QVERIFY(writeFile(path(), head));
+    QVERIFY(file.resize(Q_INT64_C(1) << 40)); // sparse: no machine has that memory
+    QCOMPARE(readValues(path()).state, State::Flawed);
+    QVERIFY(QFile::resize(path(), 0));
+}
+
+void TestValuesFile::namesItsRecording() {
+    QCOMPARE(writeValues(sample(), path()), QString());
+    QCOMPARE(*recordingNamedIn(path()), sample().recording.path);
+    QVERIFY(writeFile(path(), "# kestrova values 9\n# what: ever\n"));
+    QCOMPARE(*recordingNamedIn(path()), QByteArray());
+    QVERIFY(writeFile(path(), "RIFF....AVI "));
+    QVERIFY(!recordingNamedIn(path()));
+    QVERIFY(!recordingNamedIn(folder.path()));
+}
+
+void TestValuesFile::namesAreNeverShared() {
+    const QString one = valuesPath("kept", "/a/gate.mkv");
+    QVERIFY2(one.startsWith("kept/gate.mkv-") && one.endsWith(".values"), qPrintable(one));
+    QCOMPARE(valuesPath("kept", "/a/gate.mkv"), one);
+    QVERIFY(valuesPath("kept", "/b/gate.mkv") != one);
+}
+
+void TestValuesFile::longNamesAreCut() {
+    const QByteArray name(255, 'n');
+    const QString one = valuesPath(folder.path(), "/a/" + name);
+    QVERIFY(valuesPath(folder.path(), "/b/" + name) != one);
+    QCOMPARE(writeValues(sample(), one), QString());
+    QCOMPARE(readValues(one).state, State::Good);
+}
+
+void TestValuesFile::leavesNothingBesideIt() {
+    const QString place = path("own/deep/a.values");
+    QCOMPARE(writeValues(sample(), place), QString());
+    QCOMPARE(QFileInfo(place).dir().entryList(QDir::NoDotAndDotDot | QDir::AllEntries),
+             QStringList{"a.values"});
+    QVERIFY(QDir().mkpath(path("own/taken/a.values/b")));
+    QVERIFY(!writeValues(sample(), path("own/taken/a.values")).isEmpty());
+    QCOMPARE(QDir(path("own/taken")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries),
+             QStringList{"a.values"});
+}
+
+void TestValuesFile::replacesWhatWasThere() {
+    QCOMPARE(writeValues(sample(), path()), QString());
+    QCOMPARE(writeValues(unreadable(), path()), QString());
+    const ValuesReading reading = readValues(path());
+    QVERIFY(isSame(reading.values, unreadable()));
+}
+
+QTEST_GUILESS_MAIN(TestValuesFile)
+#include "test_valuesfile.moc"
