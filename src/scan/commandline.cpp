@@ -134,10 +134,12 @@ ExportOptions readExport(const QCommandLineParser& parser, OptionValues& values)
     options.encoding.bitrateOutput = values.number("bitrate");
     if (parser.isSet("start-time"))
         options.startDateTime = readStartTime(parser.value("start-time"), values);
-    for (const char* option : {"container", "transcode", "bitrate", "no-audio", "start-time"}) {
+    for (const char* option : {"container", "transcode", "bitrate", "no-audio"}) {
         if (parser.isSet(option) && !parser.isSet("export"))
             values.reject(QStringLiteral("--%1 needs --export").arg(option));
     }
+    if (parser.isSet("start-time") && !parser.isSet("export") && !parser.isSet("report"))
+        values.reject(QStringLiteral("--start-time needs --export or --report"));
     return options;
 }
 
@@ -226,6 +228,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
         options.mergeGap = values.number("merge");
     options.format = readFormat(values);
     options.snapshotDirectory = parser.value("snapshots");
+    options.reportDirectory = parser.value("report");
     options.exporting = readExport(parser, values);
     options.traceFile = parser.value("trace");
     options.jobs = values.integer("jobs");
@@ -234,7 +237,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
         values.reject(QStringLiteral("no video named"));
     if (parser.isSet("null") && !parser.isSet("list"))
         values.reject(QStringLiteral("--null needs --list"));
-    for (const char* option : {"list", "mask", "snapshots", "export", "trace"}) {
+    for (const char* option : {"list", "mask", "snapshots", "report", "export", "trace"}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             values.reject(QStringLiteral("--%1 needs a name").arg(option));
     }

@@ -40,6 +40,8 @@ bool RecordingScan::run() {
     if (merger)
         pass(merger->finish());
     outputs.totals.finish(index);
+    if (outputs.report)
+        outputs.report->finish(index, line.outcome, detection.errorText());
     if (line.outcome == DetectionOutcome::NoUsableTimes)
         outputs.messages.complain(line.video, detection.errorText() + noTimesHint());
     else if (!detection.errorText().isEmpty())
@@ -96,6 +98,8 @@ void RecordingScan::frameProcessed(const FrameReport& frame) {
     line.seconds = frame.time;
     if (outputs.trace)
         outputs.trace->write(index, traceLine(frame));
+    if (outputs.report)
+        outputs.report->addValue(index, frame.time, frame.motion);
     if (merger)
         pass(merger->passBy(frame.earliestStart));
 }
@@ -126,6 +130,8 @@ void RecordingScan::pass(const std::optional<DetectedClip>& clip) {
     if (!options.snapshotDirectory.isEmpty())
         found.snapshotFile = writeSnapshot(*clip);
     exportClip(found);
+    if (outputs.report)
+        showInReport(found);
     report(outputs.format.clip(found));
 }
 
@@ -142,6 +148,14 @@ void RecordingScan::exportClip(ClipLine& found) {
         return;
     isWritten = false;
     outputs.messages.complain(found.exportFile.isEmpty() ? line.video : found.exportFile, failure);
+}
+
+void RecordingScan::showInReport(const ClipLine& found) {
+    const QString failure = outputs.report->addClip(found);
+    if (failure.isEmpty())
+        return;
+    isWritten = isWritten && found.clip.snapshot.isNull();
+    outputs.messages.complain(line.video, failure);
 }
 
 void RecordingScan::report(const QByteArray& lines) {

@@ -6,6 +6,7 @@
 #include "messages.h"
 #include "orderedoutput.h"
 #include "scanoptions.h"
+#include "scanreport.h"
 #include "snapshotfolder.h"
 #include "totals.h"
 
@@ -18,6 +19,7 @@ struct ScanOutputs {
     OrderedOutput* trace; ///< null: none wanted
     const SnapshotFolder& snapshots;
     std::vector<ClipExport>& exports; ///< one per recording
+    ScanReport* report;               ///< null: none wanted
     Messages& messages;
     Totals& totals;
 };
@@ -45,6 +47,7 @@ private:
     void complainOfRefusal();
     void pass(const std::optional<DetectedClip>& clip);
     void exportClip(ClipLine& found);
+    void showInReport(const ClipLine& found);
     void report(const QByteArray& lines);
     QString writeSnapshot(const DetectedClip& clip);
 
