@@ -43,7 +43,7 @@ class Browser:
         self.session = None
         target = self.call("Target.createTarget", url="about:blank")["targetId"]
         self.session = self.call("Target.attachToTarget", targetId=target, flatten=True)["sessionId"]
-        for domain in ("Page", "Runtime", "Network", "Log"):
+        for domain in ("Page", "Runtime", "Network", "Log", "Performance"):
             self.call(f"{domain}.enable")
 
     def __enter__(self):
@@ -137,8 +137,9 @@ class Browser:
         self.call("Input.dispatchTouchEvent", type=kind, touchPoints=[{"x": x, "y": y} for x, y in points])
         self.settle()
 
-    def screenshot(self, path):
-        self.settle()
+    def screenshot(self, path, has_script=True):
+        if has_script:
+            self.settle()
         shot = self.call("Page.captureScreenshot", format="png")
         pathlib.Path(path).write_bytes(base64.b64decode(shot["data"]))
 

@@ -74,6 +74,7 @@ function sortBy(order) {
   for (const clip of shown)
     (isRanked ? list : clip.home).append(clip.figure);
   ranked.hidden = !isRanked;
+  scrollTo(0, 0);
 }
 
 at("order").addEventListener("change", (event) => sortBy(event.target.value));

@@ -79,7 +79,7 @@ QByteArray figure(const MotionReport& report, const ReportedRecording& recording
 /// The folder is less telling than the name in it.
 QByteArray heading(const QString& name) {
     const int fileName = name.lastIndexOf('/') + 1;
-    return "<span class=\"folder\">" + htmlText(name.left(fileName)) + "</span>" +
+    return "<span class=\"folder\">" + htmlText(name.left(fileName)) + "</span><wbr>" +
            htmlText(name.mid(fileName));
 }
 
