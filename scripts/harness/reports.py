@@ -299,7 +299,7 @@ def check_looks(browser, folder):
 
 
 def picture_for_readme(browser, folder):
-    browser.size(1100, 800)
+    browser.size(1100, 840)
     browser.open(folder / "index.html")
     loaded(browser)
     browser.screenshot(PICTURES / "readme.png")
