@@ -22,6 +22,7 @@ void TestTimeAxis::marksAreRound_data() {
     QTest::addColumn<QStringList>("labels");
     QTest::newRow("nothing") << 0.0 << QStringList();
     QTest::newRow("no number") << std::nan("") << QStringList();
+    QTest::newRow("absurd") << 1e300 << QStringList();
     QTest::newRow("seconds") << 4.5
                              << QStringList{"0:00:00", "0:00:01", "0:00:02", "0:00:03", "0:00:04"};
     QTest::newRow("minutes") << 700.0 << QStringList{"0:00:00", "0:02:00", "0:04:00",

@@ -10,6 +10,7 @@
 namespace {
 
 constexpr int mostSteps = 8;
+constexpr double longest = 1e12; ///< seconds that no recording has
 constexpr qint64 day = 86400;
 constexpr std::array<qint64, 19> roundSteps = {1,     2,     5,     10,  15,     30,   60,
                                                120,   300,   600,   900, 1800,   3600, 7200,
@@ -47,10 +48,12 @@ QString twoDigits(qint64 number) {
 
 QVector<TimeMark> timeMarks(double seconds, const QDateTime& startTime) {
     QVector<TimeMark> marks;
-    if (!(seconds > 0.0) || !std::isfinite(seconds))
+    if (!(seconds > 0.0 && seconds < longest))
         return marks;
     const qint64 step = stepFor(seconds);
-    for (double at = firstMark(startTime, step); at <= seconds; at += double(step)) {
+    const double first = firstMark(startTime, step);
+    for (int i = 0; first + double(i * step) <= seconds; ++i) {
+        const double at = first + double(i * step);
         const QDateTime time = startTime.addMSecs(std::llround(at * 1000.0));
         marks.append({at, startTime.isValid() ? clockLabel(time, step) : elapsedText(at)});
     }

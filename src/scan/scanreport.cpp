@@ -98,7 +98,7 @@ QString ScanReport::write() const {
     });
     if (!isWritten)
         return file.errorString();
-    const QString failure = syncToDisk(file);
+    QString failure = syncToDisk(file);
     if (!failure.isEmpty())
         return failure;
     return file.commit() ? QString() : file.errorString();
