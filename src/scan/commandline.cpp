@@ -136,10 +136,12 @@ ExportOptions readExport(const QCommandLineParser& parser, OptionValues& values)
     options.encoding.bitrateOutput = values.number("bitrate");
     if (parser.isSet("start-time"))
         options.startDateTime = readStartTime(parser.value("start-time"), values);
-    for (const char* option : {"container", "transcode", "bitrate", "no-audio", "start-time"}) {
+    for (const char* option : {"container", "transcode", "bitrate", "no-audio"}) {
         if (parser.isSet(option) && !parser.isSet("export"))
             values.reject(QStringLiteral("--%1 needs --export").arg(option));
     }
+    if (parser.isSet("start-time") && !parser.isSet("export") && !parser.isSet("report"))
+        values.reject(QStringLiteral("--start-time needs --export or --report"));
     return options;
 }
 
@@ -252,6 +254,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
         options.mergeGap = values.number("merge");
     options.format = readFormat(values);
     options.snapshotDirectory = parser.value("snapshots");
+    options.reportDirectory = parser.value("report");
     options.exporting = readExport(parser, values);
     options.traceFile = parser.value("trace");
     options.valuesDirectory = parser.value("values");
@@ -265,7 +268,8 @@ CommandLine parseCommandLine(const QStringList& arguments) {
         values.reject(QStringLiteral("no video named"));
     if (parser.isSet("null") && !parser.isSet("list"))
         values.reject(QStringLiteral("--null needs --list"));
-    for (const char* option : {"list", "mask", "snapshots", "export", "trace", "values"}) {
+    for (const char* option :
+         {"list", "mask", "snapshots", "report", "export", "trace", "values"}) {
         if (parser.isSet(option) && parser.value(option).isEmpty())
             values.reject(QStringLiteral("--%1 needs a name").arg(option));
     }

@@ -62,6 +62,8 @@ bool RecordingScan::run() {
     if (merger)
         pass(merger->finish());
     outputs.totals.finish(index);
+    if (outputs.report)
+        outputs.report->finish(index, line.outcome, error);
     if (line.outcome == DetectionOutcome::NoUsableTimes)
         error += noTimesHint(line.isQuick);
     if (!error.isEmpty())
@@ -140,7 +142,7 @@ void RecordingScan::makeFinder(const KeptValues& values) {
 }
 
 ClipPicturePointer RecordingScan::clipPicture(int picture) {
-    if (options.snapshotDirectory.isEmpty())
+    if (options.snapshotDirectory.isEmpty() && !outputs.report)
         return noPicture;
     return std::make_shared<LatePicture>(*finder, picture);
 }
@@ -180,6 +182,8 @@ void RecordingScan::frameProcessed(const FrameReport& frame) {
     line.seconds = frame.time;
     if (outputs.trace)
         outputs.trace->write(index, traceLine(frame));
+    if (outputs.report)
+        outputs.report->addValue(index, frame.time, frame.motion);
     if (merger)
         pass(merger->passBy(frame.earliestStart));
 }
@@ -211,6 +215,8 @@ void RecordingScan::pass(const std::optional<DetectedClip>& clip) {
     if (!options.snapshotDirectory.isEmpty())
         found.snapshotFile = writeSnapshot(*clip);
     exportClip(found);
+    if (outputs.report)
+        showInReport(found);
     report(outputs.format.clip(found));
 }
 
@@ -227,6 +233,18 @@ void RecordingScan::exportClip(ClipLine& found) {
         return;
     isWritten = false;
     outputs.messages.complain(found.exportFile.isEmpty() ? line.video : found.exportFile, failure);
+}
+
+void RecordingScan::showInReport(const ClipLine& found) {
+    const QString failure = outputs.report->addClip(found);
+    if (failure.isEmpty())
+        return;
+    if (!found.clip.snapshot.isNull()) {
+        isWritten = false;
+        outputs.messages.complain(line.video, failure);
+    } else if (options.snapshotDirectory.isEmpty()) { // else it has been said
+        outputs.messages.complain(line.video, missingPicture());
+    }
 }
 
 void RecordingScan::report(const QByteArray& lines) {

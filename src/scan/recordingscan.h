@@ -7,6 +7,7 @@
 #include "orderedoutput.h"
 #include "picturefinder.h"
 #include "scanoptions.h"
+#include "scanreport.h"
 #include "snapshotfolder.h"
 #include "totals.h"
 #include "valuesstore.h"
@@ -21,6 +22,7 @@ struct ScanOutputs {
     OrderedOutput* trace; ///< null: none wanted
     const SnapshotFolder& snapshots;
     std::vector<ClipExport>& exports; ///< one per recording
+    ScanReport* report;               ///< null: none wanted
     Messages& messages;
     Totals& totals;
     const ValuesStore& values;
@@ -55,6 +57,7 @@ private:
     void makeFinder(const KeptValues& values);
     ClipPicturePointer clipPicture(int picture);
     void exportClip(ClipLine& found);
+    void showInReport(const ClipLine& found);
     void report(const QByteArray& lines);
     QString writeSnapshot(const DetectedClip& clip);
     QString missingPicture();

@@ -76,7 +76,10 @@ void writeFooter(ClipFormat& format, OrderedOutput& clips, int recordings) {
 }
 
 bool prepareFolders(const ScanOptions& options, Messages& messages) {
-    for (const QString& folder : {options.snapshotDirectory, options.exporting.directory}) {
+    QStringList folders = {options.snapshotDirectory, options.exporting.directory};
+    if (!options.reportDirectory.isEmpty())
+        folders << options.reportDirectory << ScanReport::pictureFolder(options.reportDirectory);
+    for (const QString& folder : folders) {
         const QString failure = folder.isEmpty() ? QString() : prepareFolder(folder);
         if (failure.isEmpty())
             continue;
@@ -84,6 +87,15 @@ bool prepareFolders(const ScanOptions& options, Messages& messages) {
         return false;
     }
     return true;
+}
+
+/// Writes the report if one is wanted.
+bool writeReport(const std::optional<ScanReport>& report, Messages& messages) {
+    const QString failure = report ? report->write() : QString();
+    if (failure.isEmpty())
+        return true;
+    messages.complain(report->pageFile(), QStringLiteral("cannot write the report: ") + failure);
+    return false;
 }
 
 /// Opens the trace if one is wanted.
@@ -127,10 +139,13 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
     for (int i = 0; i < recordings; ++i)
         exports.emplace_back(options.videos[i], options.exporting, folders, i);
     Totals totals(options.videos);
+    std::optional<ScanReport> report;
+    if (!options.reportDirectory.isEmpty())
+        report.emplace(options);
     const ValuesStore values(options, messages);
     ScanOutputs outputs{*format,   clips,   traceFile.isOpen() ? &trace : nullptr,
-                        snapshots, exports, messages,
-                        totals,    values};
+                        snapshots, exports, report ? &*report : nullptr,
+                        messages,  totals,  values};
     clips.write(0, format->header());
     const bool isFound = complain(options.complaints, messages);
     const bool isGood = scanAll(options, outputs) && isFound;
@@ -139,7 +154,8 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
     const QString syncFailure = traceFile.isOpen() && isWritten ? syncToDisk(traceFile) : QString();
     if (!syncFailure.isEmpty())
         traceFailed(syncFailure);
+    const bool isReported = writeReport(report, messages);
     if (isInterrupted())
         return Interrupted;
-    return isGood && isWritten ? AllDone : SomeFailed;
+    return isGood && isWritten && isReported ? AllDone : SomeFailed;
 }

@@ -34,6 +34,7 @@ struct ScanOptions {
     std::optional<double> mergeGap; ///< seconds between clips that become one; empty: none do
     ReportFormat format = ReportFormat::Text;
     QString snapshotDirectory; ///< empty: no snapshots
+    QString reportDirectory;   ///< empty: no report
     ExportOptions exporting;
     QString traceFile;               ///< empty: no trace
     QString valuesDirectory;         ///< empty: no motion values are kept

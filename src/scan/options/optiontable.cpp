@@ -125,6 +125,9 @@ QVector<ScanOption> makeOptions() {
              "How clips are printed; from m3u on, for other programs"),
         valued(G::Output, "snapshots", K::Folder, "DIR",
                "Write a picture of each clip's strongest motion into this folder", "none"),
+        valued(G::Output, "report", K::Folder, "DIR",
+               "Write a page into this folder that shows the motion over time and every clip",
+               "none"),
         valued(G::Output, "trace", K::File, "FILE",
                "Write each picture's number, time and motion value, for choosing the thresholds",
                "none"),
@@ -153,11 +156,10 @@ QVector<ScanOption> makeOptions() {
                  toggle(G::Export, "no-audio", "Leave the sound out of exported clips", "kept")),
         inWindow(
             "Export with timestamps, Video file start time",
-            valued(
-                G::Export, "start-time", K::Text, "TIME",
-                "Write date and time into exported pictures; each video began at this one, in ISO "
-                "8601",
-                "none")),
+            valued(G::Export, "start-time", K::Text, "TIME",
+                   "Write date and time into exported pictures and the report; each video began at "
+                   "this one, in ISO 8601",
+                   "none")),
 
         number(G::Running, "threads", "N", {0, 256, true}, 0,
                "Threads that decode a recording; 0 is one per core, shared among --jobs"),

@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// `text` as UTF-8 between tags or in a quoted attribute, in which nothing of it is markup. Control
+/// characters and bytes that are no text (see installFileNameCodec) become "\n", "\t" or the "\xff"
+/// of their bytes.
+QByteArray htmlText(const QString& text);
+
+/// The reference to a file: relative to `folder`, if it lies in there, or a "file:" URL. Both paths
+/// are absolute; its bytes are those of QFile::encodeName, encoded where they are not plain.
+QByteArray fileReference(const QString& path, const QString& folder);
+
+/// One word of a POSIX shell, or of one that knows $'...' for a name with bytes that are no plain
+/// text.
+QString shellWord(const QString& text);

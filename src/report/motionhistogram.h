@@ -1,0 +1,31 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QVector>
+
+/// The thresholds that a person may choose from, ascending: 0 to 10, the range of the option, in
+/// steps that grow with the threshold.
+const QVector<double>& thresholdSteps();
+
+/// How much of a recording's time lies at or above each of thresholdSteps(). Takes the same memory
+/// for every length.
+class MotionHistogram {
+public:
+    /// A value measured between two pictures, at `time`, that of the newer one, in seconds from the
+    /// first picture. It counts for the time since the last one; none where times run backwards.
+    void add(double time, float value);
+
+    /// Adds the times of another recording.
+    void add(const MotionHistogram& other);
+
+    /// Seconds for each of thresholdSteps() with values from this one to below the next; values
+    /// above the last step count there. Empty if nothing was added.
+    const QVector<double>& seconds() const { return bins; }
+
+private:
+    double last = 0.0; ///< the newest time so far
+    QVector<double> bins;
+};

@@ -1,0 +1,19 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "motionreport.h"
+
+#include <algorithm>
+
+void ReportedRecording::add(double time, float motion) {
+    seconds = time;
+    strip.add(time, motion);
+    histogram.add(time, motion);
+}
+
+bool MotionReport::isComplete() const {
+    return std::all_of(recordings.cbegin(), recordings.cend(), [](const ReportedRecording& one) {
+        return one.state == SearchState::Done || one.state == SearchState::Failed;
+    });
+}

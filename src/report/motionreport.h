@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "motionhistogram.h"
+#include "motionstrip.h"
+
+#include <QDateTime>
+#include <QSize>
+#include <QString>
+#include <QVector>
+
+#include <vector>
+
+/// A clip as the report shows it. Times in seconds from the recording's first picture.
+struct ReportedClip {
+    int index = 0; ///< 0 for the first clip of its recording
+    double start = 0.0;
+    double end = 0.0;
+    double snapshotTime = 0.0;
+    float strength = 0.0F; ///< its strongest motion value
+    QString pictureFile;   ///< in the report's folder, with `/` between; empty: none
+    QSize pictureSize;     ///< pixels
+    QString exportFile;    ///< absolute; empty: not exported
+};
+
+/// How the search of a recording went.
+enum class SearchState {
+    NotBegun, ///< the scan ended before
+    CutShort, ///< the scan ended in the middle of it
+    Failed,   ///< it cannot be read, or not to its end
+    Done
+};
+
+/// A recording as the report shows it. Its memory does not grow with its length.
+struct ReportedRecording {
+    QString name;        ///< as it was named
+    QString path;        ///< absolute
+    double offset = 0.0; ///< seconds from the file's beginning to its first picture
+    double seconds = 0.0;
+    SearchState state = SearchState::NotBegun;
+    QString reason; ///< of a failure, for a person
+    MotionStrip strip;
+    MotionHistogram histogram;
+    QVector<ReportedClip> clips;
+
+    void add(double time, float motion); ///< what was measured at a picture (MotionStrip::add)
+};
+
+/// Everything that a report shows.
+struct MotionReport {
+    QString folder; ///< absolute; files in it are named from there
+    double threshold = 0.5;
+    QDateTime startTime; ///< of each first picture; invalid: not known
+    std::vector<ReportedRecording> recordings;
+
+    bool isComplete() const; ///< every recording was searched as far as it could be read
+};

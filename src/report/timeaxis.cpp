@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "timeaxis.h"
+
+#include <array>
+#include <cmath>
+
+namespace {
+
+constexpr int mostSteps = 8;
+constexpr double longest = 1e12; ///< seconds that no recording has
+constexpr qint64 day = 86400;
+constexpr std::array<qint64, 19> roundSteps = {1,     2,     5,     10,  15,     30,   60,
+                                               120,   300,   600,   900, 1800,   3600, 7200,
+                                               10800, 21600, 43200, day, 7 * day};
+
+/// The shortest round step that fits the length at most `mostSteps` times.
+qint64 stepFor(double seconds) {
+    for (const qint64 step : roundSteps) {
+        if (seconds / double(step) <= mostSteps)
+            return step;
+    }
+    return qint64(std::ceil(seconds / mostSteps / double(day))) * day;
+}
+
+QString clockLabel(const QDateTime& time, qint64 step) {
+    if (time.time() == QTime(0, 0))
+        return time.toString(QStringLiteral("yyyy-MM-dd"));
+    return time.toString(step < 60 ? QStringLiteral("HH:mm:ss") : QStringLiteral("HH:mm"));
+}
+
+/// Seconds from the first picture to the first round time that lies not before it.
+double firstMark(const QDateTime& startTime, qint64 step) {
+    if (!startTime.isValid())
+        return 0.0;
+    const qint64 round = step * 1000;
+    const qint64 past = (startTime.toMSecsSinceEpoch() % round + round) % round;
+    return past == 0 ? 0.0 : double(round - past) / 1000.0;
+}
+
+QString twoDigits(qint64 number) {
+    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
+}
+
+} // namespace
+
+QVector<TimeMark> timeMarks(double seconds, const QDateTime& startTime) {
+    QVector<TimeMark> marks;
+    if (!(seconds > 0.0 && seconds < longest))
+        return marks;
+    const qint64 step = stepFor(seconds);
+    const double first = firstMark(startTime, step);
+    for (int i = 0; first + double(i * step) <= seconds; ++i) {
+        const double at = first + double(i * step);
+        const QDateTime time = startTime.addMSecs(std::llround(at * 1000.0));
+        marks.append({at, startTime.isValid() ? clockLabel(time, step) : elapsedText(at)});
+    }
+    return marks;
+}
+
+QString elapsedText(double seconds) {
+    const qint64 whole = qint64(std::floor(std::abs(seconds)));
+    const QString sign = seconds <= -1.0 ? QStringLiteral("-") : QString();
+    return sign + QString::number(whole / 3600) + ':' + twoDigits(whole / 60 % 60) + ':' +
+           twoDigits(whole % 60);
+}

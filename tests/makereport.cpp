@@ -1,0 +1,123 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// Writes a report of recordings that were never made: makereport FOLDER CLIPS. For
+// scripts/test-report.
+//
+// The clips are spread over nights of eight hours, each with 500 at the most, and their strengths
+// grow from 1 in the order of a shuffle, so that each is there once.
+
+#include "filenamecodec.h"
+#include "folder.h"
+#include "scanreport.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QPainter>
+
+#include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <random>
+
+namespace {
+
+constexpr double nightSeconds = 8 * 3600.0;
+constexpr double picturesPerSecond = 5.0;
+constexpr int mostClips = 500; ///< of a night
+
+/// From 1 on, in steps so that the last one is about 9.
+std::vector<float> shuffledStrengths(int count) {
+    std::vector<float> strengths(std::size_t(count), 1.0F);
+    for (int i = 0; i < count; ++i)
+        strengths[std::size_t(i)] += 8.0F * float(i) / float(count);
+    std::shuffle(strengths.begin(), strengths.end(), std::mt19937(1));
+    return strengths;
+}
+
+QImage picture(int number) {
+    QImage image(320, 180, QImage::Format_RGB32);
+    image.fill(QColor::fromHsv(number * 37 % 360, 90, 150));
+    QPainter painter(&image);
+    painter.fillRect(number * 13 % 280, 40 + number * 7 % 100, 40, 30, Qt::white);
+    return image;
+}
+
+/// Clips of `count` times in a night, evenly spread; the first begins a step into it.
+class Night {
+public:
+    Night(ScanReport& report, int recording, const QString& video)
+        : report(report)
+        , recording(recording)
+        , video(video) {}
+
+    void tell(const std::vector<float>& strengths) {
+        const double step = nightSeconds / double(strengths.size() + 1);
+        for (int i = 0; i < int(nightSeconds * picturesPerSecond); ++i) {
+            const double time = i / picturesPerSecond;
+            const int clip = int(time / step) - 1;
+            const bool isMoving = clip >= 0 && std::fmod(time, step) < lengthOf(clip);
+            const float noise = 0.1F + 0.05F * float(std::sin(time * 3.0));
+            report.addValue(recording, time, isMoving ? strengths[std::size_t(clip)] : noise);
+        }
+        for (int i = 0; i < int(strengths.size()); ++i)
+            add(i, step * (i + 1), strengths[std::size_t(i)]);
+        report.finish(recording, DetectionOutcome::Finished, {});
+    }
+
+private:
+    static double lengthOf(int clip) { return 5.0 + clip % 30; }
+
+    void add(int index, double start, float strength) {
+        ClipLine line;
+        line.video = video;
+        line.recording = recording;
+        line.clip = {index,       picture(recording * mostClips + index),
+                     start,       start + lengthOf(index),
+                     start + 2.0, strength};
+        const QString failure = report.addClip(line);
+        if (!failure.isEmpty())
+            std::fprintf(stderr, "%s\n", qPrintable(failure));
+    }
+
+    ScanReport& report;
+    int recording;
+    QString video;
+};
+
+ScanOptions optionsFor(const QString& folder, int nights) {
+    ScanOptions options;
+    options.reportDirectory = folder;
+    for (int i = 0; i < nights; ++i)
+        options.videos += QStringLiteral("camera %1/<b>night &\"day\".mp4").arg(i);
+    options.videos += QStringLiteral("camera/quiet.mp4");
+    options.videos += QFile::decodeName("camera/unread\xff</script>.mp4");
+    return options;
+}
+
+} // namespace
+
+int main(int argc, char* argv[]) {
+    installFileNameCodec();
+    const QCoreApplication application(argc, argv);
+    if (argc != 3)
+        return 2;
+    const int clips = QByteArray(argv[2]).toInt();
+    const int nights = (clips + mostClips - 1) / mostClips;
+    const ScanOptions options = optionsFor(QString::fromLocal8Bit(argv[1]), nights);
+    if (!prepareFolder(ScanReport::pictureFolder(options.reportDirectory)).isEmpty())
+        return 1;
+    ScanReport report(options);
+    const std::vector<float> strengths = shuffledStrengths(clips);
+    for (int i = 0; i < nights; ++i) {
+        const auto first = strengths.begin() + std::ptrdiff_t(i) * mostClips;
+        const auto end = strengths.begin() + std::min(clips, (i + 1) * mostClips);
+        Night(report, i, options.videos[i]).tell(std::vector<float>(first, end));
+    }
+    report.addValue(nights, 60.0, 0.2F);
+    report.finish(nights, DetectionOutcome::Finished, {});
+    report.finish(nights + 1, DetectionOutcome::CannotOpen,
+                  QStringLiteral("no recording <at all>"));
+    return report.write().isEmpty() ? 0 : 1;
+}

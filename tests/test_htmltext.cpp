@@ -1,0 +1,68 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "filenamecodec.h"
+#include "htmltext.h"
+
+#include <QFile>
+#include <QProcess>
+#include <QtTest>
+
+class TestHtmlText : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { installFileNameCodec(); }
+    void namesAreText_data();
+    void namesAreText();
+    void shellWordsComeBack_data();
+    void shellWordsComeBack();
+    void referencesAreEncoded();
+};
+
+void TestHtmlText::namesAreText_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("text");
+    QTest::newRow("markup") << "<b>&\"'" << QByteArray("&lt;b&gt;&amp;&quot;&#39;");
+    QTest::newRow("control") << "a\nb\tc\x1b" << QByteArray("a\\nb\\tc\\x1b");
+    QTest::newRow("no UTF-8") << QFile::decodeName("a\xff\xc3") << QByteArray("a\\xff\\xc3");
+    QTest::newRow("beyond 16 bits")
+        << QString::fromUtf8("\xf0\x9f\x8e\xa5") << QByteArray("\xf0\x9f\x8e\xa5");
+    QTest::newRow("line separator") << QString(QChar(0x2028)) << QByteArray("\\xe2\\x80\\xa8");
+}
+
+void TestHtmlText::namesAreText() {
+    QFETCH(QString, name);
+    QTEST(htmlText(name), "text");
+}
+
+void TestHtmlText::shellWordsComeBack_data() {
+    QTest::addColumn<QByteArray>("bytes");
+    for (const char* name : {"plain.mp4", "a b", "it's", "$(touch x) `y` \"z\" \\n", "-dash",
+                             "line\nbreak\t's \\x", "no\xffUTF-8 '", "\xf0\x9f\x8e\xa5"})
+        QTest::addRow("%s", QByteArray(name).toPercentEncoding(" ").constData())
+            << QByteArray(name);
+}
+
+void TestHtmlText::shellWordsComeBack() {
+    QFETCH(QByteArray, bytes);
+    const QString command = "printf %s " + shellWord(QFile::decodeName(bytes));
+    QProcess shell;
+    shell.start("bash", {"-c", command});
+    QVERIFY(shell.waitForFinished());
+    QCOMPARE(shell.readAll(), bytes);
+}
+
+void TestHtmlText::referencesAreEncoded() {
+    QCOMPARE(fileReference("/r/pictures/a b#1?.png", "/r"),
+             QByteArray("pictures/a%20b%231%3F.png"));
+    QCOMPARE(fileReference("/r/a:b", "/r"), QByteArray("a%3Ab"));
+    QCOMPARE(fileReference("/rest/x.mp4", "/r"), QByteArray("file:///rest/x.mp4"));
+    QCOMPARE(fileReference("/x", "/"), QByteArray("x"));
+    QCOMPARE(fileReference(QFile::decodeName("/v/\xff\"<.mp4"), "/r"),
+             QByteArray("file:///v/%FF%22%3C.mp4"));
+}
+
+QTEST_GUILESS_MAIN(TestHtmlText)
+#include "test_htmltext.moc"

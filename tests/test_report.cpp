@@ -1,0 +1,236 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The page that shows what was found: its numbers, its text, and what it refers to.
+
+#include "filenamecodec.h"
+#include "htmltext.h"
+#include "reportpage.h"
+#include "stripdrawing.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QXmlStreamReader>
+#include <QtTest>
+
+namespace {
+
+const QString evil = QStringLiteral("</script><script>alert('1')</script>\"&\n.mp4");
+
+QByteArray pageOf(const MotionReport& report) {
+    QByteArray page;
+    ReportPage(report).write([&](const QByteArray& piece) {
+        page += piece;
+        return true;
+    });
+    return page;
+}
+
+ReportedClip clipAt(int index, double start, double end, float strength) {
+    ReportedClip clip;
+    clip.index = index;
+    clip.start = start;
+    clip.end = end;
+    clip.snapshotTime = start;
+    clip.strength = strength;
+    clip.pictureFile = QStringLiteral("pictures/%1.png").arg(index);
+    clip.pictureSize = {320, 180};
+    return clip;
+}
+
+/// An hour in which every value is `motion`, one a second.
+ReportedRecording hourOf(const QString& name, float motion) {
+    ReportedRecording recording;
+    recording.name = name;
+    recording.path = "/videos/" + name;
+    recording.state = SearchState::Done;
+    for (int i = 1; i <= 3600; ++i)
+        recording.add(i, motion);
+    return recording;
+}
+
+MotionReport reportOf(const ReportedRecording& recording) {
+    MotionReport report;
+    report.folder = "/reports/night";
+    report.recordings = {recording};
+    return report;
+}
+
+MotionReport reportWithClip(const QString& name) {
+    ReportedRecording recording = hourOf(name, 0.3F);
+    recording.clips = {clipAt(0, 10.0, 20.5, 2.0F)};
+    return reportOf(recording);
+}
+
+/// What stands behind the first `begin`, up to `end`; empty if it is not there.
+QByteArray between(const QByteArray& text, const QByteArray& begin, const QByteArray& end) {
+    const int start = text.indexOf(begin);
+    if (start < 0)
+        return {};
+    const int first = start + begin.size();
+    return text.mid(first, text.indexOf(end, first) - first);
+}
+
+QJsonObject dataOf(const QByteArray& page) {
+    return QJsonDocument::fromJson(
+               between(page, "<script type=\"application/json\" id=\"data\">", "</script>"))
+        .object();
+}
+
+} // namespace
+
+class TestReport : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { installFileNameCodec(); }
+
+    void pageIsWellFormed();
+    void pageRefersToNoNetwork();
+    void clipsPlayTheirFile();
+    void stripIsDrawnToScale();
+    void dataHasTheHistograms();
+    void othersAreListedAtTheEnd();
+    void incompleteReportsSaySo();
+    void clockIsTold();
+    void writingEndsWhereItFails();
+};
+
+void TestReport::pageIsWellFormed() {
+    // As XML, which is stricter, from the body to the first script.
+    const QByteArray page = pageOf(reportWithClip(evil));
+    QByteArray body = "<main" + between(page, "<main", "</main>") + "</main>";
+    for (const char* tag : {"img", "input", "wbr"}) {
+        const QRegularExpression open("(<" + QString(tag) + "\\b[^>]*)>");
+        body = QString::fromUtf8(body).replace(open, "\\1/>").toUtf8();
+    }
+    body.replace("<section id=\"ranked\" aria-labelledby=\"rankedname\" hidden>", "<section>");
+    QXmlStreamReader reader(body);
+    QString text;
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::Characters)
+            text += reader.text();
+        QVERIFY(reader.name() != "script");
+    }
+    QVERIFY2(!reader.hasError(), qPrintable(reader.errorString()));
+    QVERIFY(text.contains(QString(evil).replace("\n", "\\n").section('/', -1)));
+    QCOMPARE(page.count("<script"), 2);
+    QCOMPARE(page.count("</script>"), 2);
+    QVERIFY(!page.contains("{{"));
+}
+
+void TestReport::pageRefersToNoNetwork() {
+    const QByteArray page = pageOf(reportWithClip("garden.mp4"));
+    QVERIFY(!page.contains("http:"));
+    QVERIFY(!page.contains("https:"));
+    QVERIFY(!page.contains("url("));
+    QVERIFY(page.contains("content=\"default-src 'none';"));
+    const QRegularExpression reference("(?:src|href)=\"([^\"]*)\"");
+    auto references = reference.globalMatch(QString::fromUtf8(page));
+    QStringList found;
+    while (references.hasNext())
+        found.append(references.next().captured(1));
+    QCOMPARE(found, QStringList({"#recordings", "file:///videos/garden.mp4#t=10.000,20.500",
+                                 "pictures/0.png"}));
+}
+
+void TestReport::clipsPlayTheirFile() {
+    MotionReport report = reportWithClip("a 'b'.mp4");
+    report.recordings[0].offset = 1.5;
+    report.recordings[0].clips[0].start = -2.0; // it begins with the file
+    QByteArray page = pageOf(report);
+    QVERIFY(page.contains("href=\"file:///videos/a%20%27b%27.mp4#t=0.000,22.000\""));
+    QCOMPARE(between(page, "data-command=\"", "\""),
+             htmlText("mpv --start=0.000 --end=22.000 -- '/videos/a '\\''b'\\''.mp4'"));
+    report.recordings[0].clips[0].exportFile = "/reports/night/clips/0.avi";
+    page = pageOf(report);
+    QVERIFY(page.contains("href=\"clips/0.avi\""));
+    QCOMPARE(between(page, "data-command=\"", "\""),
+             htmlText("mpv -- '/reports/night/clips/0.avi'"));
+}
+
+void TestReport::stripIsDrawnToScale() {
+    MotionReport report = reportWithClip("garden.mp4");
+    report.recordings[0].add(3601.0, 2.0F);
+    const double top = stripTop(report);
+    QCOMPARE(top, 2.0);
+    QCOMPARE(stripHeight(0.5, top), 0.5); // of square roots
+    QCOMPARE(stripHeight(99.0, top), 1.0);
+    const QByteArray drawing = stripDrawing(report.recordings[0], report, top);
+    // An hour takes 1800 columns of 2 s and one more; 0.3 of 2 lies at 1 - sqrt(0.15) from the top.
+    QCOMPARE(report.recordings[0].strip.columnSeconds(), 2.0);
+    QVERIFY(drawing.contains("d=\"M0 1000V613H1800V0H1801V1000Z\""));
+    QVERIFY(drawing.contains("d=\"M5.00 0V1000H10.25V0Z\"")); // 10 to 20.5 s
+    QVERIFY(drawing.contains("y1=\"48.00\" y2=\"48.00\""));   // the threshold, half of 96 pixels
+    report.recordings[0].add(3602.0, 99.0F);
+    QCOMPARE(stripTop(report), 10.0);
+    report.threshold = 0.0;
+    QVERIFY(stripTop(reportOf(ReportedRecording())) > 0.0);
+}
+
+void TestReport::dataHasTheHistograms() {
+    const QJsonObject data = dataOf(pageOf(reportWithClip(evil)));
+    QCOMPARE(data["threshold"].toDouble(), 0.5);
+    QCOMPARE(data["steps"].toArray().size(), thresholdSteps().size());
+    const QJsonArray expected = {QJsonArray{140, 3600}}; // 0.3 is step 100 + 0.2 / 0.005
+    QCOMPARE(data["all"].toArray(), expected);
+    QCOMPARE(data["recordings"].toObject()["recording0"].toArray(), expected);
+    QCOMPARE(data["steps"].toArray()[140].toDouble(), 0.3);
+}
+
+void TestReport::othersAreListedAtTheEnd() {
+    MotionReport report = reportWithClip("moving.mp4");
+    report.recordings.push_back(hourOf("quiet.mp4", 0.2F));
+    ReportedRecording failed;
+    failed.name = evil;
+    failed.state = SearchState::Failed;
+    failed.reason = "is <broken>";
+    report.recordings.push_back(failed);
+    const QByteArray page = pageOf(report);
+    QCOMPARE(page.count("class=\"recording\""), 1);
+    const QByteArray quiet = between(page, "<h2 id=\"quiet\">", "</section>");
+    QVERIFY(quiet.contains("<li>quiet.mp4 <span class=\"facts\">1:00:00 long, greatest motion "
+                           "value 0.20</span></li>"));
+    QCOMPARE(quiet.count("<li>"), 1);
+    const QByteArray unread = between(page, "<h2 id=\"failed\">", "</section>");
+    QVERIFY(unread.contains("<li>" + htmlText(evil) + " "));
+    QVERIFY(unread.contains("is &lt;broken&gt;"));
+    QVERIFY(page.indexOf("id=\"failed\"") > page.indexOf("class=\"recording\""));
+    QVERIFY(!page.contains("not complete"));
+    QVERIFY(!page.contains("id=\"unsearched\""));
+}
+
+void TestReport::incompleteReportsSaySo() {
+    MotionReport report = reportWithClip("moving.mp4");
+    report.recordings[0].state = SearchState::CutShort;
+    ReportedRecording next;
+    next.name = "next.mp4";
+    report.recordings.push_back(next);
+    const QByteArray page = pageOf(report);
+    QVERIFY(page.contains("not complete"));
+    const QByteArray unsearched = between(page, "<h2 id=\"unsearched\">", "</section>");
+    QVERIFY(unsearched.contains("moving.mp4 <span class=\"facts\">searched up to 1:00:00"));
+    QVERIFY(unsearched.contains("next.mp4 <span class=\"facts\">not begun"));
+    QVERIFY(!page.contains("id=\"quiet\""));
+}
+
+void TestReport::clockIsTold() {
+    MotionReport report = reportWithClip("moving.mp4");
+    report.startTime = QDateTime(QDate(2026, 11, 16), QTime(23, 59, 55), Qt::UTC);
+    const QByteArray page = pageOf(report);
+    QVERIFY(page.contains("<b>#0</b> 00:00:05 – 00:00:15"));
+    QVERIFY(page.contains("from 2026-11-16 23:59:55"));
+    QVERIFY(page.contains(">2026-11-17</text>"));
+}
+
+void TestReport::writingEndsWhereItFails() {
+    int pieces = 0;
+    const MotionReport report = reportWithClip("moving.mp4");
+    ReportPage(report).write([&](const QByteArray&) { return ++pieces < 2; });
+    QCOMPARE(pieces, 2);
+}
+
+QTEST_GUILESS_MAIN(TestReport)
+#include "test_report.moc"
