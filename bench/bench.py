@@ -1,4 +1,9 @@
 #!/usr/bin/env python3
+
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Times kestrova-scan as a whole process against decoding alone with the encoder program.
 
 Every comparison runs its two commands in turn and quotes the median of the pairwise ratios, so that

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # Single modules of OpenCV, each from a development package of its own. OpenCV's own config file names
 # all modules and is only there with all of them: three hundred packages more.
 #

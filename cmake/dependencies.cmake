@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR})
 
 find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets)

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # The program directory: what the programs expect beside themselves, in the build tree's bin/ and
 # where an installation puts it. Both are filled from here, so that they cannot drift apart.
 set(KESTROVA_PROGRAM_DIR

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 set(KESTROVA_SANITIZE
     ""
     CACHE STRING "Sanitizers to build with, comma separated, as -fsanitize takes them")

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # The one set of warnings; every target of ours links it.
 option(KESTROVA_WERROR "Treat warnings as errors" OFF)
 

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # shellcheck shell=bash
 # Bare Debian systems in folders, for what must be tried on a machine that has nothing yet; sourced
 # behind common.sh, never run. They are kept between runs in KESTROVA_CACHE, or ~/.cache/kestrova.

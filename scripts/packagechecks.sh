@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # shellcheck shell=bash
 # The checks of scripts/package; sourced, never run. Of its variables they use the folder of what was
 # built, the packages' version, the bare system and a folder to work in.

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // A run of the program that is quit in its worst moment: a detection runs, an encoder runs, ten
 // clips wait for their export. Usage: quitdriver RECORDING EXPORT_FOLDER
 //

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Every format that the encoder can write gives the pictures and times that the media libraries
 // give when they open the file themselves, by its name.
 

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The scanner's export where something goes wrong: what it says, how it ends, and what is left.
 
 #include "clipprobe.h"

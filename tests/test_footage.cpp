@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The scanner on whole recordings: its clips are those that an independent reference found.
 
 #include "files.h"

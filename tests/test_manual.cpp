@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The manual as it lies beside the program, and what it says of the scanner.
 
 #include "files.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The scanner where the system has no more threads to give: slower, and nothing else.
 
 #include "faults.h"

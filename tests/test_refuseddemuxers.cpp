@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What is refused, and that of what is read no other file is opened than the one that was named.
 
 #include "refuseddemuxers.h"

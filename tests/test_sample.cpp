@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The recording that a newcomer tries first: what scripts/run and the README promise of it.
 
 #include "files.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The scanner where pictures are huge or memory is short: all of a recording, or a clear word.
 
 #include "files.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Decoding on several threads gives what decoding on one gives: pictures, times, their number.
 
 #include "decoderthreads.h"

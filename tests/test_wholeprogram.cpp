@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // The whole job in the window, as a person does it, with both encoders.
 
 #include "clipprobe.h"

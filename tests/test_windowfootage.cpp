@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Whole recordings through the window: the clips that are expected, each exported.
 
 #include "clipprobe.h"

@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // What only an X server with a window manager can show. Run by scripts/test-x11, on a high screen
 // and on a low one.
 

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # shellcheck shell=sh
 # A recording for the tests; sourced by them. Grey, 12 s long; from second 5 to second 9 all of it moves.
 

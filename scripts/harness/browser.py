@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """A headless Chromium, spoken to through a pipe of its own: pages, keys, pointer, pictures."""
 
 import base64

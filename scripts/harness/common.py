@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """What the scripts share: where things lie, how a program is run and watched, tables."""
 
 import contextlib

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Damages containers where it hurts: lengths, kinds, counts, times, and the order of their parts."""
 
 import struct

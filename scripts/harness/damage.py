@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Damages a recording: bytes without regard to what they mean, its container, its pictures."""
 
 import struct

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Files that are no recordings but name some, or that a library would draw as text.
 
 Each holds the name of a recording that is really there. Nobody has asked for that recording: no

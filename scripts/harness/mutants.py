@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Makes damaged recordings by number and puts them through the scanner and the windows.
 
 The same seed and number give the same file. What goes wrong with a file is told, and the file kept.

@@ -1,4 +1,9 @@
 #!/usr/bin/env bash
+
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # night.sh FOLDER: puts the recordings of a quiet night into a folder, made from those of the tests:
 # somebody passes through the garden now and then, and nobody through the street.
 set -euo pipefail

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """What a report's page must be, whoever looks at it: right, readable, and told to who cannot see it."""
 
 import subprocess

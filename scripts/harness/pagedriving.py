@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """What a person does with a report's page: goes from clip to clip, sorts, plays, drags."""
 
 import json

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Opens reports in a headless browser and does with them what a person would: keys, pointer, sizes."""
 
 import pathlib

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """What becomes of many queued clips when something is wrong with the encoder, the disk, the program."""
 
 import os

@@ -1,3 +1,7 @@
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 # The window's texts in other languages: translations/*.ts, made up to date by scripts/translations, are
 # compiled and built into the program. KESTROVA_TRANSLATIONS names the source file that holds them.
 get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)

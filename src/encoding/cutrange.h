@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 #pragma once
 
 /// Whether the encoder can cut a clip with these times (seconds from the video's first picture) out

@@ -1,4 +1,9 @@
 #!/usr/bin/env python3
+
+# SPDX-FileCopyrightText: 2026 The Kestrova authors
+#
+# SPDX-License-Identifier: GPL-3.0-or-later
+
 """Finds the clips of recordings slowly and literally; shares only the decoder with the engine.
 
 For every option set of FOLDER/expected/options.json it writes FOLDER/expected/SET.jsonl, or with

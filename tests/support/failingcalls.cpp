@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Preloaded into a program, makes system calls on some files fail, or the start of threads.
 //
 // FAILING_CALL names the call, FAILING_ERROR the number of the error that it gives, FAILING_FILE a

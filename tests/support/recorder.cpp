@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Stands in for the encoder: notes what it was told and ends as it is told.
 //
 // RECORDER_FOLDER names the folder that it works with:

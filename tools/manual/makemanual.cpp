@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Renders the manual: makemanual TEXT PICTURES OUTPUT, with TEXT in HTML and PICTURES a folder. It
 // was made at the time that SOURCE_DATE_EPOCH names, or now.
 

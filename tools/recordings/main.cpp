@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Makes the recordings that the tests are shipped with. Usage: kestrova_recordings FOLDER
 
 #include "camera.h"

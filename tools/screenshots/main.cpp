@@ -1,3 +1,7 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
 // Renders the pictures of docs/images from the real windows, set up as a person would: with the
 // mouse, on a recording made on the spot. Usage: kestrova_screenshots FOLDER
 
