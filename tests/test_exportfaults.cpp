@@ -142,12 +142,15 @@ void TestExportFaults::diskFullAtTheLastByte() {
     const qint64 size = QFileInfo(clipPath(container)).size();
     QVERIFY(probeClip(clipPath(container)).isPlayable);
     QVERIFY(QDir(path("garden_mp4_0")).removeRecursively());
-    // The encoder answers 0, since every packet was written.
+    // The encoder of Debian 12 answers 0, since every packet was written.
     process->setProcessEnvironment(faults::callError("write", ENOSPC, "/0000.", int(size) - 1));
     run({"--container", container, recording});
     QCOMPARE(process->exitCode(), 1);
-    QVERIFY2(errors.contains(": the encoder did not finish the file: Error writing trailer of "),
-             errors.constData());
+    const bool isFlaw =
+        errors.contains(": the encoder did not finish the file: Error writing trailer of ");
+    const bool isFailure = errors.contains(": the encoder failed: ") &&
+                           errors.contains("Error writing trailer: No space left on device");
+    QVERIFY2(isFlaw || isFailure, errors.constData());
     QVERIFY2(errors.endsWith(": No space left on device\n"), errors.constData());
     QVERIFY(!lines[0]["exported"].toBool(true));
 }

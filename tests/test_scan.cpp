@@ -653,7 +653,7 @@ void TestScan::othersGoOnBesideAStalledPipe() {
 }
 
 void TestScan::playlistsAreNamed() {
-    const QString playlist = folder.filePath("live.mp4");
+    const QString playlist = folder.filePath("live.m3u8");
     QVERIFY(writeFile(playlist, "#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:20,\ngarden.mp4\n"));
     const ProcessResult result = scan({"--format", "jsonl", playlist});
     QCOMPARE(result.status, 1);
