@@ -7,71 +7,19 @@
 #include "measuresettings.h"
 #include "optiontable.h"
 #include "optiontext.h"
+#include "optionvalues.h"
 #include "recordings.h"
+#include "regionoptions.h"
 #include "timetext.h"
 
 #include <QCommandLineParser>
 #include <QFile>
-#include <QImageReader>
 
 #include <algorithm>
-#include <array>
-#include <cmath>
 #include <filesystem>
 #include <system_error>
 
 namespace {
-
-/// The message for the first thing that is wrong, if any.
-class OptionValues {
-public:
-    explicit OptionValues(const QCommandLineParser& parser)
-        : parser(parser) {}
-
-    double number(const QString& option) {
-        bool isNumber = false;
-        const double value = parser.value(option).toDouble(&isNumber);
-        check(option, value, isNumber);
-        return value;
-    }
-
-    int integer(const QString& option) {
-        bool isNumber = false;
-        const int value = parser.value(option).toInt(&isNumber);
-        check(option, double(value), isNumber);
-        return value;
-    }
-
-    /// One of the option's words.
-    QString word(const QString& option) {
-        const QStringList& words = scanOption(option).words;
-        QString value = parser.value(option);
-        if (!words.contains(value))
-            reject(QStringLiteral("--%1 takes %2, not '%3'").arg(option, listed(words), value));
-        return value;
-    }
-
-    void reject(const QString& message) {
-        if (error.isEmpty())
-            error = message;
-    }
-
-    QString error;
-
-private:
-    /// Written so that what is no number at all fails, too.
-    void check(const QString& option, double value, bool isNumber) {
-        const NumberRange& range = *scanOption(option).range;
-        if (isNumber && value >= range.lowest && value <= range.highest)
-            return;
-        const QString kind =
-            range.isWhole ? QStringLiteral("a whole number") : QStringLiteral("a number");
-        reject(QStringLiteral("--%1 takes %2 from %3, not '%4'")
-                   .arg(option, kind, range.text(), parser.value(option)));
-    }
-
-    const QCommandLineParser& parser;
-};
 
 void addOptions(QCommandLineParser& parser) {
     parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsLongOptions);
@@ -81,35 +29,6 @@ void addOptions(QCommandLineParser& parser) {
             names.prepend(option.letter);
         parser.addOption({names, option.help, option.value, option.fallback});
     }
-}
-
-/// The rectangle that `text` says; an empty one, and a complaint about `option`, if it says none.
-QRect readRectangle(const char* option, const QString& text, OptionValues& values) {
-    const QStringList parts = text.split(',');
-    std::array<int, 4> numbers{};
-    bool isGood = parts.size() == int(numbers.size());
-    for (int i = 0; isGood && i < parts.size(); ++i)
-        numbers[std::size_t(i)] = parts[i].toInt(&isGood);
-    const auto [x, y, width, height] = numbers;
-    // Far corners must still fit an int.
-    constexpr int farthest = 1 << 30;
-    const bool isNear = std::abs(double(x)) <= farthest && std::abs(double(y)) <= farthest &&
-                        width <= farthest && height <= farthest;
-    if (isGood && isNear && width >= 1 && height >= 1)
-        return {x, y, width, height};
-    values.reject(
-        QStringLiteral("--%1 takes X,Y,WIDTH,HEIGHT in whole pixels, WIDTH and HEIGHT at least 1")
-            .arg(option));
-    return {};
-}
-
-void readMask(const QString& fileName, RegionOfInterest& region, OptionValues& values) {
-    QImageReader reader(fileName);
-    region.kind = RegionOfInterest::Kind::Mask;
-    region.mask = reader.read();
-    if (region.mask.isNull())
-        values.reject(
-            QStringLiteral("cannot read the mask '%1': %2").arg(fileName, reader.errorString()));
 }
 
 ReportFormat readFormat(OptionValues& values) {
@@ -180,21 +99,6 @@ void readRecordings(const QCommandLineParser& parser, ScanOptions& options) {
         addListed(parser.value("list"), parser.isSet("null") ? '\0' : '\n', recordings);
     options.videos = recordings.videos;
     options.complaints = recordings.complaints;
-}
-
-RegionOfInterest readRegion(const QCommandLineParser& parser, OptionValues& values) {
-    RegionOfInterest region;
-    if (parser.isSet("roi") && parser.isSet("mask")) {
-        values.reject(QStringLiteral("--roi and --mask exclude each other"));
-    } else if (parser.isSet("roi")) {
-        region.kind = RegionOfInterest::Kind::Rectangle;
-        region.rectangle = readRectangle("roi", parser.value("roi"), values);
-    } else if (!parser.value("mask").isEmpty()) {
-        readMask(parser.value("mask"), region, values);
-    }
-    for (const QString& rectangle : parser.values("exclude"))
-        region.excluded.append(readRectangle("exclude", rectangle, values));
-    return region;
 }
 
 void readTime(const QCommandLineParser& parser, const char* option, double& seconds,

@@ -232,38 +232,3 @@ QString groupTitle(OptionGroup group) {
     }
     return QStringLiteral("Help");
 }
-
-const QVector<ExitMeaning>& exitMeanings() {
-    static const QVector<ExitMeaning> meanings = {
-        {0, QStringLiteral("every video was read to its end and every clip exported that should "
-                           "be")},
-        {1, QStringLiteral("something could not be read or written; each is named on standard "
-                           "error, and the others are done all the same")},
-        {2, QStringLiteral("the command line is wrong")},
-        {130, QStringLiteral("interrupted; the clip that was open is still printed")},
-    };
-    return meanings;
-}
-
-const QVector<JsonField>& jsonFields() {
-    static const QVector<JsonField> fields = {
-        {"video", "clip", QStringLiteral("the recording, as it was named")},
-        {"index", "clip", QStringLiteral("number of the clip in its recording, from 0")},
-        {"start", "clip", QStringLiteral("seconds from the first picture")},
-        {"end", "clip", QStringLiteral("seconds from the first picture")},
-        {"snapshotTime", "clip",
-         QStringLiteral("seconds from the first picture to the strongest motion")},
-        {"snapshot", "clip", QStringLiteral("file of the picture, or null")},
-        {"file", "clip",
-         QStringLiteral("with --export: where it was exported to, null if that was not tried")},
-        {"exported", "clip", QStringLiteral("with --export: true or false")},
-        {"quick", "clip", QStringLiteral("with --quick: true")},
-        {"video", "end", QStringLiteral("the recording, as it was named")},
-        {"state", "end", QStringLiteral("finished, failed or cancelled")},
-        {"frames", "end", QStringLiteral("pictures decoded")},
-        {"clips", "end", QStringLiteral("clips found")},
-        {"seconds", "end", QStringLiteral("length of what was read")},
-        {"quick", "end", QStringLiteral("with --quick: true")},
-    };
-    return fields;
-}

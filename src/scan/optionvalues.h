@@ -1,0 +1,33 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+class QCommandLineParser;
+
+/// The values that a command line gives to the options of the table, checked against it.
+class OptionValues {
+public:
+    /// `parser` has read the command line and must outlive this.
+    explicit OptionValues(const QCommandLineParser& parser);
+
+    /// Of an option that takes numbers in a range.
+    double number(const QString& option);
+    int integer(const QString& option);
+
+    /// One of the option's words.
+    QString word(const QString& option);
+
+    /// Something is wrong; what is rejected later is not told.
+    void reject(const QString& message);
+
+    QString error; ///< the first thing that is wrong, for a person; empty if nothing is
+
+private:
+    void check(const QString& option, double value, bool isNumber);
+
+    const QCommandLineParser& parser;
+};
