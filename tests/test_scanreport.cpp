@@ -4,6 +4,7 @@
 
 // Reports, as the scanner writes them.
 
+#include "faults.h"
 #include "files.h"
 #include "media.h"
 #include "pipewriter.h"
@@ -17,6 +18,7 @@
 #include <QUrl>
 #include <QtTest>
 
+#include <cerrno>
 #include <csignal>
 #include <unistd.h>
 
@@ -67,6 +69,8 @@ private Q_SLOTS:
     void unwritableFoldersAreUsageErrors();
     void failuresAtTheEndAreNamed();
     void olderReportsAreReplaced();
+    void olderReportsOutliveAFullDisk_data();
+    void olderReportsOutliveAFullDisk();
 
 private:
     QByteArray pageIn(const QString& report) const {
@@ -235,6 +239,30 @@ void TestScanReport::olderReportsAreReplaced() {
     QCOMPARE(scan({"--report", folder.filePath("again"), quiet}).status, 0);
     QVERIFY(!pageIn("again").contains("visit.mp4"));
     QVERIFY(pageIn("again").contains("1 recording, "));
+}
+
+void TestScanReport::olderReportsOutliveAFullDisk_data() {
+    QTest::addColumn<QByteArray>("call");
+    QTest::newRow("the page does not fit") << QByteArray("write");
+    QTest::newRow("it does not reach the disk") << QByteArray("fsync");
+    QTest::newRow("it cannot take its name") << QByteArray("rename");
+}
+
+void TestScanReport::olderReportsOutliveAFullDisk() {
+    QFETCH(QByteArray, call);
+    QCOMPARE(scan({"--report", folder.filePath("kept"), video}).status, 0);
+    const QByteArray older = pageIn("kept");
+    // Without a clip the page is all that is written there; its file may have no name yet.
+    const auto environment =
+        faults::callError(call.constData(), ENOSPC, "/kept/", call == "write" ? 5000 : 0);
+    const ProcessResult result =
+        runProgramIn(environment, "kestrova-scan", {"--report", folder.filePath("kept"), quiet});
+    QCOMPARE(result.status, 1);
+    QVERIFY2(result.errors.contains("kept/index.html: cannot write the report: "),
+             result.errors.constData());
+    QCOMPARE(pageIn("kept"), older);
+    QCOMPARE(QDir(folder.filePath("kept")).entryList(QDir::Files | QDir::Hidden),
+             QStringList{"index.html"});
 }
 
 QTEST_GUILESS_MAIN(TestScanReport)

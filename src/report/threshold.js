@@ -28,7 +28,7 @@ function percent(above, step) {
 }
 
 const all = sums(data.all);
-const plotHeight = 96;
+const plotHeight = Number(document.querySelector(".strip svg")?.getAttribute("height"));
 let step = nearestStep(data.threshold);
 let isDrawn = true;
 const inSight = new Set();
