@@ -16,11 +16,11 @@ class Injection:
     """Environments in which calls fail, through a library of the tests that is preloaded."""
 
     def __init__(self, preset):
-        self.library = common.ROOT / f"build/{preset}/tests/libkestrova_failing_calls.so"
+        self.preloaded = common.ROOT / f"build/{preset}/tests/libkestrova_failing_calls.so"
 
     def failing(self, call, error, after=0, file=""):
         # The sanitizer asks to be the first library.
-        return {"LD_PRELOAD": str(self.library), "FAILING_CALL": call, "FAILING_ERROR": str(error),
+        return {"LD_PRELOAD": str(self.preloaded), "FAILING_CALL": call, "FAILING_ERROR": str(error),
                 "FAILING_AFTER": str(after), "FAILING_FILE": str(file),
                 "ASAN_OPTIONS": common.SANITIZERS["ASAN_OPTIONS"] + ":verify_asan_link_order=0"}
 
