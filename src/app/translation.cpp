@@ -41,7 +41,7 @@ QStringList translatedLanguages() {
 QString spokenLanguage(const QStringList& wanted) {
     const QStringList translated = translatedLanguages();
     for (const QString& name : wanted) {
-        const QString language = name.section('-', 0, 0);
+        QString language = name.section('-', 0, 0);
         // A person who wants English before German gets no German, although English has no file.
         if (language == QLatin1String("en") || language == QLatin1String("C"))
             return {};
