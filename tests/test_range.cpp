@@ -181,7 +181,7 @@ void TestRange::snapshotsAreOfTheRecording() {
         scan(QStringList{"--minimum", "2", "--from", "3", "--to", "14", "--snapshots", place} +
                  more,
              video);
-        const QByteArray bytes = readFile(place + "/a.mp4-0000.png");
+        QByteArray bytes = readFile(place + "/a.mp4-0000.png");
         QDir(place).removeRecursively();
         return bytes;
     };
