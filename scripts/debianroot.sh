@@ -62,10 +62,12 @@ fresh_root() {
 }
 
 # with_mounts FOLDER COMMAND...: runs a command while that system has its kernel file systems. They and
-# every process that the command leaves behind end with it.
+# every process that the command leaves behind end with it. The folder becomes a mount of its own, so that
+# a system in that system can do the same.
 with_mounts() {
     # shellcheck disable=SC2016 # the inner shell's parameters
     unshare --mount --pid --fork --kill-child -- sh -euc '
+        mount --bind "$0" "$0"
         mount -t proc proc "$0/proc"
         mount -t tmpfs tmpfs "$0/dev/shm"
         mount -t devpts -o newinstance,ptmxmode=0666 devpts "$0/dev/pts"
