@@ -21,6 +21,9 @@
 #include <QXmlStreamReader>
 #include <QtTest>
 
+#include <memory>
+#include <utility>
+
 namespace {
 
 /// All three windows, as they are right after the start.
@@ -58,7 +61,6 @@ QStringList cutOff(const QWidget& window) {
         const bool hasText = qobject_cast<const QAbstractButton*>(widget) ||
                              qobject_cast<const QLabel*>(widget) ||
                              qobject_cast<const QDateTimeEdit*>(widget);
-        // The path beside "File info:" is shown as far as it fits.
         if (hasText && widget->isVisible() && widget->width() < widget->sizeHint().width())
             names.append(widget->objectName());
     }
@@ -135,7 +137,7 @@ private Q_SLOTS:
 
 private:
     static void addLanguages();
-    static QFile* source(const QString& language);
+    static std::unique_ptr<QFile> source(const QString& language);
 };
 
 void TestTranslation::init() {
@@ -179,14 +181,15 @@ void TestTranslation::firstWantedLanguageIsSpoken() {
     QTEST(spokenLanguage(wanted), "spoken");
 }
 
-QFile* TestTranslation::source(const QString& language) {
-    auto* file = new QFile(QString(KESTROVA_TRANSLATIONS "/kestrova_%1.ts").arg(language));
-    return file->open(QIODevice::ReadOnly) ? file : nullptr;
+std::unique_ptr<QFile> TestTranslation::source(const QString& language) {
+    auto file =
+        std::make_unique<QFile>(QString(KESTROVA_TRANSLATIONS "/kestrova_%1.ts").arg(language));
+    return file->open(QIODevice::ReadOnly) ? std::move(file) : nullptr;
 }
 
 void TestTranslation::nothingIsMissing() {
     QFETCH(QString, language);
-    const std::unique_ptr<QFile> file(source(language));
+    const auto file = source(language);
     QVERIFY(file);
     QXmlStreamReader reader(file.get());
     int translations = 0;
@@ -205,7 +208,7 @@ void TestTranslation::nothingIsMissing() {
 
 void TestTranslation::placeholdersStay() {
     QFETCH(QString, language);
-    const std::unique_ptr<QFile> file(source(language));
+    const auto file = source(language);
     QVERIFY(file);
     QXmlStreamReader reader(file.get());
     QString english;
