@@ -1,0 +1,148 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "mpegborders.h"
+
+#include "parametersets.h"
+
+#include <map>
+#include <vector>
+
+namespace {
+
+/// What stands behind one start code, which is its first byte, up to the next one.
+using Section = PacketBytes;
+
+/// Up to the first picture, the one that the packet is for, that one included.
+std::vector<Section> sectionsUpTo(const PacketBytes& packet, int pictureCode) {
+    std::vector<Section> sections;
+    int begin = packet.behindNextPrefix(0);
+    while (begin < packet.size() && (sections.empty() || sections.back().at(0) != pictureCode)) {
+        const int next = packet.behindNextPrefix(begin);
+        const int end = next < packet.size() ? next - 3 : next;
+        sections.push_back(packet.part(begin, end).trimmed());
+        begin = next;
+    }
+    return sections;
+}
+
+class Mpeg12Borders : public CodecBorders {
+public:
+    PacketKind kindOf(const PacketBytes& packet, bool isKey) override;
+
+private:
+    enum Code {
+        Picture = 0x00,
+        Sequence = 0xB3,
+        Extension = 0xB5,
+        SequenceEnd = 0xB7,
+        Group = 0xB8
+    };
+    enum PictureType { Intra = 1, Bidirectional = 3 };
+
+    ParameterSets sets;
+};
+
+bool endsSequence(const PacketBytes& packet, int code) {
+    for (int at = packet.behindNextPrefix(0); at < packet.size();
+         at = packet.behindNextPrefix(at)) {
+        if (packet.at(at) == code)
+            return true;
+    }
+    return false;
+}
+
+PacketKind Mpeg12Borders::kindOf(const PacketBytes& packet, bool /*isKey*/) {
+    constexpr int closedBit = 8 + 25;
+    constexpr int typeBit = 8 + 10;
+    constexpr int extensionIdBit = 8;
+    bool hasSequence = false;
+    bool isClosed = false;
+    int type = 0;
+    sets.beginPacket();
+    for (const Section& section : sectionsUpTo(packet, Picture)) {
+        const int code = section.at(0);
+        if (code == Sequence)
+            sets.addOfPacket(code << 4, section);
+        if (code == Extension)
+            sets.addOfPacket(code << 4 | section.bits(extensionIdBit, 4), section);
+        hasSequence = hasSequence || code == Sequence;
+        if (code == Group)
+            isClosed = section.bit(closedBit) == 1;
+        if (code == Picture)
+            type = section.bits(typeBit, 3);
+    }
+    PacketKind kind;
+    if (type == Intra && hasSequence && sets.areAllKnown())
+        kind.border = isClosed ? PacketKind::Border::Closed : PacketKind::Border::Open;
+    kind.isLeading = type == Bidirectional;
+    kind.isSuspect = sets.areChanged() || endsSequence(packet, SequenceEnd);
+    return kind;
+}
+
+/// Numbers sections by their code and, as there can be several of user data, their place.
+class SectionIds {
+public:
+    int next(int code) { return code << 16 | counts[code]++; }
+
+private:
+    std::map<int, int> counts;
+};
+
+class Mpeg4Borders : public CodecBorders {
+public:
+    explicit Mpeg4Borders(const PacketBytes& header) {
+        SectionIds ids;
+        for (const Section& section : sectionsUpTo(header, Picture)) {
+            if (isParameter(section.at(0)))
+                sets.addOfHeader(ids.next(section.at(0)), section);
+        }
+    }
+
+    PacketKind kindOf(const PacketBytes& packet, bool isKey) override;
+
+private:
+    enum Code { SequenceEnd = 0xB1, Group = 0xB3, Picture = 0xB6 };
+    enum PictureType { Intra = 0, Bidirectional = 2 };
+
+    /// Layers, and what encoders say of themselves: decoders make up for what these do wrong.
+    static bool isParameter(int code) {
+        return code != Group && code != Picture && code != SequenceEnd;
+    }
+
+    ParameterSets sets;
+};
+
+PacketKind Mpeg4Borders::kindOf(const PacketBytes& packet, bool /*isKey*/) {
+    // A picture that is not coded, standing where one would have been that an earlier packet holds.
+    constexpr int largestPlaceholder = 8;
+    constexpr int typeBit = 8;
+    int type = -1;
+    PacketKind kind;
+    SectionIds ids;
+    sets.beginPacket();
+    for (const Section& section : sectionsUpTo(packet, Picture)) {
+        const int code = section.at(0);
+        if (isParameter(code))
+            sets.addOfPacket(ids.next(code), section);
+        if (code == Picture && section.size() > 1)
+            type = section.bits(typeBit, 2);
+        kind.isSuspect = kind.isSuspect || code == SequenceEnd;
+    }
+    if (type == Intra && sets.areAllKnown())
+        kind.border = PacketKind::Border::Open;
+    kind.isLeading = type == Bidirectional;
+    kind.isSuspect = kind.isSuspect || sets.areChanged() || packet.size() <= largestPlaceholder;
+    return kind;
+}
+
+} // namespace
+
+std::unique_ptr<CodecBorders> mpeg12Borders() {
+    return std::make_unique<Mpeg12Borders>();
+}
+
+std::unique_ptr<CodecBorders> mpeg4Borders(const PacketBytes& header) {
+    return std::make_unique<Mpeg4Borders>(header);
+}

@@ -1,0 +1,50 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "packetbytes.h"
+
+#include <algorithm>
+#include <cstring>
+
+int PacketBytes::bits(int index, int length) const {
+    int number = 0;
+    for (int i = 0; i < length; ++i)
+        number = number << 1 | bit(index + i);
+    return number;
+}
+
+int PacketBytes::golomb(int index) const {
+    // Longer numbers stand nowhere where one is asked for.
+    constexpr int mostZeros = 20;
+    int zeros = 0;
+    while (zeros < mostZeros && bit(index + zeros) == 0)
+        ++zeros;
+    return bits(index + zeros, zeros + 1) - 1;
+}
+
+PacketBytes PacketBytes::part(int begin, int end) const {
+    begin = std::clamp(begin, 0, count);
+    end = std::clamp(end, begin, count);
+    return {first + begin, end - begin};
+}
+
+PacketBytes PacketBytes::trimmed() const {
+    int end = count;
+    while (end > 0 && first[end - 1] == 0)
+        --end;
+    return {first, end};
+}
+
+int PacketBytes::behindNextPrefix(int begin) const {
+    int at = begin + 2;
+    while (at + 1 < count) {
+        const void* found = std::memchr(first + at, 1, std::size_t(count - at));
+        if (!found)
+            return count;
+        at = int(static_cast<const std::uint8_t*>(found) - first) + 1;
+        if (at < count && first[at - 2] == 0 && first[at - 3] == 0)
+            return at;
+    }
+    return count;
+}

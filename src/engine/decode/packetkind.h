@@ -1,0 +1,23 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+/// What a packet is to who wants to begin decoding there.
+struct PacketKind {
+    enum class Border {
+        None,
+        Closed, ///< what it and all packets behind it show needs nothing that lies before it
+        Open    ///< the same, but for the leading packets that follow at once
+    };
+
+    Border border = Border::None;
+
+    /// Behind an open border and shown before it: needs what lies before the border.
+    bool isLeading = false;
+
+    /// Damage, parameters that change in the middle, an end of the sequence, a placeholder: what
+    /// comes of it and of all that follows may depend on everything before. Never a border.
+    bool isSuspect = false;
+};

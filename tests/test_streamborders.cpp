@@ -1,0 +1,476 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "streamborders.h"
+
+#include "libavpointers.h"
+#include "logging.h"
+#include "media.h"
+#include "packetreader.h"
+
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+using Border = PacketKind::Border;
+
+PacketPointer packetOf(const QByteArray& bytes, int flags) {
+    PacketPointer packet(av_packet_alloc());
+    av_new_packet(packet.get(), bytes.size());
+    std::memcpy(packet->data, bytes.constData(), std::size_t(bytes.size()));
+    packet->flags = flags;
+    return packet;
+}
+
+StreamBorders bordersOf(AVCodecID codec, const QByteArray& header) {
+    const ParametersPointer parameters(avcodec_parameters_alloc());
+    parameters->codec_id = codec;
+    parameters->extradata = static_cast<std::uint8_t*>(av_mallocz(std::size_t(header.size()) + 64));
+    std::memcpy(parameters->extradata, header.constData(), std::size_t(header.size()));
+    parameters->extradata_size = header.size();
+    return StreamBorders(*parameters);
+}
+
+/// A stream of packets that are written down, each byte as two hexadecimal digits.
+class Stream {
+public:
+    explicit Stream(AVCodecID codec, const QByteArray& header = {})
+        : borders(bordersOf(codec, QByteArray::fromHex(header))) {}
+
+    PacketKind next(const QByteArray& bytes, int flags = AV_PKT_FLAG_KEY) {
+        return borders.next(*packetOf(QByteArray::fromHex(bytes), flags));
+    }
+
+    Border border(const QByteArray& bytes, int flags = AV_PKT_FLAG_KEY) {
+        return next(bytes, flags).border;
+    }
+
+private:
+    StreamBorders borders;
+};
+
+/// A packet of a recording, and what it was found to be.
+struct FoundPacket {
+    PacketKind kind;
+    std::int64_t shownAt;
+    bool isKey; ///< as the container says
+};
+
+QVector<FoundPacket> packetsOf(const QString& path) {
+    QVector<FoundPacket> packets;
+    PacketReader reader;
+    if (!reader.open(path.toUtf8().constData()))
+        return packets;
+    StreamBorders borders(*reader.stream()->codecpar);
+    while (const auto packet = reader.read())
+        packets.append({borders.next(*packet->packet), packet->packet->pts,
+                        (packet->packet->flags & AV_PKT_FLAG_KEY) != 0});
+    return packets;
+}
+
+QVector<int> placesOf(const QVector<FoundPacket>& packets, Border border) {
+    QVector<int> places;
+    for (int i = 0; i < packets.size(); ++i) {
+        if (packets[i].kind.border == border)
+            places.append(i);
+    }
+    return places;
+}
+
+/// Those that the container shows before the key frame that they follow at once.
+QVector<int> shownBeforeTheirKey(const QVector<FoundPacket>& packets) {
+    QVector<int> places;
+    int key = -1;
+    for (int i = 0; i < packets.size(); ++i) {
+        if (packets[i].isKey)
+            key = i;
+        else if (key >= 0 && packets[i].shownAt < packets[key].shownAt)
+            places.append(i);
+        else
+            key = -1;
+    }
+    return places;
+}
+
+QVector<int> leadingOf(const QVector<FoundPacket>& packets) {
+    QVector<int> places;
+    for (int i = 0; i < packets.size(); ++i) {
+        if (packets[i].kind.isLeading)
+            places.append(i);
+    }
+    return places;
+}
+
+QVector<int> every(int step, int count) {
+    QVector<int> places;
+    for (int i = 0; i < count; i += step)
+        places.append(i);
+    return places;
+}
+
+} // namespace
+
+class TestStreamBorders : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void h264BeginsAtARefreshAlone();
+    void h264InsideAContainer();
+    void parameterSetsThatChange();
+    void hevcKnowsRefreshAndRandomAccess();
+    void hevcLeadingPictures();
+    void mpeg2GroupsAreClosedOrOpen();
+    void mpeg2SequenceHeadersThatChange();
+    void mpeg4BeginsAtIntraPictures();
+    void mpeg4HeadersThatChange();
+    void keyFlagsAreNotEnough_data();
+    void keyFlagsAreNotEnough();
+    void av1SequenceHeaders();
+    void jpegWithoutItsTables();
+    void damagedPacketsAreSuspect();
+    void unknownCodecsHaveNone();
+    void generatedStreams_data();
+    void generatedStreams();
+    void falseKeyFlags();
+    void recoveryPointsAreNone();
+    void intraRefreshHasNone();
+    void anyBytes();
+
+private:
+    QTemporaryDir folder;
+};
+
+void TestStreamBorders::initTestCase() {
+    routeLibavLog();
+}
+
+// Units of type 7, 8, 6, 5, 1 and 10: a sequence and a picture set, a message, a refresh, another
+// picture, an end of the sequence.
+void TestStreamBorders::h264BeginsAtARefreshAlone() {
+    Stream stream(AV_CODEC_ID_H264);
+    QCOMPARE(stream.border("000001 6764001eac 000001 68ee3c80 000001 65888400"), Border::Closed);
+    QCOMPARE(stream.border("000001 419a2100"), Border::None);
+    // A recovery point: the container calls it a key frame.
+    QCOMPARE(stream.border("000001 0606018440 000001 419a2100"), Border::None);
+    QCOMPARE(stream.border("00000001 6764001eac 00000001 68ee3c80 00000001 65888400"),
+             Border::Closed);
+    const PacketKind last = stream.next("000001 65888400 000001 0a");
+    QVERIFY(last.isSuspect);
+    QCOMPARE(last.border, Border::None);
+}
+
+void TestStreamBorders::h264InsideAContainer() {
+    // One set of each kind; units behind four bytes that tell their length.
+    Stream stream(AV_CODEC_ID_H264, "0164001effe10005 6764001eac 010004 68ee3c80");
+    QCOMPARE(stream.border("00000003 658884"), Border::Closed);
+    QCOMPARE(stream.border("00000002 0605 00000003 658884"), Border::Closed);
+    QCOMPARE(stream.border("00000003 419a21"), Border::None);
+    QCOMPARE(stream.border("000000ff 658884"), Border::None);
+}
+
+void TestStreamBorders::parameterSetsThatChange() {
+    Stream stream(AV_CODEC_ID_H264, "0164001effe10005 6764001eac 010004 68ee3c80");
+    const char* changing = "00000005 6764001ead 00000003 658884";
+    const char* plain = "00000003 658884";
+    QCOMPARE(stream.border(plain), Border::Closed);
+    QCOMPARE(stream.border(changing), Border::None);
+    // A decoder that begins here knows the first set alone.
+    QCOMPARE(stream.border(plain), Border::None);
+    QCOMPARE(stream.border(changing), Border::Closed);
+    QCOMPARE(stream.border("00000005 6764001eac 00000003 658884"), Border::None);
+    QCOMPARE(stream.border(plain), Border::Closed);
+    // Another number, though the set is new, too.
+    QCOMPARE(stream.border("00000004 685e3c80 00000003 658884"), Border::None);
+}
+
+// Types: 19 and 20 are refreshes, 21 is random access, 1 is a trailing picture, 16 is a broken
+// link.
+void TestStreamBorders::hevcKnowsRefreshAndRandomAccess() {
+    Stream stream(AV_CODEC_ID_HEVC);
+    QCOMPARE(stream.border("000001 2601af"), Border::Closed);
+    QCOMPARE(stream.border("000001 2801af"), Border::Closed);
+    QCOMPARE(stream.border("000001 2a01af"), Border::Open);
+    QCOMPARE(stream.border("000001 2001af"), Border::None);
+    QCOMPARE(stream.border("000001 0201d0"), Border::None);
+    // Pictures before it are not to be shown: the second bit of the slice.
+    QCOMPARE(stream.border("000001 2601ef"), Border::None);
+    // Another layer's refresh.
+    QCOMPARE(stream.border("000001 2609af 000001 0201d0"), Border::None);
+    QVERIFY(stream.next("000001 2601af 000001 4801").isSuspect);
+}
+
+void TestStreamBorders::hevcLeadingPictures() {
+    Stream stream(AV_CODEC_ID_HEVC);
+    const char* skipped = "000001 1001d0";   // 8
+    const char* decodable = "000001 0c01d0"; // 6
+    const char* trailing = "000001 0201d0";
+    QVERIFY(!stream.next("000001 2801af").isLeading);
+    QVERIFY(!stream.next(decodable).isLeading); // needs nothing from before the refresh
+    QCOMPARE(stream.border("000001 2a01af"), Border::Open);
+    QVERIFY(stream.next(skipped).isLeading);
+    QVERIFY(stream.next(decodable).isLeading);
+    QVERIFY(!stream.next(trailing).isLeading);
+    QVERIFY(!stream.next(skipped).isLeading);
+}
+
+// Codes: b3 sequence, b8 group (bit 25 behind it: closed), 00 picture (behind ten bits its type).
+void TestStreamBorders::mpeg2GroupsAreClosedOrOpen() {
+    Stream stream(AV_CODEC_ID_MPEG2VIDEO);
+    const char* sequence = "000001b3 14009013ffffe018 ";
+    const auto key = [&](const char* group) {
+        return QByteArray(sequence) + group + "00000100 000fffff";
+    };
+    const char* bidirectional = "00000100 001fffff";
+    const char* predicted = "00000100 0097ffff";
+    QCOMPARE(stream.border(key("000001b8 00080040")), Border::Closed);
+    QVERIFY(!stream.next(bidirectional).isLeading);
+    QCOMPARE(stream.border(key("000001b8 00080000")), Border::Open);
+    QVERIFY(stream.next(bidirectional).isLeading);
+    QVERIFY(stream.next(bidirectional).isLeading);
+    QVERIFY(!stream.next(predicted).isLeading);
+    QVERIFY(!stream.next(bidirectional).isLeading);
+    // Without the sequence header there is nothing to begin with.
+    QCOMPARE(stream.border("00000100 000fffff"), Border::None);
+    QCOMPARE(stream.border(key("")), Border::Open);
+    QVERIFY(stream.next(key("000001b8 00080040") + "000001b7").isSuspect);
+}
+
+void TestStreamBorders::mpeg2SequenceHeadersThatChange() {
+    Stream stream(AV_CODEC_ID_MPEG2VIDEO);
+    QVERIFY(!stream.next("000001b3 14009013ffffe018 00000100 000fffff").isSuspect);
+    const PacketKind other = stream.next("000001b3 28012013ffffe018 00000100 000fffff");
+    QVERIFY(other.isSuspect);
+    QCOMPARE(other.border, Border::None);
+}
+
+// Codes: b6 picture, whose first two bits are its kind; 20 layer; b2 user data; b3 group.
+void TestStreamBorders::mpeg4BeginsAtIntraPictures() {
+    Stream stream(AV_CODEC_ID_MPEG4, "000001b001 000001b58913 00000100 00000120 00c48d88");
+    QCOMPARE(stream.border("000001b6 10c0ffffffff"), Border::Open);
+    QVERIFY(stream.next("000001b6 90c0ffffffff").isLeading);
+    QVERIFY(!stream.next("000001b6 50c0ffffffff").isLeading);
+    QCOMPARE(stream.border("000001b6 50c0ffffffff"), Border::None); // the container says key
+    // A closed group is none here, either.
+    QCOMPARE(stream.border("000001b3 00102307 000001b6 10c0ffffffff"), Border::Open);
+    QVERIFY(stream.next("000001b6 5f").isSuspect);
+}
+
+void TestStreamBorders::mpeg4HeadersThatChange() {
+    const char* layer = "00000120 00c48d88 000001b6 10c0ffffffff";
+    const char* other = "00000120 00c48d89 000001b6 10c0ffffffff";
+    Stream stream(AV_CODEC_ID_MPEG4);
+    QCOMPARE(stream.border(layer), Border::Open);
+    QCOMPARE(stream.border(layer), Border::Open);
+    // It does not stand in the headers.
+    QCOMPARE(stream.border("000001b6 10c0ffffffff"), Border::None);
+    QVERIFY(stream.next(other).isSuspect);
+    Stream named(AV_CODEC_ID_MPEG4, "00000120 00c48d88 000001b2 4c617663");
+    QCOMPARE(named.border(layer), Border::Open);
+    QVERIFY(named.next("000001b2 58766944 000001b6 10c0ffffffff").isSuspect);
+}
+
+void TestStreamBorders::keyFlagsAreNotEnough_data() {
+    QTest::addColumn<int>("codec");
+    QTest::addColumn<QByteArray>("key");
+    QTest::addColumn<QByteArray>("other");
+    const auto row = [](const char* name, AVCodecID codec, const char* key, const char* other) {
+        QTest::newRow(name) << int(codec) << QByteArray(key) << QByteArray(other);
+    };
+    // The lowest bit of the first byte, and what follows in three bytes.
+    row("VP8", AV_CODEC_ID_VP8, "50ab009d012ab000900000", "51ab009d012ab000900000");
+    // Marker 10, profile 00, not repeated, then the kind.
+    row("VP9", AV_CODEC_ID_VP9, "82498342", "86498342");
+    row("VP9 repeated", AV_CODEC_ID_VP9, "82498342", "88498342");
+    row("VP9 of profile 3", AV_CODEC_ID_VP9, "b0498342", "b2498342");
+    // 17 bits of start, 5 of version, 8 of time, 3 of size (2: none written out), 2 of kind.
+    row("FLV1", AV_CODEC_ID_FLV1, "000084011fff", "000084013fff");
+    row("FLV1 of its own size", AV_CODEC_ID_FLV1, "0000840028241fff", "0000840028243fff");
+    // 22 bits of start, 8 of time, 5, 3 of size, the kind.
+    row("H.263", AV_CODEC_ID_H263, "00008002 0c7fff", "00008002 0effff");
+    row("MS-MPEG-4 1", AV_CODEC_ID_MSMPEG4V1, "00000100 007fff", "00000100 02ffff");
+    row("MS-MPEG-4 2", AV_CODEC_ID_MSMPEG4V2, "3fffff", "7fffff");
+    row("MS-MPEG-4 3", AV_CODEC_ID_MSMPEG4V3, "3fffff", "7fffff");
+    row("WMV1", AV_CODEC_ID_WMV1, "3fffff", "7fffff");
+    row("WMV2", AV_CODEC_ID_WMV2, "7fffff", "ffffff");
+    // A coder's value in two bytes, in the upper half of its range or not.
+    row("FFV1", AV_CODEC_ID_FFV1, "8000ff", "4000ff");
+}
+
+void TestStreamBorders::keyFlagsAreNotEnough() {
+    QFETCH(int, codec);
+    QFETCH(QByteArray, key);
+    QFETCH(QByteArray, other);
+    Stream stream{AVCodecID(codec)};
+    QCOMPARE(stream.border(key), Border::Closed);
+    QCOMPARE(stream.border(key, 0), Border::None);
+    QCOMPARE(stream.border(other), Border::None);
+    QCOMPARE(stream.border(key.left(2)), Border::None);
+}
+
+// Units: 12 divides, 0a is a sequence header, 32 a picture; its first bits are: repeated, kind in
+// two, shown.
+void TestStreamBorders::av1SequenceHeaders() {
+    Stream stream(AV_CODEC_ID_AV1);
+    QCOMPARE(stream.border("1200 0a03000102 320310ffff"), Border::Closed);
+    QCOMPARE(stream.border("1200 320330ffff"), Border::None);
+    QCOMPARE(stream.border("1200 320300ffff"), Border::None); // not shown
+    QCOMPARE(stream.border("1200 0a03000102 320310ffff"), Border::Closed);
+    QCOMPARE(stream.border("1200 320310ffff"), Border::None); // its header stands elsewhere
+    QVERIFY(stream.next("1200 0a03000103 320310ffff").isSuspect);
+}
+
+void TestStreamBorders::jpegWithoutItsTables() {
+    const QByteArray quantization = "ffdb0043 00" + QByteArray(128, '1');
+    const QByteArray huffman = "ffc40014 00 01" + QByteArray(30, '0') + "05";
+    const QByteArray scan = "ffda0008 0101003f00 ff";
+    Stream plain(AV_CODEC_ID_MJPEG);
+    QCOMPARE(plain.border("ffd8" + quantization + scan), Border::Closed);
+    QCOMPARE(plain.border("ffd8" + scan), Border::None);
+    QCOMPARE(plain.border("ffd8" + quantization + scan), Border::Closed);
+    QCOMPARE(plain.border("ffd8" + quantization + huffman + scan), Border::Closed);
+    // From here on it would be decoded with the tables of the packet before.
+    QCOMPARE(plain.border("ffd8" + quantization + scan), Border::None);
+}
+
+void TestStreamBorders::damagedPacketsAreSuspect() {
+    Stream stream(AV_CODEC_ID_RAWVIDEO);
+    QCOMPARE(stream.border("00"), Border::Closed);
+    const PacketKind damaged = stream.next("00", AV_PKT_FLAG_KEY | AV_PKT_FLAG_CORRUPT);
+    QVERIFY(damaged.isSuspect);
+    QCOMPARE(damaged.border, Border::None);
+    StreamBorders borders = bordersOf(AV_CODEC_ID_RAWVIDEO, {});
+    const PacketPointer first = packetOf("00", 0);
+    const PacketPointer changing = packetOf("00", 0);
+    for (AVPacket* packet : {first.get(), changing.get()})
+        QVERIFY(av_packet_new_side_data(packet, AV_PKT_DATA_NEW_EXTRADATA, 4) != nullptr);
+    QVERIFY(!borders.next(*first).isSuspect); // nothing lies before it
+    QVERIFY(borders.next(*changing).isSuspect);
+}
+
+void TestStreamBorders::unknownCodecsHaveNone() {
+    Stream stream(AV_CODEC_ID_CINEPAK);
+    QCOMPARE(stream.border("000001 65888400"), Border::None);
+}
+
+void TestStreamBorders::generatedStreams_data() {
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<int>("group");
+    QTest::addColumn<bool>("isOpen");
+    const auto row = [](const char* suffix, const char* options, int group, bool isOpen) {
+        QTest::newRow((QByteArray(suffix) + ' ' + options).constData())
+            << QString(suffix) << QString(options) << group << isOpen;
+    };
+    for (const char* suffix : {"mp4", "mkv", "ts", "avi", "flv", "h264"})
+        row(suffix, "-c:v libx264 -x264-params keyint=12:min-keyint=12:scenecut=0:bframes=2", 12,
+            false);
+    row("mp4", "-c:v libx264 -x264-params keyint=1", 1, false);
+    const char* hevc = "-c:v libx265 -x265-params "
+                       "log-level=none:keyint=10:min-keyint=10:scenecut=0:bframes=3:open-gop=";
+    for (const char* suffix : {"mp4", "mkv", "ts"}) {
+        row(suffix, (QByteArray(hevc) + "0").constData(), 10, false);
+        row(suffix, (QByteArray(hevc) + "1").constData(), 10, true);
+    }
+    row("mkv", "-c:v mpeg2video -g 12 -sc_threshold 1000000000 -bf 2", 12, true);
+    row("mpg", "-c:v mpeg2video -g 12 -sc_threshold 1000000000 -bf 2 -flags +cgop", 12, false);
+    row("ts", "-c:v mpeg1video -g 12 -sc_threshold 1000000000 -bf 0", 12, true);
+    row("avi", "-c:v mpeg4 -g 12 -sc_threshold 1000000000 -bf 0", 12, true);
+    row("mkv", "-c:v mpeg4 -g 12 -sc_threshold 1000000000 -bf 2", 12, true);
+    row("webm", "-c:v libvpx -g 12 -keyint_min 12 -auto-alt-ref 0", 12, false);
+    row("webm", "-c:v libvpx-vp9 -g 12 -keyint_min 12 -cpu-used 8 -deadline realtime", 12, false);
+    row("mkv", "-c:v libsvtav1 -preset 12 -g 12", 12, false);
+    row("flv", "-c:v flv -g 12 -sc_threshold 1000000000", 12, false);
+    row("3gp", "-c:v h263 -s 352x288 -g 12 -sc_threshold 1000000000", 12, false);
+    row("avi", "-c:v msmpeg4v2 -g 12 -sc_threshold 1000000000", 12, false);
+    row("avi", "-c:v msmpeg4 -g 12 -sc_threshold 1000000000", 12, false);
+    row("asf", "-c:v wmv1 -g 12 -sc_threshold 1000000000", 12, false);
+    row("asf", "-c:v wmv2 -g 12 -sc_threshold 1000000000", 12, false);
+    row("mkv", "-c:v ffv1 -g 12", 12, false);
+    row("avi", "-c:v mjpeg -pix_fmt yuvj420p", 1, false);
+    row("mov", "-c:v prores", 1, false);
+    row("avi", "-c:v huffyuv -pix_fmt yuv422p", 1, false);
+}
+
+/// Groups of a known length, one picture per packet.
+void TestStreamBorders::generatedStreams() {
+    QFETCH(QString, suffix);
+    QFETCH(QString, options);
+    QFETCH(int, group);
+    QFETCH(bool, isOpen);
+    if (!media::hasEncoder(options.split(' ').at(1)))
+        QSKIP("this encoder is not installed");
+    const QString path = folder.filePath("groups." + suffix);
+    QStringList arguments = {"-f",       "lavfi",  "-i", "testsrc2=s=176x144:r=25:d=2.4",
+                             "-pix_fmt", "yuv420p"};
+    arguments += options.split(' ', Qt::SkipEmptyParts);
+    QVERIFY(media::encode(arguments + QStringList{path}));
+    const QVector<FoundPacket> packets = packetsOf(path);
+    QVERIFY(packets.size() >= 59);
+    QVector<int> found = placesOf(packets, isOpen ? Border::Open : Border::Closed);
+    QVector<int> keys;
+    for (int i = 0; i < packets.size(); ++i) {
+        if (packets[i].isKey)
+            keys.append(i);
+    }
+    // The encoders begin with a closed group even where all others are open.
+    if (isOpen && !found.startsWith(0))
+        found.prepend(0);
+    QCOMPARE(found, keys);
+    // Pictures that are shown before the second key frame come behind it.
+    const int groups = every(group, packets.size()).size();
+    QVERIFY(found.size() == groups || (options.contains("-bf 2") && found.size() == groups + 1));
+    QCOMPARE(leadingOf(packets), isOpen ? shownBeforeTheirKey(packets) : QVector<int>());
+}
+
+void TestStreamBorders::falseKeyFlags() {
+    // AVI calls every packet of this codec a key frame.
+    const QString path = folder.filePath("flags.avi");
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=s=352x288:d=2", "-pix_fmt", "yuv420p",
+                           "-c:v", "h263", "-g", "12", "-sc_threshold", "1000000000", path}));
+    const QVector<FoundPacket> packets = packetsOf(path);
+    QCOMPARE(placesOf(packets, Border::Closed), every(12, packets.size()));
+    QVERIFY(std::all_of(packets.begin(), packets.end(), [](const auto& one) { return one.isKey; }));
+}
+
+void TestStreamBorders::recoveryPointsAreNone() {
+    const QString path = folder.filePath("open.mp4");
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=s=176x144:d=2", "-pix_fmt", "yuv420p",
+                           "-c:v", "libx264", "-x264-params",
+                           "open-gop=1:keyint=10:min-keyint=10:scenecut=0:bframes=3", path}));
+    QCOMPARE(placesOf(packetsOf(path), Border::Closed), QVector<int>({0}));
+}
+
+void TestStreamBorders::intraRefreshHasNone() {
+    const QString path = folder.filePath("refresh.ts");
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=s=176x144:d=2", "-pix_fmt", "yuv420p",
+                           "-c:v", "libx264", "-x264-params", "intra-refresh=1:keyint=20", path}));
+    QCOMPARE(placesOf(packetsOf(path), Border::Closed), QVector<int>({0}));
+}
+
+void TestStreamBorders::anyBytes() {
+    // What is read beyond a packet the sanitizers see; a border must still be a border's kind.
+    QRandomGenerator random(1);
+    for (int id = AV_CODEC_ID_MPEG1VIDEO; id <= AV_CODEC_ID_VP9; ++id) {
+        QByteArray header(int(random.bounded(60U)), '\0');
+        for (char& byte : header)
+            byte = char(random.bounded(4U));
+        StreamBorders borders = bordersOf(AVCodecID(id), header);
+        for (int i = 0; i < 200; ++i) {
+            QByteArray bytes(int(random.bounded(40U)), '\0');
+            for (char& byte : bytes)
+                byte = char(random.bounded(i % 2 == 0 ? 256U : 3U));
+            const PacketKind kind = borders.next(*packetOf(bytes, AV_PKT_FLAG_KEY));
+            QVERIFY(!kind.isSuspect || kind.border == Border::None);
+        }
+    }
+}
+
+QTEST_GUILESS_MAIN(TestStreamBorders)
+#include "test_streamborders.moc"
