@@ -119,6 +119,8 @@ private Q_SLOTS:
 
     void skippedFramesKeepTheValue_data();
     void skippedFramesKeepTheValue();
+    void comparedElsewhere_data();
+    void comparedElsewhere();
     void oneSelectedPixel();
     void weightIsAWholeQuotient();
     void maskWithoutGreenMeasuresNothing();
@@ -243,6 +245,26 @@ void TestMotionMeasure::skippedFramesKeepTheValue() {
     options.skip = skip;
     // Measured against the frame just before, not against the one measured last.
     QCOMPARE(measureAll(options, steps({41, 42, 43, 44, 45, 46, 47, 48})), values);
+}
+
+void TestMotionMeasure::comparedElsewhere_data() {
+    skippedFramesKeepTheValue_data();
+}
+
+void TestMotionMeasure::comparedElsewhere() {
+    QFETCH(int, skip);
+    QFETCH(QVector<double>, values);
+    MeasureOptions options;
+    options.skip = skip;
+    MotionMeasure measure(options);
+    for (int i = 0; i < values.size(); ++i)
+        QCOMPARE(double(measure.take(41.0F + float(i), 8, 8)), values[i]);
+    // What could not be compared is made up for on the next frame.
+    MotionMeasure everySecond(MeasureOptions{35, 1, {}});
+    QCOMPARE(everySecond.take(1.0F, 8, 8), 0.0F);
+    QCOMPARE(everySecond.take(std::nullopt, 8, 8), 0.0F);
+    QCOMPARE(everySecond.take(3.0F, 8, 8), 3.0F);
+    QCOMPARE(everySecond.take(4.0F, 8, 8), 3.0F);
 }
 
 void TestMotionMeasure::oneSelectedPixel() {

@@ -6,7 +6,9 @@
 
 #include "decision.h"
 #include "framepicture.h"
+#include "missingpicture.h"
 #include "picturesource.h"
+#include "stretchpicture.h"
 #include "videodecoder.h"
 
 #include <QFile>
@@ -15,21 +17,41 @@
 #include <memory>
 #include <new>
 
-namespace {
-
-bool selectsNothing(const RegionOfInterest& region, const DecodedFrame& picture) {
-    const int width = picture.width();
-    const int height = picture.height();
+bool selectsNothing(const RegionOfInterest& region, int width, int height) {
     return width > 0 && height > 0 && prepareRegion(region, width, height).isEmpty();
 }
 
-StreamFacts factsOf(const VideoDecoder& decoder) {
+StreamFacts streamFacts(const VideoDecoder& decoder) {
     StreamFacts facts;
     facts.codecName = decoder.codecName();
     facts.isIntraOnly = decoder.isIntraOnly();
     facts.duration = decoder.duration();
     facts.description = decoder.description();
     return facts;
+}
+
+namespace {
+
+/// Compares pictures on the threads that decode them.
+PictureComparisonMaker comparisonFor(const MeasureOptions& options) {
+    return [options]() -> PictureComparison {
+        const auto pictures = std::make_shared<PictureDifference>(options);
+        return [pictures](const DecodedFrame& previous, const DecodedFrame& current) {
+            return pictures->compare(previous, current);
+        };
+    };
+}
+
+/// Where stretches end, the last picture of them is decoded again to compare the next one with.
+float motionOf(MotionMeasure& measure, const TimedPicture& previous, const TimedPicture& current) {
+    if (current.stretched)
+        return measure.take(current.stretched->value, current.width(), current.height());
+    if (previous.frame)
+        return measure.measure(*previous.frame, *current.frame);
+    const FramePointer again = decodeAgain(*previous.stretched);
+    if (!again)
+        throw std::bad_alloc();
+    return measure.measure(*again, *current.frame);
 }
 
 } // namespace
@@ -42,6 +64,8 @@ DetectionOutcome Detection::run(const QString& fileName) {
     path = QFile::encodeName(fileName);
     VideoDecoder decoder(options.threads);
     decoder.setKeyFramesOnly(options.areKeysWanted);
+    if (mayBeCut())
+        decoder.setStretches(comparisonFor(options.measure));
     decoder.setInterrupt([this] { return client.isCancelled(); });
     DetectionOutcome outcome = DetectionOutcome::CannotOpen;
     if (decoder.open(path.constData()))
@@ -54,6 +78,12 @@ DetectionOutcome Detection::run(const QString& fileName) {
     return outcome;
 }
 
+/// Into stretches, that are decoded side by side.
+bool Detection::mayBeCut() const {
+    const bool isWhole = options.range.from <= 0.0 && std::isinf(options.range.to);
+    return options.threads != 1 && !options.areKeysWanted && isWhole;
+}
+
 DetectionOutcome Detection::runOrFail(VideoDecoder& decoder) {
     try {
         const auto outcome = runOpened(decoder, skipAhead(decoder));
@@ -62,8 +92,16 @@ DetectionOutcome Detection::runOrFail(VideoDecoder& decoder) {
         decoder.open(path.constData());
         return runOpened(decoder, std::nullopt).value_or(DetectionOutcome::CannotOpen);
     } catch (const std::bad_alloc&) {
-        error = QStringLiteral("out of memory");
-        return DetectionOutcome::OutOfMemory;
+        return failWithoutMemory();
+    }
+}
+
+std::optional<DetectionOutcome> Detection::runSkipped(VideoDecoder& decoder,
+                                                      const RecordingOrigin& origin) {
+    try {
+        return runOpened(decoder, origin);
+    } catch (const std::bad_alloc&) {
+        return failWithoutMemory();
     }
 }
 
@@ -85,29 +123,29 @@ std::optional<RecordingOrigin> Detection::skipAhead(VideoDecoder& decoder) {
 /// Nothing, before the client is told anything, if the file must be read from its start after all.
 std::optional<DetectionOutcome> Detection::runOpened(VideoDecoder& decoder,
                                                      std::optional<RecordingOrigin> origin) {
-    measured.stream = factsOf(decoder);
+    measured.stream = streamFacts(decoder);
     PictureSource source(decoder, options.threads != 1, options.times);
     RangedPictures pictures(source, options.range, origin);
     TimedPicture previous = pictures.next();
     begin(previous, pictures, source.frameRate());
-    TimedPicture current = previous.frame ? pictures.next() : TimedPicture();
-    if (origin && (pictures.isInDoubt() || !current.frame) && !client.isCancelled())
+    TimedPicture current = previous.isThere() ? pictures.next() : TimedPicture();
+    if (origin && (pictures.isInDoubt() || !current.isThere()) && !client.isCancelled())
         return std::nullopt;
-    if (!current.frame)
-        return failToBegin(source, previous.frame != nullptr);
+    if (!current.isThere())
+        return failToBegin(source, previous.isThere());
     measured.hasPictures = true;
-    measured.stream.isRegionEmpty = selectsNothing(options.measure.region, *current.frame);
+    measured.stream.isRegionEmpty =
+        selectsNothing(options.measure.region, current.width(), current.height());
 
     MotionMeasure measure(options.measure);
-    Decision decision(options.segmentation, measured,
-                      std::make_shared<FramePicture>(previous.frame), client);
+    Decision decision(options.segmentation, measured, handleOf(previous), client);
     DetectionOutcome outcome = DetectionOutcome::Cancelled;
-    while (current.frame && !client.isCancelled()) {
-        const float motion = measure.measure(*previous.frame, *current.frame);
-        decision.add(motion, current.time, std::make_shared<FramePicture>(current.frame));
+    while (current.isThere() && !client.isCancelled()) {
+        const float motion = motionOf(measure, previous, current);
+        decision.add(motion, current.time, handleOf(current));
         previous = std::move(current);
         current = pictures.next();
-        if (!current.frame && !client.isCancelled())
+        if (!current.isThere() && !client.isCancelled())
             outcome = outcomeOf(source);
         client.positionChanged(source.bytePosition());
     }
@@ -116,8 +154,16 @@ std::optional<DetectionOutcome> Detection::runOpened(VideoDecoder& decoder,
     return outcome;
 }
 
+ClipPicturePointer Detection::handleOf(const TimedPicture& picture) const {
+    if (!options.areSnapshotsWanted)
+        return noPicture();
+    if (picture.stretched)
+        return std::make_shared<StretchPicture>(*picture.stretched);
+    return std::make_shared<FramePicture>(picture.frame);
+}
+
 void Detection::begin(const TimedPicture& first, const RangedPictures& range, double frameRate) {
-    if (!first.frame)
+    if (!first.isThere())
         return;
     measured.stream.frameRate = frameRate;
     measured.stream.origin = range.originTime();
@@ -160,6 +206,11 @@ DetectionOutcome Detection::outcomeOf(const PictureSource& pictures) {
         return DetectionOutcome::ReadFailed;
     }
     return pictures.isStandingStill() ? failWithoutTimes() : DetectionOutcome::Finished;
+}
+
+DetectionOutcome Detection::failWithoutMemory() {
+    error = QStringLiteral("out of memory");
+    return DetectionOutcome::OutOfMemory;
 }
 
 DetectionOutcome Detection::failWithoutTimes() {

@@ -22,9 +22,16 @@ struct DetectionOptions {
     SegmentationOptions segmentation;
     TimeOptions times;
     TimeRange range;
-    bool areKeysWanted = false; ///< looks at key frames alone
+    bool areKeysWanted = false;     ///< looks at key frames alone
+    bool areSnapshotsWanted = true; ///< false: clips come without; decoding them again can cost
     int threads = 0; ///< that decode; 0 = as many as the machine has cores, 1 = the caller's alone
 };
+
+/// What the headers of an open file say of its stream.
+StreamFacts streamFacts(const VideoDecoder& decoder);
+
+/// Whether the region selects no pixel of a picture of this size, which may have none.
+bool selectsNothing(const RegionOfInterest& region, int width, int height);
 
 /// The road of one recording: open, decode, measure, segment.
 class Detection {
@@ -33,6 +40,12 @@ public:
 
     /// Reads the whole file. Runs once per object.
     DetectionOutcome run(const QString& fileName);
+
+    /// The same with a file that is open and has been skipped to the range; its pictures are
+    /// counted from `origin`. Nothing, before the client is told anything, if it is in doubt that
+    /// what comes is what is read from the start on.
+    std::optional<DetectionOutcome> runSkipped(VideoDecoder& decoder,
+                                               const RecordingOrigin& origin);
 
     /// Why the file could not be read, for a person; empty unless the outcome is a failure.
     QString errorText() const;
@@ -46,6 +59,8 @@ public:
     const MotionSeries& motionSeries() const { return measured.series; }
 
 private:
+    bool mayBeCut() const;
+    ClipPicturePointer handleOf(const TimedPicture& picture) const;
     std::optional<RecordingOrigin> skipAhead(VideoDecoder& decoder);
     DetectionOutcome runOrFail(VideoDecoder& decoder);
     std::optional<DetectionOutcome> runOpened(VideoDecoder& decoder,
@@ -54,6 +69,7 @@ private:
     void failToOpen(const VideoDecoder& decoder);
     DetectionOutcome failToBegin(const PictureSource& pictures, bool hasPicture);
     DetectionOutcome outcomeOf(const PictureSource& pictures);
+    DetectionOutcome failWithoutMemory();
     DetectionOutcome failWithoutTimes();
 
     DetectionOptions options;

@@ -20,6 +20,23 @@ struct StreamFacts {
     bool isRegionEmpty = false; ///< the region of interest selects none of its pixels
 };
 
+/// What one part of a recording is that is measured by itself. Packets are counted from the
+/// stream's first, which is 0.
+struct PartFacts {
+    enum class Kind {
+        Cut,   ///< these packets, and the pictures that they show
+        Whole, ///< the first part of a recording that cannot be cut: all of it
+        Empty  ///< any other part of that
+    };
+
+    Kind kind = Kind::Cut;
+    qint64 begin = 0;      ///< its first packet, and the number of its own first picture
+    qint64 end = 0;        ///< the packet behind its last one
+    qint64 delay = 0;      ///< the packet that completed the recording's first picture
+    int held = 0;          ///< so many of its own first values are the last one before it
+    bool isRegular = true; ///< together with the other parts it is what one pass gives
+};
+
 /// All that is decided on: the stream and the values of its pictures.
 struct Measurement {
     StreamFacts stream;

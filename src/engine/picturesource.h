@@ -6,17 +6,28 @@
 
 #include "decodeahead.h"
 #include "pictureclock.h"
+#include "stretchedpicture.h"
+
+#include <optional>
 
 /// A picture with the time that the detection goes by.
+///
+/// It has a frame, or a place in a stretch, or neither at the end.
 struct TimedPicture {
-    std::shared_ptr<const DecodedFrame> frame; ///< null at the end
-    double time = 0.0;                         ///< seconds
+    std::shared_ptr<const DecodedFrame> frame;
+    double time = 0.0; ///< seconds
+    std::optional<StretchedPicture> stretched;
+
+    bool isThere() const { return frame || stretched; }
+    qint64 packet() const { return frame ? frame->packet : stretched->packet; }
+    int width() const { return frame ? frame->width() : stretched->width; }
+    int height() const { return frame ? frame->height() : stretched->height; }
 };
 
 /// The pictures of an open file, with the times that the options make of them.
 class PictureSource {
 public:
-    /// `decoder` is as for `DecodeAhead`.
+    /// `decoder` is as for `DecodeAhead`, and may have stretches.
     PictureSource(VideoDecoder& decoder, bool isAhead, const TimeOptions& times);
 
     /// The next picture; waits for it. A first one whose time is of no use is none.
@@ -37,7 +48,12 @@ public:
     double frameRate() const { return clock.frameRate(); }
 
 private:
-    DecodeAhead pictures;
+    TimedPicture nextStretched();
+    TimedPicture timed(TimedPicture picture, const StoredTime& stored);
+
+    VideoDecoder& decoder;
+    bool isAhead;
+    std::optional<DecodeAhead> frames; ///< once there are no stretches, or no more
     PictureClock clock;
     ReadPicture last;
     bool hasUselessFirst = false;

@@ -21,7 +21,7 @@ RangedPictures::RangedPictures(PictureSource& pictures, const TimeRange& range,
 TimedPicture RangedPictures::next() {
     for (;;) {
         TimedPicture picture = pictures.next();
-        if (!picture.frame)
+        if (!picture.isThere())
             return {};
         count(picture);
         const double time = picture.time - origin->time;
@@ -35,9 +35,9 @@ TimedPicture RangedPictures::next() {
 
 void RangedPictures::count(const TimedPicture& picture) {
     if (!origin)
-        origin = RecordingOrigin{picture.time, picture.frame->packet};
+        origin = RecordingOrigin{picture.time, picture.packet()};
     const qint64 last = currentNumber;
     const bool isByPacket = isSkipped && !hasBegun;
-    currentNumber = isByPacket ? picture.frame->packet - origin->packet : last + 1;
+    currentNumber = isByPacket ? picture.packet() - origin->packet : last + 1;
     hasGap = hasGap || (last >= 0 && currentNumber != last + 1);
 }

@@ -7,6 +7,7 @@
 #include "codeccontext.h"
 #include "ffmpegmutex.h"
 #include "logging.h"
+#include "packetskip.h"
 
 #include <QMutexLocker>
 
@@ -19,30 +20,60 @@ constexpr int mostKeyDecoders = 8;
 
 } // namespace
 
-bool DecodingContext::open(const char* fileName, int threads, bool areKeysWanted) {
+bool DecodingContext::open(const char* fileName, int mostThreads, bool areKeysWanted,
+                           const PictureComparisonMaker& comparison) {
+    threads = mostThreads;
     if (!reader.open(fileName)) {
         error = reader.errorText();
         return false;
     }
-    if (areKeysWanted)
+    const AVCodecParameters& parameters = *reader.stream()->codecpar;
+    if (areKeysWanted) {
         reader.readKeyFramesOnly();
-    QMutexLocker lock(&ffmpegMutex());
-    if (areKeysWanted)
-        return openKeys(threads);
-    OpenedCodec opened = openCodec(*reader.stream()->codecpar, threads, memory);
-    if (!opened.context) {
-        error = opened.error;
-        return false;
+        QMutexLocker lock(&ffmpegMutex());
+        return openKeys();
     }
-    codecName = avcodec_get_name(opened.context->codec_id);
+    // A pipe may have its packets come slowly; a stretch is read as a whole.
+    const bool mayCut = comparison && reader.canReopen();
+    const StretchPlan plan = mayCut ? planStretches(parameters, threads) : StretchPlan();
+    return plan.workers > 0 ? openStretches(plan, comparison) : openWhole(parameters, nullptr);
+}
+
+OpenedCodec DecodingContext::openLocked(const AVCodecParameters& parameters, int count) {
+    QMutexLocker lock(&ffmpegMutex());
+    OpenedCodec opened = openCodec(parameters, count, memory);
+    error = opened.error;
+    if (opened.context)
+        codecName = avcodec_get_name(opened.context->codec_id);
+    return opened;
+}
+
+/// Primed with `firstPacket`, if there is one.
+bool DecodingContext::openWhole(const AVCodecParameters& parameters, const AVPacket* firstPacket) {
+    OpenedCodec opened = openLocked(parameters, threads);
+    if (!opened.context)
+        return false;
+    if (firstPacket)
+        prime(*opened.context, *firstPacket);
     if (opened.hasFrameThreads)
-        threaded = std::make_unique<FrameThreadedDecoder>(std::move(opened.context));
+        threaded = std::make_unique<FrameThreadedDecoder>(std::move(opened.context), lastNumber);
     else
         serial = std::make_unique<SerialDecoder>(std::move(opened.context), memory);
     return true;
 }
 
-bool DecodingContext::openKeys(int threads) {
+bool DecodingContext::openStretches(const StretchPlan& plan,
+                                    const PictureComparisonMaker& comparison) {
+    OpenedCodec opened = openLocked(*reader.stream()->codecpar, 1);
+    if (!opened.context)
+        return false;
+    qCDebug(engineLog, "stretches, %d at a time", plan.workers);
+    stretches = std::make_unique<StretchReader>(reader, memory, std::move(opened.context), plan,
+                                                comparison);
+    return true;
+}
+
+bool DecodingContext::openKeys() {
     const AVCodecParameters& parameters = *reader.stream()->codecpar;
     const qint64 bytes = pictureBytes(parameters.format, parameters.width, parameters.height);
     const int count = bytes > largestKeptPicture ? 1 : std::min(threads, mostKeyDecoders);
@@ -79,6 +110,43 @@ std::optional<CompletedPicture> DecodingContext::nextPicture() {
             return std::nullopt;
     }
     return serial ? nextSerialPicture() : std::nullopt;
+}
+
+std::optional<StretchedPicture> DecodingContext::nextStretchedPicture() {
+    auto picture = stretches->next();
+    if (!picture && stretches->isInDoubt() && !reader.isInterrupted())
+        leaveStretches();
+    return picture;
+}
+
+/// Goes on as if there had been no stretches, just behind the last picture that was handed out.
+void DecodingContext::leaveStretches() {
+    StretchReader::Rest rest = stretches->takeRest();
+    qCDebug(engineLog, "no stretches from packet %lld on", static_cast<long long>(rest.lastNumber));
+    stretches.reset();
+    if (rest.isDamaged)
+        threads = 1;
+    memory.tryAgain();
+    if (!goOn(std::move(rest)))
+        end = {ReadEnd::Cause::OutOfMemory, error};
+}
+
+bool DecodingContext::goOn(StretchReader::Rest rest) {
+    lastNumber = rest.lastNumber;
+    if (rest.packets.empty() && !reader.reopen()) {
+        error = reader.errorText();
+        return false;
+    }
+    const bool isFromStart = rest.packets.empty() || rest.packets.front().number == 0;
+    const ParametersPointer parameters(avcodec_parameters_alloc());
+    if (!parameters || avcodec_parameters_copy(parameters.get(), reader.stream()->codecpar) < 0) {
+        error = QStringLiteral("out of memory");
+        return false;
+    }
+    if (!isFromStart)
+        parameters->video_delay = rest.reorderDelay;
+    reader.putBack(std::move(rest.packets));
+    return openWhole(*parameters, isFromStart ? nullptr : rest.firstPacket.get());
 }
 
 std::optional<CompletedPicture> DecodingContext::nextKeyPicture() {
@@ -129,6 +197,8 @@ bool DecodingContext::goSerial() {
         end = {ReadEnd::Cause::ReadError, reader.errorText()};
         return false;
     }
+    if (part)
+        watchPart();
     lock.relock();
     OpenedCodec opened = openCodec(*reader.stream()->codecpar, 1, memory);
     if (!opened.context) {
@@ -140,6 +210,48 @@ bool DecodingContext::goSerial() {
         opened.context->has_b_frames = reorderDelay;
     serial = std::make_unique<SerialDecoder>(std::move(opened.context), memory);
     return true;
+}
+
+bool DecodingContext::skipTo(std::int64_t dts) {
+    if (!reader.isAtStart()) {
+        QMutexLocker lock(&ffmpegMutex());
+        threaded.reset();
+        serial.reset();
+        lock.unlock();
+        replay.clear();
+        if (!openWhole(*reader.stream()->codecpar, nullptr))
+            return false;
+    }
+    std::deque<NumberedPacket> packets = ::skipTo(reader, dts);
+    const bool isThere = !packets.empty();
+    reader.putBack(std::move(packets));
+    return isThere;
+}
+
+bool DecodingContext::beginPart(RecordingPart wanted, qint64 delay) {
+    const qint64 bytes = reader.fileBytes();
+    if (bytes <= 0)
+        return false;
+    part.emplace(*reader.stream()->codecpar, wanted, bytes, delay);
+    watchPart();
+    std::deque<NumberedPacket> packets = skipToPart(reader, *part);
+    if (!part->hasBegun())
+        part->endReached();
+    if (!packets.empty() || part->begin() == 0) {
+        reader.putBack(std::move(packets));
+        return true;
+    }
+    part->runUpFromStart();
+    if (!reader.reopen()) {
+        error = reader.errorText();
+        return false;
+    }
+    watchPart();
+    return true;
+}
+
+void DecodingContext::watchPart() {
+    reader.setWatch([this](const NumberedPacket& packet) { part->add(packet); });
 }
 
 namespace {

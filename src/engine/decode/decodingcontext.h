@@ -7,37 +7,61 @@
 #include "framethreadeddecoder.h"
 #include "keyframedecoder.h"
 #include "packetreader.h"
+#include "partreading.h"
 #include "serialdecoder.h"
+#include "stretchreader.h"
 
 #include <cstdint>
 #include <deque>
 #include <memory>
 #include <optional>
 
-/// One open file. Exactly one of the three decoders is there once the file is open.
+/// One open file. Exactly one of the four decoders is there once the file is open.
 struct DecodingContext {
     PacketReader reader;
     PictureMemory memory; ///< outlives the decoders
     std::unique_ptr<FrameThreadedDecoder> threaded;
     std::unique_ptr<SerialDecoder> serial;
     std::unique_ptr<KeyFrameDecoder> keys;
+    std::unique_ptr<StretchReader>
+        stretches;                     ///< gone where `ffmpegMutex` is held to close the rest
     std::deque<NumberedPacket> replay; ///< packets that the serial decoder takes before reading on
     qint64 lastNumber = -1;            ///< packet that completed the last picture handed out
+    int threads = 1;                   ///< that may decode
     QByteArray codecName;              ///< empty until a decoder is open
     QString error;
-    ReadEnd end; ///< where the reader does not know it
+    ReadEnd end;                     ///< where the reader does not know it
+    std::optional<PartReading> part; ///< where only one is read
 
-    /// False if it cannot be opened; `error` tells why.
-    bool open(const char* fileName, int threads, bool areKeysWanted);
+    /// False if it cannot be opened; `error` tells why. With a `comparison` the file is decoded in
+    /// stretches where that is exact and pays.
+    bool open(const char* fileName, int threads, bool areKeysWanted,
+              const PictureComparisonMaker& comparison);
 
-    /// Nothing at the end; `end` or the reader's tells why.
+    /// Nothing at the end; `end` or the reader's tells why. Not while there are stretches.
     std::optional<CompletedPicture> nextPicture();
+
+    /// The same of `stretches`, which must be there. They are gone once the rest is to be had from
+    /// `nextPicture`.
+    std::optional<StretchedPicture> nextStretchedPicture();
+
+    /// As `VideoDecoder::skipTo`, in the stream's time base.
+    bool skipTo(std::int64_t dts);
+
+    /// As `VideoDecoder::beginPart`.
+    bool beginPart(RecordingPart wanted, qint64 delay);
 
     /// As `VideoDecoder::seekBefore`, in the stream's time base.
     bool seekBefore(std::int64_t dts);
 
 private:
-    bool openKeys(int threads);
+    void watchPart();
+    bool openKeys();
+    bool openStretches(const StretchPlan& plan, const PictureComparisonMaker& comparison);
+    bool openWhole(const AVCodecParameters& parameters, const AVPacket* firstPacket);
+    OpenedCodec openLocked(const AVCodecParameters& parameters, int count);
+    void leaveStretches();
+    bool goOn(StretchReader::Rest rest);
     std::optional<NumberedPacket> seekToKey(std::int64_t latest);
     std::optional<NumberedPacket> nextKey();
     std::optional<CompletedPicture> nextKeyPicture();

@@ -19,8 +19,11 @@ bool isPlaceholder(const AVPacket& packet, AVCodecID codec) {
 
 } // namespace
 
-FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context)
-    : context(std::move(context)) {}
+FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context, qint64 lastNumber)
+    : context(std::move(context))
+    , lastNumber(lastNumber) {
+    restart.handedOut(lastNumber);
+}
 
 FrameThreadedDecoder::Result FrameThreadedDecoder::next(PacketReader& reader) {
     PicturePointer picture(av_frame_alloc());

@@ -45,8 +45,9 @@ public:
         CompletedPicture picture;
     };
 
-    /// `context` must be open with frame threads.
-    explicit FrameThreadedDecoder(CodecContextPointer context);
+    /// `context` must be open with frame threads. Pictures that packets up to `lastNumber` complete
+    /// are not handed out.
+    explicit FrameThreadedDecoder(CodecContextPointer context, qint64 lastNumber = -1);
 
     Result next(PacketReader& reader);
 
@@ -70,5 +71,5 @@ private:
     RestartPackets restart;
     std::deque<std::int64_t> stamps; ///< decoding time stamps of the packets from `firstStamp` on
     qint64 firstStamp = 0;
-    qint64 lastNumber = -1; ///< packet that completed the last picture handed out
+    qint64 lastNumber; ///< packet that completed the last picture handed out
 };

@@ -11,12 +11,15 @@ extern "C" {
 }
 
 #include <array>
+#include <atomic>
 #include <cstdarg>
 
 Q_LOGGING_CATEGORY(engineLog, "kestrova.engine", QtWarningMsg)
 Q_LOGGING_CATEGORY(libavLog, "kestrova.libav", QtFatalMsg)
 
 namespace {
+
+std::atomic<qint64> errors{0};
 
 bool isWanted(int level) {
     if (level <= AV_LOG_ERROR)
@@ -36,6 +39,8 @@ void write(int level, const QByteArray& line) {
 }
 
 void forward(void* context, int level, const char* format, va_list arguments) {
+    if (level <= AV_LOG_ERROR)
+        errors.fetch_add(1, std::memory_order_relaxed);
     if (level > AV_LOG_VERBOSE || !isWanted(level))
         return;
     // The libraries write one line in several calls; Qt writes one line per message.
@@ -57,4 +62,8 @@ void forward(void* context, int level, const char* format, va_list arguments) {
 void routeLibavLog() {
     static const bool routed = (av_log_set_callback(forward), true);
     Q_UNUSED(routed)
+}
+
+qint64 libavErrors() {
+    return errors.load(std::memory_order_relaxed);
 }

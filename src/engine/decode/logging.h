@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QLoggingCategory>
+#include <QtGlobal>
 
 /// The engine's own messages: "kestrova.engine". Warnings are on, debug lines are off.
 Q_DECLARE_LOGGING_CATEGORY(engineLog)
@@ -16,3 +17,7 @@ Q_DECLARE_LOGGING_CATEGORY(libavLog)
 
 /// Sends the media libraries' log to `libavLog`. May be called any number of times, by any thread.
 void routeLibavLog();
+
+/// How many errors the media libraries have told of since the program began, of whatever recording:
+/// where that grows, something was damaged, though what came of it may not say so.
+qint64 libavErrors();

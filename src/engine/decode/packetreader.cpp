@@ -122,10 +122,15 @@ bool PacketReader::reopen() {
     return open(QByteArray(fileName).constData());
 }
 
+void PacketReader::setWatch(std::function<void(const NumberedPacket&)> newWatch) {
+    watch = std::move(newWatch);
+}
+
 void PacketReader::close() {
     avformat_close_input(&format);
     file.reset();
     streamIndex = -1;
+    watch = nullptr;
     returned.clear();
     nextNumber = 0;
     areKeysWanted = false;
@@ -150,8 +155,12 @@ std::optional<NumberedPacket> PacketReader::read() {
             break;
         }
         // An empty packet holds no picture, and would tell the decoder that the stream has ended.
-        if (packet->stream_index == streamIndex && packet->size > 0 && isWanted(*packet))
-            return NumberedPacket{nextNumber++, std::move(packet)};
+        if (packet->stream_index == streamIndex && packet->size > 0 && isWanted(*packet)) {
+            NumberedPacket numbered{nextNumber++, std::move(packet)};
+            if (watch)
+                watch(numbered);
+            return numbered;
+        }
         av_packet_unref(packet.get());
     }
     return std::nullopt;
@@ -198,6 +207,10 @@ const AVStream* PacketReader::stream() const {
 
 qint64 PacketReader::bytePosition() const {
     return format && format->pb ? format->pb->pos : -1;
+}
+
+qint64 PacketReader::fileBytes() const {
+    return format && format->pb ? avio_size(format->pb) : -1;
 }
 
 double PacketReader::duration() const {

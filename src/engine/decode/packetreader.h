@@ -55,11 +55,20 @@ public:
     /// From now on reads key frames alone. Once open.
     void readKeyFramesOnly();
 
+    /// Whether nothing was read since it was opened.
+    bool isAtStart() const { return nextNumber == 0; }
+
+    /// Has everything that is read from the file from now on looked at. Until it is closed.
+    void setWatch(std::function<void(const NumberedPacket&)> newWatch);
+
     /// Has `packets` read again before what follows them.
     void putBack(std::deque<NumberedPacket> packets) { returned = std::move(packets); }
 
     /// Whether the file can be opened again, as pipes cannot.
     bool canReopen() const { return file && file->canSeek(); }
+
+    /// The file's size, -1 if unknown.
+    qint64 fileBytes() const;
 
     /// Once `read` has answered nothing: why.
     const ReadEnd& readEnd() const { return end; }
@@ -83,6 +92,7 @@ private:
     std::unique_ptr<InputFile> file; ///< outlives `format`, which reads from it
     AVFormatContext* format = nullptr;
     int streamIndex = -1;
+    std::function<void(const NumberedPacket&)> watch;
     std::deque<NumberedPacket> returned;
     qint64 nextNumber = 0;
     bool areKeysWanted = false; ///< nothing but key frames

@@ -13,19 +13,31 @@ bool isKey(const NumberedPacket& packet) {
     return (packet.packet->flags & AV_PKT_FLAG_KEY) != 0;
 }
 
-/// The packets since the second last key frame.
+/// The packets since the second last key frame, or since the start of the file.
 class LastPackets {
 public:
+    explicit LastPackets(bool isAtStart)
+        : hasBegun(isAtStart) {}
+
     void add(NumberedPacket packet) {
+        hasBegun = hasBegun || isKey(packet);
+        if (!hasBegun)
+            return;
         if (isKey(packet))
             addKey(packet.number);
         bytes += packet.packet->size;
         packets.push_back(std::move(packet));
     }
 
+    bool isEmpty() const { return packets.empty(); }
+
     bool areTooMany() const { return bytes > mostBytes; }
 
-    std::deque<NumberedPacket> take() { return std::move(packets); }
+    /// None where they begin in the middle with the last key frame.
+    std::deque<NumberedPacket> take() {
+        const bool isEnough = packets.front().number == 0 || packets.front().number < lastKey;
+        return isEnough ? std::move(packets) : std::deque<NumberedPacket>();
+    }
 
 private:
     void addKey(qint64 number) {
@@ -37,6 +49,7 @@ private:
         }
     }
 
+    bool hasBegun;
     std::deque<NumberedPacket> packets;
     qint64 bytes = 0;
     qint64 lastKey = -1;
@@ -45,7 +58,7 @@ private:
 } // namespace
 
 std::deque<NumberedPacket> skipTo(PacketReader& reader, std::int64_t dts) {
-    LastPackets last;
+    LastPackets last(reader.isAtStart());
     std::int64_t before = AV_NOPTS_VALUE; // the smallest number
     while (auto packet = reader.read()) {
         const std::int64_t time = packet->packet->dts;
@@ -54,7 +67,27 @@ std::deque<NumberedPacket> skipTo(PacketReader& reader, std::int64_t dts) {
         before = time;
         last.add(std::move(*packet));
         if (time >= dts)
-            return last.take();
+            return last.isEmpty() ? std::deque<NumberedPacket>() : last.take();
     }
     return {};
+}
+
+std::deque<NumberedPacket> skipToPart(PacketReader& reader, PartReading& part) {
+    std::deque<NumberedPacket> packets;
+    qint64 bytes = 0;
+    while (!part.hasBegun()) {
+        auto packet = reader.read();
+        if (!packet)
+            break;
+        bytes += packet->packet->size;
+        packets.push_back(std::move(*packet));
+        while (!packets.empty() && (packets.front().number < part.runUp() || bytes > mostBytes)) {
+            bytes -= packets.front().packet->size;
+            packets.pop_front();
+        }
+    }
+    const bool isWhole = !packets.empty() && packets.front().number == part.runUp();
+    if (!isWhole)
+        packets.clear();
+    return packets;
 }

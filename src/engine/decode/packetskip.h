@@ -5,13 +5,18 @@
 #pragma once
 
 #include "packetreader.h"
+#include "partreading.h"
 
 #include <deque>
 
 /// Reads on without decoding, up to the first packet at or behind `dts`. Answers the packets that a
 /// decoder begins with so that what comes out from that one on is what comes out from the start:
-/// from the second last key frame on, or the start of the file.
+/// from the second last key frame on, or the start of the file where nothing was read before.
 ///
 /// Empty where that is in doubt: packets without times or with times that fall, key frames too far
 /// apart, or no packet at all that late.
 std::deque<NumberedPacket> skipTo(PacketReader& reader, std::int64_t dts);
+
+/// Reads on without decoding up to the begin of `part`, which is watching. Answers the packets from
+/// its run-up on; none, where these are too many, and the stream must be read from its start.
+std::deque<NumberedPacket> skipToPart(PacketReader& reader, PartReading& part);

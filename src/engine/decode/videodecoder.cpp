@@ -7,7 +7,6 @@
 #include "decodingcontext.h"
 #include "ffmpegmutex.h"
 #include "logging.h"
-#include "packetskip.h"
 
 #include <QMutexLocker>
 #include <QThread>
@@ -46,12 +45,26 @@ bool VideoDecoder::open(const char* fileName) {
     close();
     context = std::make_unique<DecodingContext>();
     context->reader.setInterrupt(interrupt);
-    return context->open(fileName, threads, areKeysWanted);
+    return context->open(fileName, threads, areKeysWanted, stretchComparison);
+}
+
+void VideoDecoder::setStretches(PictureComparisonMaker maker) {
+    stretchComparison = std::move(maker);
+}
+
+bool VideoDecoder::hasStretches() const {
+    return context && context->stretches;
+}
+
+std::optional<StretchedPicture> VideoDecoder::readStretched() {
+    return hasStretches() ? context->nextStretchedPicture() : std::nullopt;
 }
 
 DecodedFrame* VideoDecoder::readFrame(bool clone) {
     auto completed = context ? context->nextPicture() : std::nullopt;
-    if (!completed)
+    if (!completed && context && context->part)
+        context->part->endReached();
+    if (!completed || !isInPart(*completed))
         return nullptr;
     AVFrame* picture =
         clone ? av_frame_clone(completed->picture.get()) : completed->picture.release();
@@ -71,12 +84,20 @@ bool VideoDecoder::seekBefore(double time) {
 
 bool VideoDecoder::skipTo(double time) {
     const auto dts = stampOf(time);
-    if (!dts)
-        return false;
-    std::deque<NumberedPacket> packets = ::skipTo(context->reader, *dts);
-    const bool isThere = !packets.empty();
-    context->reader.putBack(std::move(packets));
-    return isThere;
+    return dts && context->skipTo(*dts);
+}
+
+bool VideoDecoder::beginPart(RecordingPart part, qint64 delay) {
+    return context && context->beginPart(part, delay);
+}
+
+const PartReading* VideoDecoder::part() const {
+    return context && context->part ? &*context->part : nullptr;
+}
+
+bool VideoDecoder::isInPart(const CompletedPicture& picture) {
+    return !context->part ||
+           context->part->isInside(*picture.picture, picture.number, picture.dts != AV_NOPTS_VALUE);
 }
 
 bool VideoDecoder::canReadAgain() const {
@@ -111,6 +132,8 @@ DecodedFrame* VideoDecoder::takeHeldFrame() {
 void VideoDecoder::close() {
     if (!context)
         return;
+    // Its threads take the mutex themselves.
+    context->stretches.reset();
     QMutexLocker lock(&ffmpegMutex());
     context.reset();
 }
@@ -137,7 +160,7 @@ bool VideoDecoder::isIntraOnly() const {
 
 double VideoDecoder::headerFrameRate() const {
     const AVStream* stream = context ? context->reader.stream() : nullptr;
-    if (!stream || stream->start_time != AV_NOPTS_VALUE || context->keys)
+    if (!stream || stream->start_time != AV_NOPTS_VALUE || context->keys || context->stretches)
         return 0.0;
     return context->threaded ? context->threaded->frameRate() : context->serial->frameRate();
 }

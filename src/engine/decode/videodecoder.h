@@ -5,8 +5,11 @@
 #pragma once
 
 #include "decodedframe.h"
+#include "picturecomparison.h"
 #include "readend.h"
+#include "recordingpart.h"
 #include "streamdescription.h"
+#include "stretchedpicture.h"
 
 #include <QByteArray>
 #include <QString>
@@ -16,6 +19,8 @@
 #include <memory>
 #include <optional>
 
+class PartReading;
+struct CompletedPicture;
 struct DecodingContext;
 
 /// Reads one video file picture by picture: the first video stream by index, decoded in order.
@@ -41,9 +46,20 @@ public:
     /// which it is shown.
     void setKeyFramesOnly(bool areWanted) { areKeysWanted = areWanted; }
 
+    /// Has the files that are opened from now on decoded in stretches side by side where that is
+    /// exact and pays. Their pictures are compared where they are decoded, with what `maker` makes
+    /// for each thread, and come from `readStretched`.
+    void setStretches(PictureComparisonMaker maker);
+
     /// Opens the file at the path `fileName` (UTF-8) and never any other, closing what was open.
     /// False if there is no readable video stream or no decoder for it; `errorText` then says why.
     bool open(const char* fileName);
+
+    /// The next picture of a file that is decoded in stretches. Nothing at the end, for which
+    /// `readEnd` tells the reason, and where there are none or no more: while `hasStretches` is
+    /// false the pictures come from `readFrame`.
+    std::optional<StretchedPicture> readStretched();
+    bool hasStretches() const;
 
     /// The next picture, or null at end of file and on any read error; `readEnd` tells which.
     ///
@@ -57,10 +73,18 @@ public:
     /// read from the start on. That and the times are the container's word; false if it has none.
     bool seekBefore(double time);
 
-    /// Just behind `open`: goes on to `time` (seconds, as read before) without decoding, so far
+    /// Goes on to `time` (seconds, as read before) without decoding, so far
     /// before it that the pictures from there on are those that are read from the start on. False
     /// if that is in doubt; the file must then be opened again.
     bool skipTo(double time);
+
+    /// Just behind `open`, of a file whose first picture packet `delay` completed: goes on, without
+    /// decoding, to one part of it. `readFrame` then answers its pictures, with some before them,
+    /// and ends behind the last. False if that cannot be done; the file must then be opened again.
+    bool beginPart(RecordingPart part, qint64 delay);
+
+    /// The part that is read; null if it is the whole file. Not while another thread reads.
+    const PartReading* part() const;
 
     /// Whether the open file can be opened again, as pipes cannot.
     bool canReadAgain() const;
@@ -105,10 +129,12 @@ public:
     bool isFileToBlame() const;
 
 private:
+    bool isInPart(const CompletedPicture& picture);
     std::optional<std::int64_t> stampOf(double time) const;
 
     std::unique_ptr<DecodingContext> context; ///< null while nothing is open
     std::function<bool()> interrupt;
     int threads;
     bool areKeysWanted = false;
+    PictureComparisonMaker stretchComparison; ///< null: no stretches
 };

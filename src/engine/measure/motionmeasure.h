@@ -4,28 +4,17 @@
 
 #pragma once
 
-#include "decodedframe.h"
-#include "lumaplane.h"
-#include "region.h"
+#include "picturedifference.h"
 
-#include <opencv2/core/mat.hpp>
+#include <QtGlobal>
 
-/// How the motion between two pictures is measured.
-struct MeasureOptions {
-    int thresholdValue = 35; ///< 0..255; a pixel that differs by this or less counts as unchanged
-    int skip = 0;            ///< frames between two measurements, 0 or more
-    RegionOfInterest region;
-};
-
-/// The motion value of each frame: the mean difference from the frame before it.
-///
-/// Value = mean over the picture or rectangle of the 8-bit differences of plane 0 that exceed
-/// `thresholdValue`, the others counting as 0. With a free mask the mean is still taken over the
-/// whole picture and then multiplied by (picture pixels / selected pixels), an integer quotient.
-/// Nothing is allocated per frame. Throws nothing.
+/// The motion value of each frame: the difference from the frame before it, or, where that is not
+/// measured, the value before.
 class MotionMeasure {
 public:
-    explicit MotionMeasure(const MeasureOptions& options);
+    /// `firstNumber` is that of the first picture that is compared with, as the recording counts
+    /// them: which pictures are skipped goes by that.
+    explicit MotionMeasure(const MeasureOptions& options, qint64 firstNumber = 0);
 
     /// The value of `current`, whose predecessor in the stream is `previous`.
     ///
@@ -34,17 +23,15 @@ public:
     /// could not be made is made up for on the next frame.
     float measure(const DecodedFrame& previous, const DecodedFrame& current);
 
-private:
-    void prepare(int newWidth, int newHeight);
-    bool compare(const DecodedFrame& previous, const DecodedFrame& current);
-    float meanDifference(const cv::Mat& previous, const cv::Mat& current) const;
+    /// The same for a frame of `width` x `height` pixels that was compared elsewhere, with nothing
+    /// if it could not be.
+    float take(std::optional<float> difference, int width, int height);
 
-    MeasureOptions options;
-    PreparedRegion region;
-    int width = 0; ///< the size that `region` is prepared for
-    int height = 0;
+private:
+    void keep(std::optional<float> difference);
+
+    PictureDifference pictures;
+    int skip;
     int skipCounter;
     float motion = 0.0F;
-    LumaPlane previousPlane;
-    LumaPlane currentPlane;
 };

@@ -1,0 +1,78 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "libavpointers.h"
+#include "recordingpart.h"
+#include "streamborders.h"
+
+#include <QSize>
+
+#include <cstdint>
+#include <optional>
+
+/// Where one part of a recording begins and ends, found while its packets are read, and whether all
+/// that is seen of it is so regular that the parts together are what one pass gives.
+///
+/// Part K of N begins with the first packet at which decoding can begin and that lies at or behind
+/// (K - 1) / N of the file's bytes, and ends with the packet before the one with which the next
+/// part begins: whoever measures another part finds the same borders. Packet P of a regular stream
+/// shows picture P - `delay`, counted from 0 in the order in which pictures are shown.
+class PartReading {
+public:
+    /// `fileBytes`: of the file; `delay`: the packet that completed its first picture.
+    PartReading(const AVCodecParameters& parameters, RecordingPart part, qint64 fileBytes,
+                qint64 delay);
+
+    /// The stream's next packet. Those that were seen before are ignored.
+    void add(const NumberedPacket& packet);
+
+    /// There are no further packets.
+    void endReached();
+
+    bool hasBegun() const { return firstPacket >= 0; }
+
+    /// Its first packet, and its first picture.
+    qint64 begin() const { return firstPacket; }
+
+    /// The packet behind its last; once that is known.
+    qint64 end() const { return endPacket; }
+
+    qint64 delay() const { return pictureDelay; }
+
+    /// Where decoding begins: one border before the part, so that what its first pictures refer to
+    /// and are compared with is there. 0 before the part has begun and there was none.
+    qint64 runUp() const { return runUpPacket; }
+
+    /// Has decoding begin with the stream's first packet.
+    void runUpFromStart();
+
+    /// Takes note of a picture that packet `completedBy` completed. False if it lies behind the
+    /// part.
+    bool isInside(const AVFrame& picture, qint64 completedBy, bool isTimed);
+
+    /// What is seen of the part so far is regular.
+    bool isRegular() const { return areAllRegular; }
+
+private:
+    void placeBorders(qint64 packet, const PacketKind& kind);
+    bool isWhereExpected(qint64 completedBy) const;
+    bool isSound(const AVFrame& picture) const;
+
+    StreamBorders borders;
+    AVCodecID codec;
+    RecordingPart part;
+    qint64 fileBytes;
+    qint64 pictureDelay;
+    QSize size;                ///< pixels, of all pictures
+    qint64 next = 0;           ///< number of the packet to come
+    std::int64_t farthest = 0; ///< bytes, of the packets so far
+    qint64 runUpPacket = 0;    ///< the last border before the part
+    bool isRunUpClosed = true; ///< all that follows it can be decoded
+    qint64 firstPacket = -1;
+    qint64 endPacket = -1;
+    qint64 lastCompletedBy = -1; ///< of the last picture
+    bool areAllRegular = true;
+};

@@ -1,0 +1,45 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "stretch.h"
+
+#include <algorithm>
+
+StretchStream::StretchStream(const AVCodecParameters& original, PictureMemory& memory)
+    : parameters(avcodec_parameters_alloc())
+    , memory(memory) {
+    if (parameters && avcodec_parameters_copy(parameters.get(), &original) < 0)
+        parameters.reset();
+}
+
+Stretch::~Stretch() {
+    stream->packetBytes -= bytes;
+}
+
+void Stretch::add(NumberedPacket packet) {
+    bytes += packet.packet->size;
+    stream->packetBytes += packet.packet->size;
+    packets.push_back(std::move(packet));
+}
+
+std::vector<const AVPacket*> Stretch::decodedPackets() const {
+    std::vector<const AVPacket*> decoded;
+    decoded.reserve(packets.size() + tail.size());
+    for (std::size_t i = 0; i < packets.size(); ++i) {
+        if (i == 0 || int(i) > leading)
+            decoded.push_back(packets[i].packet.get());
+    }
+    for (const PacketPointer& packet : tail)
+        decoded.push_back(packet.get());
+    return decoded;
+}
+
+int Stretch::expectedPictures() const {
+    const int leadingOfNext = std::max(0, int(tail.size()) - 1);
+    return int(packets.size()) - leading + leadingOfNext;
+}
+
+bool areAlike(const AVFrame& a, const AVFrame& b) {
+    return a.width == b.width && a.height == b.height && a.format == b.format;
+}

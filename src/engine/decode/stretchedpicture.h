@@ -1,0 +1,35 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "decodedframe.h"
+
+#include <memory>
+#include <optional>
+
+struct Stretch;
+
+/// A picture that has been decoded, compared with the one before it and let go. Its stretch's
+/// packets are kept, so that it can be decoded again.
+struct StretchedPicture {
+    qint64 packet = -1;         ///< place in the stream of the packet that completed it
+    double time = 0.0;          ///< seconds; as for `DecodedFrame`
+    bool isTimeMissing = false; ///< as for `DecodedFrame`
+    int width = 0;              ///< pixels
+    int height = 0;             ///< pixels
+    std::optional<float>
+        value;                ///< of the comparison; nothing for the first one, or if none could be
+    qint64 bytePosition = -1; ///< how far into the file the demuxer was behind that packet
+    double headerFrameRate = 0.0;           ///< as `VideoDecoder` has it
+    std::shared_ptr<const Stretch> stretch; ///< never null
+    int index = 0;                          ///< in the stretch
+};
+
+/// Decodes the picture once more. Its time is not set; null if it cannot be had. The recording's
+/// decoder must still be there.
+FramePointer decodeAgain(const StretchedPicture& picture);
+
+/// The bytes of all packets that the pictures of its recording keep.
+qint64 keptBytes(const StretchedPicture& picture);

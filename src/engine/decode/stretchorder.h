@@ -1,0 +1,42 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "stretch.h"
+
+/// Judges stretches, in their order, by whether they give what a decoder gives that never stops,
+/// and numbers their pictures.
+///
+/// A decoder that holds back `delay` pictures completes a picture with the packet that comes as
+/// many places behind its own; one that has the stretch alone does the same or, at its end, gives
+/// them away. Where packets and pictures do not go in such pairs, nothing is certain.
+class StretchOrder {
+public:
+    explicit StretchOrder(PictureComparison compare)
+        : compare(std::move(compare)) {}
+
+    /// Takes the next stretch, once it is decoded. Answers for each of its pictures the number of
+    /// the packet that completes it, which can lie behind the stretch; nothing in doubt. Compares
+    /// the first picture with the last one of the stretch before.
+    std::optional<std::vector<qint64>> add(Stretch& stretch);
+
+    /// How many pictures the decoder holds back, as the recording has shown.
+    int reorderDelay() const { return delay; }
+
+    /// Whether pictures have come out as late as that from the first one on.
+    bool isDelayUsual() const { return offset == delay; }
+
+private:
+    bool isRegular(const Stretch& stretch) const;
+    bool hasAllPictures(const Stretch& stretch) const;
+    std::vector<qint64> numbersOf(const Stretch& stretch) const;
+    void compareFirst(Stretch& stretch);
+
+    PictureComparison compare;
+    int delay = 0;
+    int offset = 0; ///< places from a picture's own packet to the one that completes it
+    qint64 pictures = 0;
+    FramePointer last; ///< of the stretch before; null if there is none
+};

@@ -1,0 +1,10 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "clippicture.h"
+
+/// A picture, whichever of a recording, where nobody wants to see it. Never null.
+ClipPicturePointer noPicture(int index = 0);

@@ -1,0 +1,179 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "stretchcutter.h"
+
+#include "logging.h"
+#include "media.h"
+
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+/// Everything in an open recording, cut.
+struct CutRecording {
+    CutRecording(const QString& path, const StretchPlan& plan) {
+        isOpen = reader.open(path.toUtf8().constData());
+        if (!isOpen)
+            return;
+        stream = std::make_shared<StretchStream>(*reader.stream()->codecpar, memory);
+        cutter = std::make_unique<StretchCutter>(reader, stream, plan);
+    }
+
+    void readAll() {
+        while (cutter->read())
+            hasBeenTooLong = hasBeenTooLong || cutter->isTooLong();
+    }
+
+    PacketReader reader;
+    PictureMemory memory;
+    std::shared_ptr<StretchStream> stream;
+    std::unique_ptr<StretchCutter> cutter;
+    bool isOpen = false;
+    bool hasBeenTooLong = false;
+};
+
+StretchPlan planOf(int fewest, int fewestOpen) {
+    StretchPlan plan;
+    plan.workers = 2;
+    plan.fewestPackets = fewest;
+    plan.fewestOpen = fewestOpen;
+    plan.enoughBytes = 1 << 30;
+    plan.mostPackets = 60;
+    plan.mostBytes = 1 << 30;
+    plan.bytesInHand = 1 << 30;
+    return plan;
+}
+
+bool areSame(const AVPacket& a, const AVPacket& b) {
+    return a.size == b.size && a.data == b.data;
+}
+
+} // namespace
+
+class TestStretchCutter : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void everyPacketIsInOneStretch();
+    void shortGroupsAreJoined();
+    void manyBytesAreEnough();
+    void leadingPacketsAreInTwo();
+    void longGroupsAreTooLong();
+    void marksAreKeptUntilForgotten();
+    void packetsAreCounted();
+
+private:
+    QTemporaryDir folder;
+    QString closed; ///< 100 pictures in groups of ten
+    QString open;   ///< the same with leading pictures
+};
+
+void TestStretchCutter::initTestCase() {
+    routeLibavLog();
+    closed = folder.filePath("closed.mkv");
+    open = folder.filePath("open.mkv");
+    const QStringList source = {"-f",       "lavfi",   "-i",  "testsrc2=s=160x120:r=25:d=4",
+                                "-pix_fmt", "yuv420p", "-c:v"};
+    QVERIFY(media::encode(source + QStringList{"libx264", "-x264-params",
+                                               "keyint=10:min-keyint=10:scenecut=0:bframes=2",
+                                               closed}));
+    QVERIFY(media::encode(source +
+                          QStringList{"libx265", "-x265-params",
+                                      "log-level=none:keyint=10:min-keyint=10:scenecut=0:bframes=3:"
+                                      "b-adapt=0:open-gop=1",
+                                      open}));
+}
+
+void TestStretchCutter::everyPacketIsInOneStretch() {
+    for (const QString& path : {closed, open}) {
+        CutRecording cut(path, planOf(1, 1));
+        QVERIFY(cut.isOpen);
+        cut.readAll();
+        qint64 next = 0;
+        qint64 index = 0;
+        for (const StretchPointer& stretch : cut.cutter->whole) {
+            QCOMPARE(stretch->index, index++);
+            QCOMPARE(stretch->isLast, stretch == cut.cutter->whole.back());
+            QVERIFY(!stretch->isInDoubt);
+            for (const NumberedPacket& packet : stretch->packets)
+                QCOMPARE(packet.number, next++);
+        }
+        QCOMPARE(next, 100);
+        QCOMPARE(index, 10);
+        QVERIFY(cut.cutter->unfinished().empty());
+    }
+}
+
+void TestStretchCutter::shortGroupsAreJoined() {
+    CutRecording cut(closed, planOf(25, 45));
+    cut.readAll();
+    QVector<int> lengths;
+    for (const StretchPointer& stretch : cut.cutter->whole)
+        lengths.append(int(stretch->packets.size()));
+    QCOMPARE(lengths, QVector<int>({30, 30, 30, 10}));
+}
+
+void TestStretchCutter::manyBytesAreEnough() {
+    StretchPlan plan = planOf(25, 45);
+    plan.enoughBytes = 1;
+    CutRecording cut(closed, plan);
+    cut.readAll();
+    QCOMPARE(cut.cutter->whole.size(), std::size_t(10));
+}
+
+void TestStretchCutter::leadingPacketsAreInTwo() {
+    CutRecording cut(open, planOf(1, 1));
+    cut.readAll();
+    int leading = 0;
+    for (std::size_t i = 0; i + 1 < cut.cutter->whole.size(); ++i) {
+        const Stretch& stretch = *cut.cutter->whole[i];
+        const Stretch& next = *cut.cutter->whole[i + 1];
+        QCOMPARE(int(stretch.tail.size()), next.leading > 0 ? next.leading + 1 : 0);
+        for (std::size_t j = 0; j < stretch.tail.size(); ++j)
+            QVERIFY(areSame(*stretch.tail[j], *next.packets[j].packet));
+        // What the next one decodes begins with its key picture and leaves the leading ones out.
+        const auto decoded = next.decodedPackets();
+        QCOMPARE(int(decoded.size()), int(next.packets.size() + next.tail.size()) - next.leading);
+        QCOMPARE(decoded[1], next.packets[std::size_t(next.leading) + 1].packet.get());
+        leading += next.leading;
+    }
+    QVERIFY(leading >= 9); // at least one at each border: groups are open
+}
+
+void TestStretchCutter::longGroupsAreTooLong() {
+    CutRecording fits(closed, planOf(50, 50));
+    fits.readAll();
+    QVERIFY(!fits.hasBeenTooLong);
+    CutRecording one(closed, planOf(90, 90));
+    one.readAll();
+    QVERIFY(one.hasBeenTooLong);
+}
+
+void TestStretchCutter::marksAreKeptUntilForgotten() {
+    CutRecording cut(closed, planOf(1, 1));
+    for (int i = 0; i < 5; ++i)
+        QVERIFY(cut.cutter->read());
+    QVERIFY(cut.cutter->mark(0) && cut.cutter->mark(4));
+    QVERIFY(!cut.cutter->mark(5));
+    QVERIFY(cut.cutter->mark(4)->dts > cut.cutter->mark(3)->dts);
+    QVERIFY(cut.cutter->mark(4)->bytePosition >= cut.cutter->mark(0)->bytePosition);
+    cut.cutter->forgetBefore(3);
+    QVERIFY(!cut.cutter->mark(2));
+    QVERIFY(cut.cutter->mark(3));
+}
+
+void TestStretchCutter::packetsAreCounted() {
+    CutRecording cut(closed, planOf(1, 1));
+    cut.readAll();
+    QCOMPARE(cut.stream->packetBytes.load(), cut.cutter->bytesRead());
+    const qint64 first = cut.cutter->whole.front()->bytes;
+    cut.cutter->whole.pop_front();
+    QCOMPARE(cut.stream->packetBytes.load(), cut.cutter->bytesRead() - first);
+}
+
+QTEST_GUILESS_MAIN(TestStretchCutter)
+#include "test_stretchcutter.moc"
