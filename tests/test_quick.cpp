@@ -4,13 +4,18 @@
 
 // The scanner's look at key frames alone.
 
+#include "faults.h"
 #include "files.h"
 #include "media.h"
 #include "process.h"
 
 #include <QDir>
+#include <QFileInfo>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <cerrno>
 
 namespace {
 
@@ -43,8 +48,14 @@ private Q_SLOTS:
     void keptValuesAreMarked();
     void rangesAndSnapshots();
     void needsTimes();
+    void refinedIsExactAroundWhatWasFound_data();
+    void refinedIsExactAroundWhatWasFound();
+    void refinedCountsOn();
+    void refinedFromKeptValues();
+    void refinedThatCannotBeRead();
 
 private:
+    QList<QJsonObject> clips(const QStringList& options, const QString& name);
     ProcessResult scan(const QStringList& options, const QString& name);
     QList<QByteArrayList> traced(const QStringList& options, const QString& name);
     QString path(const QString& name) const { return folder.filePath(name); }
@@ -65,6 +76,10 @@ void TestQuick::initTestCase() {
     QVERIFY(encode("far.mp4", h264(250)));
     QVERIFY(encode("whole.avi", {"-c:v", "mjpeg"}));
     QVERIFY(encode("elementary.264", h264(25)));
+    QVERIFY(
+        media::encode(media::crossingBox(50, 20, 26) + h264(25) + QStringList{path("day.mp4")}));
+    QVERIFY(media::encode(
+        {"-stream_loop", "2", "-i", path("day.mp4"), "-c", "copy", path("days.mp4")}));
     video = path("a.mp4");
 }
 
@@ -201,10 +216,108 @@ void TestQuick::rangesAndSnapshots() {
 
 void TestQuick::needsTimes() {
     const ProcessResult result = scan({"--quick"}, path("elementary.264"));
-    QCOMPARE(result.status, 1);
+    QCOMPARE(result.status, 3);
     QVERIFY2(result.errors.endsWith(": no usable times, without which there is no quick look\n"),
              result.errors.constData());
     QCOMPARE(scan({"--quick", "--fps", "25"}, video).status, 2);
+}
+
+QList<QJsonObject> TestQuick::clips(const QStringList& options, const QString& name) {
+    QList<QJsonObject> lines = jsonLines(scan(options, name).output);
+    lines.removeLast();
+    return lines;
+}
+
+void TestQuick::refinedIsExactAroundWhatWasFound_data() {
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<int>("visits");
+    QTest::newRow("plain") << QStringList() << 3;
+    QTest::newRow("one thread") << QStringList{"--threads", "1"} << 3;
+    QTest::newRow("merged") << QStringList{"--merge", "1"} << 3;
+    QTest::newRow("in a range") << QStringList{"--from", "12", "--to", "75.5"} << 2;
+    QTest::newRow("skipping") << QStringList{"--skip", "2"} << 3;
+}
+
+void TestQuick::refinedIsExactAroundWhatWasFound() {
+    QFETCH(QStringList, options);
+    QFETCH(int, visits);
+    options += someClips + QStringList{"--snapshots", path("pictures")};
+    const ProcessResult refined =
+        scan(options + QStringList{"--quick", "--refine"}, path("days.mp4"));
+    QCOMPARE(refined.status, 0);
+    QList<QJsonObject> found = jsonLines(refined.output);
+    QCOMPARE(found.takeLast()["quick"], QJsonValue(true));
+    QList<QJsonObject> expected;
+    static const QRegularExpression stretch("searched exactly from ([0-9.]+) to ([0-9.]+) s");
+    auto stretches = stretch.globalMatch(QString::fromUtf8(refined.errors));
+    int count = 0;
+    while (stretches.hasNext()) {
+        const auto bounds = stretches.next();
+        ++count;
+        for (QJsonObject clip :
+             clips(options + QStringList{"--from", bounds.captured(1), "--to", bounds.captured(2)},
+                   path("days.mp4"))) {
+            const QString picture = clip["snapshot"].toString();
+            clip["index"] = expected.size();
+            clip["snapshot"] =
+                path("pictures/days.mp4-%1.png").arg(expected.size(), 4, 10, QLatin1Char('0'));
+            expected.append(clip);
+        }
+    }
+    QCOMPARE(count, visits);
+    QVERIFY(found.size() >= visits);
+    QCOMPARE(found, expected);
+}
+
+/// Clips, pictures and times are those of the whole recording.
+void TestQuick::refinedCountsOn() {
+    const QString days = path("days.mp4");
+    const QList<QJsonObject> whole = clips(someClips, days);
+    QCOMPARE(whole.size(), 3);
+    QCOMPARE(clips(someClips + QStringList{"--quick", "--refine"}, days), whole);
+    const QList<QByteArrayList> all = traced(someClips, days);
+    const QList<QByteArrayList> lines =
+        traced(someClips + QStringList{"--quick", "--refine"}, days);
+    QVERIFY(lines.size() > 1000 && lines.size() < all.size() * 2 / 3);
+    for (const QByteArrayList& line : lines)
+        QCOMPARE(line, all.value(line[0].toInt() - 1));
+    // A recording in which nothing moves has nothing to search.
+    const ProcessResult quiet = scan({"--quick", "--refine", "--threshold-motion", "10"}, days);
+    QCOMPARE(quiet.status, 0);
+    QCOMPARE(quiet.output, QByteArray());
+    QVERIFY(!quiet.errors.contains("searched exactly"));
+    QCOMPARE(scan({"--refine"}, days).status, 2);
+}
+
+void TestQuick::refinedFromKeptValues() {
+    const QStringList options =
+        someClips + QStringList{"--quick", "--refine", "--values", path("kept-refined")};
+    const ProcessResult fresh = scan(options, path("days.mp4"));
+    const ProcessResult again = scan(options, path("days.mp4"));
+    QCOMPARE(again.output, fresh.output);
+    QCOMPARE(again.errors, fresh.errors);
+    QVERIFY(fresh.errors.contains("searched exactly"));
+    // What is kept are the key frames.
+    const QDir kept(path("kept-refined"));
+    QVERIFY(readFile(kept.filePath(kept.entryList(QDir::Files).value(0)))
+                .contains("# pictures: key\n"));
+}
+
+void TestQuick::refinedThatCannotBeRead() {
+    const QString days = path("days.ts"); // an mp4's index stands at its end
+    QVERIFY(media::encode({"-i", path("days.mp4"), "-c", "copy", days}));
+    const QStringList options =
+        someClips + QStringList{"--quick", "--refine", "--values", path("kept-failed")};
+    scan(options, days);
+    const ProcessResult failed = runProgramIn(faults::readError(days, QFileInfo(days).size() / 2),
+                                              "kestrova-scan", options + QStringList{days});
+    QCOMPARE(failed.status, 1);
+    QVERIFY2(failed.errors.contains(qt_error_string(EIO).toUtf8()),
+             failed.errors.right(300).constData());
+    const QList<QJsonObject> lines = jsonLines(failed.output);
+    QVERIFY(lines.size() >= 2);
+    QCOMPARE(lines.last()["state"].toString(), QStringLiteral("failed"));
+    QCOMPARE(lines.first(), clips(someClips, days).first()); // found before
 }
 
 QTEST_GUILESS_MAIN(TestQuick)

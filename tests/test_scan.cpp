@@ -62,6 +62,7 @@ private Q_SLOTS:
     void usageErrors_data();
     void usageErrors();
     void unreadableVideosAreNamedAndTheOthersDone();
+    void onlyRecordingsAreToBlame();
     void unwritableOutputsAreUsageErrors();
     void fullDiskIsNoSuccess();
     void interruptWritesTheOpenClip_data();
@@ -516,10 +517,7 @@ void TestScan::usageErrors() {
 
 void TestScan::unreadableVideosAreNamedAndTheOthersDone() {
     const QString text = folder.filePath("notes.txt");
-    QFile file(text);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("not a video\n");
-    file.close();
+    QVERIFY(writeFile(text, "not a video\n"));
     const QString missing = folder.filePath("missing.mp4");
     const ProcessResult result = scan({"--format", "jsonl", missing, text, video});
     QCOMPARE(result.status, 1);
@@ -529,6 +527,20 @@ void TestScan::unreadableVideosAreNamedAndTheOthersDone() {
     for (int i = 0; i < 2; ++i)
         QCOMPARE(lines[i]["state"].toString(), QStringLiteral("failed"));
     QCOMPARE(lines.last()["state"].toString(), QStringLiteral("finished"));
+}
+
+void TestScan::onlyRecordingsAreToBlame() {
+    const QString text = folder.filePath("words.txt");
+    QVERIFY(writeFile(text, "not a video\n"));
+    for (const char* jobs : {"1", "2"}) {
+        QCOMPARE(scan({"--jobs", jobs, text, video}).status, 3);
+        // Whatever is our side's fault wins, wherever it stands.
+        QCOMPARE(scan({"--jobs", jobs, text, folder.filePath("missing.mp4")}).status, 1);
+        QCOMPARE(scan({"--jobs", jobs, folder.filePath("missing.mp4"), text}).status, 1);
+    }
+    QCOMPARE(scan({"--trace", "/dev/full", video, text}).status, 1);
+    QCOMPARE(scan({"--list", folder.filePath("missing"), text}).status, 1);
+    QCOMPARE(scan({"--trace", folder.path(), text}).status, 2);
 }
 
 void TestScan::unwritableOutputsAreUsageErrors() {
@@ -617,9 +629,11 @@ void TestScan::interruptEndsTheWaitForAPipe() {
     const PipeWriter writer(pipe, isHalfThere ? readFile(recording) : QByteArray());
     const QString trace = folder.filePath("pipe.trace");
     QFile::remove(trace);
+    const QString text = folder.filePath("before.txt"); // its status does not win
+    QVERIFY(writeFile(text, "not a video\n"));
     QProcess process;
     process.start(media::programDirectory() + "/kestrova-scan",
-                  {"--format", "jsonl", "--trace", trace, pipe, video});
+                  {"--format", "jsonl", "--trace", trace, text, pipe, video});
     QTRY_VERIFY(writer.hasWrittenHalf() && (!isHalfThere || QFileInfo(trace).size() > 0));
     ::kill(pid_t(process.processId()), SIGINT);
     QVERIFY(process.waitForFinished());
@@ -656,7 +670,7 @@ void TestScan::playlistsAreNamed() {
     const QString playlist = folder.filePath("live.m3u8");
     QVERIFY(writeFile(playlist, "#EXTM3U\n#EXT-X-TARGETDURATION:1\n#EXTINF:20,\ngarden.mp4\n"));
     const ProcessResult result = scan({"--format", "jsonl", playlist});
-    QCOMPARE(result.status, 1);
+    QCOMPARE(result.status, 3);
     QCOMPARE(result.errors,
              "kestrova-scan: " + playlist.toUtf8() + ": a playlist, not a recording\n");
     QCOMPARE(jsonLines(result.output).first()["state"].toString(), QStringLiteral("failed"));

@@ -47,6 +47,7 @@ private Q_SLOTS:
     void fullTraceIsNamedAtOnce();
     void traceThatFillsUp();
     void traceThatDoesNotReachTheDisk();
+    void fullDiskWinsOverUnreadableRecordings();
 
 private:
     void fail(const char* call, int error, const QString& file, int room = 0);
@@ -262,6 +263,17 @@ void TestScanFaults::traceThatDoesNotReachTheDisk() {
     run({"--quiet", "--trace", path("trace"), recording});
     QCOMPARE(process->exitCode(), 1);
     QCOMPARE(errors(), "kestrova-scan: " + path("trace").toUtf8() + ": Input/output error\n");
+}
+
+void TestScanFaults::fullDiskWinsOverUnreadableRecordings() {
+    QVERIFY(writeFile(path("noise.mp4"), QByteArray(5000, 'x')));
+    const QStringList arguments = {"--quiet", "--values", path("kept"), path("noise.mp4")};
+    fail("write", ENOSPC, ".values");
+    run(arguments); // what is wrong with it could not be kept
+    QCOMPARE(process->exitCode(), 1);
+    process->setProcessEnvironment(QProcessEnvironment::systemEnvironment());
+    run(arguments);
+    QCOMPARE(process->exitCode(), 3);
 }
 
 QTEST_GUILESS_MAIN(TestScanFaults)

@@ -41,6 +41,7 @@ private Q_SLOTS:
     void folderIsSearched();
     void listIsSearched();
     void listFromStandardInput();
+    void namesAreThoseOfTheSearch();
     void whatCannotBeReadIsNamed();
     void nothingFoundIsNoFailure();
     void traceOverwritesNothingFound();
@@ -90,6 +91,19 @@ void TestScanList::listFromStandardInput() {
     ProcessResult result;
     result.output = process.readAllStandardOutput();
     QCOMPARE(scanned(result), both);
+}
+
+void TestScanList::namesAreThoseOfTheSearch() {
+    const QString odd = path("odd\n name.mkv"); // never opened: it need not be there
+    const QByteArray names = (both.join(QChar()) + QChar() + odd + QChar()).toUtf8();
+    const ProcessResult result = scan({"--names", "--snapshots", path("none"), path("a"), odd});
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.output, names);
+    QVERIFY(!QFileInfo::exists(path("none")));
+    QVERIFY(writeFile(path("names"), names));
+    QCOMPARE(scan({"--names", "--list", path("names"), "--null"}).output, names);
+    QCOMPARE(scan({"--names", "--list", path("missing"), odd}).status, 1);
+    QCOMPARE(scan({"--names"}).status, 2);
 }
 
 void TestScanList::whatCannotBeReadIsNamed() {

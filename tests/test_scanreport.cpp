@@ -68,6 +68,7 @@ private Q_SLOTS:
     void interruptedScansAreNotComplete();
     void unwritableFoldersAreUsageErrors();
     void failuresAtTheEndAreNamed();
+    void quickLooksAreMarked();
     void olderReportsAreReplaced();
     void olderReportsOutliveAFullDisk_data();
     void olderReportsOutliveAFullDisk();
@@ -180,7 +181,7 @@ void TestScanReport::unreadableRecordingsAreListed() {
     const QString text = folder.filePath("text.mp4");
     QVERIFY(writeFile(text, "no recording"));
     const ProcessResult result = scan({"--report", folder.filePath("failed"), text, video});
-    QCOMPARE(result.status, 1);
+    QCOMPARE(result.status, 3);
     const QByteArray page = pageIn("failed");
     QVERIFY(page.indexOf("text.mp4 <span", page.indexOf("id=\"failed\"")) > 0);
     QVERIFY(page.contains("visit.mp4-0000.png"));
@@ -232,6 +233,31 @@ void TestScanReport::failuresAtTheEndAreNamed() {
     QVERIFY2(result.errors.contains("visit.mp4: cannot write the picture "),
              result.errors.constData());
     QCOMPARE(QDir(folder.filePath("stuck")).entryList(QDir::Files | QDir::Hidden), QStringList());
+}
+
+/// Also where it is refined; the recording is then as long as it is.
+void TestScanReport::quickLooksAreMarked() {
+    const QByteArray mark = "Only key frames were looked at";
+    const QString looked = folder.filePath("looked.mp4");
+    QVERIFY(
+        media::encode(media::crossingBox(60, 40, 46) +
+                      QStringList{"-c:v", "libx264", "-preset", "ultrafast", "-g", "25", looked}));
+    const QStringList options = {"--minimum", "2", looked, "--report"};
+    scan(options + QStringList{folder.filePath("exact")});
+    QVERIFY(!pageIn("exact").contains(mark));
+    for (const QStringList& more : QList<QStringList>{{"--quick"}, {"--quick", "--refine"}}) {
+        const ProcessResult result = scan(options + QStringList{folder.filePath("looked")} + more);
+        QCOMPARE(result.status, 0);
+        const QByteArray page = pageIn("looked");
+        QVERIFY(page.contains(mark));
+        QVERIFY2(page.contains("0:00:59 searched, 1 clip "),
+                 page.mid(page.indexOf("searched") - 60, 90).constData());
+        QVERIFY(page.contains("0:00:59 long, 1 clip"));
+    }
+    // Where nothing was found there is nothing to search.
+    scan(options +
+         QStringList{folder.filePath("looked"), "--quick", "--refine", "--threshold-motion", "10"});
+    QVERIFY(pageIn("looked").contains("0:00:59 long, greatest motion value"));
 }
 
 void TestScanReport::olderReportsAreReplaced() {

@@ -12,6 +12,11 @@ void ReportedRecording::add(double time, float motion) {
     histogram.add(time, motion);
 }
 
+bool MotionReport::isQuick() const {
+    return std::any_of(recordings.cbegin(), recordings.cend(),
+                       [](const ReportedRecording& one) { return one.isQuick; });
+}
+
 bool MotionReport::isComplete() const {
     return std::all_of(recordings.cbegin(), recordings.cend(), [](const ReportedRecording& one) {
         return one.state == SearchState::Done || one.state == SearchState::Failed;

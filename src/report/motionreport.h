@@ -40,6 +40,7 @@ struct ReportedRecording {
     QString path;        ///< absolute
     double offset = 0.0; ///< seconds from the file's beginning to its first picture
     double seconds = 0.0;
+    bool isQuick = false; ///< found out by its key frames alone
     SearchState state = SearchState::NotBegun;
     QString reason; ///< of a failure, for a person
     MotionStrip strip;
@@ -56,5 +57,6 @@ struct MotionReport {
     QDateTime startTime; ///< of each first picture; invalid: not known
     std::vector<ReportedRecording> recordings;
 
+    bool isQuick() const;    ///< key frames alone were looked at in some recording
     bool isComplete() const; ///< every recording was searched as far as it could be read
 };

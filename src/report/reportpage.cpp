@@ -140,6 +140,10 @@ QByteArray ReportPage::summary() const {
                          QStringLiteral(" with --threshold-motion ") +
                          QString::number(report.threshold);
     QByteArray lines = "<p>" + htmlText(text) + "</p>\n";
+    if (report.isQuick())
+        lines +=
+            "<p class=\"trouble\">Only key frames were looked at: motion between two of them is "
+            "missed.</p>\n";
     if (!report.isComplete())
         lines += "<p class=\"trouble\">The scan ended early, so this report is not complete.</p>\n";
     return lines;

@@ -121,6 +121,26 @@ TimeRange readRange(const QCommandLineParser& parser, OptionValues& values) {
     return range;
 }
 
+/// What a part is measured with, and where it is kept; all else is for the call that joins them.
+std::optional<RecordingPart> readPart(const QCommandLineParser& parser, OptionValues& values) {
+    if (!parser.isSet("part"))
+        return std::nullopt;
+    const QStringList numbers = parser.value("part").split(QLatin1Char('/'));
+    RecordingPart part{numbers.value(0).toInt(), numbers.value(1).toInt()};
+    constexpr int mostParts = 9999; // as names of values files have room for
+    if (numbers.size() != 2 || part.index < 1 || part.index > part.count || part.count > mostParts)
+        values.reject(QStringLiteral("--part takes one of up to 9999 parts, as in 2/3, not '%1'")
+                          .arg(parser.value("part")));
+    if (!parser.isSet("values"))
+        values.reject(QStringLiteral("--part needs --values"));
+    for (const char* option :
+         {"quick", "from", "to", "merge", "format", "snapshots", "report", "trace", "export"}) {
+        if (parser.isSet(option))
+            values.reject(QStringLiteral("--part and --%1 exclude each other").arg(option));
+    }
+    return part;
+}
+
 DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& values) {
     DetectionOptions options;
     options.segmentation.prerecord = values.number("prerecord");
@@ -158,6 +178,10 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     OptionValues values(parser);
     ScanOptions options;
     options.detection = readDetection(parser, values);
+    options.isRefined = parser.isSet("refine");
+    if (options.isRefined && !parser.isSet("quick"))
+        values.reject(QStringLiteral("--refine needs --quick"));
+    options.part = readPart(parser, values);
     if (parser.isSet("merge"))
         options.mergeGap = values.number("merge");
     options.format = readFormat(values);
@@ -187,5 +211,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     checkTrace(options, parser, values);
     if (!values.error.isEmpty())
         return {CommandLine::Action::Reject, {}, values.error};
-    return {CommandLine::Action::Scan, options, {}};
+    const bool areNamesWanted = parser.isSet("names");
+    return {
+        areNamesWanted ? CommandLine::Action::PrintNames : CommandLine::Action::Scan, options, {}};
 }

@@ -8,10 +8,10 @@
 
 /// What a command line asks for.
 struct CommandLine {
-    enum class Action { Scan, PrintText, Reject };
+    enum class Action { Scan, PrintNames, PrintText, Reject };
 
     Action action = Action::Scan;
-    ScanOptions options; ///< with Action::Scan
+    ScanOptions options; ///< with Action::Scan and Action::PrintNames
     QString text;        ///< help or version to print, or why the command line is rejected
 };
 

@@ -56,19 +56,31 @@ StreamFacts factsOf(const KeptStream& stream) {
 } // namespace
 
 KeptValues keptValues(const RecordingStamp& recording, const MeasureSettings& settings,
-                      const Detection& detection, DetectionOutcome outcome) {
-    const Measurement& measured = detection.measurement();
+                      const Measurement& measured, const MeasuringEnd& end) {
     KeptValues kept;
     kept.recording = recording;
     kept.stream = keptStream(measured.stream);
     kept.settings = settings;
-    kept.end = endOf(outcome);
-    kept.reason = detection.errorText();
+    kept.end = endOf(end.outcome);
+    kept.reason = end.error;
     kept.hasPictures = measured.hasPictures;
     kept.firstNumber = measured.firstNumber;
     kept.firstTime = measured.firstTime;
     kept.times = measured.series.times;
     kept.values = measured.series.values;
+    return kept;
+}
+
+KeptPart keptPart(RecordingPart part, const PartFacts& facts) {
+    KeptPart kept;
+    kept.index = part.index;
+    kept.count = part.count;
+    kept.kind = KeptPart::Kind(facts.kind);
+    kept.begin = facts.begin;
+    kept.end = facts.end;
+    kept.delay = facts.delay;
+    kept.held = facts.held;
+    kept.isRegular = facts.isRegular;
     return kept;
 }
 
@@ -96,8 +108,8 @@ DetectionOutcome outcomeOf(KeptEnd end) {
     return DetectionOutcome::Finished;
 }
 
-bool canBeKept(const Detection& detection, DetectionOutcome outcome) {
-    if (detection.measurement().series.times.size() >= mostKeptPictures)
+bool canBeKept(const Measurement& measured, const MeasuringEnd& end) {
+    if (measured.series.times.size() >= mostKeptPictures)
         return false;
-    return outcome == DetectionOutcome::Finished || detection.isLasting();
+    return end.outcome == DetectionOutcome::Finished || end.isLasting;
 }

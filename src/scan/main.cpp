@@ -57,6 +57,8 @@ int main(int argc, char* argv[]) {
         return SomeFailed;
     if (commandLine.action == CommandLine::Action::PrintText)
         return print(commandLine.text, output);
+    if (commandLine.action == CommandLine::Action::PrintNames)
+        return printNames(commandLine.options, output);
     catchInterrupts();
     return scan(commandLine.options, output);
 }

@@ -4,15 +4,15 @@
 
 #include "quicklook.h"
 
+#include "refinement.h"
+
 #include <algorithm>
 
 QString quickNote(const Measurement& measurement, double minimum) {
-    double gap = 0.0;
     double pair = 0.0;
     double before = measurement.firstTime;
     double beforeThat = measurement.firstTime;
     for (const double time : measurement.series.times) {
-        gap = std::max(gap, time - before);
         pair = std::max(pair, time - beforeThat);
         beforeThat = before;
         before = time;
@@ -21,7 +21,7 @@ QString quickNote(const Measurement& measurement, double minimum) {
         QStringLiteral("quick look: its %1 key frames lie up to %2 s apart, motion between two of "
                        "them is missed")
             .arg(QString::number(measurement.series.times.size() + 1),
-                 QString::number(gap, 'f', 3));
+                 QString::number(largestGap(measurement), 'f', 3));
     if (pair >= minimum)
         note += QStringLiteral("; --minimum is widened to two comparisons, up to %1 s")
                     .arg(QString::number(pair, 'f', 3));

@@ -4,18 +4,20 @@
 
 #include "recordingscan.h"
 
-#include "cutrange.h"
 #include "interrupt.h"
 #include "keptdetection.h"
 #include "keptmeasurement.h"
 #include "measuresettings.h"
-#include "picturefile.h"
+#include "missingpicture.h"
 #include "quicklook.h"
+#include "refinement.h"
 #include "shortestdigits.h"
+#include "stretchsearch.h"
 
 #include <QFileInfo>
 
 #include <cmath>
+#include <limits>
 
 namespace {
 
@@ -24,20 +26,15 @@ QByteArray traceLine(const FrameReport& frame) {
            shortestDigits(frame.motion) + '\n';
 }
 
-/// Where nobody wants to see the picture.
-class MissingPicture : public ClipPicture {
-public:
-    QImage snapshot() override { return {}; }
-    void shrink() override {}
-};
-
 QString noTimesHint(bool isQuick) {
     if (isQuick)
         return QStringLiteral(", without which there is no quick look");
     return QStringLiteral("; with --fps N its pictures are taken to be N per second");
 }
 
-const ClipPicturePointer noPicture = std::make_shared<MissingPicture>();
+MeasuringEnd endOf(const Detection& detection, DetectionOutcome outcome) {
+    return {outcome, detection.errorText(), detection.isLasting()};
+}
 
 } // namespace
 
@@ -45,16 +42,18 @@ RecordingScan::RecordingScan(int index, const ScanOptions& options, ScanOutputs&
     : index(index)
     , options(options)
     , outputs(outputs)
-    , exporter(outputs.exports[std::size_t(index)]) {
+    , clips(index, options, outputs) {
     line.video = options.videos[index];
     if (options.mergeGap)
         merger.emplace(*options.mergeGap);
 }
 
-bool RecordingScan::run() {
+ExitStatus RecordingScan::run() {
     complainOfRefusal();
     const ValuesStore::Found found = outputs.values.find(index);
     QString error;
+    if (!outputs.values.keepJoined(found))
+        isWritten = false;
     if (found.values)
         error = decide(*found.values);
     else if (found.isRefused)
@@ -66,19 +65,23 @@ bool RecordingScan::run() {
     if (merger)
         pass(merger->finish());
     outputs.totals.finish(index);
+    if (outputs.report && line.isQuick)
+        outputs.report->markQuick(index);
     if (outputs.report)
         outputs.report->finish(index, line.outcome, error);
     if (line.outcome == DetectionOutcome::NoUsableTimes)
         error += noTimesHint(line.isQuick);
     if (!error.isEmpty())
         outputs.messages.complain(line.video, error);
-    report(outputs.format.videoEnd(line));
+    clips.print(outputs.format.videoEnd(line));
     const bool isRead = line.outcome == DetectionOutcome::Finished;
     if (isRead)
         outputs.messages.summarise(
             QStringLiteral("%1: clips: %2, length: %3")
                 .arg(line.video, QString::number(line.clips), clockText(line.seconds)));
-    return isRead && isWritten;
+    if (!isWritten || !clips.areWritten() || (!isRead && !isRecordingToBlame))
+        return SomeFailed;
+    return isRead ? AllDone : SomeUnreadable;
 }
 
 void RecordingScan::complainOfRefusal() {
@@ -91,10 +94,13 @@ void RecordingScan::complainOfRefusal() {
 
 /// Decodes the recording; answers why it could not be read, empty if it could.
 QString RecordingScan::measure(const ValuesStore::Found& found) {
-    Detection detection(options.detection, *this);
+    DetectionOptions wanted = options.detection;
+    wanted.areSnapshotsWanted = areSnapshotsWanted();
+    Detection detection(wanted, *this);
     // An absolute path is a file to the media libraries, whatever colons its name has.
     line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
-    if (!outputs.values.keep(found, detection, line.outcome))
+    isRecordingToBlame = detection.isLasting();
+    if (!outputs.values.keep(found, detection.measurement(), endOf(detection, line.outcome)))
         isWritten = false;
     return detection.errorText();
 }
@@ -105,23 +111,31 @@ QString RecordingScan::lookQuickly(const ValuesStore::Found& found) {
     QuickLook look(*this);
     Detection detection(options.detection, look);
     const DetectionOutcome outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
-    if (!outputs.values.keep(found, detection, outcome))
+    const MeasuringEnd end = endOf(detection, outcome);
+    if (!outputs.values.keep(found, detection.measurement(), end))
         isWritten = false;
-    decide(keptValues(found.stamp.value_or(RecordingStamp()), outputs.values.measureSettings(),
-                      detection, outcome));
-    if (line.outcome != DetectionOutcome::Cancelled)
-        line.outcome = outcome;
+    const KeptValues looked =
+        keptValues(found.stamp.value_or(RecordingStamp()), outputs.values.measureSettings(),
+                   detection.measurement(), end);
+    QString failure = decide(looked);
+    if (line.outcome != outcomeOf(looked.end))
+        return failure;
+    line.outcome = outcome;
+    isRecordingToBlame = detection.isLasting();
     return detection.errorText();
 }
 
 /// The same from what was measured before.
 QString RecordingScan::decide(const KeptValues& values) {
     line.outcome = outcomeOf(values.end);
+    isRecordingToBlame = true; // no other failure is kept
     measurement = measurementOf(values);
     line.isQuick = areOfKeyFrames(values.settings);
     const SegmentationOptions segmentation = segmentationOf(values);
     if (line.isQuick && values.hasPictures)
         outputs.messages.complain(line.video, quickNote(measurement, segmentation.minimum));
+    if (options.isRefined && line.isQuick && values.end == KeptEnd::Finished)
+        return refine(segmentation);
     makeFinder(values);
     const auto pictures = [this](int picture) { return clipPicture(picture); };
     const bool isWhole =
@@ -129,6 +143,42 @@ QString RecordingScan::decide(const KeptValues& values) {
     if (!isWhole)
         line.outcome = DetectionOutcome::Cancelled;
     return isWhole ? values.reason : QString();
+}
+
+/// Searches exactly around what key frames show.
+QString RecordingScan::refine(const SegmentationOptions& segmentation) {
+    const QVector<TimeRange> stretches =
+        stretchesToRefine(measurement, segmentation, options.detection.range);
+    for (const TimeRange& stretch : stretches)
+        outputs.messages.summarise(
+            QStringLiteral("%1: searched exactly from %2 to %3 s")
+                .arg(line.video, shortestDigits(stretch.from), shortestDigits(stretch.to)));
+    DetectionOptions exact = options.detection;
+    exact.areKeysWanted = false;
+    StretchSearch search(exact, *this);
+    nextLooked = 0;
+    line.outcome = search.run(QFileInfo(line.video).absoluteFilePath(), stretches);
+    isRecordingToBlame = search.isLasting();
+    if (line.outcome == DetectionOutcome::Finished)
+        passLooked(std::numeric_limits<double>::infinity());
+    return search.errorText();
+}
+
+/// Between the stretches that are searched, the recording is as long and as lively as its key
+/// frames say, up to before `time`.
+void RecordingScan::passLooked(double time) {
+    const QVector<double>& times = measurement.series.times;
+    for (; nextLooked < times.size(); ++nextLooked) {
+        const double looked = times[nextLooked] - measurement.stream.origin;
+        if (looked >= time)
+            return;
+        if (looked <= line.seconds)
+            continue;
+        outputs.totals.addSeconds(looked - line.seconds);
+        line.seconds = looked;
+        if (outputs.report)
+            outputs.report->addValue(index, looked, measurement.series.values[nextLooked]);
+    }
 }
 
 SegmentationOptions RecordingScan::segmentationOf(const KeptValues& values) const {
@@ -146,9 +196,13 @@ void RecordingScan::makeFinder(const KeptValues& values) {
 }
 
 ClipPicturePointer RecordingScan::clipPicture(int picture) {
-    if (options.snapshotDirectory.isEmpty() && !outputs.report)
-        return noPicture;
+    if (!areSnapshotsWanted())
+        return noPicture();
     return std::make_shared<LatePicture>(*finder, picture);
+}
+
+bool RecordingScan::areSnapshotsWanted() const {
+    return !options.snapshotDirectory.isEmpty() || outputs.report;
 }
 
 bool RecordingScan::isCancelled() {
@@ -156,7 +210,8 @@ bool RecordingScan::isCancelled() {
 }
 
 void RecordingScan::opened(const QByteArray& codecName, double) {
-    exporter.setCodec(codecName);
+    outputs.exports[std::size_t(index)].setCodec(codecName);
+    hasBegunAgain = true;
 }
 
 void RecordingScan::regionIsEmpty() {
@@ -173,7 +228,7 @@ void RecordingScan::described(const StreamDescription& stream, double firstTime)
 void RecordingScan::numbered(double frameRate) {
     played.offset = 0.0;
     played.stream.frameRate = {int(std::lround(frameRate * 1000.0)), 1000};
-    exporter.setFrameRate(frameRate);
+    outputs.exports[std::size_t(index)].setFrameRate(frameRate);
     if (options.detection.times.frameRate == 0.0)
         outputs.messages.summarise(
             QStringLiteral("%1: no times; taken to be %2 pictures per second, as its headers say")
@@ -181,8 +236,11 @@ void RecordingScan::numbered(double frameRate) {
 }
 
 void RecordingScan::frameProcessed(const FrameReport& frame) {
+    if (hasBegunAgain && nextLooked >= 0)
+        passLooked(frame.time);
     outputs.totals.addSeconds(frame.time - line.seconds);
-    line.frames += line.frames == 0 ? 2 : 1; // the first one is reported with the second
+    line.frames += hasBegunAgain ? 2 : 1; // the first one is reported with the second
+    hasBegunAgain = false;
     line.seconds = frame.time;
     if (outputs.trace)
         outputs.trace->write(index, traceLine(frame));
@@ -201,7 +259,9 @@ void RecordingScan::positionChanged(qint64 bytePosition) {
 void RecordingScan::endReached() {}
 
 void RecordingScan::clipFound(const DetectedClip& clip) {
-    pass(merger ? merger->add(clip) : clip);
+    DetectedClip numbered = clip;
+    numbered.index = foundClips++;
+    pass(merger ? merger->add(numbered) : numbered);
 }
 
 /// Does with a clip, if there is one, whatever is asked for.
@@ -215,66 +275,6 @@ void RecordingScan::pass(const std::optional<DetectedClip>& clip) {
     found.recording = index;
     found.played = played;
     found.clip = *clip;
-    found.isQuick = line.isQuick;
-    if (!options.snapshotDirectory.isEmpty())
-        found.snapshotFile = writeSnapshot(*clip);
-    exportClip(found);
-    if (outputs.report)
-        showInReport(found);
-    report(outputs.format.clip(found));
-}
-
-void RecordingScan::exportClip(ClipLine& found) {
-    if (!canBeCut(found.clip.start, found.clip.end)) {
-        isWritten = false;
-        outputs.messages.complain(
-            line.video, QStringLiteral("the times of clip #%1 make no sense, it cannot be cut out")
-                            .arg(found.clip.index));
-        return;
-    }
-    const QString failure = exporter.run(found);
-    if (failure.isEmpty())
-        return;
-    isWritten = false;
-    outputs.messages.complain(found.exportFile.isEmpty() ? line.video : found.exportFile, failure);
-}
-
-void RecordingScan::showInReport(const ClipLine& found) {
-    const QString failure = outputs.report->addClip(found);
-    if (failure.isEmpty())
-        return;
-    if (!found.clip.snapshot.isNull()) {
-        isWritten = false;
-        outputs.messages.complain(line.video, failure);
-    } else if (options.snapshotDirectory.isEmpty()) { // else it has been said
-        outputs.messages.complain(line.video, missingPicture());
-    }
-}
-
-void RecordingScan::report(const QByteArray& lines) {
-    outputs.messages.makeRoom();
-    outputs.clips.write(index, lines);
-}
-
-/// Why a clip has no picture. One that cannot be scaled is the recording's own doing.
-QString RecordingScan::missingPicture() {
-    if (!finder || finder->errorText().isEmpty())
-        return QStringLiteral("its pictures cannot be scaled");
-    isWritten = false;
-    return finder->errorText();
-}
-
-/// The path of the picture written, empty if there is none.
-QString RecordingScan::writeSnapshot(const DetectedClip& clip) {
-    QString path = outputs.snapshots.pathOf(index, clip.index);
-    if (clip.snapshot.isNull()) {
-        outputs.messages.complain(line.video, missingPicture());
-        return {};
-    }
-    const QString failure = writePictureFile(clip.snapshot, path);
-    if (failure.isEmpty())
-        return path;
-    isWritten = false;
-    outputs.messages.complain(path, QStringLiteral("cannot write the picture: %1").arg(failure));
-    return {};
+    found.isQuick = line.isQuick && !options.isRefined;
+    clips.write(found, finder.get());
 }

@@ -4,33 +4,13 @@
 
 #pragma once
 
-#include "clipexport.h"
-#include "clipformat.h"
 #include "clipmerger.h"
-#include "messages.h"
-#include "orderedoutput.h"
+#include "clipoutput.h"
 #include "picturefinder.h"
 #include "scanoptions.h"
-#include "scanreport.h"
-#include "snapshotfolder.h"
-#include "totals.h"
-#include "valuesstore.h"
+#include "scanoutputs.h"
 
 #include <memory>
-#include <vector>
-
-/// Everything that the recordings of one call share and write to.
-struct ScanOutputs {
-    ClipFormat& format;
-    OrderedOutput& clips;
-    OrderedOutput* trace; ///< null: none wanted
-    const SnapshotFolder& snapshots;
-    std::vector<ClipExport>& exports; ///< one per recording
-    ScanReport* report;               ///< null: none wanted
-    Messages& messages;
-    Totals& totals;
-    const ValuesStore& values;
-};
 
 /// One recording of a call: follows its detection and reports it.
 class RecordingScan : public DetectionClient {
@@ -38,8 +18,9 @@ public:
     /// `index` is the recording's place in `options.videos`. All must outlive the scan.
     RecordingScan(int index, const ScanOptions& options, ScanOutputs& outputs);
 
-    /// True if the recording was read to its end and everything found was written.
-    bool run();
+    /// AllDone if the recording was read to its end and everything found was written,
+    /// SomeUnreadable if its own bytes kept it from being read, else SomeFailed.
+    ExitStatus run();
 
     bool isCancelled() override;
     void opened(const QByteArray& codecName, double duration) override;
@@ -57,23 +38,25 @@ private:
     QString measure(const ValuesStore::Found& found);
     QString lookQuickly(const ValuesStore::Found& found);
     QString decide(const KeptValues& values);
+    QString refine(const SegmentationOptions& segmentation);
+    void passLooked(double time);
     SegmentationOptions segmentationOf(const KeptValues& values) const;
     void makeFinder(const KeptValues& values);
     ClipPicturePointer clipPicture(int picture);
-    void exportClip(ClipLine& found);
-    void showInReport(const ClipLine& found);
-    void report(const QByteArray& lines);
-    QString writeSnapshot(const DetectedClip& clip);
-    QString missingPicture();
+    bool areSnapshotsWanted() const;
 
     int index;
     const ScanOptions& options;
     ScanOutputs& outputs;
-    ClipExport& exporter;
+    ClipOutput clips;
     std::optional<ClipMerger> merger; ///< where clips are merged
     VideoLine line;
+    int foundClips = 0;        ///< before any are merged, in all stretches that are searched
+    int nextLooked = -1;       ///< where it is refined: the next value of its key frames
+    bool hasBegunAgain = true; ///< the next picture is the first that is compared
     PlayedRecording played;
     Measurement measurement;               ///< what is decided on, where it is kept
     std::unique_ptr<PictureFinder> finder; ///< null: the recording is decoded
     bool isWritten = true;
+    bool isRecordingToBlame = false; ///< where it could not be read
 };

@@ -6,6 +6,7 @@
 
 #include "folder.h"
 #include "interrupt.h"
+#include "partscan.h"
 #include "recordingscan.h"
 #include "writing.h"
 
@@ -41,15 +42,26 @@ std::vector<std::thread> startThreads(int count, const std::function<void()>& wo
     return threads;
 }
 
-/// Scans all recordings, `options.jobs` at a time; true if nothing went wrong with any.
-bool scanAll(const ScanOptions& options, ScanOutputs& outputs) {
+/// One recording, or the part of it that is asked for.
+ExitStatus scanOne(int index, const ScanOptions& options, ScanOutputs& outputs) {
+    if (options.part)
+        return PartScan(index, options, outputs.values, outputs.messages, outputs.totals).run();
+    return RecordingScan(index, options, outputs).run();
+}
+
+/// Scans all recordings, `options.jobs` at a time; AllDone if nothing went wrong with any.
+ExitStatus scanAll(const ScanOptions& options, ScanOutputs& outputs) {
     std::atomic<int> next{0};
-    std::atomic<bool> isGood{true};
+    std::atomic<bool> hasFailed{false};
+    std::atomic<bool> isUnreadable{false};
     const auto work = [&] {
         int index = 0;
         while (!isEnding() && (index = next++) < options.videos.size()) {
-            if (!RecordingScan(index, options, outputs).run())
-                isGood = false;
+            const ExitStatus end = scanOne(index, options, outputs);
+            if (end == SomeFailed)
+                hasFailed = true;
+            else if (end == SomeUnreadable)
+                isUnreadable = true;
             outputs.clips.finish(index);
             if (outputs.trace)
                 outputs.trace->finish(index);
@@ -59,7 +71,9 @@ bool scanAll(const ScanOptions& options, ScanOutputs& outputs) {
     work();
     for (std::thread& worker : workers)
         worker.join();
-    return isGood;
+    if (hasFailed)
+        return SomeFailed;
+    return isUnreadable ? SomeUnreadable : AllDone;
 }
 
 /// True if nothing that was to be found is missing.
@@ -152,7 +166,7 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
                         messages,  totals,  values};
     clips.write(0, format->header());
     const bool isFound = complain(options.complaints, messages);
-    const bool isGood = scanAll(options, outputs) && isFound;
+    const ExitStatus scanned = scanAll(options, outputs);
     writeFooter(*format, clips, recordings);
     messages.makeRoom();
     const QString syncFailure = traceFile.isOpen() && isWritten ? syncToDisk(traceFile) : QString();
@@ -161,5 +175,17 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
     const bool isReported = writeReport(report, messages);
     if (isInterrupted())
         return Interrupted;
-    return isGood && isWritten && isReported ? AllDone : SomeFailed;
+    return isFound && isWritten && isReported ? scanned : SomeFailed;
+}
+
+ExitStatus printNames(const ScanOptions& options, QIODevice& output) {
+    Messages messages(options.quiet);
+    const bool isFound = complain(options.complaints, messages);
+    QByteArray names;
+    for (const QString& video : options.videos)
+        names += QFile::encodeName(video) + '\0';
+    if (writeAll(output, names))
+        return isFound ? AllDone : SomeFailed;
+    messages.complain(QStringLiteral("standard output"), output.errorString());
+    return SomeFailed;
 }

@@ -11,3 +11,6 @@
 /// Scans the videos, `options.jobs` of them side by side. Clips go to `output`, which must be open;
 /// everything else goes to standard error.
 ExitStatus scan(const ScanOptions& options, QIODevice& output);
+
+/// Writes the names of the videos to `output` instead, each ended by a null byte.
+ExitStatus printNames(const ScanOptions& options, QIODevice& output);

@@ -6,6 +6,7 @@
 
 #include "detection.h"
 #include "encoderarguments.h"
+#include "recordingpart.h"
 
 #include <QString>
 #include <QStringList>
@@ -35,7 +36,9 @@ struct ScanOptions {
     QStringList videos; ///< as the person wrote them, or as lists name them and folders hold them
     QVector<InputComplaint> complaints; ///< about these lists and folders, not yet told
     DetectionOptions detection;
-    std::optional<double> mergeGap; ///< seconds between clips that become one; empty: none do
+    bool isRefined = false;            ///< what key frames show is searched exactly
+    std::optional<RecordingPart> part; ///< is measured alone, of each; empty: all of it
+    std::optional<double> mergeGap;    ///< seconds between clips that become one; empty: none do
     ReportFormat format = ReportFormat::Text;
     QString snapshotDirectory; ///< empty: no snapshots
     QString reportDirectory;   ///< empty: no report
@@ -49,5 +52,12 @@ struct ScanOptions {
     bool quiet = false;              ///< no progress and no summary on standard error
 };
 
-/// The scanner's exit statuses.
-enum ExitStatus { AllDone = 0, SomeFailed = 1, BadCommandLine = 2, Interrupted = 130 };
+/// The scanner's exit statuses. After SomeUnreadable alone it makes no sense to try again: all was
+/// done, but the bytes of a recording are at fault. SomeFailed wins over it.
+enum ExitStatus {
+    AllDone = 0,
+    SomeFailed = 1,
+    BadCommandLine = 2,
+    SomeUnreadable = 3,
+    Interrupted = 130
+};

@@ -27,6 +27,9 @@ public:
     /// a success.
     QString addClip(const ClipLine& line);
 
+    /// Key frames alone tell where motion is in a recording.
+    void markQuick(int recording) { at(recording).isQuick = true; }
+
     /// The end of a recording; `reason` of a failure.
     void finish(int recording, DetectionOutcome outcome, const QString& reason);
 

@@ -4,9 +4,9 @@
 
 #include "valuesstore.h"
 
-#include "keptmeasurement.h"
 #include "measuresettings.h"
 #include "valuesname.h"
+#include "valuesparts.h"
 #include "valuesreader.h"
 #include "valueswriter.h"
 
@@ -25,7 +25,8 @@ ScanOptions withNamedValues(ScanOptions options) {
 ValuesStore::ValuesStore(const ScanOptions& options, Messages& messages)
     : options(options)
     , messages(messages)
-    , settings(::measureSettings(options.detection)) {}
+    , settings(::measureSettings(options.detection))
+    , parts(options.valuesDirectory) {}
 
 ValuesStore::Found ValuesStore::find(int index) const {
     const QString& named = options.valuesFiles[index];
@@ -35,8 +36,26 @@ ValuesStore::Found ValuesStore::find(int index) const {
     if (options.valuesDirectory.isEmpty())
         return found;
     found.stamp = stampOf(options.videos[index]);
-    if (found.stamp)
-        found.values = findKept(*found.stamp);
+    if (!found.stamp)
+        return found;
+    found.values = findKept(valuesPath(options.valuesDirectory, found.stamp->path), *found.stamp);
+    if (found.values)
+        return found;
+    found.values = findParts(*found.stamp);
+    found.areJoined = found.values.has_value();
+    return found;
+}
+
+ValuesStore::Found ValuesStore::findPart(int index, RecordingPart part) const {
+    Found found;
+    found.stamp = stampOf(options.videos[index]);
+    if (!found.stamp)
+        return found;
+    const QByteArray& recording = found.stamp->path;
+    const QString& folder = options.valuesDirectory;
+    found.values = findKept(valuesPath(folder, recording), *found.stamp);
+    if (!found.values)
+        found.values = findKept(partPath(folder, recording, part.index, part.count), *found.stamp);
     return found;
 }
 
@@ -61,8 +80,8 @@ ValuesStore::Found ValuesStore::findNamed(const QString& path) const {
 }
 
 /// Values that were measured otherwise, or of the recording as it was, are replaced without a word.
-std::optional<KeptValues> ValuesStore::findKept(const RecordingStamp& stamp) const {
-    const QString path = valuesPath(options.valuesDirectory, stamp.path);
+std::optional<KeptValues> ValuesStore::findKept(const QString& path,
+                                                const RecordingStamp& stamp) const {
     ValuesReading reading = readValues(path);
     QString flaw = reading.flaw;
     const bool isGood = reading.state == ValuesReading::State::Good;
@@ -75,13 +94,57 @@ std::optional<KeptValues> ValuesStore::findKept(const RecordingStamp& stamp) con
     return doesFit ? std::make_optional(std::move(reading.values)) : std::nullopt;
 }
 
-bool ValuesStore::keep(const Found& found, const Detection& detection,
-                       DetectionOutcome outcome) const {
-    if (!found.stamp || !canBeKept(detection, outcome))
+std::optional<KeptValues> ValuesStore::findParts(const RecordingStamp& stamp) const {
+    for (const int count : parts.counts(stamp.path)) {
+        if (auto values = joined(stamp, count))
+            return values;
+    }
+    return std::nullopt;
+}
+
+std::optional<KeptValues> ValuesStore::joined(const RecordingStamp& stamp, int count) const {
+    QVector<KeptValues> all;
+    for (int i = 1; i <= count; ++i) {
+        auto values = findKept(partPath(options.valuesDirectory, stamp.path, i, count), stamp);
+        if (!values)
+            return std::nullopt;
+        all.append(std::move(*values));
+    }
+    JoinedParts whole = joinParts(all);
+    if (!whole.values)
+        messages.complain(QFile::decodeName(stamp.path),
+                          QStringLiteral("its %1 parts are not used, measured anew: %2")
+                              .arg(count)
+                              .arg(whole.flaw));
+    return std::move(whole.values);
+}
+
+bool ValuesStore::keep(const Found& found, const Measurement& measured,
+                       const MeasuringEnd& end) const {
+    if (!found.stamp || !canBeKept(measured, end))
         return true;
-    const QString path = valuesPath(options.valuesDirectory, found.stamp->path);
-    const QString failure =
-        writeValues(keptValues(*found.stamp, settings, detection, outcome), path);
+    return write(keptValues(*found.stamp, settings, measured, end),
+                 valuesPath(options.valuesDirectory, found.stamp->path));
+}
+
+bool ValuesStore::keepPart(const Found& found, const PartDetection& detection, RecordingPart part,
+                           DetectionOutcome outcome) const {
+    const MeasuringEnd end{outcome, detection.errorText(), detection.isLasting()};
+    if (!found.stamp || !canBeKept(detection.measurement(), end))
+        return true;
+    KeptValues values = keptValues(*found.stamp, settings, detection.measurement(), end);
+    values.part = keptPart(part, detection.facts());
+    return write(values,
+                 partPath(options.valuesDirectory, found.stamp->path, part.index, part.count));
+}
+
+bool ValuesStore::keepJoined(const Found& found) const {
+    return !found.areJoined ||
+           write(*found.values, valuesPath(options.valuesDirectory, found.stamp->path));
+}
+
+bool ValuesStore::write(const KeptValues& values, const QString& path) const {
+    const QString failure = writeValues(values, path);
     if (!failure.isEmpty())
         messages.complain(path, QStringLiteral("cannot keep the values: ") + failure);
     return failure.isEmpty();

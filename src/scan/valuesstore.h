@@ -4,9 +4,10 @@
 
 #pragma once
 
-#include "detection.h"
-#include "keptvalues.h"
+#include "keptmeasurement.h"
 #include "messages.h"
+#include "partdetection.h"
+#include "partfiles.h"
 #include "scanoptions.h"
 
 #include <optional>
@@ -23,10 +24,15 @@ public:
         std::optional<KeptValues> values;    ///< to be used; nothing: it is to be measured
         std::optional<RecordingStamp> stamp; ///< of the recording before that
         bool isRefused = false; ///< its values were named in its place and are of no use
+        bool areJoined = false; ///< from its parts; the whole is not kept yet
     };
 
-    /// Looks for the values of recording `index`. Complains about those that cannot be trusted.
+    /// Looks for the values of recording `index`, as a whole or in parts. Complains about those
+    /// that cannot be trusted.
     Found find(int index) const;
+
+    /// The same for one of its parts; the whole will do, too.
+    Found findPart(int index, RecordingPart part) const;
 
     /// What this call measures with.
     const MeasureSettings& measureSettings() const { return settings; }
@@ -36,15 +42,27 @@ public:
 
     /// Keeps what was measured, where values are to be kept and these can be. False, after a
     /// complaint, if they could not be written.
-    bool keep(const Found& found, const Detection& detection, DetectionOutcome outcome) const;
+    bool keep(const Found& found, const Measurement& measured, const MeasuringEnd& end) const;
+
+    /// The same for one part of a recording.
+    bool keepPart(const Found& found, const PartDetection& detection, RecordingPart part,
+                  DetectionOutcome outcome) const;
+
+    /// Keeps the whole that was joined from its parts, where it was. False, after a complaint, if
+    /// it could not be written.
+    bool keepJoined(const Found& found) const;
 
 private:
     Found findNamed(const QString& path) const;
-    std::optional<KeptValues> findKept(const RecordingStamp& stamp) const;
+    std::optional<KeptValues> findKept(const QString& path, const RecordingStamp& stamp) const;
+    std::optional<KeptValues> findParts(const RecordingStamp& stamp) const;
+    std::optional<KeptValues> joined(const RecordingStamp& stamp, int count) const;
+    bool write(const KeptValues& values, const QString& path) const;
 
     const ScanOptions& options;
     Messages& messages;
     MeasureSettings settings;
+    PartFiles parts;
 };
 
 /// `options` with the recordings themselves in the places of values files that were named, which

@@ -11,6 +11,8 @@
 #include <QString>
 #include <QVector>
 
+#include <optional>
+
 /// The motion values of one recording and everything that they depend on: what a values file holds.
 
 /// One line of a file's head, "# key: value".
@@ -49,18 +51,41 @@ struct KeptStream {
 /// How the measuring ended, as far as that is the recording's own doing.
 enum class KeptEnd { Finished, CannotOpen, TooFewPictures, NoUsableTimes };
 
+/// One part of a recording that is measured in several. Packets are counted from the stream's
+/// first, which is 0.
+struct KeptPart {
+    enum class Kind {
+        Cut,   ///< those packets, and the pictures that they show
+        Whole, ///< the first part of a recording that cannot be cut: all of it
+        Empty  ///< any other part of that
+    };
+
+    int index = 1; ///< from 1 on
+    int count = 1;
+    Kind kind = Kind::Cut;
+    // Of a cut one.
+    qint64 begin = 0;      ///< its first packet; its own pictures are counted from there, too
+    qint64 end = 0;        ///< the packet behind its last one
+    qint64 delay = 0;      ///< the packet that completed the recording's first picture
+    int held = 0;          ///< so many of its own first values are the last one before it
+    bool isRegular = true; ///< each packet completed one picture, of the stream's size, undamaged
+};
+
 struct KeptValues {
     RecordingStamp recording;
     KeptStream stream;
     MeasureSettings settings;
+    std::optional<KeptPart> part; ///< nothing: the whole recording
     KeptEnd end = KeptEnd::Finished;
     QString reason; ///< why it could not be read, for a person; empty with Finished
 
     bool hasPictures = false; ///< false: the rest is empty
-    qint64 firstNumber = 0;   ///< of the first picture measured, as the recording counts them
-    double firstTime = 0.0;   ///< seconds, of that picture, as the stream counts them
-    QVector<double> times;    ///< seconds as the stream counts them, of each picture after it
-    QVector<float> values;    ///< their motion values, as many, 0 or more
+    /// Of the first picture measured, as the recording counts them; of a part from its second on,
+    /// that is the last picture of the part before.
+    qint64 firstNumber = 0;
+    double firstTime = 0.0; ///< seconds, of that picture, as the stream counts them
+    QVector<double> times;  ///< seconds as the stream counts them, of each picture after it
+    QVector<float> values;  ///< their motion values, as many, 0 or more
 };
 
 /// More than any recording has; a file that says more is none.

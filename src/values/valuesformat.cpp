@@ -8,6 +8,10 @@
 #include "shortestdigits.h"
 #include "valuesnumber.h"
 
+#include <QList>
+
+#include <iterator>
+
 namespace {
 
 QByteArray yesOrNo(bool isTrue) {
@@ -32,6 +36,36 @@ KeptRatio readRatio(const QByteArray& text) {
     return {text.left(slash).toInt(), text.mid(slash + 1).toInt()};
 }
 
+/// "2/3 cut 3000 6000 2 0 yes"; of those that are not cut, only "1/3 whole".
+QByteArray partText(const KeptPart& part) {
+    QByteArray text = QByteArray::number(part.index) + '/' + QByteArray::number(part.count) + ' ' +
+                      partWords[int(part.kind)];
+    if (part.kind != KeptPart::Kind::Cut)
+        return text;
+    for (const qint64 number : {part.begin, part.end, part.delay, qint64(part.held)})
+        text += ' ' + QByteArray::number(number);
+    return text + ' ' + yesOrNo(part.isRegular);
+}
+
+KeptPart readPart(const QByteArray& text) {
+    const QList<QByteArray> words = text.split(' ');
+    const auto word = [&words](int place) { return words.value(place); };
+    const QByteArray place = word(0);
+    KeptPart part;
+    part.index = place.left(place.indexOf('/')).toInt();
+    part.count = place.mid(place.indexOf('/') + 1).toInt();
+    for (int kind = 0; kind < int(std::size(partWords)); ++kind) {
+        if (word(1) == partWords[kind])
+            part.kind = KeptPart::Kind(kind);
+    }
+    part.begin = word(2).toLongLong();
+    part.end = word(3).toLongLong();
+    part.delay = word(4).toLongLong();
+    part.held = word(5).toInt();
+    part.isRegular = word(6) == "yes";
+    return part;
+}
+
 } // namespace
 
 QByteArray headText(const HeadLine& line) {
@@ -41,20 +75,23 @@ QByteArray headText(const HeadLine& line) {
 QVector<HeadLine> headOf(const KeptValues& values) {
     const RecordingStamp& recording = values.recording;
     const KeptStream& stream = values.stream;
-    return QVector<HeadLine>{{"recording", escapedBytes(recording.path)},
-                             {"bytes", QByteArray::number(recording.bytes)},
-                             {"modified", QByteArray::number(recording.modified)},
-                             {"codec", stream.codec},
-                             {"size", sizeText(stream.size)},
-                             {"pixel-aspect", ratioText(stream.pixelAspect)},
-                             {"pace", ratioText(stream.pace)},
-                             {"start", shortestDigits(stream.start)},
-                             {"intra", yesOrNo(stream.isIntraOnly)},
-                             {"length", shortestDigits(stream.length)},
-                             {"rate", shortestDigits(stream.frameRate)},
-                             {"origin", shortestDigits(stream.origin)},
-                             {"region-empty", yesOrNo(stream.isRegionEmpty)}} +
-           values.settings;
+    QVector<HeadLine> lines{{"recording", escapedBytes(recording.path)},
+                            {"bytes", QByteArray::number(recording.bytes)},
+                            {"modified", QByteArray::number(recording.modified)},
+                            {"codec", stream.codec},
+                            {"size", sizeText(stream.size)},
+                            {"pixel-aspect", ratioText(stream.pixelAspect)},
+                            {"pace", ratioText(stream.pace)},
+                            {"start", shortestDigits(stream.start)},
+                            {"intra", yesOrNo(stream.isIntraOnly)},
+                            {"length", shortestDigits(stream.length)},
+                            {"rate", shortestDigits(stream.frameRate)},
+                            {"origin", shortestDigits(stream.origin)},
+                            {"region-empty", yesOrNo(stream.isRegionEmpty)}};
+    lines += values.settings;
+    if (values.part)
+        lines.append({partKey, partText(*values.part)});
+    return lines;
 }
 
 bool readHead(const QVector<HeadLine>& lines, KeptValues& values) {
@@ -77,6 +114,8 @@ bool readHead(const QVector<HeadLine>& lines, KeptValues& values) {
     stream.isIntraOnly = value(8) == "yes";
     stream.isRegionEmpty = value(12) == "yes";
     values.settings = lines.mid(fixed);
+    if (!values.settings.isEmpty() && values.settings.last().key == partKey)
+        values.part = readPart(values.settings.takeLast().value);
     // What is written otherwise than this program writes it, it has not written.
     return isGood && headOf(values) == lines;
 }

@@ -16,6 +16,7 @@
 constexpr char formatName[] = "# kestrova values ";
 constexpr int formatNumber = 1;
 
+constexpr char partKey[] = "part";
 constexpr char reasonKey[] = "reason";
 constexpr char endKey[] = "end";
 
@@ -26,7 +27,10 @@ constexpr const char* endWords[] = {"finished", "cannot-open", "too-few-pictures
 /// "# key: value" with its line end.
 QByteArray headText(const HeadLine& line);
 
-/// The head of `values` in its fixed order, settings last.
+/// The words of `KeptPart::Kind`, in its order.
+constexpr const char* partWords[] = {"cut", "whole", "empty"};
+
+/// The head of `values` in its fixed order, settings last, and behind them what part it is of.
 QVector<HeadLine> headOf(const KeptValues& values);
 
 /// Reads what `headOf` made. False where these lines are not exactly that.

@@ -18,17 +18,24 @@ namespace {
 constexpr int digestDigits = 32;
 
 /// The most that is put behind a name while its file is being written.
-constexpr char longestEnding[] = ".values.2147483647-2147483647.part";
+constexpr char longestEnding[] = "-9999of9999.values.2147483647-2147483647.part";
 
-} // namespace
-
-QString valuesPath(const QString& folder, const QByteArray& recording) {
+QString pathOf(const QString& folder, const QByteArray& recording, const QString& ending) {
     const QByteArray digest =
         QCryptographicHash::hash(recording, QCryptographicHash::Sha256).toHex().left(digestDigits);
     const int longest = longestNameIn(folder) - int(std::strlen(longestEnding)) - digestDigits - 1;
     QString name = QFileInfo(QFile::decodeName(recording)).fileName();
     while (nameLength(name) > longest)
         chopCharacter(name);
-    return QDir(folder).filePath(name + '-' + QString::fromLatin1(digest) +
-                                 QStringLiteral(".values"));
+    return QDir(folder).filePath(name + '-' + QString::fromLatin1(digest) + ending);
+}
+
+} // namespace
+
+QString valuesPath(const QString& folder, const QByteArray& recording) {
+    return pathOf(folder, recording, QStringLiteral(".values"));
+}
+
+QString partPath(const QString& folder, const QByteArray& recording, int index, int count) {
+    return pathOf(folder, recording, QStringLiteral("-%1of%2.values").arg(index).arg(count));
 }

@@ -11,3 +11,6 @@
 /// two recordings share one, in whatever calls: it holds the recording's name and a digest of its
 /// path.
 QString valuesPath(const QString& folder, const QByteArray& recording);
+
+/// The same for one of `count` parts of it, `index` from 1 on.
+QString partPath(const QString& folder, const QByteArray& recording, int index, int count);

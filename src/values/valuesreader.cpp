@@ -204,7 +204,7 @@ private:
             return false;
         switch (values.end) {
         case KeptEnd::Finished:
-            return isRead;
+            return isRead || values.part;
         case KeptEnd::NoUsableTimes:
             return isRead || pictures() == 0;
         default:

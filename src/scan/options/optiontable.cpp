@@ -80,6 +80,8 @@ QVector<ScanOption> makeOptions() {
                "Search the recordings that this file names, a line each; - is standard input",
                "none"),
         toggle(G::Input, "null", "Names in the list end with null bytes, not with lines"),
+        toggle(G::Input, "names",
+               "Print the names of the recordings, each ended by a null byte, and search none"),
 
         inWindow("Prerecord", stored(G::Clips, "prerecord", "S", settings::prerecord,
                                      "Seconds kept before the motion")),
@@ -108,6 +110,7 @@ QVector<ScanOption> makeOptions() {
         toggle(
             G::Clips, "quick",
             "Look at key frames alone, many times as fast; motion between two of them is missed"),
+        toggle(G::Clips, "refine", "After a --quick look, search exactly around what it has found"),
 
         valued(G::Region, "from", K::Text, "TIME",
                "Look only from this time on, in seconds or as 1:02:03.5 from the first picture",
@@ -169,6 +172,11 @@ QVector<ScanOption> makeOptions() {
                "Threads that decode a recording; 0 is one per core, shared among --jobs"),
         number(G::Running, "jobs", "N", {1, 256, true}, 1,
                "Recordings scanned side by side; the output is that of one after another"),
+
+        valued(G::Running, "part", K::Text, "K/N",
+               "Measure and keep only the K-th of N parts of each recording; a call without this "
+               "joins them",
+               "all of it"),
 
         withLetter(toggle(G::Help, "help", "Print this text"), 'h'),
         withLetter(toggle(G::Help, "version", "Print the version"), 'v'),

@@ -9,8 +9,10 @@ const QVector<ExitMeaning>& exitMeanings() {
         {0, QStringLiteral("every video was read to its end and every clip exported that should "
                            "be")},
         {1, QStringLiteral("something could not be read or written; each is named on standard "
-                           "error, and the others are done all the same")},
+                           "error, and the others are done all the same; another try may help")},
         {2, QStringLiteral("the command line is wrong")},
+        {3, QStringLiteral("all was done, but a recording is none or is damaged so that it cannot "
+                           "be read; another try will not help")},
         {130, QStringLiteral("interrupted; the clip that was open is still printed")},
     };
     return meanings;
@@ -28,7 +30,7 @@ const QVector<JsonField>& jsonFields() {
         {"file", "clip",
          QStringLiteral("with --export: where it was exported to, null if that was not tried")},
         {"exported", "clip", QStringLiteral("with --export: true or false")},
-        {"quick", "clip", QStringLiteral("with --quick: true")},
+        {"quick", "clip", QStringLiteral("with --quick, without --refine: true")},
         {"video", "end", QStringLiteral("the recording, as it was named")},
         {"state", "end", QStringLiteral("finished, failed or cancelled")},
         {"frames", "end", QStringLiteral("pictures decoded")},

@@ -1,0 +1,62 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "partscan.h"
+
+#include "interrupt.h"
+#include "partdetection.h"
+
+#include <QFileInfo>
+
+PartScan::PartScan(int index, const ScanOptions& options, const ValuesStore& values,
+                   Messages& messages, Totals& totals)
+    : index(index)
+    , options(options)
+    , values(values)
+    , messages(messages)
+    , totals(totals) {}
+
+ExitStatus PartScan::run() {
+    const QString& video = options.videos[index];
+    const ValuesStore::Found found = values.findPart(index, *options.part);
+    ExitStatus end = AllDone;
+    if (!found.values)
+        end = measure(found);
+    else if (found.values->end != KeptEnd::Finished) {
+        messages.complain(video, found.values->reason);
+        end = SomeUnreadable;
+    }
+    totals.finish(index);
+    if (end == AllDone)
+        messages.summarise(QStringLiteral("%1: part %2 of %3 is measured")
+                               .arg(video)
+                               .arg(options.part->index)
+                               .arg(options.part->count));
+    return end;
+}
+
+ExitStatus PartScan::measure(const ValuesStore::Found& found) {
+    const QString& video = options.videos[index];
+    PartDetection detection(options.detection, *options.part, *this);
+    const DetectionOutcome outcome = detection.run(QFileInfo(video).absoluteFilePath());
+    const bool isKept = values.keepPart(found, detection, *options.part, outcome);
+    if (!detection.errorText().isEmpty())
+        messages.complain(video, detection.errorText());
+    else if (!found.stamp && outcome == DetectionOutcome::Finished)
+        messages.complain(video, QStringLiteral("a part of what is no file cannot be kept"));
+    if (!isKept || !found.stamp)
+        return SomeFailed;
+    if (outcome == DetectionOutcome::Finished)
+        return AllDone;
+    return detection.isLasting() ? SomeUnreadable : SomeFailed;
+}
+
+bool PartScan::isCancelled() {
+    return isEnding();
+}
+
+void PartScan::positionChanged(qint64 bytePosition) {
+    totals.setPosition(index, bytePosition);
+    messages.showProgress(totals.progress());
+}

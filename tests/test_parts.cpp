@@ -1,0 +1,354 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// The scanner with recordings that are measured in parts: joined, they are what one pass gives.
+
+#include "faults.h"
+#include "files.h"
+#include "footage.h"
+#include "media.h"
+#include "process.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <memory>
+
+namespace {
+
+/// What one call leaves behind.
+struct Scan {
+    int status = -1;
+    QByteArray output;
+    QByteArray errors;
+    QByteArray trace;
+
+    bool operator==(const Scan& other) const {
+        return status == other.status && output == other.output && errors == other.errors &&
+               trace == other.trace;
+    }
+};
+
+} // namespace
+
+class TestParts : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+
+    void partsAreOnePass_data();
+    void partsAreOnePass();
+    void partsOfFootageAreOnePass_data();
+    void partsOfFootageAreOnePass();
+    void aPartIsMeasuredOnce();
+    void whatIsIrregularIsMeasuredAnew();
+    void interlacedFieldsAreMeasuredAnew();
+    void unreadableRecordingsAreSo();
+    void missingPartsAreNotJoined();
+    void changedRecordingsAreNotJoined();
+    void whatFailsIsNotKept();
+    void partsThatCannotBeWritten();
+    void othersAreRejected_data();
+    void othersAreRejected();
+
+private:
+    Scan scanned(const QStringList& options, const QString& named,
+                 const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
+    void measureParts(const QString& video, int count, const QStringList& options);
+    void compareWithOnePass(const QString& video, const QStringList& options, int count,
+                            int filled);
+    int filledParts() const;
+    void add(const char* name, const QStringList& codec);
+    QString path(const QString& name) const { return results->filePath(name); }
+    QString kept() const { return path("kept"); }
+
+    QTemporaryDir recordings;
+    QString video;
+    std::unique_ptr<QTemporaryDir> results;
+};
+
+/// 16 seconds of 25 pictures in which a box crosses.
+void TestParts::add(const char* name, const QStringList& codec) {
+    QVERIFY2(media::encode(media::crossingBox(16, 6, 10) + codec +
+                           QStringList{recordings.filePath(name)}),
+             name);
+}
+
+void TestParts::initTestCase() {
+    const QStringList x264 = {"-c:v", "libx264", "-preset", "veryfast"};
+    const QStringList short264 = x264 + QStringList{"-g", "40", "-bf", "3"};
+    add("closed.mp4", short264);
+    add("pyramid.mkv",
+        x264 + QStringList{"-g", "24", "-bf", "3", "-x264-params", "b-pyramid=normal:ref=5"});
+    add("transport.ts", short264);
+    add("recovery.mp4", x264 + QStringList{"-g", "40", "-bf", "3", "-x264-params", "open-gop=1"});
+    add("single.mp4", x264 + QStringList{"-g", "1000"});
+    add("intra.mp4", x264 + QStringList{"-g", "1"});
+    add("elementary.264", short264);
+    add("high.mp4", {"-c:v", "libx265", "-preset", "ultrafast", "-x265-params",
+                     "keyint=30:bframes=3:log-level=error"});
+    add("closed265.mkv", {"-c:v", "libx265", "-preset", "ultrafast", "-x265-params",
+                          "keyint=30:bframes=3:open-gop=0:log-level=error"});
+    add("program.mpg", {"-c:v", "mpeg2video", "-bf", "2", "-g", "15"});
+    add("strict.ts", {"-c:v", "mpeg2video", "-bf", "2", "-g", "15", "-flags", "+cgop",
+                      "-sc_threshold", "1000000000"});
+    add("simple.avi", {"-c:v", "mpeg4", "-g", "30"});
+    add("both.mp4", {"-c:v", "mpeg4", "-bf", "2", "-g", "30"});
+    add("stills.avi", {"-c:v", "mjpeg"});
+    add("web.webm", {"-c:v", "libvpx-vp9", "-deadline", "realtime", "-cpu-used", "8", "-g", "50"});
+    add("old.webm", {"-c:v", "libvpx", "-deadline", "realtime", "-cpu-used", "8", "-g", "25"});
+    video = recordings.filePath("closed.mp4");
+}
+
+void TestParts::init() {
+    results = std::make_unique<QTemporaryDir>();
+}
+
+Scan TestParts::scanned(const QStringList& options, const QString& named,
+                        const QProcessEnvironment& environment) {
+    const ProcessResult result = runProgramIn(
+        environment, "kestrova-scan", options + QStringList{"--trace", path("trace"), named});
+    return {result.status, result.output, result.errors, readFile(path("trace"))};
+}
+
+void TestParts::measureParts(const QString& video, int count, const QStringList& options) {
+    // Backwards: nothing may depend on the others.
+    for (int i = count; i >= 1; --i) {
+        const ProcessResult part = runProgram(
+            "kestrova-scan", options + QStringList{"--values", kept(), "--quiet", "--part",
+                                                   QString("%1/%2").arg(i).arg(count), video});
+        QVERIFY2(part.status == 0, part.errors.constData());
+        QCOMPARE(part.output, QByteArray());
+        QCOMPARE(part.errors, QByteArray());
+    }
+}
+
+/// How many of the kept parts hold pictures.
+int TestParts::filledParts() const {
+    int filled = 0;
+    for (const QString& name : QDir(kept()).entryList({"*of*.values"}, QDir::Files)) {
+        const QByteArray text = readFile(kept() + '/' + name);
+        filled += text.contains("\n# end: finished 0 ") ? 0 : 1;
+    }
+    return filled;
+}
+
+/// Joining does not even read the recording. `filled`: into how many of three parts it can be cut;
+/// 0: that depends on the libraries, and it may be measured anew.
+void TestParts::compareWithOnePass(const QString& video, const QStringList& options, int count,
+                                   int filled) {
+    const QStringList printing = {"--minimum", "2", "--format", "jsonl"};
+    const Scan fresh = scanned(options + printing, video);
+    QVERIFY(fresh.status == 0);
+    const QString once = path("once");
+    scanned(options + QStringList{"--values", once}, video);
+    const QStringList whole = QDir(once).entryList(QDir::Files);
+    QCOMPARE(whole.size(), 1);
+    measureParts(video, count, options);
+    if (count == 3 && filled > 0)
+        QCOMPARE(filledParts(), filled);
+    const QStringList keeping = options + printing + QStringList{"--values", kept()};
+    Scan joined = scanned(keeping, video, faults::readError(video, 0));
+    const bool isAnew = filled == 0 && joined.errors.contains(" parts are not used, ");
+    if (isAnew)
+        joined = scanned(keeping, video);
+    else
+        QVERIFY2(joined.errors == fresh.errors, joined.errors.constData());
+    QCOMPARE(joined.status, fresh.status);
+    QCOMPARE(joined.output, fresh.output);
+    QCOMPARE(joined.trace, fresh.trace);
+    QCOMPARE(readFile(kept() + '/' + whole[0]), readFile(once + '/' + whole[0]));
+    QDir(kept()).removeRecursively();
+}
+
+void TestParts::partsAreOnePass_data() {
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<int>("filled");
+    // One key frame, recovery points in place of further ones, no times.
+    const QStringList uncut = {"single.mp4", "recovery.mp4", "elementary.264"};
+    QStringList names = QDir(recordings.path()).entryList(QDir::Files);
+    names.removeAll("closed265.mkv");
+    for (const QString& name : qAsConst(names))
+        QTest::newRow(qPrintable(name))
+            << recordings.filePath(name) << (uncut.contains(name) ? 1 : 3);
+    // Newer libraries give away all that comes before a closed group at once, of which one counts.
+    QTest::newRow("closed265") << recordings.filePath("closed265.mkv") << 0;
+    QTest::newRow("garden.mp4") << recordingsDirectory() + "/garden.mp4" << 3;
+    QTest::newRow("gate.avi") << recordingsDirectory() + "/gate.avi" << 3;
+    QTest::newRow("night.mkv") << recordingsDirectory() + "/night.mkv" << 3;
+}
+
+void TestParts::partsAreOnePass() {
+    QFETCH(QString, name);
+    QFETCH(int, filled);
+    compareWithOnePass(name, {}, 3, filled);
+    compareWithOnePass(name, {"--skip", "6", "--roi", "20,30,120,90"}, 2, filled);
+    compareWithOnePass(name, {"--skip", "1", "--threads", "1"}, 7, filled);
+}
+
+void TestParts::partsOfFootageAreOnePass_data() {
+    QTest::addColumn<QString>("name");
+    QTest::newRow("none") << QString();
+    if (footageDirectory().isEmpty())
+        return;
+    for (const QFileInfo& file : QDir(footageDirectory()).entryInfoList(QDir::Files)) {
+        if (file.suffix() != QLatin1String("md") && file.suffix() != QLatin1String("py"))
+            QTest::newRow(qPrintable(file.fileName())) << file.absoluteFilePath();
+    }
+}
+
+/// Whether they can be joined or not.
+void TestParts::partsOfFootageAreOnePass() {
+    QFETCH(QString, name);
+    if (name.isEmpty() && footageDirectory().isEmpty())
+        QSKIP("KESTROVA_FOOTAGE names no folder with recordings");
+    if (name.isEmpty())
+        return;
+    const QStringList printing = {"--minimum", "2", "--format", "jsonl"};
+    const Scan fresh = scanned(printing, name);
+    measureParts(name, 3, {});
+    const Scan joined = scanned(printing + QStringList{"--values", kept()}, name);
+    QCOMPARE(joined.status, fresh.status);
+    QCOMPARE(joined.output, fresh.output);
+    QCOMPARE(joined.trace, fresh.trace);
+}
+
+void TestParts::aPartIsMeasuredOnce() {
+    measureParts(video, 2, {});
+    const QStringList part = {"--values", kept(), "--part", "2/2", video};
+    const ProcessResult again = runProgramIn(faults::readError(video, 0), "kestrova-scan", part);
+    QVERIFY2(again.status == 0, again.errors.constData());
+    QCOMPARE(QDir(kept()).entryList(QDir::Files).size(), 2);
+    // Where the whole is there, nothing is to be done, either.
+    scanned({"--values", kept()}, video);
+    const ProcessResult other = runProgramIn(faults::readError(video, 0), "kestrova-scan",
+                                             {"--values", kept(), "--part", "1/5", video});
+    QVERIFY2(other.status == 0, other.errors.constData());
+    QCOMPARE(QDir(kept()).entryList(QDir::Files).size(), 3);
+}
+
+/// Damage may reach as far as it likes.
+void TestParts::whatIsIrregularIsMeasuredAnew() {
+    QByteArray bytes = readFile(recordings.filePath("transport.ts"));
+    for (int i = bytes.size() / 3; i < bytes.size() / 3 + 4000; ++i)
+        bytes[i] = char(bytes[i] ^ 0x5a);
+    const QString damaged = path("damaged.ts");
+    QVERIFY(writeFile(damaged, bytes));
+    const Scan fresh = scanned({"--format", "jsonl", "--threads", "1"}, damaged);
+    measureParts(damaged, 3, {"--threads", "1"});
+    const Scan joined =
+        scanned({"--format", "jsonl", "--threads", "1", "--values", kept()}, damaged);
+    QVERIFY2(joined.errors.contains(": its 3 parts are not used, measured anew: "),
+             joined.errors.constData());
+    QCOMPARE(joined.output, fresh.output);
+    QCOMPARE(joined.trace, fresh.trace);
+}
+
+/// What its fields refer to counts from the first such picture of the stream.
+void TestParts::interlacedFieldsAreMeasuredAnew() {
+    const QString fields = path("fields.avi");
+    QVERIFY(media::encode(media::crossingBox(10, 3, 7) + QStringList{"-c:v", "mpeg4", "-bf", "2",
+                                                                     "-g", "20", "-flags",
+                                                                     "+ildct+ilme", fields}));
+    const Scan fresh = scanned({"--format", "jsonl", "--minimum", "2"}, fields);
+    measureParts(fields, 3, {});
+    const Scan joined =
+        scanned({"--format", "jsonl", "--minimum", "2", "--values", kept()}, fields);
+    QVERIFY2(joined.errors.contains(" parts are not used, measured anew: "),
+             joined.errors.constData());
+    QCOMPARE(joined.output, fresh.output);
+    QCOMPARE(joined.trace, fresh.trace);
+}
+
+void TestParts::unreadableRecordingsAreSo() {
+    const QString noise = path("noise.mp4");
+    const QString sound = path("sound.mka");
+    const QString single = path("one.avi");
+    QVERIFY(writeFile(noise, QByteArray(5000, 'x')));
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "sine=d=1", sound}));
+    QVERIFY(media::encodeGrey(single, {media::grey(32, 32, 9)}, 25, {"-c:v", "ffv1"}));
+    for (const QString& name : {noise, sound, single}) {
+        const Scan fresh = scanned({"--format", "jsonl"}, name);
+        for (const char* part : {"1/2", "2/2"}) {
+            const ProcessResult result =
+                runProgram("kestrova-scan", {"--values", kept(), "--quiet", "--part", part, name});
+            const bool isTold = result.errors.contains(name.toUtf8());
+            QCOMPARE(isTold, result.status != 0);
+        }
+        const Scan joined = scanned({"--format", "jsonl", "--values", kept()}, name);
+        QCOMPARE(joined.status, fresh.status);
+        QCOMPARE(joined.output, fresh.output);
+    }
+}
+
+void TestParts::missingPartsAreNotJoined() {
+    measureParts(video, 3, {});
+    const QStringList files = QDir(kept()).entryList({"*-2of3.values"}, QDir::Files);
+    QCOMPARE(files.size(), 1);
+    QVERIFY(QFile::remove(kept() + '/' + files[0]));
+    const Scan fresh = scanned({"--format", "jsonl"}, video);
+    QVERIFY(scanned({"--format", "jsonl", "--values", kept()}, video) == fresh);
+}
+
+void TestParts::changedRecordingsAreNotJoined() {
+    const QString own = path("own.mp4");
+    QVERIFY(QFile::copy(video, own));
+    measureParts(own, 2, {});
+    QVERIFY(QFile::remove(own));
+    QVERIFY(QFile::copy(recordings.filePath("both.mp4"), own));
+    const Scan fresh = scanned({"--format", "jsonl"}, own);
+    QVERIFY(scanned({"--format", "jsonl", "--values", kept()}, own) == fresh);
+}
+
+void TestParts::whatFailsIsNotKept() {
+    const qint64 size = QFileInfo(video).size();
+    for (const qint64 offset : {qint64(0), size / 10, size / 2}) {
+        const ProcessResult part =
+            runProgramIn(faults::readError(video, offset), "kestrova-scan",
+                         {"--values", kept(), "--quiet", "--part", "2/2", video});
+        QCOMPARE(part.status, 1);
+        QVERIFY2(part.errors.contains(video.toUtf8()), part.errors.constData());
+        QCOMPARE(QDir(kept()).entryList(QDir::Files), QStringList());
+    }
+}
+
+void TestParts::partsThatCannotBeWritten() {
+    const auto environment = faults::callError("write", ENOSPC, ".values", 0);
+    const ProcessResult part =
+        runProgramIn(environment, "kestrova-scan", {"--values", kept(), "--part", "1/2", video});
+    QCOMPARE(part.status, 1);
+    QVERIFY2(part.errors.contains(": cannot keep the values: "), part.errors.constData());
+    QCOMPARE(QDir(kept()).entryList(QDir::Files), QStringList());
+}
+
+void TestParts::othersAreRejected_data() {
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QByteArray>("reason");
+    const QByteArray number = "--part takes one of up to 9999 parts, as in 2/3, not '";
+    for (const char* part : {"0/3", "4/3", "2", "2/3/4", "x/3", "1/10000", "-1/3", ""})
+        QTest::newRow(part) << QStringList{"--values", "v", "--part", part} << number + part + '\'';
+    QTest::newRow("values") << QStringList{"--part", "1/2"} << QByteArray("--part needs --values");
+    const QList<QStringList> others = {{"--quick"},       {"--from", "1"},     {"--to", "1"},
+                                       {"--merge", "1"},  {"--format", "csv"}, {"--snapshots", "s"},
+                                       {"--report", "r"}, {"--trace", "t"},    {"--export", "e"}};
+    for (const QStringList& other : others)
+        QTest::newRow(qPrintable(other[0]))
+            << QStringList{"--values", "v", "--part", "1/2"} + other
+            << "--part and " + other[0].toUtf8() + " exclude each other";
+}
+
+void TestParts::othersAreRejected() {
+    QFETCH(QStringList, options);
+    QFETCH(QByteArray, reason);
+    const ProcessResult result = runProgram("kestrova-scan", options + QStringList{video});
+    QCOMPARE(result.status, 2);
+    QVERIFY2(result.errors.contains(reason), result.errors.constData());
+}
+
+QTEST_GUILESS_MAIN(TestParts)
+#include "test_parts.moc"
