@@ -51,10 +51,10 @@ class Bench:
         return [self.bin / "ffmpeg", "-nostdin", "-v", "error", "-threads", str(threads), "-i",
                 video, "-map", "0:v:0", "-f", "null", "-"]
 
-    def compare(self, group, name, a, b, scale=1.0):
-        """Runs a and b in turn; the ratio is a / b, divided by `scale`."""
+    def compare(self, group, name, a, b, scale=1.0, fewest=1):
+        """Runs a and b in turn, `fewest` times or more; the ratio is a / b, divided by `scale`."""
         run(a), run(b)
-        pairs = [(run(a), run(b)) for _ in range(self.runs)]
+        pairs = [(run(a), run(b)) for _ in range(max(fewest, self.runs))]
         ratios = [x[0] / y[0] / scale for x, y in pairs]
         row = {
             "group": group, "name": name,
@@ -129,7 +129,8 @@ def main():
         "decoding": against_decoding, "threads": one_thread_against_all, "memory": peak_memory,
         "length": length_of_the_recording, "minimum": length_of_the_window,
         "region": regions_and_skip, "files": many_small_files, "jobs": side_by_side,
-        "values": deciding_again, "quick": quick_look,
+        "values": deciding_again, "quick": quick_look, "stretches": stretches,
+        "recall": recall_of_quick_looks,
     }
     for name in wanted:
         if name not in groups:
@@ -152,6 +153,28 @@ def against_decoding(bench, footage):
     for video in footage:
         bench.compare("decoding", f"{video.name}, threads {bench.cores}", bench.scan(video),
                       bench.decode(video, bench.cores))
+
+
+REALISTIC = {
+    "h264": ("mp4", ["-c:v", "libx264", "-preset", "medium", "-b:v", "9M", "-g", "50"]),
+    "hevc": ("mp4", ["-c:v", "libx265", "-preset", "medium", "-b:v", "7M", "-x265-params",
+                     "log-level=none:keyint=50"]),
+    "mpeg4": ("avi", ["-c:v", "mpeg4", "-b:v", "9M", "-g", "25"]),
+    "mpeg2": ("ts", ["-c:v", "mpeg2video", "-b:v", "12M", "-g", "15", "-bf", "2"]),
+    "mjpeg": ("avi", ["-c:v", "mjpeg", "-q:v", "5", "-pix_fmt", "yuvj420p"]),
+}
+
+
+def stretches(bench, footage):
+    bench.heading("Detection (A) against decoding alone with the program's own threads (B)")
+    for size, seconds in (("1920x1080", 20), ("3840x2160", 10)):
+        for codec, (suffix, options) in REALISTIC.items():
+            name = f"realistic-{codec}-{size}.{suffix}"
+            video = bench.material(name, size, seconds, *options)
+            bench.compare("stretches", f"{size} {codec}", bench.scan(video),
+                          bench.decode(video, 0), fewest=7)
+    for video in footage:
+        bench.compare("stretches", video.name, bench.scan(video), bench.decode(video, 0), fewest=7)
 
 
 def one_thread_against_all(bench, _):
@@ -237,6 +260,29 @@ def quick_look(bench, _):
             video = bench.looped(f"gop{gop}-{size}-long.mp4", material, 6)
             bench.compare("quick", f"{size}, key frame every {gop}",
                           bench.scan(video, "--quick"), bench.scan(video))
+
+
+def recall_of_quick_looks(bench, footage):
+    """Of each recording named: how many of its clips a quick look touches."""
+    if not footage:
+        return
+    print("\nClips that a quick look touches, of all that the whole search finds")
+    touched = total = 0
+    for video in footage:
+        exact, quick = (clips(bench.scan(video, "--format", "jsonl", *options))
+                        for options in ((), ("--quick",)))
+        found = sum(any(begin < clip[1] and end > clip[0] for begin, end in quick) for clip in exact)
+        print(f"{video.name:<44} {found:3} of {len(exact):3}")
+        touched, total = touched + found, total + len(exact)
+    print(f"{'all':<44} {touched:3} of {total:3}", flush=True)
+    bench.rows.append({"group": "recall", "name": "all", "touched": touched, "clips": total})
+
+
+def clips(command):
+    """Start and end of each clip that a scan prints as JSON lines."""
+    lines = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
+    found = [json.loads(line) for line in lines.stdout.splitlines()]
+    return [(line["start"], line["end"]) for line in found if "start" in line]
 
 
 if __name__ == "__main__":

@@ -92,7 +92,7 @@ class Scanner:
 
     @staticmethod
     def complaint(ended):
-        return "" if ended.status in (0, 1) else f"status {ended.status}\n{ended.errors}"
+        return "" if ended.status in (0, 1, 3) else f"status {ended.status}\n{ended.errors}"
 
     @staticmethod
     def wrong_status(status, answers):
