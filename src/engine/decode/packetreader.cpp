@@ -43,6 +43,8 @@ int firstVideoStream(const AVFormatContext& format) {
 } // namespace
 
 QString libavErrorText(int code) {
+    if (code == AVERROR(ENOMEM))
+        return QStringLiteral("out of memory"); // as it is told wherever memory is short
     std::array<char, AV_ERROR_MAX_STRING_SIZE> text{};
     av_strerror(code, text.data(), text.size());
     return QString::fromUtf8(text.data());
