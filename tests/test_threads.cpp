@@ -102,6 +102,8 @@ private Q_SLOTS:
     void largePicturesGetFewerThreads();
     void undamagedStreams_data();
     void undamagedStreams();
+    void closedGroupsLoseNothing_data();
+    void closedGroupsLoseNothing();
     void sizeChange();
     void missingStamps();
     void startInTheMiddleOfAGroup();
@@ -186,6 +188,7 @@ void TestThreads::undamagedStreams_data() {
         row("libx265", suffix, "-x265-params log-level=none:bframes=4");
     }
     row("libx265", "mp4", "-x265-params log-level=none:open-gop=1:keyint=10:bframes=4");
+    row("libx265", "mp4", "-x265-params log-level=none:open-gop=0:keyint=10:bframes=4");
     for (const char* suffix : {"avi", "mp4", "mkv"}) {
         row("mpeg4", suffix, "-bf 0");
         row("mpeg4", suffix, "-bf 2 -g 12");
@@ -236,6 +239,38 @@ void TestThreads::undamagedStreams() {
     const bool isInterlaced = options.contains("ildct") && encoder != QLatin1String("mpeg2video");
     const bool isPacked = encoder == QLatin1String("libxvid");
     QCOMPARE(serialFallbacks, isInterlaced || isPacked ? 5 : 0);
+}
+
+void TestThreads::closedGroupsLoseNothing_data() {
+    QTest::addColumn<QString>("options");
+    QTest::addColumn<int>("threads");
+    for (const int threads : {1, 3}) {
+        const auto row = [threads](const QByteArray& options) {
+            QTest::newRow((options + ", threads: " + QByteArray::number(threads)).constData())
+                << QString(options) << threads;
+        };
+        row("-c:v libx264 -x264-params keyint=10:scenecut=0:b-pyramid=normal:b-adapt=0:bframes=3");
+        row("-c:v libx265 -x265-params "
+            "log-level=none:keyint=10:min-keyint=10:b-adapt=0:b-pyramid=1:bframes=4:open-gop=0");
+    }
+}
+
+/// Each packet completes one picture, from the third on: two are held back to put pictures in
+/// order. That is so also where a group ends, whatever the decoder then gives away at once, and the
+/// last group is a key frame alone.
+void TestThreads::closedGroupsLoseNothing() {
+    QFETCH(QString, options);
+    QFETCH(int, threads);
+    const QString path = folder.filePath("closed.mp4");
+    QVERIFY(media::encode(QStringList{"-f", "lavfi", "-i", "testsrc2=s=208x144:r=25", "-frames:v",
+                                      "101", "-pix_fmt", "yuv420p"} +
+                          options.split(' ') + QStringList{path}));
+    const QVector<Picture> pictures = decode(path, threads);
+    QCOMPARE(pictures.size(), 101 - 2);
+    for (int i = 1; i < pictures.size(); ++i) {
+        QCOMPARE(qRound(pictures[i].time * 12800), qRound(pictures[0].time * 12800) + i * 512);
+        QVERIFY(pictures[i].checksum != pictures[i - 1].checksum);
+    }
 }
 
 void TestThreads::sizeChange() {

@@ -6,6 +6,8 @@
 
 #include "libavversions.h"
 
+#include <algorithm>
+
 namespace {
 
 // MPEG-4 Part 2 in AVI can hold a B picture in one packet with the picture it refers to; then a
@@ -21,31 +23,31 @@ bool isPlaceholder(const AVPacket& packet, AVCodecID codec) {
 
 FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context, qint64 lastNumber)
     : context(std::move(context))
+    , isPaced(arePicturesPaced(*this->context))
     , lastNumber(lastNumber) {
     restart.handedOut(lastNumber);
 }
 
 FrameThreadedDecoder::Result FrameThreadedDecoder::next(PacketReader& reader) {
-    PicturePointer picture(av_frame_alloc());
-    while (picture) {
-        const int result = avcodec_receive_frame(context.get(), picture.get());
+    while (!isNextComplete()) {
+        PicturePointer picture(av_frame_alloc());
+        const int result =
+            picture ? avcodec_receive_frame(context.get(), picture.get()) : AVERROR_EOF;
         if (result == AVERROR_EOF)
-            break;
+            return {Outcome::End, {}};
         if (result == AVERROR(EAGAIN)) {
             const bool goesOn = feed(reader.read());
             if (reader.isInterrupted())
-                break;
+                return {Outcome::End, {}};
             if (!goesOn)
                 return {Outcome::Unsafe, {}};
             continue;
         }
         if (result < 0 || isUnsafe(*picture))
             return {Outcome::Unsafe, {}};
-        if (picture->pkt_dts != AV_NOPTS_VALUE && picture->pkt_dts > lastNumber)
-            return {Outcome::Picture, complete(std::move(picture))};
-        av_frame_unref(picture.get());
+        add(std::move(picture));
     }
-    return {Outcome::End, {}};
+    return {Outcome::Picture, takeNext()};
 }
 
 std::deque<NumberedPacket> FrameThreadedDecoder::takeRestartPackets() {
@@ -82,12 +84,33 @@ bool FrameThreadedDecoder::isUnsafe(const AVFrame& picture) const {
            isInterlaced(picture);
 }
 
-CompletedPicture FrameThreadedDecoder::complete(PicturePointer picture) {
-    lastNumber = picture->pkt_dts;
+void FrameThreadedDecoder::add(PicturePointer picture) {
+    if (picture->pkt_dts == AV_NOPTS_VALUE)
+        return;
+    const qint64 behindLast = lastCompleted + 1;
+    const qint64 number =
+        isPaced ? std::max<qint64>(picture->pkt_dts, behindLast) : picture->pkt_dts;
+    if (number < behindLast)
+        return;
+    lastCompleted = number;
+    if (number > lastNumber)
+        waiting.push_back({number, AV_NOPTS_VALUE, std::move(picture)});
+}
+
+/// A paced picture can belong to a packet that has not been read.
+bool FrameThreadedDecoder::isNextComplete() const {
+    return !waiting.empty() && waiting.front().number < firstStamp + qint64(stamps.size());
+}
+
+CompletedPicture FrameThreadedDecoder::takeNext() {
+    CompletedPicture next = std::move(waiting.front());
+    waiting.pop_front();
+    lastNumber = next.number;
     while (firstStamp < lastNumber) {
         stamps.pop_front();
         ++firstStamp;
     }
     restart.handedOut(lastNumber);
-    return {lastNumber, stamps.front(), std::move(picture)};
+    next.dts = stamps.front();
+    return next;
 }

@@ -27,7 +27,7 @@ struct CompletedPicture {
 /// whichever thread the call ran. At the end of the stream the calls still under way end like all
 /// others; pictures that are only pushed out of the reorder buffer belong to no packet, carry no
 /// number and are dropped, as one thread never hands them out. Of several pictures that one packet
-/// completes only the first counts.
+/// completes only the first counts, unless they are paced.
 ///
 /// This is exact for undamaged, progressive streams without packed B pictures of the codecs that
 /// `setUpThreads` gives frame threads. At the first sign that a stream is something else, `next`
@@ -65,11 +65,16 @@ private:
     bool feed(std::optional<NumberedPacket> packet);
     bool send(NumberedPacket packet);
     bool isUnsafe(const AVFrame& picture) const;
-    CompletedPicture complete(PicturePointer picture);
+    void add(PicturePointer picture);
+    bool isNextComplete() const;
+    CompletedPicture takeNext();
 
     CodecContextPointer context;
+    bool isPaced;
     RestartPackets restart;
+    std::deque<CompletedPicture> waiting; ///< to be handed out, without their time stamps
     std::deque<std::int64_t> stamps; ///< decoding time stamps of the packets from `firstStamp` on
     qint64 firstStamp = 0;
-    qint64 lastNumber; ///< packet that completed the last picture handed out
+    qint64 lastCompleted = -1; ///< packet that completed the last picture there was
+    qint64 lastNumber;         ///< and the last one handed out
 };

@@ -9,16 +9,9 @@
 SerialDecoder::SerialDecoder(CodecContextPointer context, PictureMemory& memory)
     : context(std::move(context))
     , memory(memory)
-    , picture(av_frame_alloc())
-    , surplus(av_frame_alloc()) {}
+    , isPaced(arePicturesPaced(*this->context)) {}
 
 PicturePointer SerialDecoder::decode(const AVPacket& packet) {
-    if (!picture)
-        picture.reset(av_frame_alloc());
-    if (!picture || !surplus) {
-        memory.noteShortage();
-        return nullptr;
-    }
     errno = 0;
     noteRefusal(avcodec_send_packet(context.get(), &packet));
     bool gotPicture = false;
@@ -26,18 +19,37 @@ PicturePointer SerialDecoder::decode(const AVPacket& packet) {
     // the next packet; an error inside it ends one picture and not the packet.
     constexpr int mostPicturesPerPacket = 256;
     for (int i = 0; i < mostPicturesPerPacket; ++i) {
-        AVFrame* target = gotPicture ? surplus.get() : picture.get();
-        const int result = avcodec_receive_frame(context.get(), target);
+        if (!picture)
+            picture.reset(av_frame_alloc());
+        if (!picture) {
+            memory.noteShortage();
+            return nullptr;
+        }
+        const int result = avcodec_receive_frame(context.get(), picture.get());
         if (result == AVERROR(EAGAIN) || result == AVERROR_EOF)
             break;
         noteRefusal(result);
+        if (result >= 0 && (isPaced || !gotPicture))
+            waiting.push_back(std::move(picture));
         gotPicture = gotPicture || result >= 0;
     }
-    av_frame_unref(surplus.get());
-    return gotPicture ? std::move(picture) : nullptr;
+    if (picture)
+        av_frame_unref(picture.get());
+    return nextWaiting();
+}
+
+/// Null if there is none.
+PicturePointer SerialDecoder::nextWaiting() {
+    if (waiting.empty())
+        return nullptr;
+    PicturePointer next = std::move(waiting.front());
+    waiting.pop_front();
+    return next;
 }
 
 PicturePointer SerialDecoder::takeHeld() {
+    if (PicturePointer next = nextWaiting())
+        return next;
     PicturePointer held(av_frame_alloc());
     avcodec_send_packet(context.get(), nullptr);
     const bool isTaken = held && avcodec_receive_frame(context.get(), held.get()) >= 0;
@@ -45,6 +57,7 @@ PicturePointer SerialDecoder::takeHeld() {
 }
 
 void SerialDecoder::flush() {
+    waiting.clear();
     avcodec_flush_buffers(context.get());
 }
 

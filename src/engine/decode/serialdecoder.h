@@ -6,6 +6,8 @@
 
 #include "codeccontext.h"
 
+#include <deque>
+
 /// Decodes packets one at a time: what a packet completes comes out before the next one goes in.
 class SerialDecoder {
 public:
@@ -13,9 +15,9 @@ public:
     /// is told where the decoder runs out of it; it must outlive this object.
     SerialDecoder(CodecContextPointer context, PictureMemory& memory);
 
-    /// The first picture that the packet completes; null if it completes none. What the decoder
-    /// thinks of the packet does not matter: a damaged one can complete a picture, too, and a good
-    /// one need not.
+    /// The first picture that the packet completes; null if it completes none. Where pictures are
+    /// paced, the others come with the packets behind it. What the decoder thinks of the packet
+    /// does not matter: a damaged one can complete a picture, too, and a good one need not.
     PicturePointer decode(const AVPacket& packet);
 
     /// The first of the pictures that the decoder still holds; null if it holds none. Nothing can
@@ -29,10 +31,12 @@ public:
     double frameRate() const { return frameRateOf(*context); }
 
 private:
+    PicturePointer nextWaiting();
     void noteRefusal(int result);
 
     CodecContextPointer context;
     PictureMemory& memory;
-    PicturePointer picture; ///< reused until the decoder has filled it
-    PicturePointer surplus; ///< takes the pictures after the first that one packet gives
+    bool isPaced;
+    PicturePointer picture;             ///< reused until the decoder has filled it
+    std::deque<PicturePointer> waiting; ///< to be handed out, one for each packet
 };

@@ -9,6 +9,7 @@
 
 #include <QMutexLocker>
 
+#include <algorithm>
 #include <new>
 
 namespace {
@@ -81,6 +82,7 @@ void StretchDecoder::decode(Stretch& stretch) {
 
 void StretchDecoder::feedAll(Stretch& stretch) {
     int place = 0;
+    lastPlace = none;
     for (const AVPacket* packet : stretch.decodedPackets()) {
         stretch.isInDoubt = isInterrupted() || !feed(stretch, packet, place++);
         if (stretch.isInDoubt)
@@ -104,17 +106,27 @@ bool StretchDecoder::feed(Stretch& stretch, const AVPacket* packet, int place) {
         const int result = avcodec_receive_frame(context.get(), picture.get());
         if (result == AVERROR(EAGAIN) || result == AVERROR_EOF)
             return true;
-        const bool isSurplus = hasPicture && place != none;
+        const bool isSurplus = hasPicture && place != none && !arePicturesPaced(*context);
         stretch.isDamaged = result < 0 || isDamaged(*picture);
-        if (stretch.isDamaged || isSurplus || !take(stretch, std::move(picture), place))
+        if (stretch.isDamaged || isSurplus || !take(stretch, std::move(picture), paced(place)))
             return false;
         hasPicture = true;
     }
 }
 
-/// Pictures behind the stretch's own are those of the next one.
+/// Of several pictures that one packet gives, those behind the first belong to the next packets.
+int StretchDecoder::paced(int place) {
+    if (place == none)
+        return none;
+    lastPlace = std::max(place, lastPlace + 1);
+    return lastPlace;
+}
+
+/// Pictures behind the stretch's own are those of the next one, and those that belong to packets
+/// behind the end are nobody's.
 bool StretchDecoder::take(Stretch& stretch, PicturePointer picture, int place) {
-    if (!stretch.isLast && int(stretch.results.size()) >= stretch.expectedPictures())
+    const int reached = stretch.isLast ? place : int(stretch.results.size());
+    if (reached >= stretch.expectedPictures())
         return true;
     StretchResult result{place, std::nullopt};
     FramePointer record = recordOf(std::move(picture));

@@ -37,6 +37,7 @@ private:
     bool prepare(const Stretch& stretch);
     void feedAll(Stretch& stretch);
     bool feed(Stretch& stretch, const AVPacket* packet, int place);
+    int paced(int place);
     bool take(Stretch& stretch, PicturePointer picture, int place);
     bool isDamaged(const AVFrame& picture) const;
 
@@ -44,5 +45,6 @@ private:
     CodecContextPointer context;
     PictureComparison compare;
     std::function<bool()> isInterrupted;
-    bool isNew = true; ///< nothing has been decoded
+    bool isNew = true;  ///< nothing has been decoded
+    int lastPlace = -1; ///< of the packet that the last picture came with
 };
