@@ -162,6 +162,7 @@ REALISTIC = {
     "mpeg4": ("avi", ["-c:v", "mpeg4", "-b:v", "9M", "-g", "25"]),
     "mpeg2": ("ts", ["-c:v", "mpeg2video", "-b:v", "12M", "-g", "15", "-bf", "2"]),
     "mjpeg": ("avi", ["-c:v", "mjpeg", "-q:v", "5", "-pix_fmt", "yuvj420p"]),
+    "av1": ("mp4", ["-c:v", "libsvtav1", "-preset", "8", "-b:v", "6M", "-g", "50"]),
 }
 
 

@@ -46,6 +46,7 @@ void TestStretchPlan::workers_data() {
     row("more than a decoder is given", AV_CODEC_ID_H264, 640, 360, 64, 16);
     row("4K whose pictures need others", AV_CODEC_ID_HEVC, 3840, 2160, 8, 0);
     row("4K whose pictures do not", AV_CODEC_ID_MJPEG, 3840, 2160, 2, 2);
+    row("4K, a decoder without threads across pictures", AV_CODEC_ID_AV1, 3840, 2160, 2, 2);
     row("larger than what is kept", AV_CODEC_ID_MJPEG, 8000, 6000, 4, 0);
     row("never tried", AV_CODEC_ID_CINEPAK, 640, 360, 4, 0);
     row("slower than with shared pictures", AV_CODEC_ID_MPEG2VIDEO, 1920, 1080, 4, 0);

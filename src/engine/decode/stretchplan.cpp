@@ -18,7 +18,7 @@ namespace {
 enum class Gain {
     None,    ///< never tried, or, as MPEG-2, faster with threads that share a picture
     Intra,   ///< a picture needs no other: a decoder holds next to nothing
-    Small,   ///< decoders without threads of their own, whose pictures are never large
+    Single,  ///< decoders that work on one picture at a time
     Ordinary ///< decoders with frame threads, which pictures of ordinary size leave waiting
 };
 
@@ -42,7 +42,8 @@ Gain gainOf(AVCodecID codec) {
     case AV_CODEC_ID_MSMPEG4V3:
     case AV_CODEC_ID_WMV1:
     case AV_CODEC_ID_WMV2:
-        return Gain::Small;
+    case AV_CODEC_ID_AV1:
+        return Gain::Single;
     case AV_CODEC_ID_MPEG4:
     case AV_CODEC_ID_H264:
     case AV_CODEC_ID_HEVC:
@@ -74,7 +75,7 @@ int mostWorkers(Gain gain, const AVCodecParameters& parameters) {
 
 // codec                     | pictures         | threads   | decoded
 // each picture alone        | up to 32 MB      | 2 or more | in stretches of 8, one for each thread
-// decoders without threads  | up to 32 MB      | 2 or more | in stretches of 48, the same
+// one picture at a time     | up to 32 MB      | 2 or more | in stretches of 48, the same
 // MPEG-4, H.264, HEVC, VP8/9| up to 2560x1600  | 2 or more | the same
 // the same                  | larger           | any       | with frame threads: a second decoder
 //                           |                  |           | needs as much memory again and both
