@@ -10,6 +10,7 @@
 #include "process.h"
 
 #include <QDir>
+#include <QImage>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
@@ -34,6 +35,7 @@ private Q_SLOTS:
     void measuresWithWhatValuesDependOn();
     void knowsWhatValuesDependOn();
     void goesOnWhereItEnded();
+    void aChangedMaskIsAnotherOne();
     void namesWhatIsMissing();
     void usageErrors_data();
     void usageErrors();
@@ -116,6 +118,29 @@ void TestArchive::goesOnWhereItEnded() {
     QCOMPARE(runProgram("kestrova-archive", arguments).output, first.output);
     QCOMPARE(readFile(work + "/joblog").count('\n'), 4);
     QVERIFY(QFile::remove(path("recordings/new.mp4")));
+}
+
+void TestArchive::aChangedMaskIsAnotherOne() {
+    if (!hasEngine())
+        QSKIP(noEngine);
+    QImage mask(64, 48, QImage::Format_ARGB32);
+    for (const int rows : {48, 20}) {
+        mask.fill(0U);
+        for (int y = 0; y < rows; ++y) {
+            for (int x = 0; x < 64; ++x)
+                mask.setPixel(x, y, 0xFF00FF00U);
+        }
+        QVERIFY(mask.save(path("mask.png")));
+        const QStringList arguments = {"--mask", path("mask.png"), path("recordings")};
+        const ProcessResult archive = runProgram(
+            "kestrova-archive", options + QStringList{"--values", path("masked")} + arguments);
+        QCOMPARE(archive.output, runProgram("kestrova-scan", options + arguments).output);
+        QCOMPARE(archivesIn("masked").size(), rows == 48 ? 1 : 2);
+    }
+    QCOMPARE(runProgram("kestrova-archive",
+                        {"--values", path("masked"), "--mask", path("no.png"), path("recordings")})
+                 .status,
+             2);
 }
 
 void TestArchive::namesWhatIsMissing() {
