@@ -8,6 +8,7 @@
 
 #include "files.h"
 #include "footage.h"
+#include "h264header.h"
 #include "media.h"
 
 #include <QCryptographicHash>
@@ -166,6 +167,8 @@ private Q_SLOTS:
     void optionsOfTheMeasure();
     void streamsThatAreNotCut_data();
     void streamsThatAreNotCut();
+    void unknownDelay_data();
+    void unknownDelay();
     void longGroupInTheMiddle();
     void sizesThatChange();
     void parametersThatChange();
@@ -350,6 +353,24 @@ void TestStretches::streamsThatAreNotCut() {
     QCOMPARE(plans, 5);
     QCOMPARE(ends, 5);
     QCOMPARE(doubts > 0, isDoubtful);
+}
+
+void TestStretches::unknownDelay_data() {
+    QTest::addColumn<QString>("options");
+    QTest::newRow("no B pictures") << "keyint=12:bframes=0";
+    QTest::newRow("B pictures") << "keyint=24:bframes=3:b-adapt=0:b-pyramid=none";
+    QTest::newRow("B pictures that others need")
+        << "keyint=24:bframes=3:b-adapt=0:b-pyramid=normal";
+}
+
+/// The headers do not say how many pictures are held back.
+void TestStretches::unknownDelay() {
+    QFETCH(QString, options);
+    const QString path =
+        encoded("unknown.mp4", {"-c:v", "libx264", "-preset", "veryfast", "-x264-params", options});
+    QVERIFY(removeUsabilityInformation(path));
+    compareWithOneThread(path);
+    QCOMPARE(plans, 5);
 }
 
 void TestStretches::longGroupInTheMiddle() {
