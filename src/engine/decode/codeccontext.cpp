@@ -58,10 +58,6 @@ OpenedCodec openCodec(const AVCodecParameters& parameters, int threads, PictureM
     return openWith(*codec, parameters, 1, memory);
 }
 
-bool arePicturesPaced(const AVCodecContext& context) {
-    return context.codec_id == AV_CODEC_ID_HEVC;
-}
-
 double frameRateOf(const AVCodecContext& context) {
     const AVRational rate = context.framerate;
     return rate.num > 0 && rate.den > 0 ? av_q2d(rate) : 0.0;

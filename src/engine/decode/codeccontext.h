@@ -21,11 +21,6 @@ struct OpenedCodec {
 /// they are known to be too large.
 OpenedCodec openCodec(const AVCodecParameters& parameters, int threads, PictureMemory& memory);
 
-/// Whether a packet gets one picture, and further ones that it completes the packets behind it,
-/// which then complete none: where a new sequence begins, newer HEVC decoders give away at once all
-/// pictures that they held back, where older ones gave one with each packet.
-bool arePicturesPaced(const AVCodecContext& context);
-
 /// Pictures per second as the decoder has read in the stream's headers; 0 if it has not, or not
 /// yet.
 double frameRateOf(const AVCodecContext& context);

@@ -6,8 +6,6 @@
 
 #include "libavversions.h"
 
-#include <algorithm>
-
 namespace {
 
 // MPEG-4 Part 2 in AVI can hold a B picture in one packet with the picture it refers to; then a
@@ -23,7 +21,7 @@ bool isPlaceholder(const AVPacket& packet, AVCodecID codec) {
 
 FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context, qint64 lastNumber)
     : context(std::move(context))
-    , isPaced(arePicturesPaced(*this->context))
+    , pacing(*this->context)
     , lastNumber(lastNumber) {
     restart.handedOut(lastNumber);
 }
@@ -87,17 +85,12 @@ bool FrameThreadedDecoder::isUnsafe(const AVFrame& picture) const {
 void FrameThreadedDecoder::add(PicturePointer picture) {
     if (picture->pkt_dts == AV_NOPTS_VALUE)
         return;
-    const qint64 behindLast = lastCompleted + 1;
-    const qint64 number =
-        isPaced ? std::max<qint64>(picture->pkt_dts, behindLast) : picture->pkt_dts;
-    if (number < behindLast)
-        return;
-    lastCompleted = number;
-    if (number > lastNumber)
-        waiting.push_back({number, AV_NOPTS_VALUE, std::move(picture)});
+    const auto number = pacing.placeOf(picture->pkt_dts);
+    if (number && *number > lastNumber)
+        waiting.push_back({*number, AV_NOPTS_VALUE, std::move(picture)});
 }
 
-/// A paced picture can belong to a packet that has not been read.
+/// A picture can come with a packet that has not been read.
 bool FrameThreadedDecoder::isNextComplete() const {
     return !waiting.empty() && waiting.front().number < firstStamp + qint64(stamps.size());
 }

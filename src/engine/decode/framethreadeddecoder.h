@@ -6,6 +6,7 @@
 
 #include "codeccontext.h"
 #include "packetreader.h"
+#include "picturepacing.h"
 #include "restartpackets.h"
 
 #include <cstdint>
@@ -27,7 +28,7 @@ struct CompletedPicture {
 /// whichever thread the call ran. At the end of the stream the calls still under way end like all
 /// others; pictures that are only pushed out of the reorder buffer belong to no packet, carry no
 /// number and are dropped, as one thread never hands them out. Of several pictures that one packet
-/// completes only the first counts, unless they are paced.
+/// completes `PicturePacing` says which count.
 ///
 /// This is exact for undamaged, progressive streams without packed B pictures of the codecs that
 /// `setUpThreads` gives frame threads. At the first sign that a stream is something else, `next`
@@ -70,11 +71,10 @@ private:
     CompletedPicture takeNext();
 
     CodecContextPointer context;
-    bool isPaced;
+    PicturePacing pacing;
     RestartPackets restart;
     std::deque<CompletedPicture> waiting; ///< to be handed out, without their time stamps
     std::deque<std::int64_t> stamps; ///< decoding time stamps of the packets from `firstStamp` on
     qint64 firstStamp = 0;
-    qint64 lastCompleted = -1; ///< packet that completed the last picture there was
-    qint64 lastNumber;         ///< and the last one handed out
+    qint64 lastNumber; ///< packet that the last picture handed out came with
 };

@@ -9,12 +9,11 @@
 SerialDecoder::SerialDecoder(CodecContextPointer context, PictureMemory& memory)
     : context(std::move(context))
     , memory(memory)
-    , isPaced(arePicturesPaced(*this->context)) {}
+    , pacing(*this->context) {}
 
 PicturePointer SerialDecoder::decode(const AVPacket& packet) {
     errno = 0;
     noteRefusal(avcodec_send_packet(context.get(), &packet));
-    bool gotPicture = false;
     // A packet can hold several pictures. All of them are taken out, or the decoder would refuse
     // the next packet; an error inside it ends one picture and not the packet.
     constexpr int mostPicturesPerPacket = 256;
@@ -29,10 +28,10 @@ PicturePointer SerialDecoder::decode(const AVPacket& packet) {
         if (result == AVERROR(EAGAIN) || result == AVERROR_EOF)
             break;
         noteRefusal(result);
-        if (result >= 0 && (isPaced || !gotPicture))
+        if (result >= 0 && pacing.placeOf(packets))
             waiting.push_back(std::move(picture));
-        gotPicture = gotPicture || result >= 0;
     }
+    ++packets;
     if (picture)
         av_frame_unref(picture.get());
     return nextWaiting();
@@ -58,6 +57,7 @@ PicturePointer SerialDecoder::takeHeld() {
 
 void SerialDecoder::flush() {
     waiting.clear();
+    pacing.restart();
     avcodec_flush_buffers(context.get());
 }
 

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "codeccontext.h"
+#include "picturepacing.h"
 
 #include <deque>
 
@@ -15,9 +16,9 @@ public:
     /// is told where the decoder runs out of it; it must outlive this object.
     SerialDecoder(CodecContextPointer context, PictureMemory& memory);
 
-    /// The first picture that the packet completes; null if it completes none. Where pictures are
-    /// paced, the others come with the packets behind it. What the decoder thinks of the packet
-    /// does not matter: a damaged one can complete a picture, too, and a good one need not.
+    /// The picture that comes with the packet, as `PicturePacing` says; null if there is none. What
+    /// the decoder thinks of the packet does not matter: a damaged one can complete a picture, too,
+    /// and a good one need not.
     PicturePointer decode(const AVPacket& packet);
 
     /// The first of the pictures that the decoder still holds; null if it holds none. Nothing can
@@ -36,7 +37,8 @@ private:
 
     CodecContextPointer context;
     PictureMemory& memory;
-    bool isPaced;
+    PicturePacing pacing;
+    qint64 packets = 0;                 ///< so far
     PicturePointer picture;             ///< reused until the decoder has filled it
     std::deque<PicturePointer> waiting; ///< to be handed out, one for each packet
 };

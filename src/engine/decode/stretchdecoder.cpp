@@ -9,7 +9,6 @@
 
 #include <QMutexLocker>
 
-#include <algorithm>
 #include <new>
 
 namespace {
@@ -82,23 +81,23 @@ void StretchDecoder::decode(Stretch& stretch) {
 
 void StretchDecoder::feedAll(Stretch& stretch) {
     int place = 0;
-    lastPlace = none;
+    PicturePacing pacing(*context);
     for (const AVPacket* packet : stretch.decodedPackets()) {
-        stretch.isInDoubt = isInterrupted() || !feed(stretch, packet, place++);
+        stretch.isInDoubt = isInterrupted() || !feed(stretch, packet, place++, pacing);
         if (stretch.isInDoubt)
             return;
     }
     // What is held back at the end of the stream is never handed out.
     if (!stretch.isLast)
-        stretch.isInDoubt = !feed(stretch, nullptr, none);
+        stretch.isInDoubt = !feed(stretch, nullptr, none, pacing);
 }
 
 /// False at the first sign that this is not all there is to it.
-bool StretchDecoder::feed(Stretch& stretch, const AVPacket* packet, int place) {
+bool StretchDecoder::feed(Stretch& stretch, const AVPacket* packet, int place,
+                          PicturePacing& pacing) {
     stretch.isDamaged = avcodec_send_packet(context.get(), packet) < 0;
     if (stretch.isDamaged)
         return false;
-    bool hasPicture = false;
     for (;;) {
         PicturePointer picture(av_frame_alloc());
         if (!picture)
@@ -106,20 +105,11 @@ bool StretchDecoder::feed(Stretch& stretch, const AVPacket* packet, int place) {
         const int result = avcodec_receive_frame(context.get(), picture.get());
         if (result == AVERROR(EAGAIN) || result == AVERROR_EOF)
             return true;
-        const bool isSurplus = hasPicture && place != none && !arePicturesPaced(*context);
         stretch.isDamaged = result < 0 || isDamaged(*picture);
-        if (stretch.isDamaged || isSurplus || !take(stretch, std::move(picture), paced(place)))
+        const std::optional<qint64> fed = place == none ? none : pacing.placeOf(place);
+        if (stretch.isDamaged || !fed || !take(stretch, std::move(picture), int(*fed)))
             return false;
-        hasPicture = true;
     }
-}
-
-/// Of several pictures that one packet gives, those behind the first belong to the next packets.
-int StretchDecoder::paced(int place) {
-    if (place == none)
-        return none;
-    lastPlace = std::max(place, lastPlace + 1);
-    return lastPlace;
 }
 
 /// Pictures behind the stretch's own are those of the next one, and those that belong to packets

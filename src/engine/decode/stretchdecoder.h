@@ -5,6 +5,7 @@
 #pragma once
 
 #include "codeccontext.h"
+#include "picturepacing.h"
 #include "stretch.h"
 
 /// Gives a decoder that begins in the middle of a stream what only the stream's first packet tells,
@@ -36,8 +37,7 @@ private:
     bool open();
     bool prepare(const Stretch& stretch);
     void feedAll(Stretch& stretch);
-    bool feed(Stretch& stretch, const AVPacket* packet, int place);
-    int paced(int place);
+    bool feed(Stretch& stretch, const AVPacket* packet, int place, PicturePacing& pacing);
     bool take(Stretch& stretch, PicturePointer picture, int place);
     bool isDamaged(const AVFrame& picture) const;
 
@@ -45,6 +45,5 @@ private:
     CodecContextPointer context;
     PictureComparison compare;
     std::function<bool()> isInterrupted;
-    bool isNew = true;  ///< nothing has been decoded
-    int lastPlace = -1; ///< of the packet that the last picture came with
+    bool isNew = true; ///< nothing has been decoded
 };
