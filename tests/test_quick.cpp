@@ -257,7 +257,6 @@ void TestQuick::refinedIsExactAroundWhatWasFound() {
         for (QJsonObject clip :
              clips(options + QStringList{"--from", bounds.captured(1), "--to", bounds.captured(2)},
                    path("days.mp4"))) {
-            const QString picture = clip["snapshot"].toString();
             clip["index"] = expected.size();
             clip["snapshot"] =
                 path("pictures/days.mp4-%1.png").arg(expected.size(), 4, 10, QLatin1Char('0'));
