@@ -12,7 +12,6 @@
 #include "media.h"
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QLoggingCategory>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -505,22 +504,17 @@ void TestStretches::cancelled() {
 }
 
 void TestStretches::wholeRecordings_data() {
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<int>("count");
-    QTest::newRow("shipped") << recordingsDirectory() << 3;
-    QTest::newRow("footage") << footageDirectory() << 11;
+    addFoldersOfRecordings();
 }
 
 void TestStretches::wholeRecordings() {
     QFETCH(QString, folder);
     QFETCH(int, count);
     KESTROVA_REQUIRE_FOLDER(folder);
-    const QDir recordings(folder);
-    const QStringList names =
-        recordings.entryList({"*.avi", "*.mp4", "*.mkv", "*.mpg", "*.flv", "*.ts", "*.mov"});
+    const QStringList names = recordingsIn(folder);
     QCOMPARE(names.size(), count);
     for (const QString& name : names)
-        compareWithOneThread(recordings.filePath(name));
+        compareWithOneThread(folder + '/' + name);
 }
 
 QTEST_GUILESS_MAIN(TestStretches)

@@ -14,7 +14,6 @@ extern "C" {
 }
 
 #include <QCryptographicHash>
-#include <QDir>
 #include <QLoggingCategory>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -322,22 +321,17 @@ void TestThreads::startInTheMiddleOfAGroup() {
 }
 
 void TestThreads::wholeRecordings_data() {
-    QTest::addColumn<QString>("folder");
-    QTest::addColumn<int>("count");
-    QTest::newRow("shipped") << recordingsDirectory() << 3;
-    QTest::newRow("footage") << footageDirectory() << 11;
+    addFoldersOfRecordings();
 }
 
 void TestThreads::wholeRecordings() {
     QFETCH(QString, folder);
     QFETCH(int, count);
     KESTROVA_REQUIRE_FOLDER(folder);
-    const QDir recordings(folder);
-    const QStringList names =
-        recordings.entryList({"*.avi", "*.mp4", "*.mkv", "*.mpg", "*.flv", "*.ts", "*.mov"});
+    const QStringList names = recordingsIn(folder);
     QCOMPARE(names.size(), count);
     for (const QString& name : names)
-        compareThreadCounts(recordings.filePath(name));
+        compareThreadCounts(folder + '/' + name);
 }
 
 QTEST_GUILESS_MAIN(TestThreads)

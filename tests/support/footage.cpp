@@ -5,6 +5,7 @@
 #include "footage.h"
 
 #include <QDir>
+#include <QtTest>
 
 QString recordingsDirectory() {
     return QStringLiteral(KESTROVA_RECORDINGS);
@@ -13,4 +14,15 @@ QString recordingsDirectory() {
 QString footageDirectory() {
     const QString path = qEnvironmentVariable("KESTROVA_FOOTAGE");
     return !path.isEmpty() && QDir(path).exists() ? QDir(path).absolutePath() : QString();
+}
+
+QStringList recordingsIn(const QString& folder) {
+    return QDir(folder).entryList({"*.avi", "*.mp4", "*.mkv", "*.mpg", "*.flv", "*.ts", "*.mov"});
+}
+
+void addFoldersOfRecordings() {
+    QTest::addColumn<QString>("folder");
+    QTest::addColumn<int>("count");
+    QTest::newRow("shipped") << recordingsDirectory() << 3;
+    QTest::newRow("footage") << footageDirectory() << 11;
 }

@@ -5,12 +5,19 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 /// The folder of the recordings that are shipped with the tests.
 QString recordingsDirectory();
 
 /// The folder of larger, real recordings that KESTROVA_FOOTAGE names; empty if it names none.
 QString footageDirectory();
+
+/// The names of the recordings in a folder.
+QStringList recordingsIn(const QString& folder);
+
+/// Rows of a test: `folder`, and `count` recordings in it. The shipped ones, and the real ones.
+void addFoldersOfRecordings();
 
 /// Skips the running test, saying why, if the folder of a recording is not there (empty).
 #define KESTROVA_REQUIRE_FOLDER(folder)                                             \
