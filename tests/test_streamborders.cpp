@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include <sys/mman.h>
+
 namespace {
 
 using Border = PacketKind::Border;
@@ -50,6 +52,8 @@ public:
     Border border(const QByteArray& bytes, int flags = AV_PKT_FLAG_KEY) {
         return next(bytes, flags).border;
     }
+
+    PacketKind of(const AVPacket& packet) { return borders.next(packet); }
 
 private:
     StreamBorders borders;
@@ -134,6 +138,7 @@ private Q_SLOTS:
     void keyFlagsAreNotEnough();
     void av1SequenceHeaders();
     void jpegWithoutItsTables();
+    void packetsOfMoreBitsThanAnIntCounts();
     void damagedPacketsAreSuspect();
     void unknownCodecsHaveNone();
     void generatedStreams_data();
@@ -337,6 +342,54 @@ void TestStreamBorders::jpegWithoutItsTables() {
     QCOMPARE(plain.border("ffd8" + quantization + huffman + scan), Border::Closed);
     // From here on it would be decoded with the tables of the packet before.
     QCOMPARE(plain.border("ffd8" + quantization + scan), Border::None);
+}
+
+/// As a sparse file is read: zeros that take no memory before they are written.
+class SparseBytes {
+public:
+    explicit SparseBytes(std::size_t size)
+        : size(size)
+        , bytes(mmap(nullptr, size, PROT_READ | PROT_WRITE,
+                     MAP_PRIVATE | MAP_ANONYMOUS | MAP_NORESERVE, -1, 0)) {}
+    ~SparseBytes() { munmap(bytes, size); }
+    SparseBytes(const SparseBytes&) = delete;
+    SparseBytes& operator=(const SparseBytes&) = delete;
+
+    bool areThere() const { return bytes != MAP_FAILED; }
+    std::uint8_t* data() { return static_cast<std::uint8_t*>(bytes); }
+
+    void put(std::size_t place, const QByteArray& hex) {
+        const QByteArray written = QByteArray::fromHex(hex);
+        std::memcpy(data() + place, written.constData(), std::size_t(written.size()));
+    }
+
+private:
+    std::size_t size;
+    void* bytes;
+};
+
+// Its tables stand behind segments of 65537 bytes each, which end with the largest packet.
+void TestStreamBorders::packetsOfMoreBitsThanAnIntCounts() {
+    constexpr std::size_t largest = 0x7FFFFFFF - AV_INPUT_BUFFER_PADDING_SIZE;
+    constexpr std::size_t segment = 0xFFFF + 2;
+    SparseBytes bytes(largest + AV_INPUT_BUFFER_PADDING_SIZE);
+    if (!bytes.areThere())
+        QSKIP("an address space of 2 GB cannot be had");
+    const QByteArray tables = "ffdb0043 00" + QByteArray(64, '1').toHex();
+    bytes.put(0, "ffd8");
+    std::size_t place = 2;
+    for (; place + 2 * segment < largest; place += segment)
+        bytes.put(place, "ffe0ffff");
+    bytes.put(place, tables + "ffe0ffff"); // longer than what is left
+
+    Stream stream(AV_CODEC_ID_MJPEG);
+    QCOMPARE(stream.border("ffd8" + tables + "ffda"), Border::Closed);
+    const PacketPointer packet(av_packet_alloc());
+    packet->data = bytes.data();
+    packet->size = int(largest);
+    QCOMPARE(stream.of(*packet).border, Border::Closed);
+    bytes.put(place, "ffe0");
+    QCOMPARE(stream.of(*packet).border, Border::None);
 }
 
 void TestStreamBorders::damagedPacketsAreSuspect() {

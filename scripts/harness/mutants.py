@@ -12,13 +12,16 @@ import dataclasses
 import os
 import random
 
-from . import common, damage, lists, recordings, scanner, window
+from . import common, damage, hugepackets, lists, recordings, scanner, window
 
 OPTIONS = [[], [], ["--roi", "0,16,60,20"], ["--skip", "2"], ["--threshold-motion", "0"],
            ["--jobs", "2"]]
 
 # One in so many files is no recording but names one.
 LIST_EVERY = 40
+
+# One in so many holds a packet of more than 2^28 bytes.
+HUGE_EVERY = 120
 
 
 @dataclasses.dataclass
@@ -67,11 +70,22 @@ class Mutants:
         if number % LIST_EVERY == LIST_EVERY - 1:
             path = lists.write(folder, f"{number:06}", whole, chance)
             return Mutant(number, kind, path, is_list=True)
+        if number % HUGE_EVERY == 0:
+            return self.make_huge(folder, number, chance)
         content = damage.damage(self.contents[index], whole.suffix, chance.choice(self.contents),
                                 chance)
         suffix = whole.suffix if chance.random() < 0.95 else chance.choice(["", ".mp4", ".avi"])
         path = folder / f"{number:06}{suffix}"
         path.write_bytes(content)
+        return Mutant(number, kind, path)
+
+    def make_huge(self, folder, number, chance):
+        possible = [at for at, (_, path) in enumerate(self.recordings)
+                    if hugepackets.is_possible(path)]
+        index = chance.choice(possible)
+        kind, whole = self.recordings[index]
+        path = folder / f"{number:06}{whole.suffix}"
+        hugepackets.write(path, self.contents[index], chance)
         return Mutant(number, kind, path)
 
     def make_group(self, name, numbers):

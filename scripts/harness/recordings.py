@@ -21,6 +21,7 @@ KINDS = [
     ("H.264", "mp4", ["-c:v", "libx264", "-bf", "2", "-g", "12"]),
     ("H.264", "ts", ["-c:v", "libx264", "-g", "12", "-an"]),
     ("H.264", "flv", ["-c:v", "libx264", "-g", "12", "-an"]),
+    ("H.264", "avi", ["-c:v", "libx264", "-g", "12", "-an"]),
     ("H.264", "h264", ["-c:v", "libx264", "-g", "12", "-an"]),
     ("H.264, interlaced", "mkv", ["-c:v", "libx264", "-flags", "+ildct+ilme", "-an"]),
     ("HEVC", "mkv", ["-c:v", "libx265", "-x265-params", "log-level=error:keyint=12", "-an"]),

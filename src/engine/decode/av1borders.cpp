@@ -15,15 +15,15 @@ enum UnitType { Sequence = 1, FrameHeader = 3, Frame = 6 };
 struct Unit {
     int type = 0;
     PacketBytes payload;
-    int end = 0; ///< in the packet
+    std::int64_t end = 0; ///< in the packet
 };
 
 /// The unit that begins at `begin`; the last one where it does not fit.
-Unit unitAt(const PacketBytes& packet, int begin) {
+Unit unitAt(const PacketBytes& packet, std::int64_t begin) {
     const int header = packet.at(begin);
     const bool hasExtension = (header & 4) != 0;
     const bool hasSize = (header & 2) != 0;
-    int at = begin + (hasExtension ? 2 : 1);
+    std::int64_t at = begin + (hasExtension ? 2 : 1);
     std::int64_t size = packet.size() - at;
     if (hasSize) {
         constexpr int mostSizeBytes = 4; // of a packet that fits an int
@@ -35,7 +35,7 @@ Unit unitAt(const PacketBytes& packet, int begin) {
         }
     }
     const bool fits = size >= 0 && size <= packet.size() - at;
-    const int end = fits ? at + int(size) : packet.size();
+    const std::int64_t end = fits ? at + size : packet.size();
     return {header >> 3 & 15, packet.part(at, end), end};
 }
 
@@ -53,7 +53,7 @@ PacketKind Av1Borders::kindOf(const PacketBytes& packet, bool /*isKey*/) {
     bool isKey = false;
     bool hasFrame = false;
     sets.beginPacket();
-    for (int at = 0; at < packet.size() && !hasFrame;) {
+    for (std::int64_t at = 0; at < packet.size() && !hasFrame;) {
         const Unit unit = unitAt(packet, at);
         if (unit.type == Sequence) {
             sets.addOfPacket(Sequence, unit.payload);

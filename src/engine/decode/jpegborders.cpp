@@ -16,7 +16,7 @@ using Tables = std::set<int>;
 void addTables(Tables& tables, int marker, const PacketBytes& segment) {
     constexpr int codeLengths = 16;
     constexpr int values = 64;
-    int at = 0;
+    std::int64_t at = 0;
     while (at < segment.size()) {
         const int id = segment.at(at);
         if (marker == QuantizationTables) {
@@ -35,14 +35,14 @@ void addTables(Tables& tables, int marker, const PacketBytes& segment) {
 /// Up to the first scan; pictures of two fields bring the same for both.
 Tables tablesOf(const PacketBytes& packet) {
     Tables tables;
-    int at = 2;
+    std::int64_t at = 2;
     while (at + 4 <= packet.size() && packet.at(at) == 0xFF && packet.at(at + 1) != Scan) {
         const int marker = packet.at(at + 1);
         if (marker == 0xFF) { // fills up
             ++at;
             continue;
         }
-        const int end = at + 2 + packet.bits((at + 2) * 8, 16);
+        const std::int64_t end = at + 2 + packet.bits((at + 2) * 8, 16);
         if (marker == HuffmanTables || marker == QuantizationTables)
             addTables(tables, marker, packet.part(at + 4, end));
         at = end;

@@ -17,10 +17,10 @@ using Section = PacketBytes;
 /// Up to the first picture, the one that the packet is for, that one included.
 std::vector<Section> sectionsUpTo(const PacketBytes& packet, int pictureCode) {
     std::vector<Section> sections;
-    int begin = packet.behindNextPrefix(0);
+    std::int64_t begin = packet.behindNextPrefix(0);
     while (begin < packet.size() && (sections.empty() || sections.back().at(0) != pictureCode)) {
-        const int next = packet.behindNextPrefix(begin);
-        const int end = next < packet.size() ? next - 3 : next;
+        const std::int64_t next = packet.behindNextPrefix(begin);
+        const std::int64_t end = next < packet.size() ? next - 3 : next;
         sections.push_back(packet.part(begin, end).trimmed());
         begin = next;
     }
@@ -45,7 +45,7 @@ private:
 };
 
 bool endsSequence(const PacketBytes& packet, int code) {
-    for (int at = packet.behindNextPrefix(0); at < packet.size();
+    for (std::int64_t at = packet.behindNextPrefix(0); at < packet.size();
          at = packet.behindNextPrefix(at)) {
         if (packet.at(at) == code)
             return true;

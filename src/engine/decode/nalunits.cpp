@@ -14,11 +14,11 @@ void addUnit(std::vector<PacketBytes>& units, const PacketBytes& unit) {
 
 std::vector<PacketBytes> unitsBehindPrefixes(const PacketBytes& packet) {
     std::vector<PacketBytes> units;
-    int begin = packet.behindNextPrefix(0);
+    std::int64_t begin = packet.behindNextPrefix(0);
     while (begin < packet.size()) {
-        const int next = packet.behindNextPrefix(begin);
+        const std::int64_t next = packet.behindNextPrefix(begin);
         // The next prefix is no part of the unit.
-        const int end = next < packet.size() ? next - 3 : next;
+        const std::int64_t end = next < packet.size() ? next - 3 : next;
         addUnit(units, packet.part(begin, end));
         begin = next;
     }
@@ -27,24 +27,25 @@ std::vector<PacketBytes> unitsBehindPrefixes(const PacketBytes& packet) {
 
 std::vector<PacketBytes> unitsBehindLengths(const PacketBytes& packet, int lengthBytes) {
     std::vector<PacketBytes> units;
-    int begin = 0;
+    std::int64_t begin = 0;
     while (begin + lengthBytes < packet.size()) {
-        long long length = 0;
+        std::int64_t length = 0;
         for (int i = 0; i < lengthBytes; ++i)
             length = length << 8 | packet.at(begin + i);
         begin += lengthBytes;
         if (length > packet.size() - begin)
             break;
-        addUnit(units, packet.part(begin, begin + int(length)));
-        begin += int(length);
+        addUnit(units, packet.part(begin, begin + length));
+        begin += length;
     }
     return units;
 }
 
 /// Adds `count` units, each behind two bytes that tell its length; answers where the last one ends.
-int addCounted(std::vector<PacketBytes>& units, const PacketBytes& header, int begin, int count) {
+std::int64_t addCounted(std::vector<PacketBytes>& units, const PacketBytes& header,
+                        std::int64_t begin, int count) {
     for (int i = 0; i < count && begin < header.size(); ++i) {
-        const int end = begin + 2 + header.bits(begin * 8, 16);
+        const std::int64_t end = begin + 2 + header.bits(begin * 8, 16);
         addUnit(units, header.part(begin + 2, end));
         begin = end;
     }
@@ -63,7 +64,7 @@ NalHeader h264Header(const PacketBytes& header) {
         return {0, unitsBehindPrefixes(header)};
     NalHeader parsed{(header.at(4) & 3) + 1, {}};
     const int sequenceSets = header.at(fixedBytes) & 31;
-    const int end = addCounted(parsed.units, header, fixedBytes + 1, sequenceSets);
+    const std::int64_t end = addCounted(parsed.units, header, fixedBytes + 1, sequenceSets);
     addCounted(parsed.units, header, end + 1, header.at(end));
     return parsed;
 }
@@ -75,7 +76,7 @@ NalHeader hevcHeader(const PacketBytes& header) {
     if (isPrefixed || header.size() <= fixedBytes)
         return {0, unitsBehindPrefixes(header)};
     NalHeader parsed{(header.at(21) & 3) + 1, {}};
-    int begin = fixedBytes + 1;
+    std::int64_t begin = fixedBytes + 1;
     for (int i = 0; i < header.at(fixedBytes) && begin < header.size(); ++i)
         begin = addCounted(parsed.units, header, begin + 3, header.bits((begin + 1) * 8, 16));
     return parsed;

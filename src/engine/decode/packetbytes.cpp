@@ -7,14 +7,14 @@
 #include <algorithm>
 #include <cstring>
 
-int PacketBytes::bits(int index, int length) const {
+int PacketBytes::bits(std::int64_t index, int length) const {
     int number = 0;
     for (int i = 0; i < length; ++i)
         number = number << 1 | bit(index + i);
     return number;
 }
 
-int PacketBytes::golomb(int index) const {
+int PacketBytes::golomb(std::int64_t index) const {
     // Longer numbers stand nowhere where one is asked for.
     constexpr int mostZeros = 20;
     int zeros = 0;
@@ -23,26 +23,26 @@ int PacketBytes::golomb(int index) const {
     return bits(index + zeros, zeros + 1) - 1;
 }
 
-PacketBytes PacketBytes::part(int begin, int end) const {
-    begin = std::clamp(begin, 0, count);
+PacketBytes PacketBytes::part(std::int64_t begin, std::int64_t end) const {
+    begin = std::clamp<std::int64_t>(begin, 0, count);
     end = std::clamp(end, begin, count);
     return {first + begin, end - begin};
 }
 
 PacketBytes PacketBytes::trimmed() const {
-    int end = count;
+    std::int64_t end = count;
     while (end > 0 && first[end - 1] == 0)
         --end;
     return {first, end};
 }
 
-int PacketBytes::behindNextPrefix(int begin) const {
-    int at = begin + 2;
+std::int64_t PacketBytes::behindNextPrefix(std::int64_t begin) const {
+    std::int64_t at = std::max<std::int64_t>(begin, 0) + 2;
     while (at + 1 < count) {
         const void* found = std::memchr(first + at, 1, std::size_t(count - at));
         if (!found)
             return count;
-        at = int(static_cast<const std::uint8_t*>(found) - first) + 1;
+        at = static_cast<const std::uint8_t*>(found) - first + 1;
         if (at < count && first[at - 2] == 0 && first[at - 3] == 0)
             return at;
     }

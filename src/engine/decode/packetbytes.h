@@ -6,43 +6,46 @@
 
 #include <cstdint>
 
-/// The bytes of a packet, or a part of them, that may hold anything. Nothing is read beyond them.
+/// The bytes of a packet, or a part of them, that may hold anything. Nothing is read outside them.
+///
+/// Places are counted in 64 bits: a packet can have more bits than an int counts.
 class PacketBytes {
 public:
     PacketBytes() = default;
 
     /// `data` may be null where `size` is 0.
-    PacketBytes(const std::uint8_t* data, int size)
+    PacketBytes(const std::uint8_t* data, std::int64_t size)
         : first(data)
         , count(data && size > 0 ? size : 0) {}
 
     const std::uint8_t* data() const { return first; }
-    int size() const { return count; }
+    std::int64_t size() const { return count; }
 
-    /// The byte at `index`, 0 or more; 0 beyond the end.
-    int at(int index) const { return index < count ? first[index] : 0; }
+    /// The byte at `index`; 0 before the beginning and beyond the end.
+    int at(std::int64_t index) const { return index >= 0 && index < count ? first[index] : 0; }
 
-    /// The bit at `index`, the most significant bit of the first byte being 0.
-    int bit(int index) const { return at(index / 8) >> (7 - index % 8) & 1; }
+    /// The bit at `index`, the most significant bit of the first byte being 0; 0 outside as well.
+    int bit(std::int64_t index) const {
+        return index >= 0 ? at(index / 8) >> (7 - index % 8) & 1 : 0;
+    }
 
     /// `length` bits, at most 24, from `index` on, as a number.
-    int bits(int index, int length) const;
+    int bits(std::int64_t index, int length) const;
 
     /// The unsigned Exp-Golomb number that begins at bit `index`; any number where there is none.
-    int golomb(int index) const;
+    int golomb(std::int64_t index) const;
 
     /// From `begin` up to `end`, both cut to what there is.
-    PacketBytes part(int begin, int end) const;
-    PacketBytes from(int begin) const { return part(begin, count); }
+    PacketBytes part(std::int64_t begin, std::int64_t end) const;
 
     /// Without the zeros at its end.
     PacketBytes trimmed() const;
 
     /// The index of the byte behind the next prefix 00 00 01 from `begin` on; `size` where there is
     /// none with a byte behind it.
-    int behindNextPrefix(int begin) const;
+    std::int64_t behindNextPrefix(std::int64_t begin) const;
 
 private:
     const std::uint8_t* first = nullptr;
-    int count = 0;
+    std::int64_t count = 0;
 };
