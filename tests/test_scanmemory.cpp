@@ -10,7 +10,10 @@
 #include "process.h"
 
 #include <QTemporaryDir>
+#include <QtEndian>
 #include <QtTest>
+
+#include <sys/resource.h>
 
 namespace {
 
@@ -38,6 +41,9 @@ class TestScanMemory : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    // First, since the peak of all programs that have ended is looked at.
+    void headersOfManyUnits();
+
     void picturesThatAreTooLarge();
     void picturesThatBecomeTooLarge();
     void decoderThatAllocatesByItself();
@@ -96,6 +102,51 @@ void TestScanMemory::decoderThatAllocatesByItself() {
     QCOMPARE(result.status, 1);
     QCOMPARE(result.errors, complaint(path("grows.obu"), "its pictures become too large"));
     QCOMPARE(jsonLines(result.output).last()["frames"].toInt(), 10);
+}
+
+namespace {
+
+/// An AVI file whose stream has `header` behind its format, `avi` being one without any.
+QByteArray withHeader(QByteArray avi, const QByteArray& header) {
+    const auto grow = [&avi](int place, quint32 bytes) {
+        char* size = avi.data() + place + 4;
+        qToLittleEndian(qFromLittleEndian<quint32>(size) + bytes, size);
+    };
+    const int format = avi.indexOf("strf");
+    const auto size = qFromLittleEndian<quint32>(avi.constData() + format + 4);
+    const int headers = avi.indexOf("LIST");
+    for (const int chunk : {0, headers, int(avi.indexOf("LIST", headers + 12)), format})
+        grow(chunk, quint32(header.size()));
+    const int content = format + 8;
+    qToLittleEndian(size + quint32(header.size()), avi.data() + content); // biSize
+    return avi.insert(content + int(size), header);
+}
+
+} // namespace
+
+// The decoder takes 4 KB for each unit; the most here would take 1.2 GB.
+void TestScanMemory::headersOfManyUnits() {
+    const QString video = path("units.avi");
+    QVERIFY(media::encode(media::crossingBox(8, 2, 6, "96x64") +
+                          QStringList{"-c:v", "libx264", "-bsf:v", "h264_mp4toannexb", video}));
+    const QByteArray plain = readFile(video);
+    const ProcessResult expected = scan({video});
+    QCOMPARE(expected.status, 0);
+    const QByteArray set = QByteArray::fromHex("00000168008095ff");
+    for (const char* threads : {"1", "2"}) {
+        QVERIFY(writeFile(video, withHeader(plain, set.repeated(20000))));
+        const ProcessResult many = scan({"--threads", threads, video});
+        QCOMPARE(many.errors, QByteArray());
+        QCOMPARE(many.output, expected.output);
+        QVERIFY(writeFile(video, withHeader(plain, set.repeated(300000))));
+        const ProcessResult tooMany = scan({"--threads", threads, video});
+        QCOMPARE(tooMany.errors, complaint(video, "its headers hold too many parameter sets"));
+        QCOMPARE(tooMany.status, 3);
+    }
+    struct rusage usage {};
+    QCOMPARE(getrusage(RUSAGE_CHILDREN, &usage), 0);
+    constexpr long mostKilobytes = 400 * 1024;
+    QVERIFY2(usage.ru_maxrss < mostKilobytes, qPrintable(QString::number(usage.ru_maxrss)));
 }
 
 void TestScanMemory::memoryIsShort_data() {

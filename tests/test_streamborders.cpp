@@ -128,6 +128,9 @@ private Q_SLOTS:
     void h264BeginsAtARefreshAlone();
     void h264InsideAContainer();
     void parameterSetsThatChange();
+    void moreSetsThanTheCodecAllows_data();
+    void moreSetsThanTheCodecAllows();
+    void setsThatAreTooLarge();
     void hevcKnowsRefreshAndRandomAccess();
     void hevcLeadingPictures();
     void mpeg2GroupsAreClosedOrOpen();
@@ -193,6 +196,75 @@ void TestStreamBorders::parameterSetsThatChange() {
     QCOMPARE(stream.border(plain), Border::Closed);
     // Another number, though the set is new, too.
     QCOMPARE(stream.border("00000004 685e3c80 00000003 658884"), Border::None);
+}
+
+namespace {
+
+/// `start`, the number as Exp-Golomb code and a bit that ends it, behind a prefix; as hexadecimal
+/// digits.
+QByteArray setWithNumber(const QByteArray& start, int number) {
+    const QByteArray digits = QByteArray::number(number + 1, 2);
+    QByteArray bits = QByteArray(digits.size() - 1, '0') + digits + '1';
+    bits += QByteArray((8 - bits.size() % 8) % 8, '0');
+    QByteArray set = "000001" + start;
+    for (int i = 0; i < bits.size(); i += 8)
+        set += QByteArray(1, char(bits.mid(i, 8).toInt(nullptr, 2))).toHex();
+    return set + "ff";
+}
+
+/// Sets with the numbers from 0 up to `count`.
+QByteArray setsWithNumbers(const QByteArray& start, int count) {
+    QByteArray sets;
+    for (int i = 0; i < count; ++i)
+        sets += setWithNumber(start, i);
+    return sets;
+}
+
+} // namespace
+
+void TestStreamBorders::moreSetsThanTheCodecAllows_data() {
+    QTest::addColumn<int>("codec");
+    QTest::addColumn<QByteArray>("allowed");
+    QTest::addColumn<QByteArray>("another");
+    QTest::addColumn<QByteArray>("picture");
+    const auto row = [](const char* name, AVCodecID codec, const QByteArray& allowed,
+                        const QByteArray& another, const char* picture) {
+        QTest::newRow(name) << int(codec) << allowed << another << QByteArray(picture);
+    };
+    const char* refresh264 = "000001 658884";
+    row("H.264, sequences", AV_CODEC_ID_H264, setsWithNumbers("6764001e", 32),
+        setWithNumber("6764001e", 32), refresh264);
+    row("H.264, pictures", AV_CODEC_ID_H264, setsWithNumbers("68", 256), setWithNumber("68", 256),
+        refresh264);
+    const char* refresh265 = "000001 2601af";
+    row("HEVC, pictures", AV_CODEC_ID_HEVC, setsWithNumbers("4401", 64), setWithNumber("4401", 64),
+        refresh265);
+    const char* intra = "000001b6 10c0ffffffff";
+    row("MPEG-4", AV_CODEC_ID_MPEG4, QByteArray("000001b24c").repeated(64), "000001b24c", intra);
+}
+
+void TestStreamBorders::moreSetsThanTheCodecAllows() {
+    QFETCH(int, codec);
+    QFETCH(QByteArray, allowed);
+    QFETCH(QByteArray, another);
+    QFETCH(QByteArray, picture);
+    Stream full(AVCodecID(codec), allowed);
+    QVERIFY(full.border(picture) != Border::None);
+    QVERIFY(full.border(allowed + picture) != Border::None);
+    QCOMPARE(full.border(allowed + another + picture), Border::None);
+    QCOMPARE(full.border(picture), Border::None);
+    Stream over(AVCodecID(codec), allowed + another);
+    QCOMPARE(over.border(picture), Border::None);
+    QCOMPARE(over.border(picture), Border::None);
+}
+
+void TestStreamBorders::setsThatAreTooLarge() {
+    const QByteArray refresh = "000001 658884";
+    const QByteArray set = "000001 6764001eac";
+    Stream stream(AV_CODEC_ID_H264, set + QByteArray(2000, 'f'));
+    QCOMPARE(stream.border(refresh), Border::Closed);
+    Stream large(AV_CODEC_ID_H264, set + QByteArray(200000, 'f'));
+    QCOMPARE(large.border(refresh), Border::None);
 }
 
 // Types: 19 and 20 are refreshes, 21 is random access, 1 is a trailing picture, 16 is a broken

@@ -44,7 +44,7 @@ public:
     PacketKind kindOf(const PacketBytes& packet, bool isKey) override;
 
 private:
-    ParameterSets sets;
+    ParameterSets sets{1};
 };
 
 PacketKind Av1Borders::kindOf(const PacketBytes& packet, bool /*isKey*/) {
@@ -67,7 +67,7 @@ PacketKind Av1Borders::kindOf(const PacketBytes& packet, bool /*isKey*/) {
     PacketKind kind;
     if (isKey && !isStill && sets.areAllKnown())
         kind.border = PacketKind::Border::Closed;
-    kind.isSuspect = sets.areChanged();
+    kind.isSuspect = sets.areChanged() || sets.areTooMany();
     return kind;
 }
 

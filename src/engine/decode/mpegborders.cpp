@@ -6,25 +6,28 @@
 
 #include "parametersets.h"
 
+#include <functional>
 #include <map>
-#include <vector>
 
 namespace {
 
 /// What stands behind one start code, which is its first byte, up to the next one.
 using Section = PacketBytes;
 
-/// Up to the first picture, the one that the packet is for, that one included.
-std::vector<Section> sectionsUpTo(const PacketBytes& packet, int pictureCode) {
-    std::vector<Section> sections;
+using SectionTaker = std::function<void(const Section&)>;
+
+/// Gives `take` those up to the first picture, the one that the packet is for, that one included.
+void forEachUpTo(int pictureCode, const PacketBytes& packet, const SectionTaker& take) {
     std::int64_t begin = packet.behindNextPrefix(0);
-    while (begin < packet.size() && (sections.empty() || sections.back().at(0) != pictureCode)) {
+    bool isPicture = false;
+    while (begin < packet.size() && !isPicture) {
         const std::int64_t next = packet.behindNextPrefix(begin);
         const std::int64_t end = next < packet.size() ? next - 3 : next;
-        sections.push_back(packet.part(begin, end).trimmed());
+        const Section section = packet.part(begin, end).trimmed();
+        isPicture = section.at(0) == pictureCode;
+        take(section);
         begin = next;
     }
-    return sections;
 }
 
 class Mpeg12Borders : public CodecBorders {
@@ -41,7 +44,7 @@ private:
     };
     enum PictureType { Intra = 1, Bidirectional = 3 };
 
-    ParameterSets sets;
+    ParameterSets sets{1 + 16}; ///< the sequence's and its extensions, which have four bits
 };
 
 bool endsSequence(const PacketBytes& packet, int code) {
@@ -61,7 +64,7 @@ PacketKind Mpeg12Borders::kindOf(const PacketBytes& packet, bool /*isKey*/) {
     bool isClosed = false;
     int type = 0;
     sets.beginPacket();
-    for (const Section& section : sectionsUpTo(packet, Picture)) {
+    forEachUpTo(Picture, packet, [&](const Section& section) {
         const int code = section.at(0);
         if (code == Sequence)
             sets.addOfPacket(code << 4, section);
@@ -72,14 +75,17 @@ PacketKind Mpeg12Borders::kindOf(const PacketBytes& packet, bool /*isKey*/) {
             isClosed = section.bit(closedBit) == 1;
         if (code == Picture)
             type = section.bits(typeBit, 3);
-    }
+    });
     PacketKind kind;
     if (type == Intra && hasSequence && sets.areAllKnown())
         kind.border = isClosed ? PacketKind::Border::Closed : PacketKind::Border::Open;
     kind.isLeading = type == Bidirectional;
-    kind.isSuspect = sets.areChanged() || endsSequence(packet, SequenceEnd);
+    kind.isSuspect = sets.areChanged() || sets.areTooMany() || endsSequence(packet, SequenceEnd);
     return kind;
 }
+
+// One stream has a handful of objects and layers, and encoders say one or two things of themselves.
+constexpr int mostMpeg4Sections = 64;
 
 /// Numbers sections by their code and, as there can be several of user data, their place.
 class SectionIds {
@@ -94,10 +100,10 @@ class Mpeg4Borders : public CodecBorders {
 public:
     explicit Mpeg4Borders(const PacketBytes& header) {
         SectionIds ids;
-        for (const Section& section : sectionsUpTo(header, Picture)) {
+        forEachUpTo(Picture, header, [&](const Section& section) {
             if (isParameter(section.at(0)))
                 sets.addOfHeader(ids.next(section.at(0)), section);
-        }
+        });
     }
 
     PacketKind kindOf(const PacketBytes& packet, bool isKey) override;
@@ -111,7 +117,7 @@ private:
         return code != Group && code != Picture && code != SequenceEnd;
     }
 
-    ParameterSets sets;
+    ParameterSets sets{mostMpeg4Sections};
 };
 
 PacketKind Mpeg4Borders::kindOf(const PacketBytes& packet, bool /*isKey*/) {
@@ -122,18 +128,19 @@ PacketKind Mpeg4Borders::kindOf(const PacketBytes& packet, bool /*isKey*/) {
     PacketKind kind;
     SectionIds ids;
     sets.beginPacket();
-    for (const Section& section : sectionsUpTo(packet, Picture)) {
+    forEachUpTo(Picture, packet, [&](const Section& section) {
         const int code = section.at(0);
         if (isParameter(code))
             sets.addOfPacket(ids.next(code), section);
         if (code == Picture && section.size() > 1)
             type = section.bits(typeBit, 2);
         kind.isSuspect = kind.isSuspect || code == SequenceEnd;
-    }
+    });
     if (type == Intra && sets.areAllKnown())
         kind.border = PacketKind::Border::Open;
     kind.isLeading = type == Bidirectional;
-    kind.isSuspect = kind.isSuspect || sets.areChanged() || packet.size() <= largestPlaceholder;
+    kind.isSuspect = kind.isSuspect || sets.areChanged() || sets.areTooMany() ||
+                     packet.size() <= largestPlaceholder;
     return kind;
 }
 

@@ -10,19 +10,27 @@
 namespace {
 
 constexpr int noSet = -1;
-constexpr int idsPerType = 1 << 22; // more than an Exp-Golomb number can be here
+constexpr int impossibleSet = -2;
+constexpr int idsPerType = 256; // the most that one type has
+
+int setId(int type, int number, int count) {
+    return number >= 0 && number < count ? type * idsPerType + number : impossibleSet;
+}
 
 class NalBorders : public CodecBorders {
 public:
-    explicit NalBorders(const NalHeader& header)
-        : units(header.lengthBytes) {}
+    /// `mostSets`: how many parameter sets the codec allows.
+    NalBorders(const NalHeader& header, int mostSets)
+        : units(header.lengthBytes)
+        , sets(mostSets) {}
 
     PacketKind kindOf(const PacketBytes& packet, bool isKey) override;
 
 protected:
     void addHeader(const NalHeader& header);
 
-    /// Which parameter set the unit is; `noSet` if it is none.
+    /// Which parameter set the unit is; `noSet` if it is none, `impossibleSet` if no stream can
+    /// have it.
     virtual int setIdOf(const PacketBytes& unit) const = 0;
     virtual bool isEndOfSequence(const PacketBytes& unit) const = 0;
     virtual bool isSlice(const PacketBytes& unit) const = 0;
@@ -31,47 +39,69 @@ protected:
     virtual PacketKind kindOfSlice(const PacketBytes& unit) const = 0;
 
 private:
+    void take(const PacketBytes& unit, PacketKind& kind);
+
     NalUnits units;
     ParameterSets sets;
+    bool hasSlice = false; ///< the packet, so far
+    bool hasEnd = false;
 };
 
 void NalBorders::addHeader(const NalHeader& header) {
+    if (header.isCut)
+        sets.refuse();
     for (const PacketBytes& unit : header.units) {
         const int id = setIdOf(unit);
-        if (id != noSet)
+        if (id == impossibleSet)
+            sets.refuse();
+        else if (id != noSet)
             sets.addOfHeader(id, unit);
     }
 }
 
 PacketKind NalBorders::kindOf(const PacketBytes& packet, bool /*isKey*/) {
     PacketKind kind;
-    bool hasSlice = false;
-    bool hasEnd = false;
+    hasSlice = false;
+    hasEnd = false;
     sets.beginPacket();
-    for (const PacketBytes& unit : units.of(packet)) {
-        const int id = setIdOf(unit);
-        if (id != noSet)
-            sets.addOfPacket(id, unit);
-        hasEnd = hasEnd || isEndOfSequence(unit);
-        if (isSlice(unit) && !hasSlice) {
-            kind = kindOfSlice(unit);
-            hasSlice = true;
-        }
-    }
+    units.forEach(packet, [this, &kind](const PacketBytes& unit) {
+        take(unit, kind);
+        return !sets.areTooMany();
+    });
+    if (sets.areTooMany())
+        return {PacketKind::Border::None, false, true};
     kind.isSuspect = hasEnd;
-    if (sets.areChanged() || !sets.areAllKnown())
+    const bool isBorder = kind.border != PacketKind::Border::None;
+    if (isBorder && (sets.areChanged() || !sets.areAllKnown()))
         kind.border = PacketKind::Border::None;
     return kind;
+}
+
+void NalBorders::take(const PacketBytes& unit, PacketKind& kind) {
+    const int id = setIdOf(unit);
+    if (id == impossibleSet)
+        sets.refuse();
+    else if (id != noSet)
+        sets.addOfPacket(id, unit);
+    hasEnd = hasEnd || isEndOfSequence(unit);
+    if (isSlice(unit) && !hasSlice) {
+        kind = kindOfSlice(unit);
+        hasSlice = true;
+    }
 }
 
 class H264Borders : public NalBorders {
 public:
     explicit H264Borders(const NalHeader& header)
-        : NalBorders(header) {
+        : NalBorders(header, 3 * sequences + pictures) {
         addHeader(header);
     }
 
 private:
+    // How many sets there are of a kind (ITU-T H.264, 7.4.2).
+    static constexpr int sequences = 32;
+    static constexpr int pictures = 256;
+
     static int typeOf(const PacketBytes& unit) { return unit.at(0) & 31; }
 
     int setIdOf(const PacketBytes& unit) const override {
@@ -81,10 +111,11 @@ private:
         switch (type) {
         case 7:  // sequence
         case 15: // subset of a sequence
-            return type * idsPerType + unit.golomb(behindSequenceLevel);
-        case 8:  // picture
+            return setId(type, unit.golomb(behindSequenceLevel), sequences);
+        case 8: // picture
+            return setId(type, unit.golomb(behindType), pictures);
         case 13: // extension of a sequence
-            return type * idsPerType + unit.golomb(behindType);
+            return setId(type, unit.golomb(behindType), sequences);
         default:
             return noSet;
         }
@@ -105,11 +136,15 @@ private:
 class HevcBorders : public NalBorders {
 public:
     explicit HevcBorders(const NalHeader& header)
-        : NalBorders(header) {
+        : NalBorders(header, videos + 1 + pictures) {
         addHeader(header);
     }
 
 private:
+    // How many sets there are of a kind (ITU-T H.265, 7.4.3).
+    static constexpr int videos = 16;
+    static constexpr int pictures = 64;
+
     static int typeOf(const PacketBytes& unit) { return unit.at(0) >> 1 & 63; }
 
     /// Units of other layers are for other decoders.
@@ -122,11 +157,11 @@ private:
         const int type = isOfBase(unit) ? typeOf(unit) : noSet;
         switch (type) {
         case 32: // video
-            return type * idsPerType + unit.bits(behindType, 4);
+            return setId(type, unit.bits(behindType, 4), videos);
         case 33: // sequence, whose number stands far behind; more than one at a time is rare
-            return type * idsPerType;
+            return setId(type, 0, 1);
         case 34: // picture
-            return type * idsPerType + unit.golomb(behindType);
+            return setId(type, unit.golomb(behindType), pictures);
         default:
             return noSet;
         }

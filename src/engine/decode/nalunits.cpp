@@ -6,47 +6,60 @@
 
 namespace {
 
-void addUnit(std::vector<PacketBytes>& units, const PacketBytes& unit) {
+bool giveUnit(const PacketBytes& unit, const UnitTaker& take) {
     const PacketBytes trimmed = unit.trimmed();
-    if (trimmed.size() > 0)
-        units.push_back(trimmed);
+    return trimmed.size() == 0 || take(trimmed);
 }
 
-std::vector<PacketBytes> unitsBehindPrefixes(const PacketBytes& packet) {
-    std::vector<PacketBytes> units;
+void forEachBehindPrefix(const PacketBytes& packet, const UnitTaker& take) {
     std::int64_t begin = packet.behindNextPrefix(0);
-    while (begin < packet.size()) {
+    bool isWanted = true;
+    while (isWanted && begin < packet.size()) {
         const std::int64_t next = packet.behindNextPrefix(begin);
         // The next prefix is no part of the unit.
         const std::int64_t end = next < packet.size() ? next - 3 : next;
-        addUnit(units, packet.part(begin, end));
+        isWanted = giveUnit(packet.part(begin, end), take);
         begin = next;
     }
-    return units;
 }
 
-std::vector<PacketBytes> unitsBehindLengths(const PacketBytes& packet, int lengthBytes) {
-    std::vector<PacketBytes> units;
+void forEachBehindLength(const PacketBytes& packet, int lengthBytes, const UnitTaker& take) {
     std::int64_t begin = 0;
-    while (begin + lengthBytes < packet.size()) {
+    bool isWanted = true;
+    while (isWanted && begin + lengthBytes < packet.size()) {
         std::int64_t length = 0;
         for (int i = 0; i < lengthBytes; ++i)
             length = length << 8 | packet.at(begin + i);
         begin += lengthBytes;
         if (length > packet.size() - begin)
-            break;
-        addUnit(units, packet.part(begin, begin + length));
+            return;
+        isWanted = giveUnit(packet.part(begin, begin + length), take);
         begin += length;
     }
-    return units;
+}
+
+/// Takes units into a header for as long as it has room.
+UnitTaker into(NalHeader& header) {
+    return [&header](const PacketBytes& unit) {
+        header.isCut = header.units.size() >= mostHeaderUnits;
+        if (!header.isCut)
+            header.units.push_back(unit);
+        return !header.isCut;
+    };
+}
+
+NalHeader prefixedHeader(const PacketBytes& header) {
+    NalHeader parsed;
+    forEachBehindPrefix(header, into(parsed));
+    return parsed;
 }
 
 /// Adds `count` units, each behind two bytes that tell its length; answers where the last one ends.
-std::int64_t addCounted(std::vector<PacketBytes>& units, const PacketBytes& header,
-                        std::int64_t begin, int count) {
-    for (int i = 0; i < count && begin < header.size(); ++i) {
+std::int64_t addCounted(NalHeader& parsed, const PacketBytes& header, std::int64_t begin,
+                        int count) {
+    for (int i = 0; i < count && begin < header.size() && !parsed.isCut; ++i) {
         const std::int64_t end = begin + 2 + header.bits(begin * 8, 16);
-        addUnit(units, header.part(begin + 2, end));
+        giveUnit(header.part(begin + 2, end), into(parsed));
         begin = end;
     }
     return begin;
@@ -54,18 +67,22 @@ std::int64_t addCounted(std::vector<PacketBytes>& units, const PacketBytes& head
 
 } // namespace
 
-std::vector<PacketBytes> NalUnits::of(const PacketBytes& packet) const {
-    return lengthBytes > 0 ? unitsBehindLengths(packet, lengthBytes) : unitsBehindPrefixes(packet);
+void NalUnits::forEach(const PacketBytes& packet, const UnitTaker& take) const {
+    if (lengthBytes > 0)
+        forEachBehindLength(packet, lengthBytes, take);
+    else
+        forEachBehindPrefix(packet, take);
 }
 
 NalHeader h264Header(const PacketBytes& header) {
     constexpr int fixedBytes = 5;
     if (header.at(0) != 1)
-        return {0, unitsBehindPrefixes(header)};
-    NalHeader parsed{(header.at(4) & 3) + 1, {}};
+        return prefixedHeader(header);
+    NalHeader parsed;
+    parsed.lengthBytes = (header.at(4) & 3) + 1;
     const int sequenceSets = header.at(fixedBytes) & 31;
-    const std::int64_t end = addCounted(parsed.units, header, fixedBytes + 1, sequenceSets);
-    addCounted(parsed.units, header, end + 1, header.at(end));
+    const std::int64_t end = addCounted(parsed, header, fixedBytes + 1, sequenceSets);
+    addCounted(parsed, header, end + 1, header.at(end));
     return parsed;
 }
 
@@ -74,10 +91,11 @@ NalHeader hevcHeader(const PacketBytes& header) {
     // Some writers leave the version 0; a prefix looks like no such header.
     const bool isPrefixed = header.at(0) == 0 && header.at(1) == 0 && header.at(2) <= 1;
     if (isPrefixed || header.size() <= fixedBytes)
-        return {0, unitsBehindPrefixes(header)};
-    NalHeader parsed{(header.at(21) & 3) + 1, {}};
+        return prefixedHeader(header);
+    NalHeader parsed;
+    parsed.lengthBytes = (header.at(21) & 3) + 1;
     std::int64_t begin = fixedBytes + 1;
     for (int i = 0; i < header.at(fixedBytes) && begin < header.size(); ++i)
-        begin = addCounted(parsed.units, header, begin + 3, header.bits((begin + 1) * 8, 16));
+        begin = addCounted(parsed, header, begin + 3, header.bits((begin + 1) * 8, 16));
     return parsed;
 }

@@ -6,7 +6,10 @@
 
 #include "packetbytes.h"
 
+#include <functional>
 #include <vector>
+
+using UnitTaker = std::function<bool(const PacketBytes& unit)>;
 
 /// Takes the units out of the packets of H.264 and HEVC.
 class NalUnits {
@@ -15,8 +18,9 @@ public:
     explicit NalUnits(int lengthBytes)
         : lengthBytes(lengthBytes) {}
 
-    /// In their order, none of them empty, without zeros at their ends.
-    std::vector<PacketBytes> of(const PacketBytes& packet) const;
+    /// Gives `take` one after the other, none of them empty, without zeros at their ends, until it
+    /// answers false.
+    void forEach(const PacketBytes& packet, const UnitTaker& take) const;
 
 private:
     int lengthBytes;
@@ -24,9 +28,13 @@ private:
 
 /// What the extradata of a stream tells.
 struct NalHeader {
-    int lengthBytes = 0; ///< as for `NalUnits`
-    std::vector<PacketBytes> units;
+    int lengthBytes = 0;            ///< as for `NalUnits`
+    std::vector<PacketBytes> units; ///< `mostHeaderUnits` at most
+    bool isCut = false;             ///< there are more
 };
+
+/// Far more than all the sets that a stream can have.
+constexpr std::size_t mostHeaderUnits = 65536;
 
 NalHeader h264Header(const PacketBytes& header);
 NalHeader hevcHeader(const PacketBytes& header);

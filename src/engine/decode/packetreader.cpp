@@ -4,6 +4,7 @@
 
 #include "packetreader.h"
 
+#include "headerbounds.h"
 #include "logging.h"
 #include "refuseddemuxers.h"
 
@@ -112,6 +113,10 @@ int PacketReader::openDemuxer() {
     av_dict_set(&options, "protocol_whitelist", "", 0);
     const int result = avformat_open_input(&format, name.constData(), demuxer, &options);
     av_dict_free(&options);
+    if (result >= 0 && hasTooManyUnits(*format)) {
+        error = QStringLiteral("its headers hold too many parameter sets");
+        return AVERROR_INVALIDDATA;
+    }
     return result;
 }
 

@@ -5,6 +5,7 @@
 #include "parametersets.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -14,10 +15,26 @@ std::string copyOf(const PacketBytes& set) {
 
 } // namespace
 
+/// Null, from the first one on that there cannot be.
+ParameterSets::Set* ParameterSets::setFor(int id, const PacketBytes& set) {
+    constexpr std::int64_t largest = 64 * 1024; // those of real streams have some hundred bytes
+    const bool isNew = sets.find(id) == sets.end();
+    if (set.size() > largest || (isNew && sets.size() >= most))
+        refuse();
+    return isRefused ? nullptr : &sets[id];
+}
+
+void ParameterSets::refuse() {
+    isRefused = true;
+    sets.clear();
+}
+
 void ParameterSets::addOfHeader(int id, const PacketBytes& set) {
-    Set& known = sets[id];
-    known.ofHeader = copyOf(set);
-    known.current = known.ofHeader;
+    Set* known = setFor(id, set);
+    if (!known)
+        return;
+    known->ofHeader = copyOf(set);
+    known->current = known->ofHeader;
 }
 
 void ParameterSets::beginPacket() {
@@ -26,11 +43,13 @@ void ParameterSets::beginPacket() {
 }
 
 void ParameterSets::addOfPacket(int id, const PacketBytes& set) {
-    const std::string bytes = copyOf(set);
-    Set& known = sets[id];
-    isChanged = isChanged || (packet > 1 && known.current != bytes);
-    known.current = bytes;
-    known.packet = packet;
+    Set* known = setFor(id, set);
+    if (!known)
+        return;
+    std::string bytes = copyOf(set);
+    isChanged = isChanged || (packet > 1 && known->current != bytes);
+    known->current = std::move(bytes);
+    known->packet = packet;
 }
 
 bool ParameterSets::areAllKnown() const {
