@@ -15,6 +15,7 @@
 #include <QLoggingCategory>
 #include <QRandomGenerator>
 #include <QTemporaryDir>
+#include <QtEndian>
 #include <QtTest>
 
 #include <atomic>
@@ -151,6 +152,42 @@ QStringList scene(int seconds, const char* size = "128x96") {
     return {"-filter_complex", graph};
 }
 
+/// The same number of pictures with the same times.
+void compareTimes(const QString& path, const QString& what) {
+    const Run expected(path, oneSecond(), 1);
+    for (const int threads : {2, 3, 4, 16}) {
+        const Run run(path, oneSecond(), threads);
+        const QString found = difference(run.account.times, expected.account.times);
+        QVERIFY2(
+            found.isEmpty(),
+            qPrintable(QStringLiteral("%1, %2 threads: %3").arg(what).arg(threads).arg(found)));
+        QCOMPARE(run.outcome, expected.outcome);
+    }
+}
+
+/// Single bits, many bits, a run of zeros or a hole, behind the first fiftieth.
+QByteArray damaged(QByteArray bytes, quint32 seed) {
+    QRandomGenerator random(seed);
+    const auto place = [&] {
+        return int(random.bounded(quint32(bytes.size() / 50), quint32(bytes.size())));
+    };
+    const int length = int(random.bounded(100U, 4000U));
+    switch (seed % 4) {
+    case 0:
+        return bytes.remove(place(), length);
+    case 1: {
+        const int start = place();
+        return bytes.replace(start, length, QByteArray(qMin(length, bytes.size() - start), '\0'));
+    }
+    default:
+        for (int flips = seed % 4 == 2 ? 1 : 30; flips > 0; --flips) {
+            const int at = place();
+            bytes[at] = char(bytes[at] ^ (1 << random.bounded(8U)));
+        }
+        return bytes;
+    }
+}
+
 } // namespace
 
 class TestStretches : public QObject {
@@ -174,6 +211,7 @@ private Q_SLOTS:
     void cutInTheMiddleOfAGroup();
     void damagedFiles_data();
     void damagedFiles();
+    void damageBehindKeyFrames();
     void cancelled_data();
     void cancelled();
     void wholeRecordings_data();
@@ -445,6 +483,9 @@ void TestStretches::damagedFiles_data() {
                                  << "-c:v libx264 -preset veryfast -g 24 -bf 0";
     QTest::newRow("HEVC") << "damaged.mkv"
                           << "-c:v libx265 -preset ultrafast -x265-params log-level=none:keyint=25";
+    QTest::newRow("HEVC, closed groups") << "damaged.mp4"
+                                         << "-c:v libx265 -preset ultrafast -x265-params "
+                                            "log-level=none:keyint=25:open-gop=0:bframes=3";
     QTest::newRow("AV1") << "damaged.mkv"
                          << "-c:v libsvtav1 -preset 12 -g 24";
     QTest::newRow("MPEG-4") << "damaged.avi"
@@ -459,29 +500,40 @@ void TestStretches::damagedFiles() {
     QFETCH(QString, options);
     if (!media::hasEncoder(options.split(' ').at(1)))
         QSKIP("this encoder is not installed");
-    const QString whole = encoded(name, options.split(' '), 20);
+    const QString whole = encoded(name, options.split(' '), 10);
     QVERIFY(!whole.isEmpty());
     const QByteArray bytes = readFile(whole);
     const QString path = folder.filePath("now-" + name);
-    QRandomGenerator random(7);
-    for (int i = 0; i < 10; ++i) {
-        QByteArray damaged = bytes;
-        const int flips = i % 2 == 0 ? 1 : 30;
-        for (int j = 0; j < flips; ++j) {
-            const int place =
-                int(random.bounded(quint32(bytes.size() / 50), quint32(bytes.size())));
-            damaged[place] = char(damaged[place] ^ (1 << random.bounded(8U)));
-        }
-        if (i % 5 == 4)
-            damaged.remove(int(random.bounded(quint32(bytes.size()))), 1000);
-        QVERIFY(writeFile(path, damaged));
-        const Run expected(path, oneSecond(), 1);
-        for (const int threads : {2, 4}) {
-            const Run run(path, oneSecond(), threads);
-            QCOMPARE(run.outcome, expected.outcome);
-            QCOMPARE(run.account.times, expected.account.times);
-        }
+    for (quint32 seed = 0; seed < 48; ++seed) {
+        QVERIFY(writeFile(path, damaged(bytes, seed)));
+        compareTimes(path, QStringLiteral("seed %1").arg(seed));
+        if (QTest::currentTestFailed())
+            return;
     }
+}
+
+/// The last pictures of a stretch come with the first packets behind its end, or, where these are
+/// damaged, later.
+void TestStretches::damageBehindKeyFrames() {
+    const QString whole = encoded(
+        "keys.mp4",
+        {"-c:v", "libx264", "-preset", "veryfast", "-g", "12", "-bf", "2", "-sc_threshold", "0"},
+        10);
+    const QByteArray bytes = readFile(whole);
+    const QString path = folder.filePath("damaged-keys.mp4");
+    int keys = 0;
+    // Behind its length, the first bytes of such a slice.
+    for (int at = bytes.indexOf("\x65\x88"); at >= 0; at = bytes.indexOf("\x65\x88", at + 1)) {
+        const int end = at + int(qFromBigEndian<quint32>(bytes.constData() + at - 4));
+        if (end < at || end + 300 > bytes.size())
+            continue;
+        ++keys;
+        QVERIFY(writeFile(path, QByteArray(bytes).replace(end, 300, QByteArray(300, '\0'))));
+        compareTimes(path, QStringLiteral("key frame %1").arg(keys));
+        if (QTest::currentTestFailed())
+            return;
+    }
+    QVERIFY(keys >= 20);
 }
 
 void TestStretches::cancelled_data() {

@@ -18,6 +18,26 @@ namespace {
 
 const QStringList common = {"-nostdin", "-v", "error", "-y"};
 
+/// `option` with settings that an encoder gets behind those it is given already.
+QStringList withSettings(const QStringList& arguments, const QString& option, QString settings) {
+    const int place = arguments.lastIndexOf(option) + 1;
+    if (place > 0)
+        settings = arguments.at(place) + ':' + settings;
+    return {option, settings};
+}
+
+/// Encoders that count the machine's cores write other bytes where there are others, and muxers
+/// write random numbers. `arguments` end with the output's name.
+QStringList sameOnEveryMachine(QStringList arguments) {
+    const QString output = arguments.takeLast();
+    QStringList pins = {"-threads", "1", "-fflags", "+bitexact"};
+    if (arguments.contains("libx265"))
+        pins += withSettings(arguments, "-x265-params", "pools=1:frame-threads=1");
+    if (arguments.contains("libsvtav1"))
+        pins += withSettings(arguments, "-svtav1-params", "lp=1");
+    return common + arguments + pins + QStringList{output};
+}
+
 } // namespace
 
 QString programDirectory() {
@@ -25,11 +45,11 @@ QString programDirectory() {
 }
 
 bool tryEncode(const QStringList& arguments) {
-    return runProgram("ffmpeg", common + arguments).status == 0;
+    return runProgram("ffmpeg", sameOnEveryMachine(arguments)).status == 0;
 }
 
 bool encode(const QStringList& arguments) {
-    const ProcessResult result = runProgram("ffmpeg", common + arguments);
+    const ProcessResult result = runProgram("ffmpeg", sameOnEveryMachine(arguments));
     if (result.status != 0)
         qWarning("ffmpeg %s: %s", qPrintable(arguments.join(' ')), result.errors.constData());
     return result.status == 0;

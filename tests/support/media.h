@@ -15,7 +15,8 @@ namespace media {
 /// The folder with the built programs, the encoder among them.
 QString programDirectory();
 
-/// Runs the encoder with `arguments`; false, with its errors on the debug output, if it fails.
+/// Runs the encoder with `arguments`, which end with the output's name, on one thread, so that the
+/// same bytes come out on every machine; false, with its errors on the debug output, if it fails.
 bool encode(const QStringList& arguments);
 
 /// The same without a word, where a failure is to be expected.

@@ -28,18 +28,23 @@ StretchReader::StretchReader(PacketReader& reader, PictureMemory& memory,
 
 std::optional<StretchedPicture> StretchReader::next() {
     begin();
-    while (pictures.empty() && !hasDoubt) {
+    while (!isNextCertain() && !hasDoubt) {
         fill();
         if (reader.isInterrupted() || inHand.empty())
             return std::nullopt;
         hasDoubt = !handOnNext();
     }
-    if (pictures.empty() || reader.isInterrupted())
+    if (!isNextCertain() || reader.isInterrupted())
         return std::nullopt;
     StretchedPicture picture = std::move(pictures.front());
     pictures.pop_front();
     lastNumber = picture.packet;
     return picture;
+}
+
+/// The last pictures of a stretch come with packets of the next one, if these are what they seem.
+bool StretchReader::isNextCertain() const {
+    return !pictures.empty() && before && pictures.front().packet <= before->packets.back().number;
 }
 
 /// Frame threads are faster where there are fewer stretches than workers, and exact without a

@@ -39,6 +39,7 @@ public:
     Rest takeRest();
 
 private:
+    bool isNextCertain() const;
     void begin();
     void fill();
     bool canReadOn() const;
@@ -52,9 +53,9 @@ private:
     std::shared_ptr<StretchStream> stream;
     StretchCutter cutter;
     StretchOrder order;
-    std::deque<StretchPointer> inHand; ///< whole and not yet handed on, oldest first
-    StretchPointer before;             ///< the last one that was; null at first
-    std::deque<StretchedPicture> pictures;
+    std::deque<StretchPointer> inHand;     ///< whole and not yet handed on, oldest first
+    StretchPointer before;                 ///< the last one that was; null at first
+    std::deque<StretchedPicture> pictures; ///< to be handed out
     qint64 lastNumber = -1;
     qint64 bytesDone = 0; ///< of the stretches before `before`
     bool hasTimes;        ///< seen while the file was opened
