@@ -8,17 +8,16 @@
 
 namespace {
 
-NumberedPacket packet(qint64 number, bool isKey, int size = 10) {
+NumberedPacket packet(qint64 number, int size = 10) {
     NumberedPacket numbered{number, PacketPointer(av_packet_alloc())};
     av_new_packet(numbered.packet.get(), size);
-    numbered.packet->flags = isKey ? AV_PKT_FLAG_KEY : 0;
     return numbered;
 }
 
-/// Adds packets `first` to `last`, every tenth a key frame.
+/// Adds packets `first` to `last`, every tenth a border.
 void addPackets(RestartPackets& restart, int first, int last, int size = 10) {
     for (int number = first; number <= last; ++number)
-        restart.add(packet(number, number % 10 == 0, size));
+        restart.add(packet(number, size), number % 10 == 0);
 }
 
 } // namespace
@@ -30,9 +29,9 @@ private Q_SLOTS:
     void beginsAtTheFirstPacketOfTheFile();
     void beginsAWholeGroupBeforeTheLastPicture();
     void packetsNotHandedOutAreAllThere();
-    void firstPacketNeedsNoKey();
-    void streamWithoutKeysCannotRestartOnceTooLarge();
-    void restartsAgainTwoKeysAfterALargeGroup();
+    void firstPacketNeedsNoBorder();
+    void streamWithoutBordersCannotRestartOnceTooLarge();
+    void restartsAgainTwoBordersAfterALargeGroup();
     void largeGroupsPushOutOnlyWhatIsTooMuch();
 };
 
@@ -47,10 +46,10 @@ void TestRestartPackets::beginsAtTheFirstPacketOfTheFile() {
 void TestRestartPackets::beginsAWholeGroupBeforeTheLastPicture() {
     RestartPackets restart;
     for (int number = 0; number <= 45; ++number) {
-        restart.add(packet(number, number % 10 == 0));
+        restart.add(packet(number), number % 10 == 0);
         restart.handedOut(number - 3);
     }
-    // The last picture handed out is 42: the key at 40 lies between it and the key at 30.
+    // The last picture handed out is 42: the border at 40 lies between it and that at 30.
     const auto packets = restart.take();
     QCOMPARE(packets.front().number, 30);
     QCOMPARE(packets.back().number, 45);
@@ -61,35 +60,35 @@ void TestRestartPackets::packetsNotHandedOutAreAllThere() {
     addPackets(restart, 0, 59);
     restart.handedOut(15);
     const auto packets = restart.take();
-    QCOMPARE(packets.front().number, 0); // 10 is the only key up to 15
+    QCOMPARE(packets.front().number, 0); // 10 is the only border up to 15
     for (std::size_t i = 1; i < packets.size(); ++i)
         QCOMPARE(packets[i].number, packets[i - 1].number + 1);
     QCOMPARE(packets.back().number, 59);
 }
 
-void TestRestartPackets::firstPacketNeedsNoKey() {
+void TestRestartPackets::firstPacketNeedsNoBorder() {
     RestartPackets restart;
-    restart.add(packet(0, false));
-    restart.add(packet(1, false));
+    restart.add(packet(0), false);
+    restart.add(packet(1), false);
     QCOMPARE(restart.take().size(), std::size_t(2));
 }
 
-void TestRestartPackets::streamWithoutKeysCannotRestartOnceTooLarge() {
+void TestRestartPackets::streamWithoutBordersCannotRestartOnceTooLarge() {
     RestartPackets restart;
     for (int number = 0; number < 40; ++number) {
-        restart.add(packet(number, number == 0, 1 << 20));
+        restart.add(packet(number, 1 << 20), number == 0);
         restart.handedOut(number);
     }
     QVERIFY(restart.take().empty());
 }
 
-void TestRestartPackets::restartsAgainTwoKeysAfterALargeGroup() {
+void TestRestartPackets::restartsAgainTwoBordersAfterALargeGroup() {
     RestartPackets restart;
     for (int number = 0; number < 40; ++number)
-        restart.add(packet(number, number == 0, 1 << 20));
+        restart.add(packet(number, 1 << 20), number == 0);
     addPackets(restart, 40, 65);
     restart.handedOut(49);
-    QVERIFY(restart.take().empty()); // nothing between the key at 40 and the last picture
+    QVERIFY(restart.take().empty()); // nothing between the border at 40 and the last picture
     restart.handedOut(51);
     const auto packets = restart.take();
     QVERIFY(!packets.empty());
@@ -100,7 +99,7 @@ void TestRestartPackets::largeGroupsPushOutOnlyWhatIsTooMuch() {
     // Groups of 7 MB: three of them are too much, but not two.
     RestartPackets restart;
     for (int number = 0; number < 35; ++number) {
-        restart.add(packet(number, number % 10 == 0, 7 * 1024 * 1024 / 10));
+        restart.add(packet(number, 7 * 1024 * 1024 / 10), number % 10 == 0);
         restart.handedOut(number);
     }
     const auto packets = restart.take();

@@ -477,21 +477,20 @@ void TestStretches::cutInTheMiddleOfAGroup() {
 void TestStretches::damagedFiles_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("options");
-    QTest::newRow("H.264") << "damaged.mp4"
-                           << "-c:v libx264 -preset veryfast -g 12 -bf 2";
-    QTest::newRow("H.264 in TS") << "damaged.ts"
-                                 << "-c:v libx264 -preset veryfast -g 24 -bf 0";
-    QTest::newRow("HEVC") << "damaged.mkv"
-                          << "-c:v libx265 -preset ultrafast -x265-params log-level=none:keyint=25";
-    QTest::newRow("HEVC, closed groups") << "damaged.mp4"
-                                         << "-c:v libx265 -preset ultrafast -x265-params "
-                                            "log-level=none:keyint=25:open-gop=0:bframes=3";
-    QTest::newRow("AV1") << "damaged.mkv"
-                         << "-c:v libsvtav1 -preset 12 -g 24";
-    QTest::newRow("MPEG-4") << "damaged.avi"
-                            << "-c:v mpeg4 -g 12 -bf 0";
-    QTest::newRow("MJPEG") << "damaged.avi"
-                           << "-c:v mjpeg -pix_fmt yuvj420p";
+    const auto row = [](const char* title, const char* name, const QByteArray& options) {
+        QTest::newRow(title) << QString(name) << QString(options);
+    };
+    const QByteArray h264 = "-c:v libx264 -preset veryfast ";
+    const QByteArray hevc = "-c:v libx265 -preset ultrafast -x265-params log-level=none:keyint=";
+    row("H.264", "damaged.mp4", h264 + "-g 12 -bf 2");
+    row("H.264, unknown delay", "unknown.mp4", h264 + "-g 12 -bf 2");
+    row("H.264 in TS", "damaged.ts", h264 + "-g 24 -bf 0");
+    row("HEVC", "damaged.mkv", hevc + "25");
+    row("HEVC, closed groups", "damaged.mp4", hevc + "25:open-gop=0:bframes=3");
+    row("HEVC, no list of key frames", "unlisted.mp4", hevc + "12:bframes=4");
+    row("AV1", "damaged.mkv", "-c:v libsvtav1 -preset 12 -g 24");
+    row("MPEG-4", "damaged.avi", "-c:v mpeg4 -g 12 -bf 0");
+    row("MJPEG", "damaged.avi", "-c:v mjpeg -pix_fmt yuvj420p");
 }
 
 /// The same number of pictures with the same times, whatever is concealed in them.
@@ -502,6 +501,11 @@ void TestStretches::damagedFiles() {
         QSKIP("this encoder is not installed");
     const QString whole = encoded(name, options.split(' '), 10);
     QVERIFY(!whole.isEmpty());
+    if (name.startsWith("unknown"))
+        QVERIFY(removeUsabilityInformation(whole));
+    // Without a list all pictures are key frames, as the container has it.
+    if (name.startsWith("unlisted"))
+        QVERIFY(writeFile(whole, readFile(whole).replace("stss", "free")));
     const QByteArray bytes = readFile(whole);
     const QString path = folder.filePath("now-" + name);
     for (quint32 seed = 0; seed < 48; ++seed) {

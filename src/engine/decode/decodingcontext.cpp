@@ -56,7 +56,9 @@ bool DecodingContext::openWhole(const AVCodecParameters& parameters, const AVPac
     if (firstPacket)
         prime(*opened.context, *firstPacket);
     if (opened.hasFrameThreads)
-        threaded = std::make_unique<FrameThreadedDecoder>(std::move(opened.context), lastNumber);
+        threaded = std::make_unique<FrameThreadedDecoder>(
+            std::move(opened.context), reader,
+            PacketPointer(firstPacket ? av_packet_clone(firstPacket) : nullptr), lastNumber);
     else
         serial = std::make_unique<SerialDecoder>(std::move(opened.context), memory);
     return true;
@@ -187,8 +189,8 @@ std::optional<NumberedPacket> DecodingContext::nextSerialPacket() {
 /// Goes on with one thread, just behind the last picture that was handed out.
 bool DecodingContext::goSerial() {
     qCDebug(engineLog, "one thread from packet %lld on", static_cast<long long>(lastNumber));
-    replay = threaded->takeRestartPackets();
-    const int reorderDelay = threaded->reorderDelay();
+    FrameThreadedDecoder::Restart restart = threaded->takeRestart();
+    replay = std::move(restart.packets);
     QMutexLocker lock(&ffmpegMutex());
     threaded.reset();
     lock.unlock();
@@ -199,15 +201,17 @@ bool DecodingContext::goSerial() {
     }
     if (part)
         watchPart();
-    lock.relock();
-    OpenedCodec opened = openCodec(*reader.stream()->codecpar, 1, memory);
+    OpenedCodec opened = openLocked(*reader.stream()->codecpar, 1);
     if (!opened.context) {
         end = {ReadEnd::Cause::OutOfMemory, opened.error};
         return false;
     }
-    // From the start of the file the decoder learns the delay anew, as it did the first time.
-    if (!replay.empty() && replay.front().number > 0)
-        opened.context->has_b_frames = reorderDelay;
+    // From the start of the file the decoder learns all of it anew, as it did the first time.
+    if (!replay.empty() && replay.front().number > 0) {
+        opened.context->has_b_frames = restart.reorderDelay;
+        if (restart.firstPacket)
+            prime(*opened.context, *restart.firstPacket);
+    }
     serial = std::make_unique<SerialDecoder>(std::move(opened.context), memory);
     return true;
 }

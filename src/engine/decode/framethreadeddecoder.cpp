@@ -19,9 +19,14 @@ bool isPlaceholder(const AVPacket& packet, AVCodecID codec) {
 
 } // namespace
 
-FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context, qint64 lastNumber)
+FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context, const PacketReader& reader,
+                                           PacketPointer firstPacket, qint64 lastNumber)
     : context(std::move(context))
     , pacing(*this->context)
+    , borders(*reader.stream()->codecpar)
+    , firstPacket(std::move(firstPacket))
+    , areKeysBelieved(!reader.canReopen())
+    , delays{{-1, this->context->has_b_frames}}
     , lastNumber(lastNumber) {
     restart.handedOut(lastNumber);
 }
@@ -48,12 +53,15 @@ FrameThreadedDecoder::Result FrameThreadedDecoder::next(PacketReader& reader) {
     return {Outcome::Picture, takeNext()};
 }
 
-std::deque<NumberedPacket> FrameThreadedDecoder::takeRestartPackets() {
-    return restart.take();
-}
-
-int FrameThreadedDecoder::reorderDelay() const {
-    return context->has_b_frames;
+/// What the decoder has learnt of the delay from packets that are decoded once more it must learn
+/// from them again.
+FrameThreadedDecoder::Restart FrameThreadedDecoder::takeRestart() {
+    Restart found{restart.take(), std::move(firstPacket), delays.front().delay};
+    for (const DelayChange& change : delays) {
+        if (!found.packets.empty() && change.number < found.packets.front().number)
+            found.reorderDelay = change.delay;
+    }
+    return found;
 }
 
 /// Gives the decoder its next packet, or the end of the stream. False at a sign of damage, also
@@ -65,7 +73,7 @@ bool FrameThreadedDecoder::feed(std::optional<NumberedPacket> packet) {
 }
 
 bool FrameThreadedDecoder::send(NumberedPacket packet) {
-    restart.add(packet);
+    keep(packet);
     if (stamps.empty())
         firstStamp = packet.number;
     stamps.push_back(packet.packet->dts);
@@ -73,6 +81,22 @@ bool FrameThreadedDecoder::send(NumberedPacket packet) {
     const bool isSuspect = (packet.packet->flags & AV_PKT_FLAG_CORRUPT) != 0 ||
                            isPlaceholder(*packet.packet, context->codec_id);
     return avcodec_send_packet(context.get(), packet.packet.get()) >= 0 && !isSuspect;
+}
+
+/// Containers call packets key frames that are none, above all where they are damaged.
+void FrameThreadedDecoder::keep(const NumberedPacket& packet) {
+    if (packet.number == 0)
+        firstPacket.reset(av_packet_clone(packet.packet.get()));
+    const PacketKind kind = borders.next(*packet.packet);
+    hasBorders = hasBorders && !kind.isSuspect;
+    const bool isBorder = hasBorders && kind.border != PacketKind::Border::None;
+    const bool isKey = areKeysBelieved && (packet.packet->flags & AV_PKT_FLAG_KEY) != 0;
+    restart.add(packet, isBorder || isKey);
+}
+
+void FrameThreadedDecoder::noteDelay(qint64 number) {
+    if (context->has_b_frames != delays.back().delay)
+        delays.push_back({number, context->has_b_frames});
 }
 
 // Interlaced pictures are not damaged, but where a field lacks its pair, or in MPEG-4 Part 2 at
@@ -85,6 +109,7 @@ bool FrameThreadedDecoder::isUnsafe(const AVFrame& picture) const {
 void FrameThreadedDecoder::add(PicturePointer picture) {
     if (picture->pkt_dts == AV_NOPTS_VALUE)
         return;
+    noteDelay(picture->pkt_dts);
     const auto number = pacing.placeOf(picture->pkt_dts);
     if (number && *number > lastNumber)
         waiting.push_back({*number, AV_NOPTS_VALUE, std::move(picture)});

@@ -8,6 +8,7 @@
 #include "packetreader.h"
 #include "picturepacing.h"
 #include "restartpackets.h"
+#include "streamborders.h"
 
 #include <cstdint>
 #include <deque>
@@ -46,25 +47,39 @@ public:
         CompletedPicture picture;
     };
 
-    /// `context` must be open with frame threads. Pictures that packets up to `lastNumber` complete
+    /// `context` must be open with frame threads for the stream of `reader`, whose first packet is
+    /// `firstPacket` unless it is still to come. Pictures that packets up to `lastNumber` complete
     /// are not handed out.
-    explicit FrameThreadedDecoder(CodecContextPointer context, qint64 lastNumber = -1);
+    FrameThreadedDecoder(CodecContextPointer context, const PacketReader& reader,
+                         PacketPointer firstPacket, qint64 lastNumber);
 
     Result next(PacketReader& reader);
 
-    /// After Unsafe: the packets to begin from with one thread, up to the last one read; empty if
-    /// that must be the start of the file.
-    std::deque<NumberedPacket> takeRestartPackets();
+    /// Where one thread begins.
+    struct Restart {
+        /// Up to the last one read. Empty: it must be the start of the file.
+        std::deque<NumberedPacket> packets;
+        PacketPointer firstPacket; ///< of the stream; null if it was never seen
+        int reorderDelay = 0; ///< pictures that the decoder held back there to put them in order
+    };
 
-    /// Pictures that the decoder holds back to put them in order, as far as it knows by now.
-    int reorderDelay() const;
+    /// After Unsafe.
+    Restart takeRestart();
 
     /// Pictures per second as the stream's headers say, 0 if unknown.
     double frameRate() const { return frameRateOf(*context); }
 
 private:
+    /// How many pictures the decoder holds back once packet `number` is decoded.
+    struct DelayChange {
+        qint64 number;
+        int delay;
+    };
+
     bool feed(std::optional<NumberedPacket> packet);
     bool send(NumberedPacket packet);
+    void keep(const NumberedPacket& packet);
+    void noteDelay(qint64 number);
     bool isUnsafe(const AVFrame& picture) const;
     void add(PicturePointer picture);
     bool isNextComplete() const;
@@ -73,6 +88,11 @@ private:
     CodecContextPointer context;
     PicturePacing pacing;
     RestartPackets restart;
+    StreamBorders borders;
+    PacketPointer firstPacket; ///< of the stream; null if it has not been seen
+    bool areKeysBelieved;      ///< of the container: there is no way back to the start of the file
+    bool hasBorders = true;    ///< nothing has come that all that follows may depend on
+    std::deque<DelayChange> delays;       ///< oldest first
     std::deque<CompletedPicture> waiting; ///< to be handed out, without their time stamps
     std::deque<std::int64_t> stamps; ///< decoding time stamps of the packets from `firstStamp` on
     qint64 firstStamp = 0;

@@ -9,17 +9,13 @@ namespace {
 // A few seconds of any camera's stream; more would show beside what the decoder itself takes.
 constexpr qint64 mostBytes = 16 * 1024 * 1024;
 
-bool isKey(const NumberedPacket& packet) {
-    return (packet.packet->flags & AV_PKT_FLAG_KEY) != 0;
-}
-
 } // namespace
 
-void RestartPackets::add(const NumberedPacket& packet) {
+void RestartPackets::add(const NumberedPacket& packet, bool isBorder) {
     const int size = packet.packet->size;
     while (!packets.empty() && bytes + size > mostBytes)
-        dropUpTo(laterKeys.empty() ? packet.number : laterKeys.front());
-    const bool canBeFirst = packet.number == 0 || isKey(packet);
+        dropUpTo(laterBorders.empty() ? packet.number : laterBorders.front());
+    const bool canBeFirst = packet.number == 0 || isBorder;
     if ((packets.empty() && !canBeFirst) || size > mostBytes)
         return;
     PacketPointer reference(av_packet_clone(packet.packet.get()));
@@ -27,17 +23,17 @@ void RestartPackets::add(const NumberedPacket& packet) {
         dropUpTo(packet.number);
         return;
     }
-    if (!packets.empty() && isKey(packet))
-        laterKeys.push_back(packet.number);
+    if (!packets.empty() && isBorder)
+        laterBorders.push_back(packet.number);
     bytes += size;
     packets.push_back({packet.number, std::move(reference)});
 }
 
 void RestartPackets::handedOut(qint64 number) {
     lastHandedOut = number;
-    // The oldest packet can be any key frame that has another one between it and the last picture.
-    while (laterKeys.size() >= 2 && laterKeys[1] <= number)
-        dropUpTo(laterKeys.front());
+    // The oldest packet can be any border that has another one between it and the last picture.
+    while (laterBorders.size() >= 2 && laterBorders[1] <= number)
+        dropUpTo(laterBorders.front());
 }
 
 std::deque<NumberedPacket> RestartPackets::take() {
@@ -49,8 +45,8 @@ std::deque<NumberedPacket> RestartPackets::take() {
 bool RestartPackets::canBegin() const {
     if (packets.empty())
         return false;
-    const bool hasKeyBetween = !laterKeys.empty() && laterKeys.front() <= lastHandedOut;
-    return packets.front().number == 0 || hasKeyBetween;
+    const bool hasBorderBetween = !laterBorders.empty() && laterBorders.front() <= lastHandedOut;
+    return packets.front().number == 0 || hasBorderBetween;
 }
 
 void RestartPackets::dropUpTo(qint64 number) {
@@ -58,6 +54,6 @@ void RestartPackets::dropUpTo(qint64 number) {
         bytes -= packets.front().packet->size;
         packets.pop_front();
     }
-    while (!laterKeys.empty() && laterKeys.front() <= number)
-        laterKeys.pop_front();
+    while (!laterBorders.empty() && laterBorders.front() <= number)
+        laterBorders.pop_front();
 }

@@ -8,17 +8,17 @@
 
 #include <deque>
 
-/// The newest packets of a stream, back to a key frame from which decoding can begin anew and give
-/// what it would have given had it never stopped.
+/// The newest packets of a stream, back to one from which decoding can begin anew and give what it
+/// would have given had it never stopped.
 ///
-/// Such a key frame lies a whole group of pictures before the last picture handed out, so that
-/// everything that is still to come depends on packets behind it. The very first packet serves as
-/// well. What is kept is bounded: where groups of pictures are too large, there can be nothing to
-/// begin from until two key frames have passed.
+/// Such a packet is a border of the stream that lies a whole group of pictures before the last
+/// picture handed out, so that everything that is still to come depends on packets behind it. The
+/// very first packet serves as well. What is kept is bounded: where groups of pictures are too
+/// large, there can be nothing to begin from until two borders have passed.
 class RestartPackets {
 public:
     /// Keeps a reference to the packet's data. Packets come in the order of their numbers.
-    void add(const NumberedPacket& packet);
+    void add(const NumberedPacket& packet, bool isBorder);
 
     /// A picture was handed out that packet `number` completed; older packets may now go.
     void handedOut(qint64 number);
@@ -30,8 +30,8 @@ private:
     bool canBegin() const;
     void dropUpTo(qint64 number);
 
-    std::deque<NumberedPacket> packets; ///< the oldest is a key frame or the stream's first packet
-    std::deque<qint64> laterKeys;       ///< numbers of the key frames behind the oldest packet
+    std::deque<NumberedPacket> packets; ///< the oldest is a border or the stream's first packet
+    std::deque<qint64> laterBorders;    ///< numbers of those behind the oldest packet
     qint64 bytes = 0;
     qint64 lastHandedOut = -1;
 };
