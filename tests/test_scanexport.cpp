@@ -103,6 +103,7 @@ private Q_SLOTS:
     void crashedEncoderIsNamed();
     void missingEncoderIsNamed();
     void interruptEndsTheEncoder();
+    void recordingsAreExportedSideBySide();
     void usageErrors_data();
     void usageErrors();
 
@@ -437,6 +438,26 @@ void TestScanExport::interruptEndsTheEncoder() {
     const QJsonObject clip = jsonLines(process.readAllStandardOutput())[0];
     QVERIFY(!clip["exported"].toBool(true));
     QVERIFY(!QFile::exists(path("garden_mp4_0/0000.avi")));
+}
+
+/// As many encoders as --jobs says, none of which ends before all have begun.
+void TestScanExport::recordingsAreExportedSideBySide() {
+    encoder->hold();
+    QProcess process;
+    process.start(scannerPath(), oneClip + QStringList{"--export", clips->path(), "--format", "jsonl",
+                                                       "--jobs", "2", recording, recording,
+                                                       recording});
+    QTRY_COMPARE_WITH_TIMEOUT(encoder->calls().size(), 2, 30000);
+    encoder->release();
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 0);
+    QStringList files;
+    for (const QJsonObject& line : jsonLines(process.readAllStandardOutput())) {
+        if (line["exported"].toBool())
+            files.append(line["file"].toString());
+    }
+    QCOMPARE(files, QStringList({path("garden_mp4_0/0000.avi"), path("garden_mp4_1/0000.avi"),
+                                 path("garden_mp4_2/0000.avi")}));
 }
 
 void TestScanExport::usageErrors_data() {

@@ -15,7 +15,6 @@
 #include <QProcess>
 
 #include <csignal>
-#include <mutex>
 #include <sys/prctl.h>
 
 namespace {
@@ -84,10 +83,6 @@ QString failureOf(const QProcess& encoder, const EncoderChatter& chatter, const 
 } // namespace
 
 QString runEncoder(const EncoderCall& call) {
-    static std::mutex turn;
-    const std::lock_guard<std::mutex> lock(turn);
-    if (isEnding()) // while it waited for its turn
-        return QStringLiteral("interrupted");
     Encoder encoder;
     encoder.setStandardInputFile(QProcess::nullDevice());
     encoder.setStandardOutputFile(QProcess::nullDevice());

@@ -6,8 +6,8 @@
 
 #include "encoderarguments.h"
 
-/// Runs the encoder beside the program to its end; only one runs at a time, whoever asks. Answers
-/// why the file was not written, empty if it is there, whole as far as the encoder says, and holds
+/// Runs the encoder beside the program to its end. Any thread may have one of its own. Answers why
+/// the file was not written, empty if it is there, whole as far as the encoder says, and holds
 /// something. A file that holds nothing is removed.
 ///
 /// The end of the scan ends the encoder as well, which then finishes its file early; so does the
