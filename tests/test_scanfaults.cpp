@@ -173,7 +173,7 @@ void TestScanFaults::pictureThatCannotBeWritten_data() {
         << QByteArray("write") << ENOSPC << 1000 << QByteArray("No space left on device");
     QTest::newRow("flush") << QByteArray("fsync") << EDQUOT << 0
                            << QByteArray("Disk quota exceeded");
-    QTest::newRow("new name") << QByteArray("linkat") << EDQUOT << 0
+    QTest::newRow("new name") << QByteArray("rename") << EDQUOT << 0
                               << QByteArray("Disk quota exceeded");
 }
 

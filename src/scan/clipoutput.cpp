@@ -71,7 +71,7 @@ QString ClipOutput::writeSnapshot(const DetectedClip& clip, const PictureFinder*
         outputs.messages.complain(options.videos[index], missingPicture(finder));
         return {};
     }
-    const QString failure = writePictureFile(clip.snapshot, path);
+    const QString failure = writePictureFile(clip.snapshot, path, FolderLink::Followed);
     if (failure.isEmpty())
         return path;
     areAllWritten = false;

@@ -4,6 +4,8 @@
 
 #include "folder.h"
 
+#include "foreignlink.h"
+
 #include <QFile>
 
 #include <cerrno>
@@ -11,7 +13,11 @@
 #include <system_error>
 #include <unistd.h>
 
-QString prepareFolder(const QString& path) {
+QString prepareFolder(const QString& path, FolderLink link) {
+    if (isForeignLink(path))
+        return QStringLiteral("it is a symbolic link of another user");
+    if (link == FolderLink::Refused && isLink(path))
+        return QStringLiteral("it is a symbolic link");
     const std::string name = QFile::encodeName(path).toStdString();
     std::error_code error;
     std::filesystem::create_directories(name, error);

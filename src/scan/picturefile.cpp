@@ -4,20 +4,15 @@
 
 #include "picturefile.h"
 
-#include "writing.h"
-
 #include <QBuffer>
-#include <QSaveFile>
 
-QString writePictureFile(const QImage& picture, const QString& path) {
+QString writePictureFile(const QImage& picture, const QString& path, FolderLink link) {
     QBuffer png;
     if (!png.open(QIODevice::WriteOnly) || !picture.save(&png, "PNG"))
         return QStringLiteral("it cannot be encoded");
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, png.data()))
-        return file.errorString();
-    QString failure = syncToDisk(file);
-    if (!failure.isEmpty())
-        return failure;
-    return file.commit() ? QString() : file.errorString();
+    WholeFile file(path, link);
+    QString failure = file.open();
+    if (failure.isEmpty())
+        failure = file.write(png.data());
+    return failure.isEmpty() ? file.commit() : failure;
 }

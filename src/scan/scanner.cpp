@@ -8,6 +8,7 @@
 #include "interrupt.h"
 #include "partscan.h"
 #include "recordingscan.h"
+#include "tracefile.h"
 #include "writing.h"
 
 #include <QFile>
@@ -94,17 +95,17 @@ void writeFooter(ClipFormat& format, OrderedOutput& clips, int recordings) {
 }
 
 bool prepareFolders(const ScanOptions& options, Messages& messages) {
-    QStringList folders = {options.snapshotDirectory, options.exporting.directory};
-    if (!options.reportDirectory.isEmpty())
-        folders << options.reportDirectory << ScanReport::pictureFolder(options.reportDirectory);
-    for (const QString& folder : folders) {
-        const QString failure = folder.isEmpty() ? QString() : prepareFolder(folder);
-        if (failure.isEmpty())
-            continue;
-        messages.complain(folder, QStringLiteral("cannot write into this folder: ") + failure);
-        return false;
-    }
-    return true;
+    const auto isReady = [&](const QString& folder, FolderLink link) {
+        const QString failure = folder.isEmpty() ? QString() : prepareFolder(folder, link);
+        if (!failure.isEmpty())
+            messages.complain(folder, QStringLiteral("cannot write into this folder: ") + failure);
+        return failure.isEmpty();
+    };
+    const QString& report = options.reportDirectory;
+    const QString pictures = report.isEmpty() ? QString() : ScanReport::pictureFolder(report);
+    return isReady(options.snapshotDirectory, FolderLink::Followed) &&
+           isReady(options.exporting.directory, FolderLink::Followed) &&
+           isReady(report, FolderLink::Followed) && isReady(pictures, FolderLink::Refused);
 }
 
 /// Writes the report if one is wanted.
@@ -118,12 +119,10 @@ bool writeReport(const std::optional<ScanReport>& report, Messages& messages) {
 
 /// Opens the trace if one is wanted.
 bool openTrace(QFile& file, Messages& messages) {
-    const QIODevice::OpenMode mode =
-        QIODevice::WriteOnly | QIODevice::Truncate | QIODevice::Unbuffered;
-    if (file.fileName().isEmpty() || file.open(mode))
-        return true;
-    messages.complain(file.fileName(), file.errorString());
-    return false;
+    const QString failure = file.fileName().isEmpty() ? QString() : openTraceFile(file);
+    if (!failure.isEmpty())
+        messages.complain(file.fileName(), failure);
+    return failure.isEmpty();
 }
 
 } // namespace

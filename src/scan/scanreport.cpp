@@ -6,11 +6,10 @@
 
 #include "picturefile.h"
 #include "reportpage.h"
-#include "writing.h"
+#include "wholefile.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -70,7 +69,7 @@ QString ScanReport::writePicture(const DetectedClip& found, int recording,
     if (found.snapshot.isNull())
         return QStringLiteral("its pictures cannot be scaled");
     const QString path = pictures.pathOf(recording, found.index);
-    const QString failure = writePictureFile(found.snapshot, path);
+    const QString failure = writePictureFile(found.snapshot, path, FolderLink::Refused);
     if (!failure.isEmpty())
         return QStringLiteral("cannot write the picture %1: %2").arg(path, failure);
     clip.pictureFile = QDir(report.folder).relativeFilePath(QFileInfo(path).absoluteFilePath());
@@ -88,18 +87,13 @@ QString ScanReport::pageFile() const {
 }
 
 QString ScanReport::write() const {
-    QSaveFile file(pageFile());
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered))
-        return file.errorString();
-    bool isWritten = true;
-    ReportPage(report).write([&](const QByteArray& piece) {
-        isWritten = writeAll(file, piece);
-        return isWritten;
-    });
-    if (!isWritten)
-        return file.errorString();
-    QString failure = syncToDisk(file);
+    WholeFile file(pageFile());
+    QString failure = file.open();
     if (!failure.isEmpty())
         return failure;
-    return file.commit() ? QString() : file.errorString();
+    ReportPage(report).write([&](const QByteArray& piece) {
+        failure = file.write(piece);
+        return failure.isEmpty();
+    });
+    return failure.isEmpty() ? file.commit() : failure;
 }

@@ -6,72 +6,107 @@
 
 #include "writing.h"
 
-#include <QDir>
-#include <QFile>
 #include <QFileInfo>
+#include <QRandomGenerator>
 
-#include <atomic>
 #include <cerrno>
-#include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
 
 namespace {
 
-/// Opens a file beside `path` that nobody else has. Those of programs that were killed may be left.
-bool openBeside(const QString& path, QFile& file) {
-    static std::atomic<int> count{0};
-    constexpr int mostTries = 1000;
-    for (int i = 0; i < mostTries; ++i) {
-        file.setFileName(QStringLiteral("%1.%2-%3.part")
-                             .arg(path, QString::number(getpid()), QString::number(++count)));
-        if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly | QIODevice::Unbuffered))
-            return true;
-        if (!QFileInfo::exists(file.fileName()))
-            return false;
-    }
-    return false;
-}
+/// As long as the room that names leave for it (snapshotfolder.cpp, valuesname.cpp).
+constexpr int randomLetters = 6;
 
-QString written(QFile& file, const QByteArray& bytes) {
-    return writeAll(file, bytes) ? syncToDisk(file) : file.errorString();
-}
-
-QString renamed(const QString& from, const QString& to) {
-    const int result =
-        std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData());
-    return result == 0 ? QString() : qt_error_string(errno);
-}
-
-/// The new name, too, is to be there after a power cut; the file itself is safe either way.
-void syncFolder(const QString& path) {
-    const int folder = open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC);
-    if (folder < 0)
-        return;
-    fsync(folder);
-    close(folder);
+QByteArray randomEnding() {
+    constexpr char letters[] = "abcdefghijklmnopqrstuvwxyz0123456789";
+    QByteArray ending = ".";
+    for (int i = 0; i < randomLetters; ++i)
+        ending += letters[QRandomGenerator::system()->bounded(int(sizeof letters) - 1)];
+    return ending;
 }
 
 } // namespace
 
+WholeFile::WholeFile(const QString& path, FolderLink link)
+    : folderPath(QFile::encodeName(QFileInfo(path).absolutePath()))
+    , name(QFile::encodeName(QFileInfo(path).fileName()))
+    , link(link) {}
+
+WholeFile::~WholeFile() {
+    file.close();
+    if (!temporary.isEmpty())
+        unlinkat(folder, temporary.constData(), 0);
+    if (folder >= 0)
+        close(folder);
+}
+
+QString WholeFile::open() {
+    // Its descriptor stays the folder's own, whatever takes the folder's name meanwhile.
+    const int flags = O_DIRECTORY | O_CLOEXEC | (link == FolderLink::Refused ? O_NOFOLLOW : 0);
+    folder = ::open(folderPath.constData(), O_RDONLY | flags);
+    if (folder < 0 && errno == EACCES) // that one may write into, but not list
+        folder = ::open(folderPath.constData(), O_PATH | flags);
+    return folder < 0 ? qt_error_string(errno) : openBeside();
+}
+
+QString WholeFile::openBeside() {
+    constexpr int mostTries = 100; // nobody is lucky as often
+    for (int i = 0; i < mostTries; ++i) {
+        const QByteArray beside = name + randomEnding();
+        const int descriptor = openat(folder, beside.constData(),
+                                      O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+        if (descriptor < 0 && errno == EEXIST)
+            continue;
+        if (descriptor < 0)
+            break;
+        temporary = beside;
+        if (!file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered,
+                       QFileDevice::AutoCloseHandle))
+            return file.errorString();
+        keepMode();
+        return {};
+    }
+    return qt_error_string(errno);
+}
+
+/// Who may read an older file of ours may read the new one, and nobody else.
+void WholeFile::keepMode() {
+    struct stat older = {};
+    constexpr mode_t permissions = 0777;
+    const bool isThere = fstatat(folder, name.constData(), &older, AT_SYMLINK_NOFOLLOW) == 0;
+    if (isThere && S_ISREG(older.st_mode) && older.st_uid == geteuid())
+        fchmod(file.handle(), older.st_mode & permissions);
+}
+
+QString WholeFile::write(const QByteArray& bytes) {
+    return writeAll(file, bytes) ? QString() : file.errorString();
+}
+
+QString WholeFile::commit() {
+    QString failure = syncToDisk(file);
+    if (!failure.isEmpty())
+        return failure;
+    file.close();
+    if (renameat(folder, temporary.constData(), folder, name.constData()) != 0)
+        return qt_error_string(errno);
+    temporary.clear();
+    fsync(folder); // the new name, too; without it the older file is there after a power cut
+    return {};
+}
+
 QString writeWholeFile(const QString& path, const QByteArray& bytes) {
-    const QString folder = QFileInfo(path).absolutePath();
+    const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
     std::error_code error;
-    std::filesystem::create_directories(QFile::encodeName(folder).toStdString(), error);
+    std::filesystem::create_directories(folder.toStdString(), error);
     if (error)
         return QString::fromStdString(error.message());
-    QFile file;
-    if (!openBeside(path, file))
-        return file.errorString();
-    QString failure = written(file, bytes);
-    file.close();
+    WholeFile file(path);
+    QString failure = file.open();
     if (failure.isEmpty())
-        failure = renamed(file.fileName(), path);
-    if (failure.isEmpty())
-        syncFolder(folder);
-    else
-        file.remove();
-    return failure;
+        failure = file.write(bytes);
+    return failure.isEmpty() ? file.commit() : failure;
 }

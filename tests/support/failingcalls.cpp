@@ -35,10 +35,16 @@ bool isConcerned(const char* call, const char* path) {
            std::strstr(path, setting("FAILING_FILE"));
 }
 
-bool isConcerned(const char* call, int descriptor) {
+/// Empty where it has none.
+std::string pathOf(int descriptor) {
     char path[4096] = {};
     const std::string link = "/proc/self/fd/" + std::to_string(descriptor);
-    return readlink(link.c_str(), path, sizeof path - 1) > 0 && isConcerned(call, path);
+    return readlink(link.c_str(), path, sizeof path - 1) > 0 ? path : "";
+}
+
+bool isConcerned(const char* call, int descriptor) {
+    const std::string path = pathOf(descriptor);
+    return !path.empty() && isConcerned(call, path.c_str());
 }
 
 int fail() {
@@ -89,14 +95,11 @@ int fsync(int descriptor) {
     return isConcerned("fsync", descriptor) ? fail() : next("fsync", fsync)(descriptor);
 }
 
-int rename(const char* from, const char* to) {
-    return isConcerned("rename", to) ? fail() : next("rename", rename)(from, to);
-}
-
-int linkat(int fromFolder, const char* from, int toFolder, const char* to, int flags) {
-    return isConcerned("linkat", to)
+int renameat(int fromFolder, const char* from, int toFolder, const char* to) {
+    const std::string path = pathOf(toFolder) + '/' + to;
+    return isConcerned("rename", path.c_str())
                ? fail()
-               : next("linkat", linkat)(fromFolder, from, toFolder, to, flags);
+               : next("renameat", renameat)(fromFolder, from, toFolder, to);
 }
 
 int mkdir(const char* path, mode_t mode) {
