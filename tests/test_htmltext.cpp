@@ -16,6 +16,7 @@ private Q_SLOTS:
     void initTestCase() { installFileNameCodec(); }
     void namesAreText_data();
     void namesAreText();
+    void namesAreIsolated();
     void shellWordsComeBack_data();
     void shellWordsComeBack();
     void referencesAreEncoded();
@@ -29,6 +30,10 @@ void TestHtmlText::namesAreText_data() {
     QTest::newRow("no UTF-8") << QFile::decodeName("a\xff\xc3") << QByteArray("a\\xff\\xc3");
     QTest::newRow("beyond 16 bits")
         << QString::fromUtf8("\xf0\x9f\x8e\xa5") << QByteArray("\xf0\x9f\x8e\xa5");
+    QTest::newRow("right to left") << QString::fromUtf8("a\xe2\x80\xae"
+                                                        "b")
+                                   << QByteArray("a\\xe2\\x80\\xae"
+                                                 "b");
     QTest::newRow("line separator") << QString(QChar(0x2028)) << QByteArray("\\xe2\\x80\\xa8");
 }
 
@@ -37,10 +42,18 @@ void TestHtmlText::namesAreText() {
     QTEST(htmlText(name), "text");
 }
 
+void TestHtmlText::namesAreIsolated() {
+    QCOMPARE(isolatedText("<a>"), QByteArray("<bdi>&lt;a&gt;</bdi>"));
+    QCOMPARE(isolatedText("a", "source"), QByteArray("<bdi class=\"source\">a</bdi>"));
+}
+
 void TestHtmlText::shellWordsComeBack_data() {
     QTest::addColumn<QByteArray>("bytes");
-    for (const char* name : {"plain.mp4", "a b", "it's", "$(touch x) `y` \"z\" \\n", "-dash",
-                             "line\nbreak\t's \\x", "no\xffUTF-8 '", "\xf0\x9f\x8e\xa5"})
+    for (const char* name :
+         {"plain.mp4", "a b", "it's", "$(touch x) `y` \"z\" \\n", "-dash", "line\nbreak\t's \\x",
+          "a\xe2\x80\xae"
+          "4pm",
+          "\xc2\x9b\x9b\r", "no\xffUTF-8 '", "\xf0\x9f\x8e\xa5"})
         QTest::addRow("%s", QByteArray(name).toPercentEncoding(" ").constData())
             << QByteArray(name);
 }

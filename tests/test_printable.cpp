@@ -13,9 +13,11 @@ class TestPrintable : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase() { installFileNameCodec(); }
     void escapes_data();
     void escapes();
-    void otherBytesStay();
+    void linesKeepTheirEnds_data();
+    void linesKeepTheirEnds();
 };
 
 void TestPrintable::escapes_data() {
@@ -31,6 +33,27 @@ void TestPrintable::escapes_data() {
     // One character that starts a control sequence, too.
     QTest::newRow("C1") << QByteArray("\xc2\x9b 2J") << QByteArray("\\xc2\\x9b 2J");
     QTest::newRow("line separator") << QByteArray("\xe2\x80\xa8") << QByteArray("\\xe2\\x80\\xa8");
+    QTest::newRow("right to left") << QByteArray("a\xe2\x80\xae"
+                                                 "4pm.exe")
+                                   << QByteArray("a\\xe2\\x80\\xae"
+                                                 "4pm.exe");
+    QTest::newRow("isolate") << QByteArray("\xe2\x81\xa6\xe2\x81\xa9")
+                             << QByteArray("\\xe2\\x81\\xa6\\xe2\\x81\\xa9");
+    QTest::newRow("marks") << QByteArray("\xe2\x80\x8e\xe2\x80\x8f\xd8\x9c")
+                           << QByteArray("\\xe2\\x80\\x8e\\xe2\\x80\\x8f\\xd8\\x9c");
+    QTest::newRow("joiners, in a word and a face")
+        << QByteArray(
+               "\xd9\x85\xdb\x8c\xe2\x80\x8c\xd8\xae \xf0\x9f\x91\xa9\xe2\x80\x8d\xf0\x9f\x9a\x80")
+        << QByteArray(
+               "\xd9\x85\xdb\x8c\xe2\x80\x8c\xd8\xae \xf0\x9f\x91\xa9\xe2\x80\x8d\xf0\x9f\x9a\x80");
+    QTest::newRow("byte that steers") << QByteArray("a\x9b"
+                                                    "2J.mp4")
+                                      << QByteArray("a\\x9b"
+                                                    "2J.mp4");
+    QTest::newRow("bytes that do not") << QByteArray("caf\xe9 \xf0\x9f\x92\x80 \xa0.mp4")
+                                       << QByteArray("caf\xe9 \xf0\x9f\x92\x80 \xa0.mp4");
+    QTest::newRow("second half that looks like a byte")
+        << QByteArray("\xf0\x90\x92\x9b") << QByteArray("\xf0\x90\x92\x9b");
     QTest::newRow("backslash") << QByteArray("a\\n") << QByteArray("a\\\\n");
     QTest::newRow("empty") << QByteArray() << QByteArray();
 }
@@ -41,10 +64,19 @@ void TestPrintable::escapes() {
     QCOMPARE(QFile::encodeName(printable(QFile::decodeName(name))), shown);
 }
 
-void TestPrintable::otherBytesStay() {
-    installFileNameCodec();
-    const QByteArray name = "caf\xe9 \x82\xa0 \xf0\x9f\x92\x80.mp4";
-    QCOMPARE(QFile::encodeName(printable(QFile::decodeName(name))), name);
+void TestPrintable::linesKeepTheirEnds_data() {
+    QTest::addColumn<QByteArray>("lines");
+    QTest::addColumn<QByteArray>("shown");
+    QTest::newRow("lines") << QByteArray("a\\b\r\nc\n") << QByteArray("a\\b\r\nc\n");
+    QTest::newRow("overwritten line") << QByteArray("a\rb\n") << QByteArray("a\\rb\n");
+    QTest::newRow("null bytes") << QByteArray("a\0b\0", 4) << QByteArray("a\\x00b\\x00");
+    QTest::newRow("steering") << QByteArray("\x1b[2J\x9b,\xe2\x80\xae\n")
+                              << QByteArray("\\x1b[2J\\x9b,\\xe2\\x80\\xae\n");
+}
+
+void TestPrintable::linesKeepTheirEnds() {
+    QFETCH(QByteArray, lines);
+    QTEST(printableLines(lines), "shown");
 }
 
 QTEST_GUILESS_MAIN(TestPrintable)

@@ -104,7 +104,7 @@ void TestScanReport::everyLinkLeadsSomewhere() {
     const QStringList links = attributes(page, "href");
     QCOMPARE(links.size(), 2); // the first one leads past the head of the page
     QCOMPARE(target(links[1], report), video.toUtf8());
-    QVERIFY(page.contains("quiet.mp4 <span"));
+    QVERIFY(page.contains("quiet.mp4</bdi> <span"));
     // Only the pictures are beside the page, and nothing is left over from writing.
     QCOMPARE(QDir(report).entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden),
              QStringList({"index.html", "pictures"}));
@@ -183,7 +183,7 @@ void TestScanReport::unreadableRecordingsAreListed() {
     const ProcessResult result = scan({"--report", folder.filePath("failed"), text, video});
     QCOMPARE(result.status, 3);
     const QByteArray page = pageIn("failed");
-    QVERIFY(page.indexOf("text.mp4 <span", page.indexOf("id=\"failed\"")) > 0);
+    QVERIFY(page.indexOf("text.mp4</bdi> <span", page.indexOf("id=\"failed\"")) > 0);
     QVERIFY(page.contains("visit.mp4-0000.png"));
     QVERIFY(!page.contains("not complete"));
 }
@@ -204,7 +204,7 @@ void TestScanReport::interruptedScansAreNotComplete() {
     const QByteArray page = pageIn("cut");
     QVERIFY(page.contains("not complete"));
     QVERIFY(page.contains("pictures/stalled.mkv-0000.png"));
-    QVERIFY(page.contains("quiet.mp4 <span class=\"facts\">not begun"));
+    QVERIFY(page.contains("quiet.mp4</bdi> <span class=\"facts\">not begun"));
     QVERIFY(page.endsWith("</html>\n"));
 }
 

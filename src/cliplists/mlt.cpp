@@ -4,6 +4,8 @@
 
 #include "mlt.h"
 
+#include "steering.h"
+
 #include <QHash>
 
 #include <algorithm>
@@ -15,7 +17,7 @@ namespace {
 QByteArray xmlText(const QString& text) {
     QString escaped;
     for (const QChar letter : text) {
-        if (letter < ' ' || QStringLiteral("<>&\"'").contains(letter))
+        if (isSteering(letter) || QStringLiteral("<>&\"'").contains(letter))
             escaped += QStringLiteral("&#%1;").arg(letter.unicode());
         else
             escaped += letter;

@@ -5,6 +5,7 @@
 #include "htmltext.h"
 
 #include "filenamecodec.h"
+#include "steering.h"
 
 #include <QFile>
 
@@ -12,35 +13,12 @@
 
 namespace {
 
-QString byteEscape(uchar byte) {
-    return QStringLiteral("\\x%1").arg(int(byte), 2, 16, QLatin1Char('0'));
-}
-
-bool isControl(QChar character) {
-    return character.category() == QChar::Other_Control ||
-           character.category() == QChar::Separator_Line ||
-           character.category() == QChar::Separator_Paragraph;
-}
-
-QString controlEscape(QChar character) {
-    if (character == QLatin1Char('\n'))
-        return QStringLiteral("\\n");
-    if (character == QLatin1Char('\t'))
-        return QStringLiteral("\\t");
-    QString escapes;
-    for (const char byte : QString(character).toUtf8())
-        escapes += byteEscape(uchar(byte));
-    return escapes;
-}
-
 /// The escape of the character at a place; null where it stands for itself.
 QString escapeAt(const QString& text, int place) {
     const QChar character = text[place];
     const bool isSecondHalf = place > 0 && text[place - 1].isHighSurrogate();
-    if (isControl(character))
-        return controlEscape(character);
     if (!character.isLowSurrogate() || isSecondHalf)
-        return {};
+        return steeringEscape(text, place);
     return byteEscape(undecodedByte(character));
 }
 
@@ -63,6 +41,12 @@ QString shown(const QString& text) {
 
 QByteArray htmlText(const QString& text) {
     return shown(text).toHtmlEscaped().replace(QLatin1Char('\''), QStringLiteral("&#39;")).toUtf8();
+}
+
+QByteArray isolatedText(const QString& text, const QByteArray& htmlClass) {
+    const QByteArray start =
+        htmlClass.isEmpty() ? QByteArray("<bdi>") : "<bdi class=\"" + htmlClass + "\">";
+    return start + htmlText(text) + "</bdi>";
 }
 
 QByteArray fileReference(const QString& path, const QString& folder) {

@@ -7,10 +7,14 @@
 #include <QByteArray>
 #include <QString>
 
-/// `text` as UTF-8 between tags or in a quoted attribute, in which nothing of it is markup. Control
-/// characters and bytes that are no text (see installFileNameCodec) become "\n", "\t" or the "\xff"
-/// of their bytes.
+/// `text` as UTF-8 between tags or in a quoted attribute, in which nothing of it is markup. What
+/// steers (isSteering) and bytes that are no text (see installFileNameCodec) become "\n", "\t" or
+/// the "\xff" of their bytes.
 QByteArray htmlText(const QString& text);
+
+/// The same as an element, from which no direction of writing reaches what stands around it.
+/// `htmlClass`: of the element; empty: none.
+QByteArray isolatedText(const QString& text, const QByteArray& htmlClass = {});
 
 /// The reference to a file: relative to `folder`, if it lies in there, or a "file:" URL. Both paths
 /// are absolute; its bytes are those of QFile::encodeName, encoded where they are not plain.

@@ -4,8 +4,8 @@ const player = at("player");
 const video = at("video");
 
 function play(clip) {
-  at("playername").textContent =
-      clip.name + " " + clip.figure.querySelector("figcaption b").textContent;
+  at("playedname").textContent = clip.name;
+  at("playednumber").textContent = clip.figure.querySelector("figcaption b").textContent;
   at("command").textContent = clip.figure.dataset.command;
   at("playersaid").textContent = "";
   at("unplayable").hidden = true;

@@ -59,7 +59,7 @@ QByteArray picture(const MotionReport& report, const ReportedRecording& recordin
 
 QByteArray caption(const MotionReport& report, const ReportedRecording& recording,
                    const ReportedClip& clip) {
-    return "<figcaption><span class=\"source\">" + htmlText(recording.name) + "</span> <b>#" +
+    return "<figcaption>" + isolatedText(recording.name, "source") + " <b>#" +
            QByteArray::number(clip.index) + "</b> " + htmlText(timeText(report, clip.start)) +
            " – " + htmlText(timeText(report, clip.end)) + " <span class=\"facts\">" +
            QByteArray::number(clip.end - clip.start, 'f', 1) + " s, strength " +
@@ -79,8 +79,7 @@ QByteArray figure(const MotionReport& report, const ReportedRecording& recording
 /// The folder is less telling than the name in it.
 QByteArray heading(const QString& name) {
     const int fileName = name.lastIndexOf('/') + 1;
-    return "<span class=\"folder\">" + htmlText(name.left(fileName)) + "</span><wbr>" +
-           htmlText(name.mid(fileName));
+    return isolatedText(name.left(fileName), "folder") + "<wbr>" + isolatedText(name.mid(fileName));
 }
 
 QByteArray lengthText(const MotionReport& report, const ReportedRecording& recording) {
@@ -95,7 +94,7 @@ QByteArray lengthText(const MotionReport& report, const ReportedRecording& recor
 
 QByteArray trouble(const ReportedRecording& recording) {
     if (recording.state == SearchState::Failed)
-        return "<p class=\"trouble\">" + htmlText(recording.reason) + "</p>\n";
+        return "<p class=\"trouble\">" + isolatedText(recording.reason) + "</p>\n";
     if (recording.state == SearchState::CutShort)
         return "<p class=\"trouble\">The scan ended here; the rest was not searched.</p>\n";
     return {};

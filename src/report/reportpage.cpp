@@ -54,7 +54,7 @@ QByteArray list(const MotionReport& report, const QByteArray& id, const QByteArr
     for (const ReportedRecording& recording : report.recordings) {
         const QByteArray text = line(recording);
         if (!text.isEmpty())
-            items += "<li>" + htmlText(recording.name) + text + "</li>\n";
+            items += "<li>" + isolatedText(recording.name) + text + "</li>\n";
     }
     if (items.isEmpty())
         return {};
@@ -73,7 +73,7 @@ QByteArray quietLine(const ReportedRecording& recording) {
 QByteArray failedLine(const ReportedRecording& recording) {
     if (recording.state != SearchState::Failed)
         return {};
-    return " <span class=\"facts\">" + htmlText(recording.reason) + "</span>";
+    return " <span class=\"facts\">" + isolatedText(recording.reason) + "</span>";
 }
 
 QByteArray unsearchedLine(const ReportedRecording& recording) {

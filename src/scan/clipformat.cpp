@@ -7,6 +7,7 @@
 #include "listformats.h"
 #include "printable.h"
 #include "shortestdigits.h"
+#include "steering.h"
 
 #include <QFile>
 
@@ -99,7 +100,14 @@ private:
 
     static QByteArray written(const Json& object) {
         const std::string text = object.dump(-1, ' ', false, Json::error_handler_t::replace);
-        return QByteArray::fromStdString(text) + '\n';
+        QString line;
+        for (const QChar character : QString::fromStdString(text)) {
+            if (isSteering(character))
+                line += QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
+            else
+                line += character;
+        }
+        return line.toUtf8() + '\n';
     }
 
     bool withExports;

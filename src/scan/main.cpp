@@ -7,6 +7,7 @@
 #include "interrupt.h"
 #include "printable.h"
 #include "scanner.h"
+#include "standardoutput.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -45,6 +46,7 @@ ExitStatus print(const QString& text, QIODevice& output) {
 int main(int argc, char* argv[]) {
     holdStandardDescriptors();
     installFileNameCodec();
+    installMessageHandler();
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("kestrova-scan"));
 
@@ -52,8 +54,8 @@ int main(int argc, char* argv[]) {
     if (commandLine.action == CommandLine::Action::Reject)
         return rejectCommandLine(commandLine.text);
 
-    QFile output;
-    if (!output.open(STDOUT_FILENO, QIODevice::WriteOnly | QIODevice::Unbuffered))
+    StandardOutput output;
+    if (!output.openStandard())
         return SomeFailed;
     if (commandLine.action == CommandLine::Action::PrintText)
         return print(commandLine.text, output);

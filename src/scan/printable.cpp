@@ -4,42 +4,42 @@
 
 #include "printable.h"
 
+#include "steering.h"
+
 #include <QFile>
 
 namespace {
 
-bool isSteering(QChar character) {
-    return character.category() == QChar::Other_Control ||
-           character.category() == QChar::Separator_Line ||
-           character.category() == QChar::Separator_Paragraph;
-}
-
-QString escaped(QChar character) {
-    switch (character.unicode()) {
-    case '\n':
-        return QStringLiteral("\\n");
-    case '\t':
-        return QStringLiteral("\\t");
-    case '\r':
-        return QStringLiteral("\\r");
-    default:
-        break;
+QByteArray withoutSteering(const QByteArray& lines) {
+    const QString text = QFile::decodeName(lines);
+    QString shown;
+    for (int i = 0; i < text.size(); ++i) {
+        const bool endsLine = text[i] == '\n' || text.midRef(i, 2) == QLatin1String("\r\n");
+        const QString escape = endsLine ? QString() : steeringEscape(text, i);
+        shown += escape.isNull() ? QString(text[i]) : escape;
     }
-    QString escapes;
-    for (const char byte : QFile::encodeName(character))
-        escapes += QStringLiteral("\\x%1").arg(uchar(byte), 2, 16, QLatin1Char('0'));
-    return escapes;
+    return QFile::encodeName(shown);
 }
 
 } // namespace
 
 QString printable(const QString& text) {
     QString line;
-    for (const QChar character : text) {
-        if (character == QLatin1Char('\\'))
+    for (int i = 0; i < text.size(); ++i) {
+        const QString escape = steeringEscape(text, i);
+        if (!escape.isNull())
+            line += escape;
+        else if (text[i] == QLatin1Char('\\'))
             line += QStringLiteral("\\\\");
         else
-            line += isSteering(character) ? escaped(character) : QString(character);
+            line += text[i];
     }
     return line;
+}
+
+QByteArray printableLines(const QByteArray& lines) {
+    QByteArrayList pieces;
+    for (const QByteArray& piece : lines.split('\0')) // behind which Qt takes no name on
+        pieces += withoutSteering(piece);
+    return pieces.join("\\x00");
 }

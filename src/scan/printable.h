@@ -4,8 +4,13 @@
 
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 
-/// `text` in one line that cannot steer a terminal: control characters and line separators become
-/// "\n", "\t", "\r" or the "\x1b" of their bytes, and a backslash becomes two.
+/// `text` in one line that cannot steer a terminal: what steers (steeringEscape) becomes "\n",
+/// "\t", "\r" or the "\x1b" of its bytes, and a backslash becomes two.
 QString printable(const QString& text);
+
+/// Whole lines, their bytes those of QFile::encodeName, as a terminal may see them: the same
+/// without what steers, but with their line ends, and with backslashes as they are.
+QByteArray printableLines(const QByteArray& lines);
