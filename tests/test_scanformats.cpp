@@ -57,6 +57,8 @@ private Q_SLOTS:
     void timesAreThoseOfTheClips();
     void framesAreThoseOfThePictures();
     void laterStreamsCountFromTheFile();
+    void laterFilesCountFromTheirBeginning_data();
+    void laterFilesCountFromTheirBeginning();
     void numberedPicturesCountAsNumbered();
     void sideBySideEqualsOneAfterAnother();
     void documentsEndAfterFailures();
@@ -127,6 +129,46 @@ void TestScanFormats::laterStreamsCountFromTheFile() {
     QVERIFY(scan("cuts", {late}).output.startsWith(seconds(lateStart + 2.0) + '\t'));
     QVERIFY(scan("mlt", {late})
                 .output.contains(" in=\"" + QByteArray::number(qRound(lateStart * 25.0)) + '"'));
+}
+
+void TestScanFormats::laterFilesCountFromTheirBeginning_data() {
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QStringList>("muxing");
+    QTest::addColumn<double>("mpvClock"); // at the first picture
+    QTest::addColumn<double>("vlcClock");
+    const QStringList none;
+    const QStringList ten = {"-output_ts_offset", "10"};
+    QTest::newRow("MP4 at 0") << "zero.mp4" << none << 0.0 << 0.0;
+    // The muxer puts 1.4 s in front, as recorders do.
+    QTest::newRow("transport stream") << "recorder.ts" << none << 1.4 << 0.0;
+    QTest::newRow("transport stream at 10 s")
+        << "ten.ts" << ten + QStringList{"-muxdelay", "0", "-muxpreload", "0"} << 10.0 << 0.0;
+    QTest::newRow("Matroska at 10 s") << "ten.mkv" << ten << 10.0 << 10.0;
+    QTest::newRow("edit list that waits") << "waits.mp4" << ten << 10.0 << 10.0;
+}
+
+void TestScanFormats::laterFilesCountFromTheirBeginning() {
+    QFETCH(QString, file);
+    QFETCH(QStringList, muxing);
+    QFETCH(double, mpvClock);
+    QFETCH(double, vlcClock);
+    const QString late = folder.filePath(file);
+    // Without B pictures times of decoding and showing are the same.
+    QVERIFY(media::encode(
+        QStringList{"-i", video, "-an", "-c:v", "libx264", "-preset", "ultrafast", "-bf", "0"} +
+        muxing + QStringList{late}));
+    const double lateStart = jsonLines(scan("jsonl", {late}).output).first()["start"].toDouble();
+    const auto shown = [&](const QString& format, const QByteArray& before) {
+        const QByteArray list = scan(format, {late}).output;
+        return list.mid(list.indexOf(before) + before.size()).split('\n')[0].split(',')[0];
+    };
+    QCOMPARE(shown("mpv", late.toUtf8() + ','), seconds(mpvClock + lateStart));
+    QCOMPARE(shown("m3u", "start-time="), seconds(vlcClock + lateStart));
+    QVERIFY(scan("cuts", {late}).output.startsWith(seconds(lateStart) + '\t'));
+    // What was kept knows it, too.
+    const QStringList keeping = {"--values", folder.filePath("kept"), late};
+    const ProcessResult fresh = scan("mpv", keeping);
+    QCOMPARE(scan("mpv", keeping).output, fresh.output);
 }
 
 void TestScanFormats::numberedPicturesCountAsNumbered() {

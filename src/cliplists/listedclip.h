@@ -12,6 +12,8 @@ struct ListedRecording {
     QString path;                 ///< absolute; its bytes are those of QFile::encodeName
     QString name;                 ///< for a person, in one line
     double offset = 0.0;          ///< seconds from the file's beginning to its first picture
+    double fileStart = 0.0;       ///< what its streams' clock says at the file's beginning, seconds
+    double vlcStart = 0.0;        ///< what VLC's clock says there
     QSize size;                   ///< pixels
     int frameRateNumerator = 25;  ///< pictures per second; on average where they vary
     int frameRateDenominator = 1; ///< 1 or more

@@ -24,9 +24,10 @@ QByteArray m3uHead() {
 QByteArray m3uLines(const ListedClip& clip) {
     const auto length = QByteArray::number(std::ceil(clip.end - clip.start), 'f', 0);
     return "#EXTINF:" + length + ',' + QFile::encodeName(clip.label()) + '\n' +
-           "#EXTVLCOPT:start-time=" + secondsText(clip.startInFile()) + '\n' +
-           "#EXTVLCOPT:stop-time=" + secondsText(clip.endInFile()) + '\n' +
-           fileUrl(clip.recording.path) + '\n';
+           "#EXTVLCOPT:start-time=" + secondsText(clip.recording.vlcStart + clip.startInFile()) +
+           '\n' +
+           "#EXTVLCOPT:stop-time=" + secondsText(clip.recording.vlcStart + clip.endInFile()) +
+           '\n' + fileUrl(clip.recording.path) + '\n';
 }
 
 QByteArray mpvHead() {
@@ -37,7 +38,7 @@ QByteArray mpvHead() {
 QByteArray mpvLine(const ListedClip& clip) {
     const QByteArray path = QFile::encodeName(clip.recording.path);
     return '%' + QByteArray::number(path.size()) + '%' + path + ',' +
-           secondsText(clip.startInFile()) + ',' +
+           secondsText(clip.recording.fileStart + clip.startInFile()) + ',' +
            secondsText(clip.endInFile() - clip.startInFile()) + '\n';
 }
 

@@ -10,6 +10,7 @@
 #include "playlists.h"
 #include "printable.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 #include <map>
@@ -17,11 +18,25 @@
 
 namespace {
 
+/// VLC counts from the beginning of most files. Of Matroska and MP4 it shows the times as they are
+/// written.
+bool hasClockOfStreamsInVlc(const QString& path) {
+    QFile file(path);
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return false;
+    const QByteArray head = file.read(8);
+    const QByteArray box = head.mid(4);
+    return head.startsWith("\x1a\x45\xdf\xa3") || box == "ftyp" || box == "moov" || box == "mdat";
+}
+
 ListedRecording listed(const QString& video, const PlayedRecording& played) {
     ListedRecording recording;
     recording.path = QFileInfo(video).absoluteFilePath();
     recording.name = printable(video);
     recording.offset = played.offset;
+    recording.fileStart = played.stream.startTime;
+    if (recording.fileStart != 0.0 && hasClockOfStreamsInVlc(recording.path))
+        recording.vlcStart = recording.fileStart;
     recording.size = played.stream.size;
     const auto take = [](const Ratio& ratio, int& numerator, int& denominator) {
         if (ratio.numerator <= 0 || ratio.denominator <= 0)
