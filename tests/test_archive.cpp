@@ -10,11 +10,15 @@
 #include "process.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QImage>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <csignal>
 
 namespace {
 
@@ -35,7 +39,16 @@ private Q_SLOTS:
     void measuresWithWhatValuesDependOn();
     void knowsWhatValuesDependOn();
     void goesOnWhereItEnded();
+    void listsAnew();
+    void aListThatCannotBeReadFailsAgain();
     void aChangedMaskIsAnotherOne();
+    void namesAreNoPrograms();
+    void uselessHostsEndIt_data();
+    void uselessHostsEndIt();
+    void aSignalEndsAll_data();
+    void aSignalEndsAll();
+    void saysHowFarItIs();
+    void bashCompletesItsOptions();
     void namesWhatIsMissing();
     void usageErrors_data();
     void usageErrors();
@@ -44,6 +57,15 @@ private:
     QString path(const QString& name) const { return folder.filePath(name); }
     QStringList archivesIn(const QString& name) const {
         return QDir(path(name)).entryList({"archive-*"}, QDir::Dirs);
+    }
+    /// How many jobs of the last call have ended.
+    int endsIn(const QString& name) const {
+        const QDir ends(path(name + '/' + archivesIn(name).value(0) + "/ends"), {}, QDir::Name,
+                        QDir::Files);
+        int count = 0;
+        for (const QString& host : ends.entryList())
+            count += readFile(ends.filePath(host)).simplified().split(' ').size() / 2;
+        return count;
     }
 
     QTemporaryDir folder; ///< recordings/: two recordings, and one that is none
@@ -90,7 +112,7 @@ void TestArchive::measuresWithWhatValuesDependOn() {
 
 void TestArchive::knowsWhatValuesDependOn() {
     const QString text =
-        QString::fromUtf8(readFile(KESTROVA_SOURCE "/src/archive/kestrova-archive"));
+        QString::fromUtf8(readFile(KESTROVA_SOURCE "/src/archive/archive/scanner.py"));
     const auto list = QRegularExpression("MEASURING = \\[([^]]*)\\]").match(text).captured(1);
     QStringList names;
     for (const QString& word : list.split(','))
@@ -103,21 +125,52 @@ void TestArchive::goesOnWhereItEnded() {
         QSKIP(noEngine);
     const QStringList arguments = options + QStringList{"--values", path("on"), path("recordings")};
     const ProcessResult first = runProgram("kestrova-archive", arguments);
-    const QString work = path("on/" + archivesIn("on").value(0));
-    // The list is that of the first call, and what is done has no job.
-    QVERIFY(QFile::copy(path("recordings/noise.mp4"), path("recordings/new.mp4")));
-    const QByteArray log = readFile(work + "/joblog");
-    QCOMPARE(log.count('\n'), 3);
+    QCOMPARE(endsIn("on"), 3);
     const ProcessResult second = runProgram("kestrova-archive", arguments);
     QCOMPARE(second.status, 3);
     QCOMPARE(second.output, first.output);
-    QCOMPARE(readFile(work + "/joblog"), log);
-    // What has no end is a job again; a line that a full disk cut short is none.
-    const QDir ends(work + "/ends", {}, QDir::Name, QDir::Files);
-    QVERIFY(writeFile(ends.filePath(ends.entryList().value(0)), "1 0\n2 0\n3 "));
+    QCOMPARE(endsIn("on"), 0);
+    // What has no values is measured again, and so is what has damaged ones.
+    const QDir kept(path("on"), "*.values", QDir::Name, QDir::Files);
+    QVERIFY(QFile::remove(kept.filePath(kept.entryList().value(0))));
+    QVERIFY(writeFile(kept.filePath(kept.entryList().value(1)), "# kestrova values 1\n"));
     QCOMPARE(runProgram("kestrova-archive", arguments).output, first.output);
-    QCOMPARE(readFile(work + "/joblog").count('\n'), 4);
-    QVERIFY(QFile::remove(path("recordings/new.mp4")));
+    QCOMPARE(endsIn("on"), 2);
+}
+
+void TestArchive::listsAnew() {
+    if (!hasEngine())
+        QSKIP(noEngine);
+    QVERIFY(QDir(folder.path()).mkpath("growing"));
+    const QString source = path("recordings/line\nbreak.mkv");
+    QVERIFY(QFile::copy(source, path("growing/1.mkv")));
+    QVERIFY(writeFile(path("list"), (path("growing/1.mkv") + '\n').toUtf8()));
+    const QStringList named = {path("growing")};
+    const QStringList listed = {"--list", path("list")};
+    const QStringList kept = {"--values", path("grown")};
+    for (const QStringList& inputs : {named, listed})
+        QCOMPARE(runProgram("kestrova-archive", options + kept + inputs).status, 0);
+    QVERIFY(QFile::copy(source, path("growing/2.mkv")));
+    QVERIFY(writeFile(path("list"), (path("growing/2.mkv") + '\n').toUtf8()));
+    for (const QStringList& inputs : {named, listed}) {
+        const ProcessResult archive = runProgram("kestrova-archive", options + kept + inputs);
+        QCOMPARE(archive.status, 0);
+        QVERIFY(archive.output.contains("growing/2.mkv"));
+        QCOMPARE(archive.output, runProgram("kestrova-scan", options + inputs).output);
+    }
+}
+
+void TestArchive::aListThatCannotBeReadFailsAgain() {
+    if (!hasEngine())
+        QSKIP(noEngine);
+    const QStringList arguments = {"--values", path("unlisted"), "--list", path("no list"),
+                                   path("recordings")};
+    for (int i = 0; i < 2; ++i) {
+        const ProcessResult archive = runProgram("kestrova-archive", options + arguments);
+        QCOMPARE(archive.status, 1);
+        QVERIFY2(archive.errors.contains("no list"), archive.errors.constData());
+        QVERIFY(archive.output.contains("\"clips\":1"));
+    }
 }
 
 void TestArchive::aChangedMaskIsAnotherOne() {
@@ -141,6 +194,142 @@ void TestArchive::aChangedMaskIsAnotherOne() {
                         {"--values", path("masked"), "--mask", path("no.png"), path("recordings")})
                  .status,
              2);
+}
+
+/// Everything that a person names, named like what GNU parallel, shells and Slurm take for a
+/// program.
+void TestArchive::namesAreNoPrograms() {
+    if (!hasEngine())
+        QSKIP(noEngine);
+    const QString odd = "{=system(\"touch HIT\")=}{} {.} {1} %j $(touch HIT)`touch HIT`\\";
+    const QByteArray marks = "\257<system(\"touch HIT\")\257>";
+    QVERIFY(QDir(folder.path()).mkpath(odd + "/in"));
+    for (const QByteArray& name : {QFile::encodeName(odd), marks})
+        QVERIFY(QFile::copy(path("recordings/line\nbreak.mkv"),
+                            path(odd + "/in/" + QFile::decodeName(name) + ".mkv")));
+    const QString call = "cd \"$1\" && shift && exec \"$@\"";
+    const QStringList arguments = options + QStringList{"--report", "report" + odd, "in"};
+    const auto run = [&](const QString& program, const QStringList& more) {
+        return runProgram("/bin/sh", QStringList{"-c", call, "sh", path(odd),
+                                                 media::programDirectory() + '/' + program} +
+                                         more + arguments);
+    };
+    const ProcessResult scan = run("kestrova-scan", {});
+    const ProcessResult archive = run("kestrova-archive", {"--values", "kept" + odd});
+    QCOMPARE(archive.status, 0);
+    QCOMPARE(archive.output, scan.output);
+    QVERIFY(scan.output.count("\"clips\":1") == 2);
+    QDirIterator entries(folder.path(), {"HIT*"}, QDir::AllEntries, QDirIterator::Subdirectories);
+    QVERIFY2(!entries.hasNext(), qPrintable(entries.next()));
+}
+
+void TestArchive::uselessHostsEndIt_data() {
+    QTest::addColumn<QByteArray>("hosts");
+    QTest::addColumn<QByteArray>("reason");
+    QTest::newRow("none") << QByteArray("# later\n\n") << QByteArray("names no host");
+    QTest::newRow("a program") << QByteArray("1/{=system(\"touch HIT\")=}\n")
+                               << QByteArray("is no host");
+    QTest::newRow("an option") << QByteArray("1/-oProxyCommand=touch HIT\n")
+                               << QByteArray("is no host");
+    QTest::newRow("one that is not there")
+        << QByteArray("1/kestrova.invalid\n") << QByteArray("host kestrova.invalid is not used: ");
+}
+
+void TestArchive::uselessHostsEndIt() {
+    if (!hasEngine() || QStandardPaths::findExecutable("ssh").isEmpty())
+        QSKIP("GNU parallel or ssh is not installed");
+    QFETCH(QByteArray, hosts);
+    QFETCH(QByteArray, reason);
+    QVERIFY(writeFile(path("hosts"), hosts));
+    QVERIFY(QDir(path("nowhere")).removeRecursively());
+    const QStringList arguments = options + QStringList{"--values", path("nowhere"), "--hosts",
+                                                        path("hosts"), path("recordings")};
+    const ProcessResult failed = runProgram("kestrova-archive", arguments);
+    QCOMPARE(failed.status, 1);
+    QCOMPARE(failed.output, QByteArray());
+    QVERIFY2(failed.errors.contains(reason), failed.errors.constData());
+    QVERIFY2(failed.errors.contains("3 of 3 recordings are not measured"),
+             failed.errors.constData());
+    QCOMPARE(QDir(path("nowhere")).entryList({"*.values"}), QStringList());
+    const ProcessResult finished =
+        runProgram("kestrova-archive", arguments + QStringList{"--finish-here"});
+    QCOMPARE(finished.status, 3);
+    QCOMPARE(finished.output,
+             runProgram("kestrova-scan", options + QStringList{path("recordings")}).output);
+    QVERIFY(!QFileInfo::exists(path("HIT")) && !QFileInfo::exists("HIT"));
+}
+
+void TestArchive::aSignalEndsAll_data() {
+    QTest::addColumn<int>("number");
+    QTest::newRow("SIGINT") << SIGINT;
+    QTest::newRow("SIGTERM") << SIGTERM;
+    QTest::newRow("SIGHUP") << SIGHUP;
+}
+
+void TestArchive::aSignalEndsAll() {
+    if (!hasEngine())
+        QSKIP(noEngine);
+    QFETCH(int, number);
+    // In the scanner's place: it measures for ever, and says so.
+    const QString place = path(QString("signal%1").arg(number));
+    QVERIFY(QDir(place).mkpath("kept"));
+    const QString scanner = media::programDirectory() + "/kestrova-scan";
+    QVERIFY(writeFile(place + "/kestrova-scan",
+                      ("#!/bin/sh\ncase $* in *--threads=1*) echo $$ >>'" + place +
+                       "/begun'; exec sleep 3600;; esac\nexec '" + scanner + "' \"$@\"\n")
+                          .toUtf8()));
+    QVERIFY(QFile::setPermissions(place + "/kestrova-scan", QFile::ReadOwner | QFile::ExeOwner));
+    QVERIFY(
+        QFile::link(KESTROVA_SOURCE "/src/archive/kestrova-archive", place + "/kestrova-archive"));
+    QProcess process;
+    process.start(place + "/kestrova-archive",
+                  {"--jobs=2", "--values", place + "/kept", path("recordings")});
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo(place + "/begun").size() > 0, 30000);
+    QCOMPARE(kill(pid_t(process.processId()), number), 0);
+    QVERIFY(process.waitForFinished());
+    QCOMPARE(process.exitCode(), 130);
+    QVERIFY(process.readAllStandardError().contains("interrupted; the same call goes on"));
+    for (const QByteArray& begun : readFile(place + "/begun").simplified().split(' '))
+        QTRY_COMPARE(kill(begun.toInt(), 0), -1);
+}
+
+void TestArchive::saysHowFarItIs() {
+    if (!hasEngine())
+        QSKIP(noEngine);
+    const QStringList arguments = {"--values", path("far"), path("recordings")};
+    const auto told = [&](const char* option) {
+        return runProgram("kestrova-archive", QStringList{option} + arguments).output;
+    };
+    QVERIFY(told("--status").startsWith("0 of 3 recordings are measured, 3 are left.\nNo call"));
+    QVERIFY(told("--dry-run").contains("GNU parallel would measure them on this machine.\nLog: "));
+    QCOMPARE(QDir(path("far")).entryList({"*.values"}), QStringList());
+    QVERIFY(runProgram("kestrova-archive", arguments)
+                .errors.contains("3 of 3 recordings are to be "
+                                 "measured; log: "));
+    QVERIFY(told("--status").startsWith("3 of 3 recordings are measured, 0 are left.\n"));
+    QCOMPARE(runProgram("kestrova-archive", {"--version"}).output.replace("archive", "scan"),
+             runProgram("kestrova-scan", {"--version"}).output);
+}
+
+void TestArchive::bashCompletesItsOptions() {
+    if (QStandardPaths::findExecutable("bash").isEmpty())
+        QSKIP("bash is not installed");
+    const QString ask = "_kestrova_scan() { COMPREPLY=(--names --merge --unmeasured --part); }\n"
+                        ". " KESTROVA_SOURCE "/src/archive/kestrova-archive.bash\n"
+                        "ask() { COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); COMPREPLY=()\n"
+                        "  _kestrova_archive 2>/dev/null; echo \"${COMPREPLY[*]}\"; }\n"
+                        "ask kestrova-archive --s\n"
+                        "ask kestrova-archive --split ''\n"
+                        "ask kestrova-archive --m\n";
+    QCOMPARE(runProgram("/bin/bash", {"-c", ask}).output,
+             QByteArray("--merge --slurm --slurm-args --split --status\n\n--merge\n"));
+    const QByteArray completion = readFile(KESTROVA_SOURCE "/src/archive/kestrova-archive.bash");
+    const QString help = QString::fromUtf8(runProgram("kestrova-archive", {"--help"}).output);
+    auto names =
+        QRegularExpression("^  (--[a-z-]+)", QRegularExpression::MultilineOption).globalMatch(help);
+    QVERIFY(names.hasNext());
+    while (names.hasNext())
+        QVERIFY(completion.contains(names.next().captured(1).toUtf8()));
 }
 
 void TestArchive::namesWhatIsMissing() {

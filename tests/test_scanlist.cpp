@@ -9,6 +9,7 @@
 #include "process.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -42,6 +43,7 @@ private Q_SLOTS:
     void listIsSearched();
     void listFromStandardInput();
     void namesAreThoseOfTheSearch();
+    void unmeasuredAreThoseWithoutValues();
     void whatCannotBeReadIsNamed();
     void nothingFoundIsNoFailure();
     void traceOverwritesNothingFound();
@@ -104,6 +106,33 @@ void TestScanList::namesAreThoseOfTheSearch() {
     QCOMPARE(scan({"--names", "--list", path("names"), "--null"}).output, names);
     QCOMPARE(scan({"--names", "--list", path("missing"), odd}).status, 1);
     QCOMPARE(scan({"--names"}).status, 2);
+}
+
+void TestScanList::unmeasuredAreThoseWithoutValues() {
+    const QString missing = path("missing.mkv"); // what is not there cannot be kept
+    const QStringList asked = {"--unmeasured", "--values", path("kept"), path("a"), missing};
+    const auto names = [](const QStringList& videos) {
+        return videos.isEmpty() ? QByteArray() : (videos.join(QChar()) + QChar()).toUtf8();
+    };
+    QCOMPARE(scan(asked).output, names(both));
+    QVERIFY(!QFileInfo::exists(path("kept")));
+    QCOMPARE(scan({"--values", path("kept"), both[0]}).status, 0);
+    QCOMPARE(scan(asked).output, names({both[1]}));
+    QCOMPARE(scan(asked + QStringList{"--jobs", "3", both[0]}).output, names({both[1]}));
+    QCOMPARE(scan(asked + QStringList{"--skip", "1"}).output, names(both));
+    // In parts: all of them, or it is left.
+    QCOMPARE(scan({"--values", path("kept"), "--part", "1/2", both[1]}).status, 0);
+    QCOMPARE(scan(asked).output, names({both[1]}));
+    QCOMPARE(scan({"--values", path("kept"), "--part", "2/2", both[1]}).status, 0);
+    QCOMPARE(scan(asked).output, QByteArray());
+    QDirIterator files(path("kept"), {"1.mp4*"});
+    QVERIFY(writeFile(files.next(), "damaged\n"));
+    const ProcessResult damaged = scan(asked);
+    QCOMPARE(damaged.status, 0);
+    QCOMPARE(damaged.output, names({both[0]}));
+    QVERIFY(damaged.errors.contains("not used, measured anew"));
+    QCOMPARE(scan({"--unmeasured", path("a")}).status, 2);
+    QCOMPARE(scan(asked + QStringList{"--part", "1/2"}).status, 2);
 }
 
 void TestScanList::whatCannotBeReadIsNamed() {

@@ -194,6 +194,9 @@ CommandLine parseCommandLine(const QStringList& arguments) {
         if (parser.isSet(option))
             options.givenMeasureOptions += option;
     }
+    options.isMissingAsked = parser.isSet("unmeasured");
+    if (options.isMissingAsked && (options.part || !parser.isSet("values")))
+        values.reject(QStringLiteral("--unmeasured needs --values, and excludes --part"));
     options.jobs = values.integer("jobs");
     options.quiet = parser.isSet("quiet");
     if (parser.positionalArguments().isEmpty() && !parser.isSet("list"))
@@ -211,7 +214,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     checkTrace(options, parser, values);
     if (!values.error.isEmpty())
         return {CommandLine::Action::Reject, {}, values.error};
-    const bool areNamesWanted = parser.isSet("names");
+    const bool areNamesWanted = parser.isSet("names") || options.isMissingAsked;
     return {
         areNamesWanted ? CommandLine::Action::PrintNames : CommandLine::Action::Scan, options, {}};
 }

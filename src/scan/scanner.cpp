@@ -50,6 +50,32 @@ ExitStatus scanOne(int index, const ScanOptions& options, ScanOutputs& outputs) 
     return RecordingScan(index, options, outputs).run();
 }
 
+/// The recordings that could be measured and kept, and are not. What is no file cannot be kept.
+QStringList unmeasured(const ScanOptions& asked, Messages& messages) {
+    const ScanOptions options = withNamedValues(asked);
+    const ValuesStore values(options, messages);
+    const int count = options.videos.size();
+    std::vector<char> isMissing(std::size_t(count), 0);
+    std::atomic<int> next{0};
+    const auto work = [&] {
+        int index = 0;
+        while ((index = next++) < count) {
+            const ValuesStore::Found found = values.find(index);
+            isMissing[std::size_t(index)] = found.stamp && !found.values;
+        }
+    };
+    std::vector<std::thread> workers = startThreads(std::min(options.jobs, count) - 1, work);
+    work();
+    for (std::thread& worker : workers)
+        worker.join();
+    QStringList names;
+    for (int i = 0; i < count; ++i) {
+        if (isMissing[std::size_t(i)])
+            names += asked.videos[i];
+    }
+    return names;
+}
+
 /// Scans all recordings, `options.jobs` at a time; AllDone if nothing went wrong with any.
 ExitStatus scanAll(const ScanOptions& options, ScanOutputs& outputs) {
     std::atomic<int> next{0};
@@ -181,7 +207,8 @@ ExitStatus printNames(const ScanOptions& options, QIODevice& output) {
     Messages messages(options.quiet);
     const bool isFound = complain(options.complaints, messages);
     QByteArray names;
-    for (const QString& video : options.videos)
+    for (const QString& video :
+         options.isMissingAsked ? unmeasured(options, messages) : options.videos)
         names += QFile::encodeName(video) + '\0';
     if (writeAll(output, names))
         return isFound ? AllDone : SomeFailed;

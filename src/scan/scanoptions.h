@@ -45,6 +45,7 @@ struct ScanOptions {
     ExportOptions exporting;
     QString traceFile;               ///< empty: no trace
     QString valuesDirectory;         ///< empty: no motion values are kept
+    bool isMissingAsked = false;     ///< names are those of recordings without kept values
     QStringList givenMeasureOptions; ///< names of those that a person gave, of all that values
                                      ///< depend on
     QStringList valuesFiles;         ///< one per video, empty where the recording itself was named

@@ -82,6 +82,8 @@ QVector<ScanOption> makeOptions() {
         toggle(G::Input, "null", "Names in the list end with null bytes, not with lines"),
         toggle(G::Input, "names",
                "Print the names of the recordings, each ended by a null byte, and search none"),
+        toggle(G::Input, "unmeasured",
+               "The same for those files alone of which --values keeps nothing that fits yet"),
 
         inWindow("Prerecord", stored(G::Clips, "prerecord", "S", settings::prerecord,
                                      "Seconds kept before the motion")),
