@@ -6,9 +6,7 @@
 # all modules and is only there with all of them: three hundred packages more.
 #
 # Makes an imported target opencv_NAME for each component NAME.
-find_path(
-  OpenCVModules_INCLUDE_DIR opencv2/core/version.hpp
-  PATH_SUFFIXES opencv4)
+find_path(OpenCVModules_INCLUDE_DIR opencv2/core/version.hpp PATH_SUFFIXES opencv4)
 mark_as_advanced(OpenCVModules_INCLUDE_DIR)
 
 if(OpenCVModules_INCLUDE_DIR)
@@ -38,9 +36,8 @@ if(OpenCVModules_FOUND)
     if(NOT TARGET opencv_${module})
       add_library(opencv_${module} UNKNOWN IMPORTED)
       set_target_properties(
-        opencv_${module}
-        PROPERTIES IMPORTED_LOCATION ${OpenCVModules_${module}_LIBRARY}
-                   INTERFACE_INCLUDE_DIRECTORIES ${OpenCVModules_INCLUDE_DIR})
+        opencv_${module} PROPERTIES IMPORTED_LOCATION ${OpenCVModules_${module}_LIBRARY}
+                                    INTERFACE_INCLUDE_DIRECTORIES ${OpenCVModules_INCLUDE_DIR})
     endif()
   endforeach()
 endif()

@@ -9,4 +9,11 @@ find_package(OpenCVModules 4.6 REQUIRED COMPONENTS core)
 find_package(nlohmann_json 3.11 REQUIRED)
 find_package(Threads REQUIRED)
 find_package(PkgConfig REQUIRED)
-pkg_check_modules(LIBAV REQUIRED IMPORTED_TARGET libavformat libavcodec libavutil libswscale)
+pkg_check_modules(
+  LIBAV
+  REQUIRED
+  IMPORTED_TARGET
+  libavformat
+  libavcodec
+  libavutil
+  libswscale)

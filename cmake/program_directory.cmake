@@ -41,10 +41,7 @@ endfunction()
 
 # Installs a program into the program directory and links it from bin/.
 function(kestrova_install_program target component)
-  install(
-    TARGETS ${target}
-    RUNTIME DESTINATION ${KESTROVA_PROGRAM_DIR}
-    COMPONENT ${component})
+  install(TARGETS ${target} RUNTIME DESTINATION ${KESTROVA_PROGRAM_DIR} COMPONENT ${component})
   kestrova_install_link(${CMAKE_INSTALL_BINDIR}/${target} ${KESTROVA_PROGRAM_DIR}/${target}
                         ${component})
 endfunction()

@@ -16,5 +16,5 @@ target_compile_options(
             -Wnon-virtual-dtor
             -Woverloaded-virtual
             $<$<BOOL:${KESTROVA_WERROR}>:-Werror>)
-target_compile_definitions(
-  kestrova_warnings INTERFACE QT_NO_CAST_FROM_BYTEARRAY QT_NO_URL_CAST_FROM_STRING)
+target_compile_definitions(kestrova_warnings INTERFACE QT_NO_CAST_FROM_BYTEARRAY
+                                                       QT_NO_URL_CAST_FROM_STRING)

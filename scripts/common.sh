@@ -33,7 +33,7 @@ install_packages() {
         is_installed "$package" || missing+=("$package")
     done < <(packages "$1")
     [ ${#missing[@]} -eq 0 ] && return
-    say "Installing: ${missing[*]}"
+    say "Missing: ${missing[*]}"
     local as_root=()
     [ "$(id -u)" -eq 0 ] || as_root=(sudo)
     if [ ${#as_root[@]} -gt 0 ] && ! command -v sudo >/dev/null; then
@@ -41,21 +41,35 @@ install_packages() {
         exit 1
     fi
     "${as_root[@]}" apt-get update -q >&2
+    # A line for each file: address, name, bytes, digest.
+    "${as_root[@]}" apt-get install --print-uris -qq --no-install-recommends "${missing[@]}" |
+        awk '{ bytes += $3 } END { printf "Downloading %d packages, %.0f MB ...\n", NR, bytes / 1e6 }' >&2
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -q -y --no-install-recommends "${missing[@]}" >&2
 }
 
-# build PRESET: configures and builds build/PRESET, quietly unless something is wrong.
-build() {
+# quietly COMMAND...: shows what a command says only where it fails.
+quietly() {
     local log
     log=$(mktemp)
-    say "Building $1 ..."
-    if ! { cd "$root" && cmake --preset "$1" && cmake --build --preset "$1"; } >"$log" 2>&1; then
+    if ! "$@" >"$log" 2>&1; then
         cat "$log" >&2
         rm -f "$log"
         return 1
     fi
     rm -f "$log"
+}
+
+# build PRESET: configures and builds build/PRESET. On a terminal ninja says in one line how far it is.
+build() {
+    local to_log=quietly
+    [ ! -t 2 ] || to_log=''
+    say "Building $1 ..."
+    (
+        cd "$root"
+        quietly cmake --preset "$1"
+        NINJA_STATUS='[%f of %t] ' $to_log cmake --build --preset "$1" >&2
+    )
 }
 
 # source_files: the names of the project's files, each ended by a null byte.

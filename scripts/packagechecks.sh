@@ -53,6 +53,14 @@ unpacked() {
     printf '%s\n' "$scratch/unpacked"
 }
 
+check_versions() {
+    must_pass "one version everywhere" "$root/scripts/versions"
+    copy_sources "$scratch/versions"
+    sed -i 's/<release version="/&9./' "$scratch"/versions/resources/*.metainfo.xml
+    must_refuse "another version in the metainfo" "do not name the same version" \
+        "$root/scripts/versions" "$scratch/versions"
+}
+
 check_desktop_entry() {
     local entry
     entry=$(unpacked)/usr/share/applications/kestrova.desktop

@@ -13,6 +13,7 @@ _kestrova_archive() {
     --hosts) compopt -o filenames; mapfile -t COMPREPLY < <(compgen -f -- "${cur#=}"); return ;;
     --slurm-args | --split) COMPREPLY=(); return ;;
   esac
+  # shellcheck source=/dev/null # that of the installation
   declare -F _kestrova_scan >/dev/null || . "$(dirname "${BASH_SOURCE[0]}")/kestrova-scan"
   _kestrova_scan "$@"
   [[ $cur == -* ]] || return 0
