@@ -18,6 +18,9 @@ private Q_SLOTS:
     void name_data();
     void name();
     void takesTheFirstFreeNumber();
+    void manyOfOneName();
+    void manyNamesAtOnce();
+    void folderThatCannotBeMadeTakesNoNumber();
     void longNames_data();
     void longNames();
     void longNamesStayUnique();
@@ -51,6 +54,41 @@ void TestClipFolder::takesTheFirstFreeNumber() {
             QDir(folder->path()).mkpath("garden_mp4_2"));
     QCOMPARE(makeClipFolder("garden.mp4", folder->path()), folder->filePath("garden_mp4_1"));
     QCOMPARE(makeClipFolder("garden.mp4", folder->path()), folder->filePath("garden_mp4_3"));
+}
+
+void TestClipFolder::manyOfOneName() {
+    const QDir directory(folder->path());
+    QVERIFY(directory.mkpath("garden_mp4_1") && directory.mkpath("garden_mp4_4"));
+    ClipFolderNumbers numbers;
+    for (const char* name : {"garden_mp4_0", "garden_mp4_2", "garden_mp4_3", "garden_mp4_5"})
+        QCOMPARE(makeClipFolder("garden.mp4", folder->path(), &numbers), folder->filePath(name));
+    // Those that were found taken are not looked at again.
+    QVERIFY(directory.rmdir("garden_mp4_0"));
+    QCOMPARE(makeClipFolder("garden.mp4", folder->path(), &numbers),
+             folder->filePath("garden_mp4_6"));
+    QCOMPARE(makeClipFolder("garden.mp4", folder->path()), folder->filePath("garden_mp4_0"));
+}
+
+void TestClipFolder::manyNamesAtOnce() {
+    ClipFolderNumbers numbers;
+    const QString longBase(251, 'a');
+    for (int number = 0; number < 12; ++number) {
+        const QString tail = QString::number(number);
+        QCOMPARE(makeClipFolder("a/yard.mp4", folder->path(), &numbers),
+                 folder->filePath("yard_mp4_" + tail));
+        QCOMPARE(makeClipFolder("b/yard.avi", folder->path(), &numbers),
+                 folder->filePath("yard_avi_" + tail));
+        const QString made = makeClipFolder(longBase + ".mp4", folder->path(), &numbers);
+        QVERIFY(made.endsWith("a_mp4_" + tail) && QFileInfo(made).isDir());
+    }
+}
+
+void TestClipFolder::folderThatCannotBeMadeTakesNoNumber() {
+    const QString nowhere = folder->filePath("file");
+    QVERIFY(QFile(nowhere).open(QIODevice::WriteOnly));
+    ClipFolderNumbers numbers;
+    for (int time = 0; time < 2; ++time)
+        QCOMPARE(makeClipFolder("garden.mp4", nowhere, &numbers), nowhere + "/garden_mp4_0");
 }
 
 void TestClipFolder::longNames_data() {

@@ -22,14 +22,16 @@ QString clipFolderName(const QString& fileName, int number, int longest) {
     return joined();
 }
 
-QString makeClipFolder(const QString& fileName, const QString& exportDirectory) {
+QString makeClipFolder(const QString& fileName, const QString& exportDirectory,
+                       ClipFolderNumbers* numbers) {
     const QDir directory(exportDirectory);
     const int longest = longestNameIn(exportDirectory);
-    QString name;
-    int number = 0;
-    do {
-        name = clipFolderName(fileName, number++, longest);
-    } while (directory.exists(name));
+    QString name = clipFolderName(fileName, 0, longest);
+    int begin = 0;
+    int& number = numbers ? (*numbers)[name] : begin;
+    // Where the folder cannot be made, the next video gets the same name, as if alone.
+    while (directory.exists(name = clipFolderName(fileName, number, longest)))
+        ++number;
     directory.mkpath(name);
     return directory.absoluteFilePath(name);
 }

@@ -71,7 +71,8 @@ DetectionOptions detectionOptions(const Video& job) {
 
 Video::Video(const QString& fileName, const QString& exportDirectory, double prerecord,
              double postrecord, double minimum, int skip, bool autoExport, const QImage* mask,
-             const QRect* roiRect, bool exportTimestamps, const QDateTime& startDateTime)
+             const QRect* roiRect, bool exportTimestamps, const QDateTime& startDateTime,
+             ClipFolderNumbers* numbers)
     : fileName(fileName)
     , state(Waiting)
     , fileSize(QFileInfo(fileName).size())
@@ -87,7 +88,7 @@ Video::Video(const QString& fileName, const QString& exportDirectory, double pre
     , intraCodec(false)
     , exportTimestamps(exportTimestamps)
     , startDateTime(startDateTime) {
-    clipDirectory = makeClipFolder(fileName, exportDirectory);
+    clipDirectory = makeClipFolder(fileName, exportDirectory, numbers);
 }
 
 Video::~Video() = default;

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "clipfolder.h"
 #include "firstframe.h"
 
 #include <QDateTime>
@@ -33,9 +34,11 @@ public:
     /// Margins in seconds, `skip` in frames. A mask or rectangle (coordinates of the mask image) is
     /// copied; both may be null, and a rectangle needs the mask beside it. Makes the job's own clip
     /// folder inside `exportDirectory`; whether that worked shows only when a clip is exported.
+    /// Jobs that are made at once for one export directory may share `numbers`.
     Video(const QString& fileName, const QString& exportDirectory, double prerecord,
           double postrecord, double minimum, int skip, bool autoExport, const QImage* mask,
-          const QRect* roiRect, bool exportTimestamps, const QDateTime& startDateTime);
+          const QRect* roiRect, bool exportTimestamps, const QDateTime& startDateTime,
+          ClipFolderNumbers* numbers = nullptr);
     ~Video() override;
 
     /// The file's name without its folder.

@@ -104,9 +104,10 @@ void EditMaskWindow::on_pushButtonAddAll_clicked() {
     if (!isExportDirectoryGood())
         return;
     saveSettings();
-    createJob(currentFile);
+    ClipFolderNumbers numbers;
+    createJob(currentFile, &numbers);
     while (!pendingFiles.isEmpty())
-        createJob(pendingFiles.takeFirst());
+        createJob(pendingFiles.takeFirst(), &numbers);
     showNext();
     Q_EMIT newVideo();
 }
@@ -303,12 +304,12 @@ bool EditMaskWindow::isExportDirectoryGood() const {
     return false;
 }
 
-void EditMaskWindow::createJob(const QString& path) {
+void EditMaskWindow::createJob(const QString& path, ClipFolderNumbers* numbers) {
     ui->maskEditor->dropStroke(); // it counts as a region already, and has none to show
     readyVideos.append(
         new Video(path, exportDirectory(), ui->doubleSpinBoxPrerecord->value(),
                   ui->doubleSpinBoxPostrecord->value(), ui->doubleSpinBoxMinimum->value(),
                   ui->spinBoxSkip->value(), ui->checkBoxExport->isChecked(), ui->maskEditor->mask(),
                   ui->maskEditor->roiRect(), ui->checkBoxExportTimestamp->isChecked(),
-                  ui->dateTimeEdit->dateTime()));
+                  ui->dateTimeEdit->dateTime(), numbers));
 }

@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "clipfolder.h"
+
 #include <QList>
 #include <QPointer>
 #include <QString>
@@ -82,7 +84,7 @@ private:
     void discardAll();
     QString exportDirectory() const;
     bool isExportDirectoryGood() const;
-    void createJob(const QString& path);
+    void createJob(const QString& path, ClipFolderNumbers* numbers = nullptr);
 
     std::unique_ptr<Ui::EditMaskWindow> ui;
     QString startDirectory;   ///< the current directory, before any export changes it
