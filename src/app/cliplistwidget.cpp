@@ -4,7 +4,80 @@
 
 #include "cliplistwidget.h"
 
+#include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QTimerEvent>
+
+namespace {
+
+constexpr int pausePerDuration = 20; // so that layouts take a twentieth of the time at the most
+constexpr int longestPauseMilliseconds = 500;
+
+bool isPlainArrow(const QKeyEvent& event) {
+    switch (event.key()) {
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        return !(event.modifiers() & ~Qt::KeypadModifier);
+    default:
+        return false;
+    }
+}
+
+} // namespace
+
+QRect ClipListWidget::visualRect(const QModelIndex& index) const {
+    if (layoutTimer.isActive() && index.row() >= placed)
+        const_cast<ClipListWidget*>(this)->doItemsLayout();
+    return QListWidget::visualRect(index);
+}
+
+void ClipListWidget::doItemsLayout() {
+    layoutTimer.stop();
+    QElapsedTimer timer;
+    timer.start();
+    QListWidget::doItemsLayout();
+    placed = count();
+    layoutDuration = timer.elapsed();
+}
+
+void ClipListWidget::changeEvent(QEvent* event) {
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
+        keepSizes(0, count() - 1);
+    QListWidget::changeEvent(event);
+}
+
+void ClipListWidget::dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                                 const QVector<int>& roles) {
+    if (roles == QVector<int>{Qt::SizeHintRole})
+        return; // ours
+    const bool isMoved = keepSizes(topLeft.row(), bottomRight.row());
+    if (bottomRight.row() >= placed)
+        return; // will be looked at when it gets its place
+    QListWidget::dataChanged(topLeft, bottomRight, roles);
+    if (isMoved)
+        layOutLater();
+}
+
+void ClipListWidget::focusInEvent(QFocusEvent* event) {
+    const bool hadCurrent = currentIndex().isValid();
+    QListWidget::focusInEvent(event);
+    if (!hadCurrent)
+        focus = currentIndex();
+}
+
+/// The item that the focus came to is the first that an arrow selects, not the one before it.
+void ClipListWidget::keyPressEvent(QKeyEvent* event) {
+    const bool isUnchosen = focus.isValid() && focus == currentIndex();
+    if (isUnchosen && isPlainArrow(*event) && !selectionModel()->hasSelection())
+        selectionModel()->select(focus, QItemSelectionModel::ClearAndSelect);
+    else
+        QListWidget::keyPressEvent(event);
+    if (selectionModel()->hasSelection())
+        focus = QModelIndex();
+}
 
 void ClipListWidget::paintEvent(QPaintEvent* event) {
     QListWidget::paintEvent(event);
@@ -14,4 +87,44 @@ void ClipListWidget::paintEvent(QPaintEvent* event) {
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
                      tr("Drop recordings here, or add them with the buttons above"));
+}
+
+/// The base class forgets all places, and shows nothing until it has found them anew.
+void ClipListWidget::rowsInserted(const QModelIndex& parent, int start, int end) {
+    keepSizes(start, end);
+    if (start < placed) {
+        QListWidget::rowsInserted(parent, start, end);
+        return;
+    }
+    QAbstractItemView::rowsInserted(parent, start, end);
+    layOutLater();
+}
+
+void ClipListWidget::timerEvent(QTimerEvent* event) {
+    if (event->timerId() == layoutTimer.timerId())
+        doItemsLayout();
+    else
+        QListWidget::timerEvent(event);
+}
+
+/// Whether an item among these rows has another size than before.
+bool ClipListWidget::keepSizes(int first, int last) {
+    QStyleOptionViewItem option = viewOptions();
+    option.widget = this;
+    option.locale = locale();
+    option.features.setFlag(QStyleOptionViewItem::WrapText, wordWrap());
+    bool isAnyOther = false;
+    for (int row = first; row <= last; ++row) {
+        const QSize before = item(row)->sizeHint();
+        item(row)->setSizeHint({}); // the delegate would answer with it
+        item(row)->setSizeHint(itemDelegate()->sizeHint(option, indexFromItem(item(row))));
+        isAnyOther = isAnyOther || item(row)->sizeHint() != before;
+    }
+    return isAnyOther;
+}
+
+void ClipListWidget::layOutLater() {
+    const qint64 pause = layoutDuration * pausePerDuration;
+    if (!layoutTimer.isActive())
+        layoutTimer.start(int(qMin<qint64>(pause, longestPauseMilliseconds)), this);
 }

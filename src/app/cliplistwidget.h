@@ -4,15 +4,42 @@
 
 #pragma once
 
+#include <QBasicTimer>
 #include <QListWidget>
+#include <QPersistentModelIndex>
 
 /// The list of clips. While it is empty it says what to do.
+///
+/// Stays quick and is never blank while clips arrive, however many it has: those that are there
+/// stay where they are, and the new ones are given their places together, a little later where that
+/// takes long. An item's size is asked of the delegate once, and kept as its size hint until the
+/// item's text or picture changes.
 class ClipListWidget : public QListWidget {
     Q_OBJECT
 
 public:
     using QListWidget::QListWidget;
 
+    /// Gives a new item its place first.
+    QRect visualRect(const QModelIndex& index) const override;
+    void doItemsLayout() override;
+
 protected:
+    void changeEvent(QEvent* event) override;
+    void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
+                     const QVector<int>& roles) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void rowsInserted(const QModelIndex& parent, int start, int end) override;
+    void timerEvent(QTimerEvent* event) override;
+
+private:
+    bool keepSizes(int first, int last);
+    void layOutLater();
+
+    QBasicTimer layoutTimer;     ///< active while items have no place, or not their own
+    int placed = 0;              ///< items that have one: the first ones
+    qint64 layoutDuration = 0;   ///< of the last layout, milliseconds
+    QPersistentModelIndex focus; ///< current because the list got the focus, and not chosen yet
 };
