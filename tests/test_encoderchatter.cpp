@@ -30,7 +30,16 @@ void TestEncoderChatter::reason_data() {
     QTest::newRow("above the last line")
         << QByteArray("[avi @ 0x1] Could not find tag\nError initializing output stream 0:1 -- \n"
                       "Conversion failed!\n")
-        << "[avi @ 0x1] Could not find tag";
+        << "Could not find tag";
+    QTest::newRow("said by parts of it")
+        << QByteArray("[out#0/mp4 @ 0x55d0c7a2b9c0] [mp4 @ 0x55D0C7A2] Invalid codec\n")
+        << "Invalid codec";
+    QTest::newRow("said by a part of it, in the last lines")
+        << QByteArray("[libx264 @ 0x1] frame I:1\n[x @ y] told to stop\n")
+        << "frame I:1\n[x @ y] told to stop";
+    QTest::newRow("file named like a part")
+        << QByteArray("[yard @ 0xfeed].mp4: No such file or directory\n")
+        << "[yard @ 0xfeed].mp4: No such file or directory";
     QTest::newRow("an error of the system before all others")
         << QByteArray("[h264 @ 0x1] error while decoding MB 3 4\n[h264 @ 0x1] Invalid NAL unit\n"
                       "av_interleaved_write_frame(): No space left on device\n"

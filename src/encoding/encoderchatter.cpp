@@ -4,6 +4,8 @@
 
 #include "encoderchatter.h"
 
+#include <QRegularExpression>
+
 #include <algorithm>
 #include <iterator>
 
@@ -44,6 +46,12 @@ bool isDescription(const QByteArray& line) {
                        [&line](const char* start) { return line.startsWith(start); });
 }
 
+/// Which part of the encoder speaks, and where in memory it lies, tells a person nothing.
+void dropSpeakers(QByteArray& line) {
+    static const QRegularExpression speakers(QStringLiteral("^(\\[[^\\]]* @ 0x[0-9A-Fa-f]+\\] )+"));
+    line.remove(0, speakers.match(QString::fromLatin1(line)).capturedLength());
+}
+
 /// The end stays, too: after a long path stands what is wrong with it.
 void dropMiddle(QByteArray& line, int longest) {
     const QByteArray gap = "...";
@@ -77,6 +85,7 @@ QString EncoderChatter::reason() const {
 }
 
 void EncoderChatter::endLine() {
+    dropSpeakers(line);
     const Rank rank = rankOf(line);
     if (rank > tellingRank) {
         tellingRank = rank;

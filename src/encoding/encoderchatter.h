@@ -19,7 +19,8 @@ public:
     /// The first line that tells why, one with an error of the system before all others; where no
     /// line tells, the last five, joined by line breaks. Empty if it said nothing.
     ///
-    /// Long lines have lost their middle. Bytes that are no text of the locale are replaced.
+    /// Long lines have lost their middle, and all lines the name of the encoder's part that says
+    /// them ("[mp4 @ 0x55d0c7a2]"). Bytes that are no text of the locale are replaced.
     QString reason() const;
 
 private:
