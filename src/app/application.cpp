@@ -6,6 +6,7 @@
 
 #include "applicationicon.h"
 #include "commandlinepaths.h"
+#include "displayconnection.h"
 #include "filenamecodec.h"
 #include "mainwindow.h"
 #include "picturesearch.h"
@@ -53,7 +54,7 @@ int runApplication(int argc, char* argv[]) {
         return std::fputs(answer.c_str(), stdout) >= 0 && std::fflush(stdout) == 0 ? 0 : 1;
     installFileNameCodec();
     CommandLinePaths paths(argc, argv);
-    QApplication application(paths.count(), paths.arguments());
+    const auto application = connectToDisplay(paths.count(), paths.arguments());
     QCoreApplication::setOrganizationName(QStringLiteral("kestrova"));
     QCoreApplication::setApplicationName(QStringLiteral("kestrova"));
     QGuiApplication::setDesktopFileName(QStringLiteral("kestrova"));
