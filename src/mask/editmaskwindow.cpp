@@ -6,6 +6,7 @@
 
 #include "applicationicon.h"
 #include "busycursor.h"
+#include "datetimetyping.h"
 #include "picturesearch.h"
 #include "settingstable.h"
 #include "ui_editmaskwindow.h"
@@ -161,6 +162,7 @@ void EditMaskWindow::prepareStartTime() {
                                        QDateTime(QDate(2100, 12, 31), QTime(20, 59, 59), Qt::UTC));
     ui->dateTimeEdit->setTimeRange(QTime(0, 0, 0), QTime(20, 59, 59));
     ui->dateTimeEdit->setDateTime(QDateTime(QDate::currentDate(), QTime(0, 0, 0), Qt::UTC));
+    new DateTimeTyping(*ui->dateTimeEdit);
 }
 
 void EditMaskWindow::loadSettings() {
