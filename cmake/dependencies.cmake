@@ -17,3 +17,4 @@ pkg_check_modules(
   libavcodec
   libavutil
   libswscale)
+pkg_check_modules(SECCOMP REQUIRED IMPORTED_TARGET libseccomp)

@@ -10,6 +10,7 @@
 #include "optionvalues.h"
 #include "recordings.h"
 #include "regionoptions.h"
+#include "scanconfinement.h"
 #include "timetext.h"
 
 #include <QCommandLineParser>
@@ -98,6 +99,7 @@ void readRecordings(const QCommandLineParser& parser, ScanOptions& options) {
     if (parser.isSet("list"))
         addListed(parser.value("list"), parser.isSet("null") ? '\0' : '\n', recordings);
     options.videos = recordings.videos;
+    options.inputs = recordings.inputs;
     options.complaints = recordings.complaints;
 }
 
@@ -173,7 +175,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     if (parser.isSet("version"))
         return {CommandLine::Action::PrintText,
                 {},
-                QStringLiteral("kestrova-scan " KESTROVA_VERSION "\n")};
+                QStringLiteral("kestrova-scan " KESTROVA_VERSION "\n") + protectionText()};
 
     OptionValues values(parser);
     ScanOptions options;

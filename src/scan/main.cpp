@@ -6,6 +6,7 @@
 #include "filenamecodec.h"
 #include "interrupt.h"
 #include "printable.h"
+#include "scanconfinement.h"
 #include "scanner.h"
 #include "standardoutput.h"
 
@@ -62,5 +63,5 @@ int main(int argc, char* argv[]) {
     if (commandLine.action == CommandLine::Action::PrintNames)
         return printNames(commandLine.options, output);
     catchInterrupts();
-    return scan(commandLine.options, output);
+    return scan(commandLine.options, output, confine);
 }

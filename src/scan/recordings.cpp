@@ -40,6 +40,7 @@ public:
     }
 
     std::vector<std::string> videos;
+    std::vector<std::string> links; ///< those of the videos that may be elsewhere
     QVector<InputComplaint> complaints;
 
 private:
@@ -65,8 +66,14 @@ private:
         if (type == fs::file_type::directory)
             folders.push_back(entry.path());
         else if (isVideoName(entry.path().native()) && mayBeRecording(entry.status(error).type()))
-            videos.push_back(entry.path().native());
+            addVideo(entry.path().native(), type == fs::file_type::symlink);
         return {};
+    }
+
+    void addVideo(const std::string& path, bool isLink) {
+        videos.push_back(path);
+        if (isLink)
+            links.push_back(path);
     }
 
     /// A link that leads nowhere is one to complain of when it is read.
@@ -83,6 +90,9 @@ void addFolder(const QString& path, Recordings& recordings) {
     search.run();
     for (const std::string& video : search.videos)
         recordings.videos.append(QFile::decodeName(video.c_str()));
+    recordings.inputs.append(path);
+    for (const std::string& link : search.links)
+        recordings.inputs.append(QFile::decodeName(link.c_str()));
     recordings.complaints += search.complaints;
     if (search.videos.empty() && search.complaints.isEmpty())
         recordings.complaints.append(
@@ -100,10 +110,12 @@ bool openList(QFile& file) {
 
 void addNamed(const QString& path, Recordings& recordings) {
     std::error_code none;
-    if (fs::is_directory(QFile::encodeName(path).toStdString(), none))
+    if (fs::is_directory(QFile::encodeName(path).toStdString(), none)) {
         addFolder(path, recordings);
-    else
+    } else {
         recordings.videos.append(path);
+        recordings.inputs.append(path);
+    }
 }
 
 void addListed(const QString& list, char separator, Recordings& recordings) {

@@ -10,6 +10,7 @@
 struct Recordings {
     QStringList
         videos; ///< in the order in which they were told; those of one folder sorted by bytes
+    QStringList inputs; ///< files and folders in which they are, after all links
     QVector<InputComplaint> complaints;
 };
 

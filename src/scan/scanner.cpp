@@ -153,12 +153,14 @@ bool openTrace(QFile& file, Messages& messages) {
 
 } // namespace
 
-ExitStatus scan(const ScanOptions& asked, QIODevice& output) {
+ExitStatus scan(const ScanOptions& asked, QIODevice& output,
+                const std::function<void(const ScanOptions&)>& prepared) {
     const ScanOptions options = withSharedThreads(withNamedValues(asked));
     Messages messages(options.quiet);
     QFile traceFile(options.traceFile);
     if (!prepareFolders(options, messages) || !openTrace(traceFile, messages))
         return BadCommandLine;
+    prepared(options);
 
     std::atomic<bool> isWritten{true};
     const int recordings = options.videos.size();

@@ -8,9 +8,13 @@
 
 #include <QIODevice>
 
+#include <functional>
+
 /// Scans the videos, `options.jobs` of them side by side. Clips go to `output`, which must be open;
-/// everything else goes to standard error.
-ExitStatus scan(const ScanOptions& options, QIODevice& output);
+/// everything else goes to standard error. `prepared` is called once, when the folders are made and
+/// before the first recording is read or a thread begun, with the options that count.
+ExitStatus scan(const ScanOptions& options, QIODevice& output,
+                const std::function<void(const ScanOptions&)>& prepared);
 
 /// Writes the names of the videos to `output` instead, each ended by a null byte.
 ExitStatus printNames(const ScanOptions& options, QIODevice& output);

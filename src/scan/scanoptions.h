@@ -34,6 +34,7 @@ struct InputComplaint {
 /// What one call of the scanner is asked to do.
 struct ScanOptions {
     QStringList videos; ///< as the person wrote them, or as lists name them and folders hold them
+    QStringList inputs; ///< files and folders in which these are
     QVector<InputComplaint> complaints; ///< about these lists and folders, not yet told
     DetectionOptions detection;
     bool isRefined = false;            ///< what key frames show is searched exactly

@@ -13,10 +13,16 @@
 #include <QFileInfo>
 #include <QtDebug>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 namespace {
 
 const char encoderName[] = "ffmpeg";
 const char fontName[] = "DejaVuSansMono.ttf";
+const char callsName[] = "calls";
+const char clashesName[] = "clashes";
+const char endName[] = "end";
 
 QString besideProgram(const QString& name) {
     return QDir(QCoreApplication::applicationDirPath()).filePath(name);
@@ -26,12 +32,17 @@ QString besideProgram(const QString& name) {
 
 EncoderStand::EncoderStand() {
     qputenv("RECORDER_FOLDER", QFile::encodeName(folder.path()));
+    lend("RECORDER_CALLS", callsName);
+    lend("RECORDER_CLASHES", clashesName);
+    lend("RECORDER_END", endName);
     useRecorder();
 }
 
 EncoderStand::~EncoderStand() {
     release();
     useNone();
+    for (const int descriptor : lent)
+        close(descriptor);
 }
 
 void EncoderStand::useRecorder() {
@@ -49,7 +60,7 @@ void EncoderStand::useNone() {
 }
 
 void EncoderStand::setEnd(const QByteArray& end) {
-    write("end", end);
+    write(endName, end);
 }
 
 void EncoderStand::hold() {
@@ -69,12 +80,12 @@ void EncoderStand::beStubborn() {
 }
 
 QByteArray EncoderStand::clashes() const {
-    return readFile(filePath("clashes"));
+    return readFile(filePath(clashesName));
 }
 
 QList<QStringList> EncoderStand::calls() const {
     QList<QStringList> calls;
-    QFile file(filePath("calls"));
+    QFile file(filePath(callsName));
     if (!file.open(QIODevice::ReadOnly))
         return calls;
     while (!file.atEnd())
@@ -93,6 +104,14 @@ void EncoderStand::install(const QString& target, const QString& name) {
     QFile::remove(besideProgram(name));
     if (!QFile::link(target, besideProgram(name)))
         qWarning("cannot install %s", qPrintable(target));
+}
+
+/// Has the recorder inherit an open file, since it may be allowed to open none.
+void EncoderStand::lend(const char* variable, const QString& name) {
+    const int descriptor =
+        open(QFile::encodeName(filePath(name)).constData(), O_RDWR | O_CREAT | O_APPEND, 0600);
+    lent.append(descriptor);
+    qputenv(variable, QByteArray::number(descriptor));
 }
 
 void EncoderStand::write(const QString& name, const QByteArray& content) {

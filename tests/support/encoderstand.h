@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QStringList>
 #include <QTemporaryDir>
+#include <QVector>
 
 /// Puts an encoder beside the running test program, which must have a folder to itself.
 class EncoderStand {
@@ -53,8 +54,10 @@ public:
 
 private:
     void install(const QString& target, const QString& name);
+    void lend(const char* variable, const QString& name);
     void write(const QString& name, const QByteArray& content);
     QString filePath(const QString& name) const;
 
     QTemporaryDir folder;
+    QVector<int> lent; ///< descriptors
 };

@@ -4,15 +4,18 @@
 
 // Stands in for the encoder: notes what it was told and ends as it is told.
 //
-// RECORDER_FOLDER names the folder that it works with:
-// - calls gets a line for every call, its arguments separated by the unit separator.
-// - end tells how: "1" with status 1 after a message, "crash" by a signal, "chatter" with status 1
+// It may open nothing but what an encoder may. So three files are open already, and their numbers
+// stand in the environment:
+// - RECORDER_CALLS gets a line for every call, its arguments separated by the unit separator.
+// - RECORDER_CLASHES gets the name of each output file that two calls had at the same time.
+// - RECORDER_END tells how it ends: "1" with status 1 after a message, "crash" by a signal,
+// "chatter" with status 1
 //   after 100 MB of messages, "empty" and "none" with status 0 but an empty or no file, else with
 //   status 0.
+// RECORDER_FOLDER names the folder in which it looks for others:
 // - hold: while this file exists, calls do not end ...
 // - free-NAME: ... but the one whose output file has this name does.
 // - stubborn: while this file exists, calls ignore the request to terminate.
-// - clashes gets the name of each output file that two calls had at the same time.
 // The output file, the last argument, is written when a call ends with status 0.
 
 #include <chrono>
@@ -20,21 +23,25 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <functional>
 #include <string>
 #include <thread>
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <unistd.h>
 
 namespace {
 
-void note(const std::string& fileName, const std::string& line) {
+/// The file that is open for it; -1 if there is none.
+int fileOf(const char* variable) {
+    const char* number = std::getenv(variable);
+    return number ? std::atoi(number) : -1;
+}
+
+void note(const char* variable, const std::string& line) {
     // One write, so that calls side by side do not mix.
-    const int file = open(fileName.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644);
-    if (file < 0 || write(file, line.data(), line.size()) != ssize_t(line.size()))
+    if (write(fileOf(variable), line.data(), line.size()) != ssize_t(line.size()))
         std::exit(3);
-    close(file);
 }
 
 std::string joined(int argc, char* argv[]) {
@@ -44,10 +51,14 @@ std::string joined(int argc, char* argv[]) {
     return line + '\n';
 }
 
-/// Until the process ends; false if another one has it.
-bool lock(const std::string& fileName) {
-    const int file = open(fileName.c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0644);
-    return flock(file, LOCK_EX | LOCK_NB) == 0;
+/// A place that stands for the name, until the process ends; false if another one has it.
+bool lock(const std::string& name) {
+    struct flock place = {};
+    place.l_type = F_WRLCK;
+    place.l_whence = SEEK_SET;
+    place.l_start = off_t(std::hash<std::string>()(name) >> 2);
+    place.l_len = 1;
+    return fcntl(fileOf("RECORDER_CLASHES"), F_SETLK, &place) == 0;
 }
 
 void chatter() {
@@ -57,10 +68,9 @@ void chatter() {
     std::fputs("told to chatter and to fail\n", stderr);
 }
 
-std::string wordIn(const std::string& fileName) {
-    std::string word;
-    std::ifstream(fileName) >> word;
-    return word;
+std::string wordIn(const char* variable) {
+    char word[16] = {};
+    return pread(fileOf(variable), word, sizeof word - 1, 0) > 0 ? word : "";
 }
 
 bool exists(const std::string& fileName) {
@@ -74,14 +84,14 @@ int main(int argc, char* argv[]) {
     if (!folderName || argc < 2)
         return 2;
     const std::string folder = std::string(folderName) + '/';
-    const std::string end = wordIn(folder + "end");
+    const std::string end = wordIn("RECORDER_END");
     if (exists(folder + "stubborn"))
         std::signal(SIGTERM, SIG_IGN);
     const std::string output = argv[argc - 1];
     const std::string name = output.substr(output.rfind('/') + 1);
-    if (!lock(folder + "lock-" + name))
-        note(folder + "clashes", name + '\n');
-    note(folder + "calls", joined(argc, argv));
+    if (!lock(name))
+        note("RECORDER_CLASHES", name + '\n');
+    note("RECORDER_CALLS", joined(argc, argv));
     const std::string freeFile = folder + "free-" + name;
     while (exists(folder + "hold") && !exists(freeFile))
         std::this_thread::sleep_for(std::chrono::milliseconds(5));

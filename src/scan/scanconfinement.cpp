@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "scanconfinement.h"
+
+#include "confinement.h"
+#include "encoderpath.h"
+#include "folder.h"
+
+#include <cstdio>
+
+namespace {
+
+/// The recordings that named values are of stand nowhere else.
+QStringList recordingsOfValues(const ScanOptions& options) {
+    QStringList recordings;
+    for (int i = 0; i < options.videos.size(); ++i) {
+        if (!options.valuesFiles[i].isEmpty())
+            recordings += options.videos[i];
+    }
+    return recordings;
+}
+
+/// Only what is there can be granted, and values come as late as the end of the first recording.
+/// Where they cannot be written, they can perhaps be read.
+void grantValues(const QString& folder, Grants& grants) {
+    const bool isWritable = prepareFolder(folder).isEmpty();
+    (isWritable ? grants.writable : grants.readable) += folder;
+}
+
+Grants grantsOf(const ScanOptions& options) {
+    Grants grants;
+    grants.readable = options.inputs + recordingsOfValues(options);
+    for (const QString& folder :
+         {options.snapshotDirectory, options.reportDirectory, options.exporting.directory}) {
+        if (!folder.isEmpty())
+            grants.writable += folder;
+    }
+    if (!options.valuesDirectory.isEmpty())
+        grantValues(options.valuesDirectory, grants);
+    if (!options.exporting.directory.isEmpty())
+        grants.programs += encoderPath();
+    return grants;
+}
+
+} // namespace
+
+QString protectionText() {
+    const Protections offered = offeredProtections();
+    const auto state = [](bool isOffered) {
+        return isOffered ? QStringLiteral("yes") : QStringLiteral("no, this system has none");
+    };
+    return QStringLiteral("confined to its files (Landlock): %1\n"
+                          "confined to its system calls (seccomp): %2\n")
+        .arg(state(offered.files), state(offered.calls));
+}
+
+void confine(const ScanOptions& options) {
+    const Confinement confinement(grantsOf(options));
+    const int error = confinement.apply();
+    const QString failure = error != 0 ? qt_error_string(error) : confinement.failure();
+    if (!failure.isEmpty())
+        std::fprintf(stderr, "kestrova-scan: it cannot confine itself, and goes on without: %s\n",
+                     qPrintable(failure));
+}
