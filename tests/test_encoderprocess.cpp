@@ -2,8 +2,10 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "confinement.h"
 #include "encoderprocess.h"
 #include "encoderstand.h"
+#include "files.h"
 
 #include <QPointer>
 #include <QTemporaryDir>
@@ -21,6 +23,8 @@ private Q_SLOTS:
     void deletesItselfAfterACrash();
     void deletesItselfUnstarted();
     void isOneArgumentWhateverItsSigns();
+    void opensWhatItWasGranted();
+    void opensNothingElse();
 
     void endsAnOlderRunFirst();
     void killsAStubbornOlderRun();
@@ -43,7 +47,7 @@ private:
 
 QPointer<EncoderProcess> TestEncoderProcess::start(QObject& client, const QString& argument) {
     auto* process = new EncoderProcess(&client);
-    process->startEncoder({argument, folder.filePath("out")});
+    process->startEncoder({argument, folder.filePath("out")}, {{}, {folder.path()}, {}});
     return process;
 }
 
@@ -60,7 +64,8 @@ QString TestEncoderProcess::failureOf(EncoderProcess* process) {
 void TestEncoderProcess::runsAndDeletesItself() {
     const EncoderStand encoder;
     const QPointer<EncoderProcess> process = new EncoderProcess(this);
-    process->startEncoder({"-y", QDir::tempPath() + "/kestrova-encoderprocess"});
+    process->startEncoder({"-y", QDir::tempPath() + "/kestrova-encoderprocess"},
+                          {{}, {QDir::tempPath()}, {}});
     QTRY_VERIFY(!process);
     QCOMPARE(encoder.calls().size(), 1);
     QVERIFY(QFile::remove(encoder.calls()[0].last()));
@@ -71,7 +76,7 @@ void TestEncoderProcess::deletesItselfAfterACrash() {
     encoder.setEnd("crash");
     const QPointer<EncoderProcess> process = new EncoderProcess(this);
     QSignalSpy errors(process, SIGNAL(errorOccurred(QProcess::ProcessError)));
-    process->startEncoder({"-y", "out"});
+    process->startEncoder({"-y", "out"}, {});
     QTRY_VERIFY(!process);
     QCOMPARE(errors.size(), 1);
 }
@@ -80,7 +85,7 @@ void TestEncoderProcess::deletesItselfUnstarted() {
     EncoderStand encoder;
     encoder.useNone();
     const QPointer<EncoderProcess> process = new EncoderProcess(this);
-    process->startEncoder({"-y", "out"});
+    process->startEncoder({"-y", "out"}, {});
     QTRY_VERIFY(!process);
 }
 
@@ -89,9 +94,35 @@ void TestEncoderProcess::isOneArgumentWhateverItsSigns() {
     encoder.setEnd("1");
     const QStringList arguments = {"", "two words", "\"quoted\"", "back\\slash", "$HOME", "out"};
     const QPointer<EncoderProcess> process = new EncoderProcess(this);
-    process->startEncoder(arguments);
+    process->startEncoder(arguments, {});
     QTRY_VERIFY(!process);
     QCOMPARE(encoder.calls(), QList<QStringList>({arguments}));
+}
+
+void TestEncoderProcess::opensWhatItWasGranted() {
+    EncoderStand encoder;
+    encoder.useScript("cat \"$1\" >\"$2\"\n");
+    const QTemporaryDir clips;
+    const QString copy = clips.filePath("copy");
+    QVERIFY(writeFile(folder.filePath("recording"), "pictures"));
+    auto* process = new EncoderProcess(this);
+    process->startEncoder({folder.filePath("recording"), copy},
+                          {{folder.filePath("recording")}, {clips.path()}, {}});
+    failureOf(process);
+    QCOMPARE(readFile(copy), QByteArray("pictures"));
+}
+
+void TestEncoderProcess::opensNothingElse() {
+    if (!offeredProtections().files)
+        QSKIP("this kernel has no Landlock");
+    EncoderStand encoder;
+    encoder.useScript("cat \"$1\"\n");
+    QVERIFY(writeFile(folder.filePath("secret"), "do not tell"));
+    auto* process = new EncoderProcess(this);
+    process->startEncoder({folder.filePath("secret")}, {});
+    const QString failure = failureOf(process);
+    QVERIFY2(failure.contains("Permission denied"), qPrintable(failure));
+    QCOMPARE(readFile(folder.filePath("secret")), QByteArray("do not tell"));
 }
 
 void TestEncoderProcess::endsAnOlderRunFirst() {
@@ -148,7 +179,7 @@ void TestEncoderProcess::runsOfOthersGoOn() {
     QObject other;
     const auto first = start(one, "one");
     auto* second = new EncoderProcess(&other);
-    second->startEncoder({"other", folder.filePath("other")});
+    second->startEncoder({"other", folder.filePath("other")}, {{}, {folder.path()}, {}});
     QTRY_COMPARE(encoder.calls().size(), 2);
     QTRY_COMPARE(first->state(), QProcess::Running);
     QTRY_COMPARE(second->state(), QProcess::Running);

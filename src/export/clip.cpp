@@ -175,7 +175,7 @@ void Clip::startEncoder() {
     connect(process, SIGNAL(finished(int, QProcess::ExitStatus)), this, SLOT(processFinished(int)));
     connect(process, SIGNAL(errorOccurred(QProcess::ProcessError)), this,
             SLOT(processError(QProcess::ProcessError)));
-    process->startEncoder(call.arguments);
+    process->startEncoder(call.arguments, {{video->fileName}, {video->clipDirectory}, {}});
 }
 
 /// A crash comes here and, as every end, to `processFinished`: it ends twice, and each time the

@@ -4,6 +4,7 @@
 
 #include "encoderprocess.h"
 
+#include "confinement.h"
 #include "encoderpath.h"
 
 #include <QSet>
@@ -24,6 +25,15 @@ QString joined(const QString& outcome, const QString& reason) {
     return reason.isEmpty() ? outcome : outcome + QStringLiteral(": ") + reason;
 }
 
+std::unique_ptr<const Confinement> confinementOf(Grants grants) {
+    grants.programs += encoderPath();
+    auto confinement = std::make_unique<const Confinement>(grants);
+    if (!confinement->failure().isEmpty())
+        qWarning("the encoder cannot be confined, and runs without: %s",
+                 qPrintable(confinement->failure()));
+    return confinement;
+}
+
 } // namespace
 
 EncoderProcess::EncoderProcess(QObject* client)
@@ -40,8 +50,9 @@ EncoderProcess::~EncoderProcess() {
     unended().remove(this);
 }
 
-void EncoderProcess::startEncoder(const QStringList& arguments) {
+void EncoderProcess::startEncoder(const QStringList& arguments, const Grants& grants) {
     setProgram(encoderPath());
+    confinement = confinementOf(grants);
     setArguments(arguments);
     const QList<EncoderProcess*> others = otherRuns();
     for (EncoderProcess* other : others) {
@@ -63,6 +74,11 @@ QString EncoderProcess::failure() const {
         return joined(tr("the encoder crashed"), chatter.reason());
     const QString reason = chatter.reason();
     return reason.isEmpty() ? tr("the encoder failed") : reason;
+}
+
+/// Between fork and exec, where other threads may hold any lock: system calls alone.
+void EncoderProcess::setupChildProcess() {
+    confinement->apply();
 }
 
 void EncoderProcess::leave() {

@@ -5,9 +5,14 @@
 #pragma once
 
 #include "encoderchatter.h"
+#include "grants.h"
 
 #include <QPointer>
 #include <QProcess>
+
+#include <memory>
+
+class Confinement;
 
 /// One encoder run. Made with new and left to itself: it has no owner and deletes itself when the
 /// run has ended, whether or not someone still listens.
@@ -22,14 +27,18 @@ public:
     explicit EncoderProcess(QObject* client);
     ~EncoderProcess() override;
 
-    /// Runs the encoder that lies beside the running program.
+    /// Runs the encoder that lies beside the running program, confined to `grants` (`Confinement`)
+    /// and itself.
     ///
     /// Older runs for the same client are ended, and their signals no longer reach it. This one
     /// starts when they are gone, which can be later; not at all if the client goes before that.
-    void startEncoder(const QStringList& arguments);
+    void startEncoder(const QStringList& arguments, const Grants& grants);
 
     /// Why the run that has ended failed, for a person; what the encoder said last if it did not.
     QString failure() const;
+
+protected:
+    void setupChildProcess() override;
 
 private Q_SLOTS:
     void leave();
@@ -43,4 +52,5 @@ private:
 
     QPointer<QObject> client;
     EncoderChatter chatter;
+    std::unique_ptr<const Confinement> confinement; ///< from `startEncoder` on
 };

@@ -55,6 +55,14 @@ void EncoderStand::useRealEncoder() {
     install(programs.filePath(fontName), fontName);
 }
 
+void EncoderStand::useScript(const QByteArray& script) {
+    useNone();
+    const QString path = besideProgram(encoderName);
+    if (!writeFile(path, "#!/bin/sh\n" + script) ||
+        !QFile::setPermissions(path, QFile::ReadOwner | QFile::ExeOwner))
+        qWarning("cannot write %s", qPrintable(path));
+}
+
 void EncoderStand::useNone() {
     QFile::remove(besideProgram(encoderName));
 }

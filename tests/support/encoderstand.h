@@ -26,6 +26,9 @@ public:
     /// Installs the real encoder and the font of its overlay.
     void useRealEncoder();
 
+    /// Installs a shell script.
+    void useScript(const QByteArray& script);
+
     /// Leaves no encoder.
     void useNone();
 

@@ -1,0 +1,212 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+// What the scanner and its encoder can reach beyond what they were given: nothing, where the
+// kernel has Landlock and seccomp.
+
+#include "encoderstand.h"
+#include "files.h"
+#include "media.h"
+#include "process.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <fcntl.h>
+#include <memory>
+
+namespace {
+
+const QStringList oneClip = {"--quiet", "--prerecord", "1.5", "--postrecord",
+                             "2",       "--minimum",   "2"};
+const QByteArray refused = ": Permission denied\n";
+
+bool isOffered(const QByteArray& protection) {
+    return runProgram("kestrova-scan", {"--version"}).output.contains(protection + "): yes\n");
+}
+
+} // namespace
+
+class TestConfinement : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase();
+    void init();
+    void cleanupTestCase();
+
+    void versionSaysWhatThereIs();
+    void scannerOpensNothingElse();
+    void scannerCallsNothingElse();
+    void confinesItselfBeforeThreads();
+    void encoderReachesNothingElse_data();
+    void encoderReachesNothingElse();
+    void recordingsAreReadWhereverTheyAre_data();
+    void recordingsAreReadWhereverTheyAre();
+    void recordingOfNamedValues();
+
+private:
+    ProcessResult trespass();
+    QByteArray scan(const QStringList& arguments, const QByteArray& list = {});
+    QString besideProgram(const QString& name) const {
+        return QCoreApplication::applicationDirPath() + '/' + name;
+    }
+    QString path(const QString& name) const { return results->filePath(name); }
+    QString secret() const { return elsewhere->filePath("secret"); }
+
+    QTemporaryDir recordings;
+    QString recording; ///< one clip with `oneClip`
+    std::unique_ptr<QTemporaryDir> results;
+    std::unique_ptr<QTemporaryDir> elsewhere;
+};
+
+void TestConfinement::initTestCase() {
+    QFile::remove(besideProgram("kestrova-scan"));
+    QVERIFY(
+        QFile::copy(media::programDirectory() + "/kestrova-scan", besideProgram("kestrova-scan")));
+    recording = recordings.filePath("garden.mp4");
+    QVERIFY(media::encode(
+        media::crossingBox(20, 7, 13, "160x120") +
+        QStringList{"-c:v", "libx264", "-preset", "ultrafast", "-g", "25", recording}));
+}
+
+void TestConfinement::init() {
+    results = std::make_unique<QTemporaryDir>();
+    elsewhere = std::make_unique<QTemporaryDir>();
+    QVERIFY(writeFile(secret(), "do not tell\n"));
+}
+
+void TestConfinement::cleanupTestCase() {
+    QFile::remove(besideProgram("kestrova-scan"));
+}
+
+/// A scan that keeps values, with a trespasser in it.
+ProcessResult TestConfinement::trespass() {
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LD_PRELOAD", KESTROVA_TRESPASSER);
+    environment.insert("TRESPASSED_FILE", secret());
+    environment.insert("TRESPASSED_FOLDER", elsewhere->path());
+    // The sanitizer asks to be the first library.
+    environment.insert("ASAN_OPTIONS",
+                       environment.value("ASAN_OPTIONS") + ":verify_asan_link_order=0");
+    return runProgramIn(environment, "kestrova-scan",
+                        oneClip + QStringList{"--values", path("values"), recording});
+}
+
+/// What it prints, from the folder of the results.
+QByteArray TestConfinement::scan(const QStringList& arguments, const QByteArray& list) {
+    QProcess process;
+    process.setWorkingDirectory(results->path());
+    process.start(besideProgram("kestrova-scan"), oneClip + arguments);
+    process.write(list);
+    process.closeWriteChannel();
+    if (!process.waitForFinished(120000) || process.exitCode() != 0)
+        qWarning("%s", process.readAllStandardError().constData());
+    return process.readAllStandardOutput();
+}
+
+void TestConfinement::versionSaysWhatThereIs() {
+    const QByteArray output = runProgram("kestrova-scan", {"--version"}).output;
+    for (const char* protection : {"(Landlock): ", "(seccomp): "}) {
+        const QByteArray state = output.mid(output.indexOf(protection) + int(strlen(protection)));
+        QVERIFY2(state.startsWith("yes\n") || state.startsWith("no, "), output.constData());
+    }
+}
+
+void TestConfinement::scannerOpensNothingElse() {
+    if (!isOffered("Landlock"))
+        QSKIP("this kernel has no Landlock");
+    const ProcessResult result = trespass();
+    QCOMPARE(result.status, 0);
+    for (const char* deed : {"read", "overwrite", "remove", "make", "list"})
+        QVERIFY2(result.errors.contains(QByteArray("trespasser: ") + deed + refused),
+                 result.errors.constData());
+    QCOMPARE(readFile(secret()), QByteArray("do not tell\n"));
+    QCOMPARE(QDir(path("values")).entryList(QDir::Files).size(), 1);
+}
+
+void TestConfinement::scannerCallsNothingElse() {
+    if (!isOffered("seccomp"))
+        QSKIP("this kernel has no seccomp");
+    const ProcessResult result = trespass();
+    QCOMPARE(result.status, 0);
+    for (const char* deed : {
+             "shorten", "open up", "network", "local socket", "mount", "privileges",
+#if !defined(__SANITIZE_ADDRESS__)
+                 "trace",
+#endif
+                 "namespace"
+         })
+        QVERIFY2(result.errors.contains(QByteArray("trespasser: ") + deed + refused),
+                 result.errors.constData());
+    QVERIFY2(result.errors.contains("trespasser: core files: 0\n"), result.errors.constData());
+}
+
+void TestConfinement::confinesItselfBeforeThreads() {
+    const ProcessResult result = trespass();
+    QVERIFY2(result.errors.contains("trespasser: threads: 1\n"), result.errors.constData());
+}
+
+void TestConfinement::encoderReachesNothingElse_data() {
+    QTest::addColumn<QByteArray>("protection");
+    QTest::addColumn<QByteArray>("deed");
+    QTest::newRow("reading") << QByteArray("Landlock") << QByteArray("cat secret");
+    QTest::newRow("writing") << QByteArray("Landlock") << QByteArray("echo >>secret");
+    QTest::newRow("making") << QByteArray("Landlock") << QByteArray("echo >new");
+    QTest::newRow("removing") << QByteArray("Landlock") << QByteArray("rm secret");
+    QTest::newRow("listing") << QByteArray("Landlock") << QByteArray("ls");
+    QTest::newRow("connecting") << QByteArray("seccomp")
+                                << QByteArray("bash -c 'echo >/dev/tcp/127.0.0.1/9'");
+}
+
+void TestConfinement::encoderReachesNothingElse() {
+    QFETCH(QByteArray, protection);
+    QFETCH(QByteArray, deed);
+    if (!isOffered(protection))
+        QSKIP(("this kernel has no " + protection).constData());
+    EncoderStand stand;
+    stand.useScript("for output; do :; done\ncd " + QFile::encodeName(elsewhere->path()) +
+                    "\nexec >\"$output\" 2>&1\n(" + deed + ")\necho the end\n");
+    QVERIFY(!scan({"--export", path("clips"), recording}).isEmpty());
+    const QByteArray said = readFile(path("clips/garden_mp4_0/0000.avi"));
+    QVERIFY2(said.contains("Permission denied"), said.constData());
+    QVERIFY2(said.endsWith("the end\n") && !said.contains("do not tell"), said.constData());
+    QCOMPARE(readFile(secret()), QByteArray("do not tell\n"));
+    QCOMPARE(QDir(elsewhere->path()).entryList(QDir::Files), QStringList("secret"));
+}
+
+void TestConfinement::recordingsAreReadWhereverTheyAre_data() {
+    QTest::addColumn<QStringList>("arguments");
+    QTest::addColumn<QByteArray>("list");
+    QTest::newRow("link") << QStringList("links/yard.mp4") << QByteArray();
+    QTest::newRow("link in a folder") << QStringList("links") << QByteArray();
+    QTest::newRow("link to a folder") << QStringList("folder") << QByteArray();
+    QTest::newRow("listed") << QStringList{"--list", "-"} << QByteArray("links/yard.mp4\n");
+    QTest::newRow("folder listed") << QStringList{"--list", "-"} << QByteArray("folder\n");
+}
+
+void TestConfinement::recordingsAreReadWhereverTheyAre() {
+    QFETCH(QStringList, arguments);
+    QFETCH(QByteArray, list);
+    QVERIFY(QDir(results->path()).mkdir("links"));
+    QVERIFY(QFile::link(recording, path("links/yard.mp4")));
+    QVERIFY(QFile::link(recordings.path(), path("folder")));
+    QCOMPARE(scan(arguments, list).count('\n'), 1);
+}
+
+void TestConfinement::recordingOfNamedValues() {
+    QVERIFY(!scan({"--values", "kept", recording}).isEmpty());
+    const QStringList kept = QDir(path("kept")).entryList(QDir::Files);
+    QCOMPARE(kept.size(), 1);
+    const QByteArray output = scan({"--snapshots", "pictures", "kept/" + kept[0]});
+    QCOMPARE(output.count('\n'), 1);
+    QVERIFY(QFile::exists(path("pictures/garden.mp4-0000.png")));
+}
+
+QTEST_GUILESS_MAIN(TestConfinement)
+#include "test_confinement.moc"
