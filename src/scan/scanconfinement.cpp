@@ -25,7 +25,7 @@ QStringList recordingsOfValues(const ScanOptions& options) {
 /// Only what is there can be granted, and values come as late as the end of the first recording.
 /// Where they cannot be written, they can perhaps be read.
 void grantValues(const QString& folder, Grants& grants) {
-    const bool isWritable = prepareFolder(folder).isEmpty();
+    const bool isWritable = prepareFolder(folder, FolderLink::Followed).isEmpty();
     (isWritable ? grants.writable : grants.readable) += folder;
 }
 
