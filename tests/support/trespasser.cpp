@@ -6,7 +6,8 @@
 // file that the scanner finishes, when it has long confined itself. Says on standard error what
 // came of it.
 //
-// TRESPASSED_FILE names a file that is no business of the scanner, TRESPASSED_FOLDER a folder.
+// TRESPASSED_FILE names a file that is no business of the scanner, TRESPASSED_FOLDER a folder,
+// TRESPASSED_RECORDING what it may read, but not write.
 
 #include <cerrno>
 #include <csignal>
@@ -66,6 +67,8 @@ void trespass() {
     tell("overwrite", open(file.c_str(), O_WRONLY | O_CLOEXEC) >= 0);
     tell("shorten", truncate(file.c_str(), 0) == 0);
     tell("open up", chmod(file.c_str(), 0777) == 0);
+    const std::string recording = setting("TRESPASSED_RECORDING");
+    tell("empty", open(recording.c_str(), O_RDONLY | O_TRUNC | O_CLOEXEC) >= 0);
     tell("remove", unlink(file.c_str()) == 0);
     tell("make", open((folder + "/new").c_str(), O_WRONLY | O_CREAT | O_CLOEXEC, 0600) >= 0);
     tell("list", open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC) >= 0);

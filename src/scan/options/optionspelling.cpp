@@ -19,7 +19,11 @@ const char description[] =
     "videos, as in .mp4. What is hidden and links to folders are left out.\n"
     "\n"
     "With --export each clip is also cut out into a file of its own, in a folder\n"
-    "for each video, by the encoder beside this program.\n";
+    "for each video, by the encoder beside this program.\n"
+    "\n"
+    "Where the kernel lets it, the scanner confines itself and the encoder: they\n"
+    "can read what was named, write into the folders that were named, and reach\n"
+    "no network.\n";
 
 } // namespace
 

@@ -181,7 +181,7 @@ QVector<ScanOption> makeOptions() {
                "all of it"),
 
         withLetter(toggle(G::Help, "help", "Print this text"), 'h'),
-        withLetter(toggle(G::Help, "version", "Print the version"), 'v'),
+        withLetter(toggle(G::Help, "version", "Print the version, and which protections confine the scanner"), 'v'),
     };
 }
 
