@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "editorplacement.h"
+#include "leftoutfiles.h"
 #include "media.h"
 #include "modaldialog.h"
 #include "setupwindow.h"
@@ -91,6 +92,11 @@ private Q_SLOTS:
     void otherKeysAreLeftAlone();
     void enterAddsAtFirst();
     void addedFilesReplaceTheOneShown();
+    void replacedFilesAreLeftOut();
+    void queuedFilesLeaveTheOneShown();
+    void filesAreCounted();
+    void regionOfAnEarlierFileIsNamed_data();
+    void regionOfAnEarlierFileIsNamed();
     void emptyListDropsTheFileShown();
     void emptyListGoesOnWithThePendingFiles();
     void unreadableFilesAreSkipped_data();
@@ -474,6 +480,103 @@ void TestEditMaskWindow::addedFilesReplaceTheOneShown() {
     QCOMPARE(int(jobs.size()), 2);
     QCOMPARE(jobs[0]->shortFileName(), QString("d.avi"));
     QCOMPARE(jobs[1]->shortFileName(), QString("a.avi"));
+}
+
+void TestEditMaskWindow::replacedFilesAreLeftOut() {
+    SetupWindow window;
+    const QSignalSpy changes(&window.leftOut(), SIGNAL(changed()));
+    window.addFile(path("a.avi"));
+    QVERIFY(window.leftOut().all().isEmpty());
+    window.addFile(path("text.avi")); // has no picture: now nothing is on show
+    QVERIFY(!window.isVisible());
+    QCOMPARE(window.leftOut().all(), QStringList{path("a.avi")});
+    window.addFiles({path("b.avi"), path("c.avi")});
+    window.addFile(path("d.avi"));
+    QCOMPARE(window.leftOut().all(), QStringList({path("a.avi"), path("b.avi")}));
+    // Accepted, discarded, and named once more: none of these.
+    window.click("pushButtonAdd");
+    window.addFiles({path("a.avi"), path("d.avi")});
+    QCOMPARE(window.leftOut().all(), QStringList{path("b.avi")});
+    window.click("pushButtonCancelAll");
+    QCOMPARE(window.leftOut().take(), QStringList{path("b.avi")});
+    QVERIFY(window.leftOut().all().isEmpty());
+    QVERIFY(changes.count() >= 4);
+}
+
+void TestEditMaskWindow::queuedFilesLeaveTheOneShown() {
+    SetupWindow window;
+    window.queueFiles({path("a.avi"), path("b.avi")});
+    QCOMPARE(window.shownFile(), path("a.avi"));
+    window.draw({{300, 300}, {600, 600}});
+    window.queueFiles({path("c.avi")});
+    QCOMPARE(window.shownFile(), path("a.avi"));
+    QVERIFY(window.editor().hasRoi() && window.leftOut().all().isEmpty());
+    window.click("pushButtonAddAll");
+    QStringList names;
+    for (const auto& job : window.takeJobs())
+        names.append(job->shortFileName());
+    QCOMPARE(names, QStringList({"a.avi", "b.avi", "c.avi"}));
+}
+
+void TestEditMaskWindow::filesAreCounted() {
+    SetupWindow window;
+    const auto& position = window.get<QLabel>("labelPosition");
+    window.addFile(path("a.avi"));
+    QCOMPARE(position.text(), QString());
+    window.queueFiles({path("b.avi"), path("text.avi"), path("c.avi"), path("d.avi")});
+    QCOMPARE(position.text(), QString("File 1 of 5"));
+    window.click("pushButtonAdd");
+    QCOMPARE(position.text(), QString("File 2 of 5"));
+    window.click("pushButtonAdd"); // the text is skipped
+    QCOMPARE(position.text(), QString("File 4 of 5"));
+    window.addFile(path("b.avi"));
+    QCOMPARE(position.text(), QString("File 5 of 6"));
+    window.click("pushButtonCancelAll");
+    window.addFiles({path("a.avi"), path("b.avi"), path("c.avi")});
+    QCOMPARE(position.text(), QString("File 1 of 3"));
+    window.click("pushButtonCancel"); // and the next one
+    QCOMPARE(position.text(), QString("File 3 of 3"));
+}
+
+void TestEditMaskWindow::regionOfAnEarlierFileIsNamed_data() {
+    QTest::addColumn<bool>("isFree");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("rectangle") << false
+                               << "The region of a.avi still applies. Draw a new one, or Clear.";
+    QTest::newRow("free shape") << true
+                                << "The shapes drawn on a.avi are gone, but not cleared: nothing "
+                                   "would be found here. Draw new ones, or Clear.";
+}
+
+void TestEditMaskWindow::regionOfAnEarlierFileIsNamed() {
+    QFETCH(bool, isFree);
+    QFETCH(QString, text);
+    SetupWindow window;
+    const auto& line = window.get<QLabel>("labelOldRegion");
+    if (isFree)
+        window.setFreeMode();
+    const QVector<QPoint> shape = {{300, 300}, {600, 300}, {600, 600}};
+    window.addFiles({path("a.avi"), path("b.avi"), path("c.avi"), path("d.avi"), path("a.avi")});
+    QVERIFY(!line.isVisible());
+    window.draw(shape);
+    QVERIFY(!line.isVisible());
+    for (int file = 0; file < 2; ++file) {
+        window.click("pushButtonAdd");
+        QVERIFY(line.isVisible());
+        QCOMPARE(line.text(), text);
+    }
+    // What is said is what a job gets.
+    const auto jobs = window.takeJobs();
+    QCOMPARE(bool(jobs[1]->roiRect), !isFree);
+    QVERIFY(jobs[1]->mask && *jobs[1]->mask != *jobs[0]->mask);
+    window.draw(shape);
+    QVERIFY(!line.isVisible());
+    window.click("pushButtonAdd");
+    QVERIFY(line.text().contains(" c.avi ") && line.isVisible());
+    window.click("pushButtonClear");
+    QVERIFY(!line.isVisible());
+    window.click("pushButtonAdd");
+    QVERIFY(!line.isVisible());
 }
 
 void TestEditMaskWindow::emptyListDropsTheFileShown() {

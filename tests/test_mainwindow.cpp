@@ -350,7 +350,7 @@ void TestMainWindow::helpIsNowhere() {
 void TestMainWindow::quit() {
     MainWindowDriver driver;
     QTimer::singleShot(0, &driver.action("actionQuit"), SLOT(trigger()));
-    QTimer::singleShot(10000, qApp, [] { QCoreApplication::exit(1); });
+    QTimer::singleShot(10000, &driver.window, [] { QCoreApplication::exit(1); });
     QCOMPARE(QCoreApplication::exec(), 0);
 }
 
@@ -366,7 +366,7 @@ void TestMainWindow::closingLeavesTheSetupWindow() {
         QCOMPARE(lastClosed.size(), 0);
         QVERIFY(driver.setup.close());
     });
-    QTimer::singleShot(10000, qApp, [] { QCoreApplication::exit(1); });
+    QTimer::singleShot(10000, &driver.window, [] { QCoreApplication::exit(1); });
     QCOMPARE(QCoreApplication::exec(), 0);
     QCOMPARE(lastClosed.size(), 1);
 }
@@ -380,7 +380,7 @@ void TestMainWindow::leavingTheSetupWindowEndsTheProgram() {
         QTest::keyClick(&driver.setup, Qt::Key_Escape);
         QVERIFY(!driver.setup.isVisible());
     });
-    QTimer::singleShot(10000, qApp, [] { QCoreApplication::exit(1); });
+    QTimer::singleShot(10000, &driver.window, [] { QCoreApplication::exit(1); });
     QCOMPARE(QCoreApplication::exec(), 0);
 }
 
@@ -416,7 +416,7 @@ void TestMainWindow::closingBothWindowsEndsTheProgramDuringAJob() {
         QVERIFY(int(job->state) < int(Video::CancelRequested));
         QVERIFY(driver.setup.close());
     });
-    QTimer::singleShot(10000, qApp, [] { QCoreApplication::exit(1); });
+    QTimer::singleShot(10000, &driver.window, [] { QCoreApplication::exit(1); });
     QCOMPARE(QCoreApplication::exec(), 0);
     QCoreApplication::processEvents();
     QVERIFY(!driver.window.isVisible());

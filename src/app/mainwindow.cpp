@@ -13,6 +13,8 @@
 #include "clip.h"
 #include "exportnotices.h"
 #include "fileurl.h"
+#include "leftoutbar.h"
+#include "screenroom.h"
 #include "settingsdialog.h"
 #include "ui_mainwindow.h"
 #include "video.h"
@@ -63,6 +65,7 @@ MainWindow::MainWindow(QWidget* parent)
     setWindowIcon(applicationIcon());
     ui->files->setItemDelegate(new CaptionDelegate(ui->files));
     ui->files->viewport()->installEventFilter(this);
+    ui->gridLayout->addWidget(new LeftOutBar(editMaskWindow), 1, 0);
     setAcceptDrops(true);
     connect(&statusTimer, SIGNAL(timeout()), SLOT(updateStatus()));
     connect(&editMaskWindow, SIGNAL(newVideo()), SLOT(newVideo()));
@@ -87,9 +90,16 @@ MainWindow::~MainWindow() {
 }
 
 bool MainWindow::event(QEvent* event) {
+    if (event->type() == QEvent::Show || event->type() == QEvent::ActivationChange)
+        fitIntoScreen(); // its frame is known only when it becomes active
     if (event->type() == QEvent::KeyRelease || event->type() == QEvent::ShortcutOverride)
         recognizeHeldReturn(static_cast<QKeyEvent&>(*event));
     return QMainWindow::event(event);
+}
+
+void MainWindow::fitIntoScreen() {
+    if (!isMaximized() && !isFullScreen())
+        resize(size().boundedTo(screenRoom(*this)));
 }
 
 /// A window system may tell of a key that is held down as of one that is released and pressed again

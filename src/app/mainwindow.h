@@ -69,6 +69,7 @@ private Q_SLOTS:
     void on_actionOpen_selected_triggered();
 
 private:
+    void fitIntoScreen();
     void recognizeHeldReturn(QKeyEvent& event);
     void addCommandLineFiles(int milliseconds);
     void updateActions();

@@ -7,7 +7,9 @@
 #include "applicationicon.h"
 #include "busycursor.h"
 #include "datetimetyping.h"
+#include "leftoutfiles.h"
 #include "picturesearch.h"
+#include "screenroom.h"
 #include "settingstable.h"
 #include "ui_editmaskwindow.h"
 #include "video.h"
@@ -20,8 +22,6 @@
 #include <QKeyEvent>
 #include <QLayout>
 #include <QMessageBox>
-#include <QScreen>
-#include <QStyle>
 #include <QTimer>
 
 #include <initializer_list>
@@ -37,7 +37,8 @@ constexpr int pauseMilliseconds = 100;
 EditMaskWindow::EditMaskWindow(QWidget* parent)
     : QWidget(parent)
     , ui(std::make_unique<Ui::EditMaskWindow>())
-    , startDirectory(QDir::currentPath()) {
+    , startDirectory(QDir::currentPath())
+    , leftOutFiles(std::make_unique<LeftOutFiles>()) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
     fullMinimumSize = minimumSize();
@@ -46,6 +47,7 @@ EditMaskWindow::EditMaskWindow(QWidget* parent)
     prepareStartTime();
     connect(ui->maskEditor, SIGNAL(roiUpdated()), this, SLOT(roiUpdated()));
     ui->pushButtonClear->setEnabled(ui->maskEditor->hasRoi());
+    ui->labelOldRegion->hide();
     ui->pushButtonAdd->setFocus();
 }
 
@@ -60,9 +62,24 @@ void EditMaskWindow::addFile(const QString& path) {
 }
 
 void EditMaskWindow::addFiles(const QStringList& paths) {
+    if (isVisible() && !search)
+        leftOutFiles->add(currentFile);
+    leftOutFiles->remove(paths);
+    queuedFiles += paths.size();
     pendingFiles.append(paths);
     if (!search)
         showNext();
+}
+
+void EditMaskWindow::queueFiles(const QStringList& paths) {
+    if (!isVisible() || search) {
+        addFiles(paths);
+        return;
+    }
+    queuedFiles += paths.size();
+    pendingFiles.append(paths);
+    showPosition();
+    bringToFront();
 }
 
 void EditMaskWindow::bringToFront() {
@@ -151,6 +168,8 @@ void EditMaskWindow::on_checkBoxExportTimestamp_clicked() {
 }
 
 void EditMaskWindow::roiUpdated() {
+    regionFile = currentFile;
+    ui->labelOldRegion->hide();
     ui->pushButtonClear->setEnabled(ui->maskEditor->hasRoi());
 }
 
@@ -187,19 +206,10 @@ void EditMaskWindow::saveSettings() const {
     settings::timestamps.write(store, ui->checkBoxExportTimestamp->isChecked());
 }
 
-/// On a screen that is lower than the window the minimum size yields, so that its buttons are seen.
+/// On a screen that is smaller than the window the minimum size yields, so that its buttons are
+/// seen.
 void EditMaskWindow::fitIntoScreen() {
-    if (QGuiApplication::platformName() == QLatin1String("offscreen"))
-        return; // its screen is low, but nobody looks at it
-    const QSize available = screen()->availableSize();
-    if (available.height() >= fullMinimumSize.height()) {
-        setMinimumSize(fullMinimumSize);
-        return;
-    }
-    QSize frame = frameSize() - size();
-    if (frame.isNull())
-        frame.setHeight(style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this));
-    const QSize room = available - frame;
+    const QSize room = screenRoom(*this);
     setMinimumSize(fullMinimumSize.boundedTo(room).expandedTo(layout()->totalMinimumSize()));
     resize(size().boundedTo(room));
 }
@@ -221,6 +231,7 @@ void EditMaskWindow::showNext() {
         }
     }
     setSearching(false);
+    queuedFiles = 0;
     hide();
 }
 
@@ -228,7 +239,26 @@ void EditMaskWindow::showPicture(const QImage& picture) {
     setSearching(false);
     ui->maskEditor->setImage(picture);
     ui->labelInfo->setText(currentFile);
+    showPosition();
+    showOldRegion();
     bringToFront();
+}
+
+void EditMaskWindow::showPosition() {
+    const QString position =
+        tr("File %1 of %2").arg(queuedFiles - pendingFiles.size()).arg(queuedFiles);
+    ui->labelPosition->setText(queuedFiles > 1 ? position : QString());
+}
+
+/// The rectangle is the old one; free shapes are gone, and nothing is selected in their place.
+void EditMaskWindow::showOldRegion() {
+    const QString text =
+        ui->maskEditor->roiRect()
+            ? tr("The region of %1 still applies. Draw a new one, or Clear.")
+            : tr("The shapes drawn on %1 are gone, but not cleared: nothing would be found here. "
+                 "Draw new ones, or Clear.");
+    ui->labelOldRegion->setText(text.arg(QFileInfo(regionFile).fileName()));
+    ui->labelOldRegion->setVisible(ui->maskEditor->hasRoi());
 }
 
 /// While a search goes on nothing is on show: what would act on it is disabled.

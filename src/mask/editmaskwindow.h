@@ -15,6 +15,7 @@
 #include <memory>
 
 class BusyCursor;
+class LeftOutFiles;
 class PictureSearch;
 class Video;
 
@@ -26,6 +27,9 @@ class EditMaskWindow;
 ///
 /// Files wait in a queue and are shown one at a time on their first picture; files without one are
 /// dropped silently. The window comes to the front for a file and hides when none is left.
+///
+/// A region that was drawn on an earlier file goes on applying until another one is drawn; a line
+/// says so.
 ///
 /// Many files without a picture take their time: the search for the next one then goes on beside
 /// the event loop, under a busy cursor, while no file is on show that could be added or cancelled.
@@ -42,6 +46,12 @@ public:
 
     /// Queues files and shows the next one, as `addFile`; also with an empty list.
     void addFiles(const QStringList& paths);
+
+    /// Queues files behind those that wait; the file shown stays.
+    void queueFiles(const QStringList& paths);
+
+    /// The files that `addFile` and `addFiles` have dropped.
+    LeftOutFiles& leftOut() const { return *leftOutFiles; }
 
     /// In front of the other windows, with the focus, also where it was minimised.
     void bringToFront();
@@ -77,6 +87,8 @@ private:
     void fitIntoScreen();
     void showNext();
     void showPicture(const QImage& picture);
+    void showPosition();
+    void showOldRegion();
     void setSearching(bool isSearching);
     void setUsable(QWidget& part, bool isUsable);
     void startSearch();
@@ -91,6 +103,9 @@ private:
     QSize fullMinimumSize;    ///< on screens that have the room
     QStringList pendingFiles; ///< waiting to be shown, first = next
     QString currentFile;      ///< the file shown now
+    QString regionFile;       ///< on which the region was drawn last
+    int queuedFiles = 0;      ///< since none waited, with those that are no longer pending
+    std::unique_ptr<LeftOutFiles> leftOutFiles;
 
     // A search that takes longer.
     std::unique_ptr<PictureSearch> search; ///< among the first of `pendingFiles`

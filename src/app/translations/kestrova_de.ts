@@ -221,6 +221,18 @@ Hohe Werte können die Erkennung verschlechtern</translation>
         <source>Please check export dir name and permissions</source>
         <translation>Bitte Namen und Rechte des Exportordners prüfen</translation>
     </message>
+    <message>
+        <source>File %1 of %2</source>
+        <translation>Datei %1 von %2</translation>
+    </message>
+    <message>
+        <source>The region of %1 still applies. Draw a new one, or Clear.</source>
+        <translation>Der Bereich von %1 gilt weiter. Zeichnen Sie einen neuen, oder drücken Sie „Löschen“.</translation>
+    </message>
+    <message>
+        <source>The shapes drawn on %1 are gone, but not cleared: nothing would be found here. Draw new ones, or Clear.</source>
+        <translation>Die auf %1 gezeichneten Formen sind weg, aber nicht gelöscht: Hier würde nichts gefunden. Zeichnen Sie neue, oder drücken Sie „Löschen“.</translation>
+    </message>
 </context>
 <context>
     <name>EncoderProcess</name>
@@ -235,6 +247,25 @@ Hohe Werte können die Erkennung verschlechtern</translation>
     <message>
         <source>the encoder failed</source>
         <translation>der Encoder ist gescheitert</translation>
+    </message>
+</context>
+<context>
+    <name>LeftOutBar</name>
+    <message>
+        <source>Set them up</source>
+        <translation>Einrichten</translation>
+    </message>
+    <message>
+        <source>Leave them out</source>
+        <translation>Weglassen</translation>
+    </message>
+    <message>
+        <source>Not set up, since others were added: %1 and %2 more</source>
+        <translation>Nicht eingerichtet, weil andere dazukamen: %1 und %2 weitere</translation>
+    </message>
+    <message>
+        <source>Not set up, since others were added: %1</source>
+        <translation>Nicht eingerichtet, weil andere dazukamen: %1</translation>
     </message>
 </context>
 <context>

@@ -221,6 +221,18 @@ Los valores altos pueden empeorar la detección</translation>
         <source>Please check export dir name and permissions</source>
         <translation>Compruebe el nombre y los permisos de la carpeta de exportación</translation>
     </message>
+    <message>
+        <source>File %1 of %2</source>
+        <translation>Archivo %1 de %2</translation>
+    </message>
+    <message>
+        <source>The region of %1 still applies. Draw a new one, or Clear.</source>
+        <translation>La zona de %1 sigue vigente. Dibuje otra, o pulse «Borrar».</translation>
+    </message>
+    <message>
+        <source>The shapes drawn on %1 are gone, but not cleared: nothing would be found here. Draw new ones, or Clear.</source>
+        <translation>Las formas dibujadas en %1 ya no están, pero no se han borrado: aquí no se encontraría nada. Dibuje otras, o pulse «Borrar».</translation>
+    </message>
 </context>
 <context>
     <name>EncoderProcess</name>
@@ -235,6 +247,25 @@ Los valores altos pueden empeorar la detección</translation>
     <message>
         <source>the encoder failed</source>
         <translation>el codificador no ha podido terminar</translation>
+    </message>
+</context>
+<context>
+    <name>LeftOutBar</name>
+    <message>
+        <source>Set them up</source>
+        <translation>Preparar</translation>
+    </message>
+    <message>
+        <source>Leave them out</source>
+        <translation>Dejarlos fuera</translation>
+    </message>
+    <message>
+        <source>Not set up, since others were added: %1 and %2 more</source>
+        <translation>Sin preparar, porque se añadieron otros: %1 y %2 más</translation>
+    </message>
+    <message>
+        <source>Not set up, since others were added: %1</source>
+        <translation>Sin preparar, porque se añadieron otros: %1</translation>
     </message>
 </context>
 <context>

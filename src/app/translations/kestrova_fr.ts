@@ -221,6 +221,18 @@ Des valeurs élevées peuvent nuire à la détection</translation>
         <source>Please check export dir name and permissions</source>
         <translation>Veuillez vérifier le nom et les droits du dossier d&apos;export</translation>
     </message>
+    <message>
+        <source>File %1 of %2</source>
+        <translation>Fichier %1 sur %2</translation>
+    </message>
+    <message>
+        <source>The region of %1 still applies. Draw a new one, or Clear.</source>
+        <translation>La zone de %1 s’applique toujours. Dessinez-en une autre, ou appuyez sur « Effacer ».</translation>
+    </message>
+    <message>
+        <source>The shapes drawn on %1 are gone, but not cleared: nothing would be found here. Draw new ones, or Clear.</source>
+        <translation>Les formes dessinées sur %1 ont disparu sans être effacées : rien ne serait trouvé ici. Dessinez-en d’autres, ou appuyez sur « Effacer ».</translation>
+    </message>
 </context>
 <context>
     <name>EncoderProcess</name>
@@ -235,6 +247,25 @@ Des valeurs élevées peuvent nuire à la détection</translation>
     <message>
         <source>the encoder failed</source>
         <translation>l&apos;encodeur a échoué</translation>
+    </message>
+</context>
+<context>
+    <name>LeftOutBar</name>
+    <message>
+        <source>Set them up</source>
+        <translation>Préparer</translation>
+    </message>
+    <message>
+        <source>Leave them out</source>
+        <translation>Laisser de côté</translation>
+    </message>
+    <message>
+        <source>Not set up, since others were added: %1 and %2 more</source>
+        <translation>Pas préparés, car d’autres ont été ajoutés : %1 et %2 de plus</translation>
+    </message>
+    <message>
+        <source>Not set up, since others were added: %1</source>
+        <translation>Pas préparés, car d’autres ont été ajoutés : %1</translation>
     </message>
 </context>
 <context>
