@@ -32,6 +32,8 @@ private Q_SLOTS:
     void halfOfTheDay();
     void sections_data();
     void sections();
+    void otherFormats_data();
+    void otherFormats();
     void dayIsKeptForTheYear();
     void middleOfASection();
     void otherKeysAreTheToolkits();
@@ -154,6 +156,33 @@ void TestDateTimeTyping::sections() {
     QFETCH(int, section);
     QFETCH(QString, text);
     edit().setSelectedSection(QDateTimeEdit::Section(section));
+    type(text);
+    QTEST(taken(), "wanted");
+}
+
+void TestDateTimeTyping::otherFormats_data() {
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("text");
+    QTest::addColumn<QDateTime>("wanted");
+    // Those that the window's languages have.
+    for (const char* format : {"dd.MM.yyyy HH:mm:ss", "dd/MM/yyyy HH:mm:ss"}) {
+        const auto row = [format](const char* text, const QDateTime& wanted) {
+            QTest::addRow("%s, %s", format, text) << QString(format) << QString(text) << wanted;
+        };
+        row("03.12.2025 16:05:06", utc(2025, 12, 3, 16, 5, 6));
+        row("3.12.2025 4:05:06", utc(2025, 12, 3, 4, 5, 6));
+        row("3/12/2025 12:30:45", utc(2025, 12, 3, 12, 30, 45));
+        row("31/12/2025 00:30", utc(2025, 12, 31, 0, 30, 0));
+        row("29.02.2024 23:59:59", utc(2024, 2, 29, 23, 59, 59));
+        row("1.2.24 7 pm", utc(2024, 2, 1, 19, 0, 0));
+    }
+}
+
+void TestDateTimeTyping::otherFormats() {
+    QFETCH(QString, format);
+    QFETCH(QString, text);
+    edit().setDisplayFormat(format);
+    press(Qt::Key_A, Qt::ControlModifier);
     type(text);
     QTEST(taken(), "wanted");
 }

@@ -2,8 +2,8 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// What only an X server with a window manager can show. Run by scripts/test-x11, on a high screen
-// and on a low one.
+// What only an X server with a window manager can show. Run by scripts/test-x11, on a large screen
+// and on low and narrow ones.
 
 #include "encoderstand.h"
 #include "footage.h"
@@ -12,6 +12,7 @@
 #include "process.h"
 #include "widgeteditor.h"
 
+#include <QDateTimeEdit>
 #include <QDesktopServices>
 #include <QScreen>
 #include <QSettings>
@@ -94,6 +95,10 @@ private Q_SLOTS:
     void addedFilesBringSetupToTheFront_data();
     void addedFilesBringSetupToTheFront();
     void buttonsAreOnTheScreen();
+    void progressIsOnTheScreen();
+    void startTimeIsTyped_data();
+    void startTimeIsTyped();
+    void firstArrowSelectsTheFirstClip();
     void nextFileAfterAnInterruptedDrag();
     void heldReturnOpensOnce();
     void doubleClickOfTheLeftButtonOpens();
@@ -187,13 +192,70 @@ void TestX11::buttonsAreOnTheScreen() {
     driver->setup.addFile(path("60.avi"));
     QTRY_VERIFY_WITH_TIMEOUT(isInFront(driver->setup), longMilliseconds);
     const QRect available = driver->setup.screen()->availableGeometry();
-    if (available.height() >= 800)
+    if (available.height() >= 900 && available.width() >= 1100)
         QCOMPARE(driver->setup.minimumSize(), QSize(1000, 800));
     QTRY_VERIFY_WITH_TIMEOUT(available.contains(driver->setup.frameGeometry()), longMilliseconds);
-    const auto& button = driver->setupPart<QPushButton>("pushButtonCancelAll");
-    QVERIFY(driver->setup.rect().contains(button.geometry()));
+    for (const char* name : {"pushButtonAdd", "pushButtonCancelAll"}) {
+        const auto& button = driver->setupPart<QPushButton>(name);
+        QVERIFY2(driver->setup.rect().contains(button.geometry()), name);
+    }
     const auto& editor = driver->setupPart<WidgetEditor>("maskEditor");
     QVERIFY(editor.width() >= 200 && editor.height() >= 200);
+}
+
+void TestX11::progressIsOnTheScreen() {
+    driver->window.show();
+    QTRY_VERIFY_WITH_TIMEOUT(isInFront(driver->window), longMilliseconds);
+    driver->accept(new Video(path("long.mp4"), folder.path(), 1.0, 1.0, 5.0, 0, false, nullptr,
+                             nullptr, false, QDateTime()));
+    const QRect available = driver->window.screen()->availableGeometry();
+    if (available.height() >= 768 && available.width() >= 1200)
+        QCOMPARE(driver->window.size(), QSize(1121, 662));
+    QTRY_VERIFY_WITH_TIMEOUT(available.contains(driver->window.frameGeometry()), longMilliseconds);
+    const auto& cancel = driver->part<QPushButton>("pushButtonCancel");
+    QTRY_VERIFY_WITH_TIMEOUT(cancel.isVisible(), longMilliseconds);
+    QVERIFY(available.contains(QRect(cancel.mapToGlobal(QPoint()), cancel.size())));
+}
+
+void TestX11::startTimeIsTyped_data() {
+    QTest::addColumn<QString>("format");
+    QTest::addColumn<QString>("text");
+    QTest::newRow("English") << "M/d/yyyy h:mm:ss AP"
+                             << "12/3/2025 4:05:06 PM";
+    QTest::newRow("German") << "dd.MM.yyyy HH:mm:ss"
+                            << "03.12.2025 16:05:06";
+    QTest::newRow("French, Spanish") << "dd/MM/yyyy HH:mm:ss"
+                                     << "3/12/2025 16:05:06";
+}
+
+void TestX11::startTimeIsTyped() {
+    QFETCH(QString, format);
+    QFETCH(QString, text);
+    driver->setup.addFile(path("60.avi"));
+    QTRY_VERIFY_WITH_TIMEOUT(isInFront(driver->setup), longMilliseconds);
+    auto& box = driver->setupPart<QCheckBox>("checkBoxExportTimestamp");
+    box.click();
+    auto& edit = driver->setupPart<QDateTimeEdit>("dateTimeEdit");
+    edit.setDisplayFormat(format);
+    edit.setFocus();
+    input({"key", "ctrl+a"});
+    input({"type", "--delay", "30", text});
+    input({"key", "Tab"});
+    QTRY_VERIFY_WITH_TIMEOUT(driver->setupPart<QPushButton>("pushButtonAdd").hasFocus(),
+                             longMilliseconds);
+    QCOMPARE(edit.dateTime(), QDateTime(QDate(2025, 12, 3), QTime(16, 5, 6), Qt::UTC));
+}
+
+void TestX11::firstArrowSelectsTheFirstClip() {
+    showClip();
+    Q_EMIT driver->clip(0).video->newClip(1, driver->clip(0).snapshot, 3.0, 4.0, 3.5);
+    driver->part<QPushButton>("pushButtonDirrectory").setFocus();
+    driver->list().selectionModel()->clear();
+    input({"key", "Tab", "Right"});
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().selectedItems().size(), 1, longMilliseconds);
+    QVERIFY(driver->clip(0).isSelected());
+    input({"key", "Right"});
+    QTRY_VERIFY_WITH_TIMEOUT(driver->clip(1).isSelected(), longMilliseconds);
 }
 
 void TestX11::nextFileAfterAnInterruptedDrag() {

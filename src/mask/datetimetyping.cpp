@@ -179,9 +179,10 @@ bool DateTimeTyping::set(int number) {
     return true;
 }
 
-/// Of 12, with the half of the day that is shown; those that only a clock of 24 has bring theirs.
+/// Of 12, in the half of the day that is shown, unless only a clock of 24 has it, or is shown.
 void DateTimeTyping::setHour(int hour) {
-    const bool isOf24 = hour == 0 || hour > noon;
+    const bool hasHalves = edit.displayedSections() & QDateTimeEdit::AmPmSection;
+    const bool isOf24 = !hasHalves || hour == 0 || hour > noon;
     if (!isOf24)
         hour = hour % noon + (isPm ? noon : 0);
     time.setHMS(hour, time.minute(), time.second());

@@ -23,8 +23,8 @@ class DateTimeTyping : public QObject {
     Q_OBJECT
 
 public:
-    /// For `edit`, which owns it. Its sections are month, day, year, hour, minute, second, AM or
-    /// PM.
+    /// For `edit`, which owns it. Its sections are numbers, in any order, and AM or PM at the end,
+    /// or none.
     explicit DateTimeTyping(QDateTimeEdit& edit);
 
     bool eventFilter(QObject* watched, QEvent* event) override;
