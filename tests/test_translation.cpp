@@ -133,6 +133,8 @@ private Q_SLOTS:
     void shortcutsStay();
     void everythingFits_data();
     void everythingFits();
+    void everythingFitsOnASmallScreen_data() { acceleratorsAreTheirOwn_data(); }
+    void everythingFitsOnASmallScreen();
     void whatDoesNotFitIsNoticed();
 
 private:
@@ -300,6 +302,22 @@ void TestTranslation::everythingFits() {
     }
     QCOMPARE(windows.setup.size(), QSize(1000, 800)); // not wider than on a small screen
     QVERIFY(windows.setup.layout()->totalMinimumSize().width() <= 1000);
+}
+
+void TestTranslation::everythingFitsOnASmallScreen() {
+    QFETCH(QString, language);
+    speak(language);
+    Windows windows;
+    for (const char* name : {"progressBar", "pushButtonCancel", "leftOutBar"})
+        windows.main.findChild<QWidget*>(name)->show();
+    windows.setup.findChild<QWidget*>("labelOldRegion")->show();
+    const QSize room(900, 500); // without frame and title
+    for (const QSize& needed :
+         {windows.main.minimumSizeHint(), windows.setup.layout()->totalMinimumSize(),
+          windows.settings.size()}) {
+        QVERIFY2(needed.boundedTo(room) == needed,
+                 qPrintable(QString("%1 x %2").arg(needed.width()).arg(needed.height())));
+    }
 }
 
 void TestTranslation::whatDoesNotFitIsNoticed() {
