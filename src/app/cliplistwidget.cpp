@@ -96,7 +96,7 @@ void ClipListWidget::rowsInserted(const QModelIndex& parent, int start, int end)
         QListWidget::rowsInserted(parent, start, end);
         return;
     }
-    QAbstractItemView::rowsInserted(parent, start, end);
+    QAbstractItemView::rowsInserted(parent, start, end); // NOLINT(bugprone-parent-virtual-call)
     layOutLater();
 }
 
