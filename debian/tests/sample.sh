@@ -8,5 +8,5 @@
 make_sample() {
     ffmpeg -nostdin -v error -y -f lavfi \
         -i "color=c=gray:s=320x240:r=25:d=12,noise=alls=60:allf=t:enable='between(t,5,9)'" \
-        -c:v libx264 -preset veryfast -pix_fmt yuv420p "$1"
+        -c:v libx264 -preset veryfast -threads 1 -pix_fmt yuv420p "$1"
 }

@@ -18,7 +18,7 @@ import time
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent))
 # pylint: disable=wrong-import-position
-from harness import archivecases, cluster, common, hosts  # noqa: E402
+from harness import archivecases, cluster, common, encoding, hosts  # noqa: E402
 
 FOLDER = common.ROOT / "build" / "archive"
 RECORDINGS = 60
@@ -41,8 +41,9 @@ def make_recording(path, seconds, number):
     """Noise from a second on that differs from recording to recording."""
     scene = (f"color=c=gray:s=160x120:r=25:d={seconds},noise=alls=40:allf=t:all_seed={number}:"
              f"enable='between(mod(t,20),{1 + number % 5},{7 + number % 5})'")
-    subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-y", "-f", "lavfi", "-i", scene, "-c:v", "libx264",
-                    "-preset", "ultrafast", "-threads", "1", "-f", "matroska", path], check=True)
+    codec = encoding.pinned(["-c:v", "libx264", "-preset", "ultrafast"])
+    subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-y", "-f", "lavfi", "-i", scene, *codec,
+                    "-f", "matroska", path], check=True)
 
 
 def make_archive(folder, count):
@@ -92,8 +93,9 @@ def hour(scanner, table, machines):
     folder = common.fresh_folder(FOLDER / "hour")
     scene = ("color=c=gray:s=128x96:r=5:d=3600,noise=alls=40:allf=t:"
              "enable='between(mod(t,400),100,220)'")
-    subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", scene, "-c:v", "libx264",
-                    "-preset", "ultrafast", folder / "hour.mkv"], check=True)
+    subprocess.run(["ffmpeg", "-nostdin", "-v", "error", "-f", "lavfi", "-i", scene,
+                    *encoding.pinned(["-c:v", "libx264", "-preset", "ultrafast"]), folder / "hour.mkv"],
+                   check=True)
     reference = archivecases.Reference(FOLDER / "hour-reference", scanner, folder)
     run = archivecases.Run(FOLDER / "hour-in-parts", scanner)
     table.try_case("an hour in parts", archivecases.split, run, reference, machines)

@@ -11,6 +11,7 @@ import collections
 import dataclasses
 import os
 import random
+import shutil
 
 from . import common, damage, hugepackets, lists, recordings, scanner, window
 
@@ -51,23 +52,24 @@ class Outcomes(collections.Counter):
 
 
 class Mutants:
-    def __init__(self, preset, seed, folder):
+    def __init__(self, preset, seed, folder, are_long=False):
         self.preset = preset
         self.seed = seed
+        self.are_long = are_long
         programs = common.program_folder(preset)
-        self.recordings = recordings.make_all(programs, folder / "whole")
+        self.recordings = recordings.make_all(programs, folder / ("long" if are_long else "whole"), are_long)
         self.contents = [path.read_bytes() for _, path in self.recordings]
         self.folder = folder / "damaged"
         self.failed = folder / "failed"
         self.failed.mkdir(exist_ok=True)
-        self.scanner = scanner.Scanner(preset, common.HANG_SECONDS)
+        self.scanner = scanner.Scanner(preset, common.HANG_SECONDS, has_pictures=not are_long)
         self.peak = self.freeze = 0  # of the windows: MiB, milliseconds
 
     def make(self, folder, number):
         chance = random.Random(f"{self.seed} {number}")
         index = number % len(self.recordings)
         kind, whole = self.recordings[index]
-        if number % LIST_EVERY == LIST_EVERY - 1:
+        if number % LIST_EVERY == LIST_EVERY - 1 and not self.are_long:
             path = lists.write(folder, f"{number:06}", whole, chance)
             return Mutant(number, kind, path, is_list=True)
         if number % HUGE_EVERY == 0:
@@ -94,6 +96,9 @@ class Mutants:
 
     def keep(self, mutant):
         mutant.path.rename(self.failed / mutant.path.name)
+
+    def copy(self, mutant):
+        shutil.copy(mutant.path, self.failed)
 
     def scan(self, numbers, outcomes):
         """Scans the mutants, on four threads and on one."""

@@ -18,7 +18,7 @@ visit() {
 
 encode() { nice ffmpeg -v error -y "$@"; }
 
-codec=(-c:v libx264 -preset ultrafast)
+codec=(-c:v libx264 -preset ultrafast -threads 1)
 filter="$(visit 0 1 1100)$(visit 1 12 2700)$(visit 2 23 1900)$(visit 3 24 2200)$(visit 4 12 900)"
 filter+="$(visit 5 24 1700)[visit0][visit1][visit2][visit3][visit4][visit5]concat=n=6"
 gate=$recordings/gate.avi garden=$recordings/garden.mp4

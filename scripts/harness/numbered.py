@@ -5,6 +5,8 @@
 
 import subprocess
 
+import encoding  # beside it: this is imported by scripts of the folder
+
 SIZE = 480, 270
 BITS = 10
 BLOCK = SIZE[0] // BITS, 32  # pixels, one block of black or white per bit along the upper edge
@@ -22,8 +24,9 @@ def number_filter():
 def encode(source, target, *, before=(), after=()):
     """Makes `target` of `source`, with numbers. The picture is the last input, behind `before`."""
     subprocess.run(["ffmpeg", "-v", "error", "-y", *before, "-i", source, "-filter:v",
-                    number_filter(), "-fps_mode", "passthrough", "-c:v", "libx264", "-preset",
-                    "fast", "-crf", "20", "-g", "50", *after, target], check=True)
+                    number_filter(), "-fps_mode", "passthrough",
+                    *encoding.pinned(["-c:v", "libx264", "-preset", "fast", "-crf", "20", "-g", "50",
+                                      *after]), target], check=True)
 
 
 def numbers(*source):

@@ -7,6 +7,8 @@
 import subprocess
 import sys
 
+from . import encoding
+
 # A box crosses a quiet scene from second 0.8 to second 2.4 of 4, with a tone beside it.
 SCENE = [
     "-f", "lavfi", "-i", "color=c=0x406040:s=64x48:r=12:d=4",
@@ -14,6 +16,13 @@ SCENE = [
     "-f", "lavfi", "-i", "sine=d=4:r=8000",
     "-filter_complex", "[0][1]overlay=x='(t-0.8)*40-10':y=16:enable='between(t,0.8,2.4)'",
     "-shortest",
+]
+
+# Long enough to be cut into stretches for four threads, and noisy: 250 pictures.
+LONG_SCENE = [
+    "-f", "lavfi", "-i", "color=c=0x406040:s=64x48:r=25:d=10,noise=alls=8:allf=t:all_seed=7",
+    "-f", "lavfi", "-i", "color=c=white:s=20x16:r=25:d=10",
+    "-filter_complex", "[0][1]overlay=x='mod(t,3)*40-10':y=16:enable='lt(mod(t,3),1.6)'",
 ]
 
 # Name, container and the encoder's arguments. Without "-an" the recording has sound.
@@ -59,28 +68,48 @@ KINDS = [
     ("raw", "y4m", ["-c:v", "wrapped_avframe", "-an"]),
 ]
 
+H264 = ["-c:v", "libx264", "-preset", "veryfast", "-an"]
+HEVC = ["-c:v", "libx265", "-preset", "ultrafast", "-an", "-x265-params"]
 
-def encode(encoder, arguments, path):
+# What the number of threads could matter to.
+LONG_KINDS = [
+    ("H.264, no B pictures", "mp4", [*H264, "-g", "12", "-bf", "0"]),
+    ("H.264, two B pictures", "mp4", [*H264, "-g", "12", "-bf", "2"]),
+    ("H.264, referred B pictures", "mkv", [*H264, "-x264-params", "keyint=24:bframes=3:b-pyramid=normal"]),
+    ("H.264, no B pictures", "ts", [*H264, "-g", "24", "-bf", "0"]),
+    ("H.264, two B pictures", "ts", [*H264, "-g", "25", "-bf", "2"]),
+    ("H.264, open groups", "mp4", [*H264, "-x264-params", "keyint=12:bframes=2:open-gop=1"]),
+    ("H.264, one group", "mp4", [*H264, "-g", "999", "-bf", "2"]),
+    ("HEVC, no B pictures", "mp4", [*HEVC, "log-level=none:keyint=12:bframes=0"]),
+    ("HEVC, closed groups", "mp4", [*HEVC, "log-level=none:keyint=25:bframes=3:open-gop=0"]),
+    ("HEVC, closed groups", "ts", [*HEVC, "log-level=none:keyint=25:bframes=3:open-gop=0"]),
+    ("HEVC, open groups", "mkv", [*HEVC, "log-level=none:keyint=25:bframes=3"]),
+    ("HEVC, open groups", "mp4", [*HEVC, "log-level=none:keyint=12:bframes=4"]),
+]
+
+
+def encode(encoder, arguments, path, scene=None):
     """Writes a recording of the scene unless it is there; an error text where that fails."""
     if path.exists():
         return ""
     part = path.with_name("part-" + path.name)
     sound = [] if "-an" in arguments else ["-map", "2"]
     pixels = [] if "-pix_fmt" in arguments else ["-pix_fmt", "yuv420p"]
-    done = subprocess.run([encoder, "-nostdin", "-v", "error", "-y", *SCENE, *sound, *pixels,
-                           *arguments, part], capture_output=True, text=True, check=False)
+    done = subprocess.run([encoder, "-nostdin", "-v", "error", "-y", *(scene or SCENE), *sound, *pixels,
+                           *encoding.pinned(arguments), part], capture_output=True, text=True, check=False)
     if done.returncode == 0:
         part.rename(path)
     return done.stderr if done.returncode else ""
 
 
-def make_all(programs, folder):
+def make_all(programs, folder, are_long=False):
     """(name, path) of every kind; says what the encoder cannot write and leaves it out."""
     folder.mkdir(parents=True, exist_ok=True)
     made = []
-    for codec, container, arguments in KINDS:
+    kinds, scene = (LONG_KINDS, LONG_SCENE) if are_long else (KINDS, SCENE)
+    for codec, container, arguments in kinds:
         path = folder / f"{codec}.{container}".replace(" ", "-").replace(",", "")
-        error = encode(programs / "ffmpeg", arguments, path)
+        error = encode(programs / "ffmpeg", arguments, path, scene)
         if error:
             print(f"left out: {codec} in {container}: {error}", file=sys.stderr)
         else:

@@ -58,18 +58,20 @@ def read(lines, trace, paths, errors):
 
 
 class Scanner:
-    def __init__(self, preset, timeout):
+    def __init__(self, preset, timeout, has_pictures=True):
         self.program = common.program_folder(preset) / "kestrova-scan"
         self.limit = common.memory_limit(preset)
         self.timeout = timeout
+        self.has_pictures = has_pictures
         self.seconds = self.peak = 0  # the longest run, the most memory
 
     def scan(self, paths, options):
         """One run over all files: an answer for each."""
         with tempfile.TemporaryDirectory() as folder:
             trace = f"{folder}/trace"
+            pictures = ["--snapshots", f"{folder}/pictures"] if self.has_pictures else []
             command = [self.program, "--quiet", "--format", "jsonl", "--minimum", "1", "--trace",
-                       trace, "--snapshots", f"{folder}/pictures", *options, *paths]
+                       trace, *pictures, *options, *paths]
             # Where one of many hangs, it does so once more when it is alone.
             ended = common.run(command, self.timeout + len(paths) - 1)
             problem = ended.problem or self.excess(ended.peak) or self.complaint(ended)
