@@ -31,8 +31,8 @@ class VideoDecoder {
 public:
     /// `threads`: how many threads may decode; 0 = as many as the machine has cores. Undamaged
     /// streams give the same pictures with the same times at every number. Damaged ones give
-    /// pictures of the same number and times, but for rare heavy damage; what a concealed area
-    /// shows may differ, as it may between two runs on one thread.
+    /// pictures of the same number and times, but where they come from a pipe; what a concealed
+    /// area shows may differ, as it may between two runs on one thread.
     explicit VideoDecoder(int threads = 0);
     ~VideoDecoder();
     VideoDecoder(const VideoDecoder&) = delete;
