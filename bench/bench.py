@@ -43,9 +43,13 @@ class Bench:
         self.cores = len(os.sched_getaffinity(0))
         self.rows = []
 
-    def scan(self, video, *options):
+    def decide(self, video, *options):
+        """Without snapshots, which the window and --report always want."""
         videos = video if isinstance(video, list) else [video]
         return [self.bin / "kestrova-scan", "--quiet", *options, *videos]
+
+    def scan(self, video, *options):
+        return self.decide(video, "--snapshots", self.folder / "snapshots", *options)
 
     def decode(self, video, threads):
         return [self.bin / "ffmpeg", "-nostdin", "-v", "error", "-threads", str(threads), "-i",
@@ -130,7 +134,7 @@ def main():
         "length": length_of_the_recording, "minimum": length_of_the_window,
         "region": regions_and_skip, "files": many_small_files, "jobs": side_by_side,
         "values": deciding_again, "quick": quick_look, "stretches": stretches,
-        "recall": recall_of_quick_looks,
+        "snapshots": snapshots, "recall": recall_of_quick_looks,
     }
     for name in wanted:
         if name not in groups:
@@ -179,6 +183,17 @@ def stretches(bench, footage):
                           bench.decode(video, 0), fewest=7)
     for video in footage:
         bench.compare("stretches", video.name, bench.scan(video), bench.decode(video, 0), fewest=7)
+
+
+def snapshots(bench, _):
+    bench.heading("Detection with snapshots (A) against one without (B)")
+    for gop in (50, 250):
+        video = bench.material(f"snapshots-gop{gop}.mp4", "640x360", 120, "-c:v", "libx264",
+                               "-preset", "veryfast", "-b:v", "4M", "-g", str(gop))
+        for threads in (1, 2, 4, 8, 16):
+            options = ("--threads", str(threads))
+            bench.compare("snapshots", f"key frame every {gop}, threads {threads}",
+                          bench.scan(video, *options), bench.decide(video, *options))
 
 
 def one_thread_against_all(bench, _):
@@ -250,8 +265,8 @@ def deciding_again(bench, _):
     material = bench.material("h264-1920x1080.mp4", "1920x1080", 10, *CODECS["h264"][1])
     video = bench.looped("hour-1920x1080.mp4", material, 360)
     kept = ("--values", bench.folder / "kept")
-    run(bench.scan(video, *kept))
-    bench.compare("values", "deciding again", bench.scan(video, *kept), bench.scan(video))
+    run(bench.decide(video, *kept))
+    bench.compare("values", "deciding again", bench.decide(video, *kept), bench.decide(video))
 
 
 def quick_look(bench, _):

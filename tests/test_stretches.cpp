@@ -75,6 +75,7 @@ private:
 int plans = 0;  // recordings that were to be decoded in stretches
 int ends = 0;   // of these, those that were not to their end
 int doubts = 0; // stretches that were decoded and not handed on
+int again = 0;  // stretches that were decoded once more
 
 QtMessageHandler previousHandler = nullptr;
 
@@ -86,6 +87,8 @@ void countRoads(QtMsgType type, const QMessageLogContext& context, const QString
         ++ends;
     else if (message.endsWith(QLatin1String("is in doubt")))
         ++doubts;
+    else if (message.endsWith(QLatin1String("once more")))
+        ++again;
     else if (!message.startsWith(QLatin1String("one thread from")))
         previousHandler(type, context, message);
 }
@@ -214,6 +217,8 @@ private Q_SLOTS:
     void damageBehindKeyFrames();
     void cancelled_data();
     void cancelled();
+    void snapshotsAreMadeWhileDecoding_data();
+    void snapshotsAreMadeWhileDecoding();
     void wholeRecordings_data();
     void wholeRecordings();
 
@@ -557,6 +562,42 @@ void TestStretches::cancelled() {
     QCOMPARE(run.outcome, DetectionOutcome::Cancelled);
     QCOMPARE(run.account.framesSeen.load(), frames);
     QCOMPARE(run.account.events, expected.account.events);
+}
+
+void TestStretches::snapshotsAreMadeWhileDecoding_data() {
+    QTest::addColumn<int>("group");
+    QTest::addColumn<int>("thresholdValue");
+    QTest::addColumn<int>("skip");
+    QTest::addColumn<int>("most"); // of a hundred clips, those for which a stretch is decoded again
+    QTest::newRow("short groups") << 50 << 35 << 0 << 5;
+    QTest::newRow("long groups") << 250 << 35 << 0 << 5;
+    QTest::newRow("noise counts as motion") << 50 << 2 << 0 << 5;
+    // A clip can open at any picture that keeps a value.
+    QTest::newRow("pictures are skipped") << 50 << 35 << 4 << 35;
+}
+
+/// Which pictures can be chosen is known when they are decoded, but for a few.
+void TestStretches::snapshotsAreMadeWhileDecoding() {
+    QFETCH(int, group);
+    QFETCH(int, thresholdValue);
+    QFETCH(int, skip);
+    QFETCH(int, most);
+    const QStringList codec{"-c:v", "libx264", "-preset", "veryfast", "-g", QString::number(group)};
+    const QString path = encoded("snapshots.mp4", codec, 120);
+    QVERIFY(!path.isEmpty());
+    DetectionOptions options;
+    options.segmentation.minimum = 2.0;
+    options.measure.thresholdValue = thresholdValue;
+    options.measure.skip = skip;
+    const Run expected(path, options, 1);
+    again = 0;
+    const Run run(path, options, 4);
+    QCOMPARE(difference(run.account.events, expected.account.events), QString());
+    QVERIFY(run.account.clips > 0);
+    QVERIFY2(again <= 1 + run.account.clips * most / 100,
+             qPrintable(QStringLiteral("%1 clips, %2 stretches decoded once more")
+                            .arg(run.account.clips)
+                            .arg(again)));
 }
 
 void TestStretches::wholeRecordings_data() {

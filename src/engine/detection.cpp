@@ -6,9 +6,9 @@
 
 #include "decision.h"
 #include "framepicture.h"
+#include "likelysnapshots.h"
 #include "missingpicture.h"
 #include "picturesource.h"
-#include "stretchpicture.h"
 #include "videodecoder.h"
 
 #include <QFile>
@@ -65,7 +65,7 @@ DetectionOutcome Detection::run(const QString& fileName) {
     VideoDecoder decoder(options.threads);
     decoder.setKeyFramesOnly(options.areKeysWanted);
     if (mayBeCut())
-        decoder.setStretches(comparisonFor(options.measure));
+        decoder.setStretches(comparisonFor(options.measure), keeperMaker());
     decoder.setInterrupt([this] { return client.isCancelled(); });
     DetectionOutcome outcome = DetectionOutcome::CannotOpen;
     if (decoder.open(path.constData()))
@@ -82,6 +82,15 @@ DetectionOutcome Detection::run(const QString& fileName) {
 bool Detection::mayBeCut() const {
     const bool isWhole = options.range.from <= 0.0 && std::isinf(options.range.to);
     return options.threads != 1 && !options.areKeysWanted && isWhole;
+}
+
+/// Makes small pictures on the threads that decode them, if anybody wants to see some.
+PictureKeeperMaker Detection::keeperMaker() const {
+    if (!options.areSnapshotsWanted)
+        return {};
+    const float threshold = options.segmentation.thresholdMotion;
+    const int skip = options.measure.skip;
+    return [threshold, skip] { return std::make_unique<LikelySnapshots>(threshold, skip); };
 }
 
 DetectionOutcome Detection::runOrFail(VideoDecoder& decoder) {
@@ -154,11 +163,11 @@ std::optional<DetectionOutcome> Detection::runOpened(VideoDecoder& decoder,
     return outcome;
 }
 
-ClipPicturePointer Detection::handleOf(const TimedPicture& picture) const {
+ClipPicturePointer Detection::handleOf(const TimedPicture& picture) {
     if (!options.areSnapshotsWanted)
         return noPicture();
     if (picture.stretched)
-        return std::make_shared<StretchPicture>(*picture.stretched);
+        return stretchHandles.handleOf(*picture.stretched);
     return std::make_shared<FramePicture>(picture.frame);
 }
 

@@ -8,7 +8,9 @@
 #include "measurement.h"
 #include "motionmeasure.h"
 #include "pictureclock.h"
+#include "picturekeeper.h"
 #include "rangedpictures.h"
+#include "stretchpicture.h"
 
 #include <QString>
 
@@ -60,7 +62,8 @@ public:
 
 private:
     bool mayBeCut() const;
-    ClipPicturePointer handleOf(const TimedPicture& picture) const;
+    PictureKeeperMaker keeperMaker() const;
+    ClipPicturePointer handleOf(const TimedPicture& picture);
     std::optional<RecordingOrigin> skipAhead(VideoDecoder& decoder);
     DetectionOutcome runOrFail(VideoDecoder& decoder);
     std::optional<DetectionOutcome> runOpened(VideoDecoder& decoder,
@@ -76,6 +79,7 @@ private:
     DetectionClient& client;
     QByteArray path; ///< of the recording, in the file system's bytes
     Measurement measured;
+    StretchHandles stretchHandles;
     QString error;
     bool isLastingFailure = false;
 };

@@ -6,6 +6,8 @@
 
 #include "snapshotimage.h"
 
+#include <utility>
+
 namespace {
 
 // Beside those that are in hand: half a minute of any camera's stream.
@@ -13,8 +15,20 @@ constexpr qint64 mostKeptBytes = 64 * 1024 * 1024;
 
 } // namespace
 
-StretchPicture::StretchPicture(StretchedPicture picture)
-    : picture(std::move(picture)) {}
+StretchPicture::StretchPicture(StretchedPicture stretched,
+                               std::shared_ptr<StretchCandidates> candidates)
+    : picture(std::move(stretched))
+    , candidates(std::move(candidates)) {
+    (*this->candidates)[picture.index] = this;
+    const QImage kept = keptPicture(picture);
+    if (!kept.isNull())
+        setSmall(kept);
+}
+
+StretchPicture::~StretchPicture() {
+    if (picture.stretch)
+        candidates->erase(picture.index);
+}
 
 QImage StretchPicture::snapshot() {
     makeSmall();
@@ -26,11 +40,42 @@ void StretchPicture::shrink() {
         makeSmall();
 }
 
+/// The last picture of a stretch may have got its small one only with the next stretch.
 void StretchPicture::makeSmall() {
     if (!picture.stretch)
         return;
-    const FramePointer frame = decodeAgain(picture);
-    if (frame)
-        small = snapshotImage(*frame);
+    const QImage kept = keptPicture(picture);
+    if (kept.isNull())
+        decodeAll();
+    else
+        setSmall(kept);
+}
+
+void StretchPicture::decodeAll() {
+    const std::shared_ptr<const Stretch> stretch = picture.stretch;
+    std::map<int, QImage> images;
+    for (const auto& [place, candidate] : *candidates)
+        images[place];
+    decodeAgain(*stretch, [&images](int place, const FramePointer& frame) {
+        const auto wanted = images.find(place);
+        if (wanted != images.end())
+            wanted->second = snapshotImage(*frame);
+        return place < images.rbegin()->first;
+    });
+    for (auto& [place, image] : images)
+        candidates->at(place)->setSmall(std::move(image));
+}
+
+void StretchPicture::setSmall(QImage image) {
+    small = std::move(image);
     picture.stretch.reset();
+    candidates->erase(picture.index);
+}
+
+ClipPicturePointer StretchHandles::handleOf(const StretchedPicture& picture) {
+    if (!candidates || stretch.lock() != picture.stretch) {
+        stretch = picture.stretch;
+        candidates = std::make_shared<StretchCandidates>();
+    }
+    return std::make_shared<StretchPicture>(picture, candidates);
 }

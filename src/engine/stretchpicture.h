@@ -7,11 +7,24 @@
 #include "clippicture.h"
 #include "stretchedpicture.h"
 
-/// A picture of a stretch that can still become a snapshot; it is decoded once more when it does.
-/// The recording's decoder must be there until then.
+#include <map>
+
+class StretchPicture;
+
+/// Those pictures of one stretch that can still become a snapshot and have no small picture yet, by
+/// their places in the stretch.
+using StretchCandidates = std::map<int, StretchPicture*>;
+
+/// A picture of a stretch that can still become a snapshot. Where its small picture was not made
+/// when it was decoded, its stretch is decoded once more, for all its candidates at once. The
+/// recording's decoder must be there until then.
 class StretchPicture : public ClipPicture {
 public:
-    explicit StretchPicture(StretchedPicture picture);
+    /// `candidates` are those of the same stretch.
+    StretchPicture(StretchedPicture picture, std::shared_ptr<StretchCandidates> candidates);
+    ~StretchPicture() override;
+    StretchPicture(const StretchPicture&) = delete;
+    StretchPicture& operator=(const StretchPicture&) = delete;
 
     QImage snapshot() override;
 
@@ -21,7 +34,20 @@ public:
 
 private:
     void makeSmall();
+    void decodeAll();
+    void setSmall(QImage image);
 
     StretchedPicture picture; ///< without a stretch once the small picture is made
+    std::shared_ptr<StretchCandidates> candidates;
     QImage small;
+};
+
+/// Makes the handles of a recording's stretched pictures, in their order.
+class StretchHandles {
+public:
+    ClipPicturePointer handleOf(const StretchedPicture& picture);
+
+private:
+    std::weak_ptr<const Stretch> stretch; ///< that of the last one
+    std::shared_ptr<StretchCandidates> candidates;
 };

@@ -71,7 +71,7 @@ bool DecodingContext::openStretches(const StretchPlan& plan,
         return false;
     qCDebug(engineLog, "stretches, %d at a time", plan.workers);
     stretches = std::make_unique<StretchReader>(reader, memory, std::move(opened.context), plan,
-                                                comparison);
+                                                comparison, stretchKeeper);
     return true;
 }
 

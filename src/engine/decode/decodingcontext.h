@@ -25,6 +25,7 @@ struct DecodingContext {
     std::unique_ptr<KeyFrameDecoder> keys;
     std::unique_ptr<StretchReader>
         stretches;                     ///< gone where `ffmpegMutex` is held to close the rest
+    PictureKeeperMaker stretchKeeper;  ///< of `stretches`; may be null. Set before `open`.
     std::deque<NumberedPacket> replay; ///< packets that the serial decoder takes before reading on
     qint64 lastNumber = -1;            ///< packet that completed the last picture handed out
     int threads = 1;                   ///< that may decode

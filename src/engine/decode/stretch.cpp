@@ -14,13 +14,22 @@ StretchStream::StretchStream(const AVCodecParameters& original, PictureMemory& m
 }
 
 Stretch::~Stretch() {
-    stream->packetBytes -= bytes;
+    if (isLetGo)
+        stream->keptBytes -= bytes;
 }
 
 void Stretch::add(NumberedPacket packet) {
     bytes += packet.packet->size;
-    stream->packetBytes += packet.packet->size;
     packets.push_back(std::move(packet));
+}
+
+void Stretch::letGo() {
+    if (isLetGo)
+        return;
+    isLetGo = true;
+    stream->keptBytes += bytes;
+    // Its handles have taken the others.
+    kept.erase(kept.begin(), kept.lower_bound(int(results.size()) - 1));
 }
 
 std::vector<const AVPacket*> Stretch::decodedPackets() const {
@@ -38,6 +47,10 @@ std::vector<const AVPacket*> Stretch::decodedPackets() const {
 int Stretch::expectedPictures() const {
     const int leadingOfNext = std::max(0, int(tail.size()) - 1);
     return int(packets.size()) - leading + leadingOfNext;
+}
+
+qint64 Stretch::firstPicture() const {
+    return packets.front().number + leading;
 }
 
 bool areAlike(const AVFrame& a, const AVFrame& b) {

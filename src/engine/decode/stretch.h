@@ -7,6 +7,7 @@
 #include "decodedframe.h"
 #include "libavpointers.h"
 #include "picturecomparison.h"
+#include "picturekeeper.h"
 #include "picturememory.h"
 
 #include <atomic>
@@ -19,10 +20,10 @@
 struct StretchStream {
     StretchStream(const AVCodecParameters& parameters, PictureMemory& memory);
 
-    ParametersPointer parameters;       ///< null without memory
-    PacketPointer firstPacket;          ///< of the stream; set before the first stretch is decoded
-    PictureMemory& memory;              ///< outlives the stream
-    std::atomic<qint64> packetBytes{0}; ///< of all stretches that somebody holds
+    ParametersPointer parameters;     ///< null without memory
+    PacketPointer firstPacket;        ///< of the stream; set before the first stretch is decoded
+    PictureMemory& memory;            ///< outlives the stream
+    std::atomic<qint64> keptBytes{0}; ///< of all stretches that were let go and are there
 };
 
 /// A picture of a stretch, once it has been compared and let go.
@@ -42,12 +43,18 @@ struct Stretch {
 
     void add(NumberedPacket packet);
 
+    /// All its pictures are handed out; whoever still holds one keeps its packets alive.
+    void letGo();
+
     /// Those that a decoder takes which begins here, in order: its own but for the leading ones,
     /// then the tail.
     std::vector<const AVPacket*> decodedPackets() const;
 
     /// How many pictures are the stretch's own, if each packet gives one.
     int expectedPictures() const;
+
+    /// The number of its first picture in the recording, if each packet gives one.
+    qint64 firstPicture() const;
 
     std::shared_ptr<StretchStream> stream;
     qint64 index = 0; ///< among the stretches of the recording
@@ -66,7 +73,11 @@ struct Stretch {
     int height = 0;
     std::vector<StretchResult> results;
     FramePointer first; ///< its first picture, and its last one; null if there is none
-    FramePointer last;
+    std::shared_ptr<const DecodedFrame> last;
+    KeptPictures kept;
+
+private:
+    bool isLetGo = false;
 };
 
 /// Whether two pictures have one size and format.

@@ -33,10 +33,12 @@ void prime(AVCodecContext& context, const AVPacket& firstPacket) {
 }
 
 StretchDecoder::StretchDecoder(std::shared_ptr<StretchStream> stream, CodecContextPointer context,
-                               PictureComparison compare, std::function<bool()> isInterrupted)
+                               PictureComparison compare, std::unique_ptr<PictureKeeper> keeper,
+                               std::function<bool()> isInterrupted)
     : stream(std::move(stream))
     , context(std::move(context))
     , compare(std::move(compare))
+    , keeper(std::move(keeper))
     , isInterrupted(std::move(isInterrupted)) {}
 
 StretchDecoder::~StretchDecoder() {
@@ -71,7 +73,11 @@ void StretchDecoder::decode(Stretch& stretch) {
         return;
     const int delayBefore = context->has_b_frames;
     stretch.isInDoubt = false;
+    if (keeper)
+        keeper->begin(stretch.firstPicture());
     feedAll(stretch);
+    if (keeper)
+        stretch.kept = keeper->end();
     stretch.delay = context->has_b_frames;
     // At the beginning the decoder may still learn of it.
     if (stretch.index > 0 && stretch.delay != delayBefore)
@@ -119,22 +125,28 @@ bool StretchDecoder::take(Stretch& stretch, PicturePointer picture, int place) {
     if (reached >= stretch.expectedPictures())
         return true;
     StretchResult result{place, std::nullopt};
-    FramePointer record = recordOf(std::move(picture));
+    std::shared_ptr<const DecodedFrame> record = recordOf(std::move(picture));
     if (stretch.results.empty()) {
-        stretch.headerFrameRate = frameRateOf(*context);
-        stretch.width = record->width();
-        stretch.height = record->height();
-        stretch.first.reset(new DecodedFrame{0.0, av_frame_clone(record->frame)});
-        if (!stretch.first->frame)
-            throw std::bad_alloc();
+        keepFirst(stretch, *record);
     } else {
         if (!areAlike(*stretch.last->frame, *record->frame))
             return false;
         result.value = compare(*stretch.last, *record);
+        if (keeper)
+            keeper->take(int(stretch.results.size()), stretch.last, record, result.value);
     }
     stretch.results.push_back(result);
     stretch.last = std::move(record);
     return true;
+}
+
+void StretchDecoder::keepFirst(Stretch& stretch, const DecodedFrame& record) {
+    stretch.headerFrameRate = frameRateOf(*context);
+    stretch.width = record.width();
+    stretch.height = record.height();
+    stretch.first.reset(new DecodedFrame{0.0, av_frame_clone(record.frame)});
+    if (!stretch.first->frame)
+        throw std::bad_alloc();
 }
 
 // Fields of MPEG-4 Part 2 that refer to two pictures count on the first such picture of the stream.
@@ -144,22 +156,22 @@ bool StretchDecoder::isDamaged(const AVFrame& picture) const {
            isCounted;
 }
 
-PicturePointer StretchDecoder::decodeOne(const Stretch& stretch, int index) {
+void StretchDecoder::decodeAgain(const Stretch& stretch,
+                                 const std::function<bool(int place, FramePointer frame)>& take) {
     if (!prepare(stretch))
-        return nullptr;
+        return;
     if (stretch.index > 0)
         context->has_b_frames = stretch.delay;
     std::vector<const AVPacket*> packets = stretch.decodedPackets();
     packets.push_back(nullptr); // the decoder then gives away what it holds back
     int next = 0;
-    PicturePointer picture(av_frame_alloc());
     for (const AVPacket* packet : packets) {
         avcodec_send_packet(context.get(), packet);
+        PicturePointer picture(av_frame_alloc());
         while (picture && avcodec_receive_frame(context.get(), picture.get()) >= 0) {
-            if (next++ == index)
-                return picture;
-            av_frame_unref(picture.get());
+            if (!take(next++, recordOf(std::move(picture))))
+                return;
+            picture.reset(av_frame_alloc());
         }
     }
-    return nullptr;
 }

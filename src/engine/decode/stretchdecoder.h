@@ -20,9 +20,10 @@ void prime(AVCodecContext& context, const AVPacket& firstPacket);
 class StretchDecoder {
 public:
     /// `context`: for one thread, newly opened, or null: one is opened then. `isInterrupted` is
-    /// asked once per packet, and a stretch is left once it answers true.
+    /// asked once per packet, and a stretch is left once it answers true. `keeper` may be null.
     StretchDecoder(std::shared_ptr<StretchStream> stream, CodecContextPointer context,
-                   PictureComparison compare, std::function<bool()> isInterrupted);
+                   PictureComparison compare, std::unique_ptr<PictureKeeper> keeper,
+                   std::function<bool()> isInterrupted);
     ~StretchDecoder();
     StretchDecoder(const StretchDecoder&) = delete;
     StretchDecoder& operator=(const StretchDecoder&) = delete;
@@ -30,8 +31,10 @@ public:
     /// Fills in what decoding the stretch gives.
     void decode(Stretch& stretch);
 
-    /// Picture `index` of a stretch that was decoded before; null if it cannot be had.
-    PicturePointer decodeOne(const Stretch& stretch, int index);
+    /// Gives `take` the pictures of a stretch that was decoded before, in order, with their places
+    /// in it, for as long as it answers true.
+    void decodeAgain(const Stretch& stretch,
+                     const std::function<bool(int place, FramePointer frame)>& take);
 
 private:
     bool open();
@@ -39,11 +42,13 @@ private:
     void feedAll(Stretch& stretch);
     bool feed(Stretch& stretch, const AVPacket* packet, int place, PicturePacing& pacing);
     bool take(Stretch& stretch, PicturePointer picture, int place);
+    void keepFirst(Stretch& stretch, const DecodedFrame& record);
     bool isDamaged(const AVFrame& picture) const;
 
     std::shared_ptr<StretchStream> stream;
     CodecContextPointer context;
     PictureComparison compare;
+    std::unique_ptr<PictureKeeper> keeper;
     std::function<bool()> isInterrupted;
     bool isNew = true; ///< nothing has been decoded
 };

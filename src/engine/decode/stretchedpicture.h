@@ -6,6 +6,9 @@
 
 #include "decodedframe.h"
 
+#include <QImage>
+
+#include <functional>
 #include <memory>
 #include <optional>
 
@@ -31,5 +34,15 @@ struct StretchedPicture {
 /// decoder must still be there.
 FramePointer decodeAgain(const StretchedPicture& picture);
 
-/// The bytes of all packets that the pictures of its recording keep.
+/// Decodes pictures of a stretch once more, from its first one on, for as long as `take` answers
+/// true. It is given each with its place; times are not set. The recording's decoder must still be
+/// there.
+void decodeAgain(const Stretch& stretch,
+                 const std::function<bool(int place, FramePointer frame)>& take);
+
+/// The small picture that was made of it while it was there; null if there is none.
+QImage keptPicture(const StretchedPicture& picture);
+
+/// The bytes of the packets that nothing but pictures of its recording keeps alive, beside those of
+/// the stretch at hand.
 qint64 keptBytes(const StretchedPicture& picture);

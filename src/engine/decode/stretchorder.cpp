@@ -75,7 +75,11 @@ std::vector<qint64> StretchOrder::numbersOf(const Stretch& stretch) const {
 }
 
 void StretchOrder::compareFirst(Stretch& stretch) {
-    if (stretch.first && last)
-        stretch.results.front().value = compare(*last, *stretch.first);
+    if (stretch.first && last) {
+        std::optional<float>& value = stretch.results.front().value;
+        value = compare(*last, *stretch.first);
+        if (keeper)
+            keeper->takeFirst(pictures, *last, *stretch.first, value, stretch.kept);
+    }
     stretch.first.reset();
 }

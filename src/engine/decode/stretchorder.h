@@ -14,8 +14,11 @@
 /// them away. Where packets and pictures do not go in such pairs, nothing is certain.
 class StretchOrder {
 public:
-    explicit StretchOrder(PictureComparison compare)
-        : compare(std::move(compare)) {}
+    /// `keeper` may be null.
+    explicit StretchOrder(PictureComparison compare,
+                          std::unique_ptr<PictureKeeper> keeper = nullptr)
+        : compare(std::move(compare))
+        , keeper(std::move(keeper)) {}
 
     /// Takes the next stretch, once it is decoded. Answers for each of its pictures the number of
     /// the packet that completes it, which can lie behind the stretch; nothing in doubt. Compares
@@ -35,8 +38,9 @@ private:
     void compareFirst(Stretch& stretch);
 
     PictureComparison compare;
+    std::unique_ptr<PictureKeeper> keeper;
     int delay = 0;
     int offset = 0; ///< places from a picture's own packet to the one that completes it
     qint64 pictures = 0;
-    FramePointer last; ///< of the stretch before; null if there is none
+    std::shared_ptr<const DecodedFrame> last; ///< of the stretch before; null if there is none
 };

@@ -16,14 +16,15 @@ double secondsOf(std::int64_t dts, const AVRational& timeBase) {
 
 StretchReader::StretchReader(PacketReader& reader, PictureMemory& memory,
                              CodecContextPointer context, const StretchPlan& plan,
-                             const PictureComparisonMaker& maker)
+                             const PictureComparisonMaker& maker,
+                             const PictureKeeperMaker& keeperMaker)
     : reader(reader)
     , plan(plan)
     , stream(std::make_shared<StretchStream>(*reader.stream()->codecpar, memory))
     , cutter(reader, stream, plan)
-    , order(maker())
+    , order(maker(), keeperMaker ? keeperMaker() : nullptr)
     , hasTimes(reader.stream()->start_time != AV_NOPTS_VALUE)
-    , workers(plan.workers, stream, std::move(context), maker,
+    , workers(plan.workers, stream, std::move(context), maker, keeperMaker,
               [&reader] { return reader.isInterrupted(); }) {}
 
 std::optional<StretchedPicture> StretchReader::next() {
@@ -98,9 +99,21 @@ bool StretchReader::handOnNext() {
         readMarksUpTo(numbers->back());
     makePictures(stretch, *numbers);
     inHand.pop_front();
-    bytesDone += before ? before->bytes : 0;
+    letGoOfBefore(*stretch);
     before = stretch;
     return true;
+}
+
+void StretchReader::letGoOfBefore(Stretch& next) {
+    if (!before)
+        return;
+    const auto last = next.kept.find(-1);
+    if (last != next.kept.end()) {
+        before->kept[int(before->results.size()) - 1] = std::move(last->second);
+        next.kept.erase(last);
+    }
+    bytesDone += before->bytes;
+    before->letGo();
 }
 
 /// A picture at the end of a stretch is completed by a packet behind it.
@@ -139,6 +152,8 @@ StretchReader::Rest StretchReader::takeRest() {
     rest.isDamaged = !inHand.empty() && inHand.front()->isDamaged;
     if (stream->firstPacket)
         rest.firstPacket.reset(av_packet_clone(stream->firstPacket.get()));
+    if (before)
+        before->letGo();
     const std::vector<StretchPointer> stretches = stretchesToGoOn();
     const bool isFromStart = stretches.empty() || stretches.front()->packets.front().number == 0;
     if (!isFromStart && !order.isDelayUsual())
@@ -168,11 +183,28 @@ std::vector<StretchPointer> StretchReader::stretchesToGoOn() const {
 }
 
 FramePointer decodeAgain(const StretchedPicture& picture) {
-    StretchDecoder decoder(picture.stretch->stream, nullptr, {}, [] { return false; });
-    PicturePointer found = decoder.decodeOne(*picture.stretch, picture.index);
-    return FramePointer(found ? new DecodedFrame{picture.time, found.release()} : nullptr);
+    FramePointer found;
+    decodeAgain(*picture.stretch, [&found, &picture](int place, FramePointer frame) {
+        if (place == picture.index)
+            found = std::move(frame);
+        return !found;
+    });
+    return found;
+}
+
+void decodeAgain(const Stretch& stretch,
+                 const std::function<bool(int place, FramePointer frame)>& take) {
+    qCDebug(engineLog, "stretch %lld once more", static_cast<long long>(stretch.index));
+    StretchDecoder decoder(stretch.stream, nullptr, {}, nullptr, [] { return false; });
+    decoder.decodeAgain(stretch, take);
+}
+
+QImage keptPicture(const StretchedPicture& picture) {
+    const KeptPictures& kept = picture.stretch->kept;
+    const auto found = kept.find(picture.index);
+    return found == kept.end() ? QImage() : found->second.picture;
 }
 
 qint64 keptBytes(const StretchedPicture& picture) {
-    return picture.stretch->stream->packetBytes;
+    return picture.stretch->stream->keptBytes;
 }

@@ -17,8 +17,10 @@ class StretchReader {
 public:
     /// `reader` must be open, at its start. `context`, for one thread, is newly opened for its
     /// stream. `reader` and `memory` must outlive this object and all its pictures.
+    /// `keeperMaker` may be null: no small pictures are made.
     StretchReader(PacketReader& reader, PictureMemory& memory, CodecContextPointer context,
-                  const StretchPlan& plan, const PictureComparisonMaker& maker);
+                  const StretchPlan& plan, const PictureComparisonMaker& maker,
+                  const PictureKeeperMaker& keeperMaker);
 
     /// The next picture. Nothing at the end, once interrupted, and in doubt.
     std::optional<StretchedPicture> next();
@@ -44,6 +46,7 @@ private:
     void fill();
     bool canReadOn() const;
     bool handOnNext();
+    void letGoOfBefore(Stretch& next);
     void readMarksUpTo(qint64 number);
     void makePictures(const StretchPointer& stretch, const std::vector<qint64>& numbers);
     std::vector<StretchPointer> stretchesToGoOn() const;

@@ -15,9 +15,10 @@
 
 StretchWorkers::StretchWorkers(int count, std::shared_ptr<StretchStream> stream,
                                CodecContextPointer context, PictureComparisonMaker maker,
-                               std::function<bool()> isInterrupted)
+                               PictureKeeperMaker keeperMaker, std::function<bool()> isInterrupted)
     : stream(std::move(stream))
     , maker(std::move(maker))
+    , keeperMaker(std::move(keeperMaker))
     , isInterrupted(std::move(isInterrupted)) {
     threads.reserve(std::size_t(count));
     // A function that a thread takes must be one that can be copied.
@@ -76,6 +77,7 @@ bool StretchWorkers::isStopped() {
 
 void StretchWorkers::work(CodecContextPointer context) {
     StretchDecoder decoder(stream, std::move(context), maker(),
+                           keeperMaker ? keeperMaker() : nullptr,
                            [this] { return isStopped() || isInterrupted(); });
     while (const StretchPointer stretch = take()) {
         decode(decoder, *stretch);

@@ -17,7 +17,8 @@ class StretchWorkers {
 public:
     /// Up to `count` threads. `context` is for the first of them. The functions are called on them.
     StretchWorkers(int count, std::shared_ptr<StretchStream> stream, CodecContextPointer context,
-                   PictureComparisonMaker maker, std::function<bool()> isInterrupted);
+                   PictureComparisonMaker maker, PictureKeeperMaker keeperMaker,
+                   std::function<bool()> isInterrupted);
 
     /// Waits for the packets that they have in hand, no longer.
     ~StretchWorkers();
@@ -41,6 +42,7 @@ private:
 
     std::shared_ptr<StretchStream> stream;
     PictureComparisonMaker maker;
+    PictureKeeperMaker keeperMaker; ///< may be null
     std::function<bool()> isInterrupted;
 
     std::mutex mutex;

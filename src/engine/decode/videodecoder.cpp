@@ -45,11 +45,13 @@ bool VideoDecoder::open(const char* fileName) {
     close();
     context = std::make_unique<DecodingContext>();
     context->reader.setInterrupt(interrupt);
+    context->stretchKeeper = stretchKeeper;
     return context->open(fileName, threads, areKeysWanted, stretchComparison);
 }
 
-void VideoDecoder::setStretches(PictureComparisonMaker maker) {
+void VideoDecoder::setStretches(PictureComparisonMaker maker, PictureKeeperMaker keeperMaker) {
     stretchComparison = std::move(maker);
+    stretchKeeper = std::move(keeperMaker);
 }
 
 bool VideoDecoder::hasStretches() const {

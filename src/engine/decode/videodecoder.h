@@ -6,6 +6,7 @@
 
 #include "decodedframe.h"
 #include "picturecomparison.h"
+#include "picturekeeper.h"
 #include "readend.h"
 #include "recordingpart.h"
 #include "streamdescription.h"
@@ -49,7 +50,7 @@ public:
     /// Has the files that are opened from now on decoded in stretches side by side where that is
     /// exact and pays. Their pictures are compared where they are decoded, with what `maker` makes
     /// for each thread, and come from `readStretched`.
-    void setStretches(PictureComparisonMaker maker);
+    void setStretches(PictureComparisonMaker maker, PictureKeeperMaker keeperMaker = {});
 
     /// Opens the file at the path `fileName` (UTF-8) and never any other, closing what was open.
     /// False if there is no readable video stream or no decoder for it; `errorText` then says why.
@@ -137,4 +138,5 @@ private:
     int threads;
     bool areKeysWanted = false;
     PictureComparisonMaker stretchComparison; ///< null: no stretches
+    PictureKeeperMaker stretchKeeper;
 };

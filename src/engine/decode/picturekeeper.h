@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "decodedframe.h"
+
+#include <QImage>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+
+/// A picture as small as it is shown, and why it is kept.
+struct KeptPicture {
+    float value = 0.0F; ///< the greater, the more likely somebody asks for it
+    QImage picture;     ///< never null
+};
+
+/// Pictures of one stretch, by their places in it; -1 is the last one of the stretch before.
+using KeptPictures = std::map<int, KeptPicture>;
+
+/// Sees the pictures of a stretch while they are there, in order, on the thread that decodes it,
+/// and keeps what somebody may ask for later.
+class PictureKeeper {
+public:
+    using Picture = std::shared_ptr<const DecodedFrame>;
+
+    virtual ~PictureKeeper() = default;
+
+    /// A stretch begins. Its first picture is most likely number `number` of the recording.
+    virtual void begin(qint64 number) = 0;
+
+    /// The next picture, `place` in the stretch, 1 or more, and what comparing it with the one
+    /// before it gave.
+    virtual void take(int place, const Picture& previous, const Picture& current,
+                      std::optional<float> value) = 0;
+
+    /// There are no more.
+    virtual KeptPictures end() = 0;
+
+    /// The first picture of a stretch, number `number`, can be compared only later, with the last
+    /// one before it. Adds those of the two that are to be kept to the stretch's.
+    virtual void takeFirst(qint64 number, const DecodedFrame& previous, const DecodedFrame& first,
+                           std::optional<float> value, KeptPictures& kept) const = 0;
+};
+
+/// Makes a keeper for one thread; any thread may ask for one.
+using PictureKeeperMaker = std::function<std::unique_ptr<PictureKeeper>()>;
