@@ -4,15 +4,18 @@
 
 """Archives that are measured on hosts of which some fail, compared with one call on one machine."""
 
+import contextlib
 import filecmp
 import os
+import pathlib
 import re
 import shutil
+import signal
 import subprocess
 import time
 
 from harness import common
-from harness.hosts import USER
+from harness.hosts import NETWORK, USER, Host
 
 LIMIT = 240  # seconds that no case may take
 OPTIONS = ["--minimum", "2", "--threshold-value", "30", "--format", "jsonl"]
@@ -27,6 +30,7 @@ esac
 echo start >>{folder}/calls-"$(uname -n)"
 case "$*" in
 */crash.mkv) kill -SEGV $$ ;;
+*/fails.mkv) echo "kestrova-scan: the disk is tired" >&2; exit 1 ;;
 */unreadable.mp4) echo tried >>{folder}/unreadable ;;
 esac
 sleep {seconds}
@@ -53,6 +57,7 @@ class Run:
 
     def start(self, recordings, *arguments):
         """In a session of its own, from the folder of the recordings."""
+        self.status = None
         command = [self.folder / "kestrova-archive", "--values", self.values, *OPTIONS,
                    "--report", self.folder / "report", *arguments, "."]
         with open(self.folder / "output", "wb") as output, open(self.folder / "errors", "ab") as errors:
@@ -66,6 +71,26 @@ class Run:
             self.status = common.wait(self.process, LIMIT)[0]
         if self.status is None:
             common.end_all(common.left_behind(self.process.pid))
+
+    def wait_for_failure(self, status, words, seconds):
+        """What is wrong with how it fails: with this status and these words, soon enough, nothing printed."""
+        begin = time.monotonic()
+        self.wait()
+        took = time.monotonic() - begin
+        output, errors = (self.folder / "output").read_bytes(), self.errors()
+        if self.status == status and errors.count(words) == 1 and took < seconds and not output:
+            return ""
+        return f"status {self.status} after {took:.0f} s with {len(output)} bytes printed: {errors}"
+
+    def measuring(self):
+        """The processes that measure for it, on whatever host."""
+        scanner = os.fsencode(self.folder / "kestrova-scan")
+        found = []
+        for path in pathlib.Path("/proc").glob("[0-9]*/cmdline"):
+            with contextlib.suppress(OSError):
+                line = path.read_bytes()
+                found += [path.parent.name] if scanner in line and b"--threads=1" in line else []
+        return found
 
     def kill_controller(self):
         """That alone: its engine goes on."""
@@ -287,3 +312,112 @@ def recordings_vanish(run, reference, hosts):
     subprocess.run(["umount", place], check=True)
     place.rmdir()
     return ""
+
+
+def useless(run, reference, hosts):
+    """They are named, and the work is done by the one that is not."""
+    fake = run.folder / "other-scanner"
+    fake.write_text("#!/bin/sh\necho kestrova-scan 9.9\n")
+    fake.chmod(0o755)
+    run.values.mkdir()
+    hidden = [(run.folder / "kestrova-scan", "/dev/null", "it has no"),
+              (run.folder / "kestrova-scan", fake, "it has kestrova-scan 9.9, and here is"),
+              (run.values, None, "is another one than here"),
+              (reference.recordings, None, "size or modification time of")]
+    broken = [Host(21 + number, reference.folder.parent) for number in range(len(hidden))]
+    for host, (path, what, _) in zip(broken, hidden):
+        host.hide(path, what)
+    nobody = f"{USER}@{NETWORK}.99"
+    arguments = hosts_file(run, [hosts[0], *broken])
+    with open(arguments[1], "a", encoding="ascii") as file:
+        file.write(f"1/{nobody}\n")
+    run.start(reference.recordings, *arguments)
+    run.wait()
+    for host in broken:
+        host.kill()
+    errors = run.errors()
+    missing = [f"host {USER}@{host.address} is not used: .*{re.escape(words)}"
+               for host, (_, _, words) in zip(broken, hidden)] + [f"host {nobody} is not used: .*No route to host"]
+    missing = [pattern for pattern in missing if not re.search(pattern, errors)]
+    wrong = [host.name for host in broken if run.calls("start", host.name)]
+    return f"not said: {missing}; used: {wrong}" if missing or wrong else ""
+
+
+def all_die(run, reference, hosts):
+    arguments = hosts_file(run, hosts)
+    run.start(reference.recordings, *arguments)
+    run.wait_for_work(6, hosts[1].name)
+    for host in hosts:
+        host.kill()
+    problem = run.wait_for_failure(1, "no host answers any more", 60)
+    for host in hosts:
+        host.start()
+    run.start(reference.recordings, *arguments)
+    return problem
+
+
+def interrupted(run, reference, hosts):
+    arguments = hosts_file(run, hosts)
+    run.start(reference.recordings, *arguments)
+    run.wait_for_work(6, hosts[1].name)
+    run.process.send_signal(signal.SIGTERM)
+    problem = run.wait_for_failure(130, "interrupted; the same call goes on", 20)
+    end = time.monotonic() + 5
+    while run.measuring() and time.monotonic() < end:
+        time.sleep(0.1)
+    if run.measuring():
+        problem += "; it goes on on the hosts"
+    run.start(reference.recordings, *arguments)
+    return problem
+
+
+def slurm_refused(run, reference, cluster):
+    """There is no such partition."""
+    run.start(reference.recordings, "--slurm", "--slurm-args", "--partition=long")
+    problem = run.wait_for_failure(1, "Invalid partition", 30)
+    if run.calls("start"):
+        problem += "; something was measured"
+    slurm(run, reference, cluster)
+    return problem
+
+
+def queued(run):
+    return subprocess.run(["squeue", "--noheader"], check=True, capture_output=True, text=True).stdout + str(
+        run.measuring() or "")
+
+
+def slurm_ended(run, reference, cluster, end, status, words):
+    slurm(run, reference, cluster)
+    run.wait_for_ends(4)
+    end()
+    problem = run.wait_for_failure(status, words, 60)
+    until = time.monotonic() + 20
+    while queued(run) and time.monotonic() < until:
+        time.sleep(0.2)
+    if queued(run):
+        problem += f"; still there: {queued(run)}"
+    slurm(run, reference, cluster)
+    return problem
+
+
+def slurm_cancelled(run, reference, cluster):
+    """By somebody else, whom it lets have the last word."""
+    def cancel():
+        subprocess.run(["scancel", "--me"], check=True)
+    return slurm_ended(run, reference, cluster, cancel, 1, "were cancelled")
+
+
+def slurm_interrupted(run, reference, cluster):
+    def interrupt():
+        run.process.send_signal(signal.SIGINT)
+    return slurm_ended(run, reference, cluster, interrupt, 130, "interrupted; the same call goes on")
+
+
+def fails(run, reference, hosts):
+    """On a recording that the reference does not have, and that no scanner can read just now."""
+    bad = reference.recordings / "made" / "fails.mkv"
+    bad.write_bytes(b"fails")
+    run.start(reference.recordings, *hosts_file(run, hosts))
+    run.wait()
+    bad.unlink()
+    return "" if "fails.mkv' is left out: the disk is tired" in run.errors() else "it was not named"

@@ -105,7 +105,7 @@ def cluster_cases(scanner, table, reference, is_short):
     nodes = cluster.Cluster(FOLDER / "slurm", groups=21)
     if table.wants("examples"):
         examples(scanner, table)
-    for name, case in CLUSTER_CASES[:1 if is_short else None]:
+    for name, case in CLUSTER_CASES[:1 if is_short and not table.words else None]:
         if table.wants(name):
             run = archivecases.Run(FOLDER / name.replace(" ", "-"), scanner)
             table.try_case(name, case, run, reference, nodes)
@@ -169,15 +169,21 @@ CASES = [("one machine", archivecases.local, None), ("three hosts", archivecases
          ("the controller is killed", archivecases.controller_killed, None),
          ("controller and engine are killed", archivecases.engine_killed, None),
          ("the scanner crashes", archivecases.crash, 1),
+         ("useless hosts", archivecases.useless, None), ("all hosts die", archivecases.all_die, None),
+         ("interrupted", archivecases.interrupted, None), ("a recording fails", archivecases.fails, 1),
          ("a full disk", archivecases.full_disk, None),
          ("the recordings vanish for a while", archivecases.recordings_vanish, None)]
-SHORT = ["one machine", "three hosts", "a host is cut off", "controller and engine are killed"]
+SHORT = ["one machine", "three hosts", "a host is cut off", "controller and engine are killed", "useless hosts"]
 CLUSTER_CASES = [("Slurm", archivecases.slurm), ("Slurm, and a node is killed", archivecases.node_killed),
-                 ("Slurm, and the controller is killed", archivecases.slurm_left_alone)]
+                 ("Slurm, and the controller is killed", archivecases.slurm_left_alone),
+                 ("Slurm, without the partition", archivecases.slurm_refused),
+                 ("Slurm, cancelled", archivecases.slurm_cancelled),
+                 ("Slurm, interrupted", archivecases.slurm_interrupted)]
 
 
 def main():
     arguments = parse_arguments()
+    common.listen_to_signals()
     os.environ["PATH"] += ":/usr/sbin:/sbin"
     scanner = common.program_folder("dev") / "kestrova-scan"
     common.fresh_folder(FOLDER)
@@ -190,7 +196,7 @@ def main():
           f"status {reference.status}")
     table = Table(arguments.case)
     for name, case, status in CASES:
-        if table.wants(name) and (name in SHORT or not arguments.short):
+        if table.wants(name) and (name in SHORT or table.words or not arguments.short):
             run = archivecases.Run(FOLDER / name.replace(" ", "-"), scanner)
             table.try_case(name, case, run, reference, machines, status)
     if any(table.wants(name) for name in ["examples", *(name for name, _ in CLUSTER_CASES)]):
