@@ -14,6 +14,7 @@ from .progress import Progress
 from .workfolder import Ends
 
 ROUNDS = 3  # of the engine, while something other than a crash is in the way
+FAILURES = 5  # of the scanner on a recording by the recording's own fault, after which it is left out
 CRASHES = 3  # of the scanner on a recording, after which it is left out
 LATE = 20  # seconds that a shared folder may take to show what another machine has written
 NOT_KEPT = "cannot keep the values"  # the scanner's words, where the recording is not at fault
@@ -63,6 +64,11 @@ class Jobs:
             return "" if NOT_KEPT in said[-1] else said[-1].splitlines()[-1].removeprefix("kestrova-scan: ")
         return ("it has changed since it was measured, or has another modification time where that was done"
                 if 0 in self.statuses(name) else "")
+
+    def is_given_up(self, name, work):
+        """Whether another round would only tell the same of it."""
+        failures = sum(0 < status <= 130 for status in self.statuses(name))
+        return self.is_crashing(name) or failures >= FAILURES and bool(self.failure(name, work))
 
 
 @dataclasses.dataclass
@@ -124,7 +130,7 @@ class Rounds:
     def run(self, left):
         reason = self.engine.prepare() if left else ""
         for _ in range(ROUNDS):
-            todo = [name for name in left if not self.jobs.is_crashing(name)]
+            todo = [name for name in left if not self.jobs.is_given_up(name, self.work)]
             if reason or not todo:
                 break
             before = self.ends.read().count
