@@ -51,6 +51,7 @@ void TestSnapshotFolder::numberedNamesKeepClearOfOthers() {
 void TestSnapshotFolder::longNamesLeaveRoom_data() {
     QTest::addColumn<QString>("recording");
     QTest::newRow("letters") << QString(251, 'a') + ".mp4";
+    QTest::newRow("megabytes") << QString(8000000, 'a') + ".mp4";
     QTest::newRow("two bytes each") << QString(127, QChar(0xe9));
     QTest::newRow("four bytes each") << QString::fromUtf8("\xf0\x9f\x8e\xa5").repeated(63);
 }

@@ -11,15 +11,13 @@
 
 QString clipFolderName(const QString& fileName, int number, int longest) {
     const QFileInfo file(fileName);
-    QString baseName = file.baseName();
-    QString suffix = file.suffix();
+    const QString ending = QString::number(number);
+    const int room = longest - ending.size() - 2; // its two dashes
+    const QString wholeSuffix = file.suffix();
+    const QString baseName = fittingBeginning(file.baseName(), room - nameLength(wholeSuffix));
+    const QString suffix = fittingBeginning(wholeSuffix, room - nameLength(baseName));
     // All at once: a file name may hold a "%3" of its own.
-    const auto joined = [&] {
-        return QStringLiteral("%1_%2_%3").arg(baseName, suffix, QString::number(number));
-    };
-    while (nameLength(joined()) > longest && !(baseName + suffix).isEmpty())
-        chopCharacter(baseName.isEmpty() ? suffix : baseName);
-    return joined();
+    return QStringLiteral("%1_%2_%3").arg(baseName, suffix, ending);
 }
 
 QString makeClipFolder(const QString& fileName, const QString& exportDirectory,

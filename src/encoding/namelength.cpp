@@ -18,8 +18,17 @@ int nameLength(const QString& name) {
     return QFile::encodeName(name).size();
 }
 
-void chopCharacter(QString& name) {
-    const QStringView last = QStringView(name).mid(qMax(0, name.size() - 2));
-    const bool isPair = last.size() == 2 && last[0].isHighSurrogate() && last[1].isLowSurrogate();
-    name.chop(isPair ? 2 : 1);
+QString fittingBeginning(const QString& name, int longest) {
+    int end = 0;
+    int bytes = 0;
+    while (end < name.size()) {
+        const bool isPair =
+            name[end].isHighSurrogate() && end + 1 < name.size() && name[end + 1].isLowSurrogate();
+        const int size = isPair ? 2 : 1;
+        bytes += nameLength(name.mid(end, size));
+        if (bytes > longest)
+            break;
+        end += size;
+    }
+    return name.left(end);
 }

@@ -12,5 +12,6 @@ int longestNameIn(const QString& directory);
 /// How many bytes `name` has in the file system.
 int nameLength(const QString& name);
 
-/// Takes off the last character, if there is one, as a whole.
-void chopCharacter(QString& name);
+/// As many whole characters from the beginning of `name` as `longest` bytes hold; takes no longer
+/// for a name of any length. `longest` may be negative: nothing fits.
+QString fittingBeginning(const QString& name, int longest);

@@ -28,10 +28,7 @@ QString shortened(const QString& name, int longest) {
     const QByteArray sum =
         QCryptographicHash::hash(QFile::encodeName(name), QCryptographicHash::Sha1).toHex();
     const QString ending = '~' + QString::fromLatin1(sum.left(8));
-    QString beginning = name;
-    while (nameLength(beginning + ending) > longest && !beginning.isEmpty())
-        chopCharacter(beginning);
-    return beginning + ending;
+    return fittingBeginning(name, longest - ending.size()) + ending;
 }
 
 } // namespace

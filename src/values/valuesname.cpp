@@ -24,9 +24,8 @@ QString pathOf(const QString& folder, const QByteArray& recording, const QString
     const QByteArray digest =
         QCryptographicHash::hash(recording, QCryptographicHash::Sha256).toHex().left(digestDigits);
     const int longest = longestNameIn(folder) - int(std::strlen(longestEnding)) - digestDigits - 1;
-    QString name = QFileInfo(QFile::decodeName(recording)).fileName();
-    while (nameLength(name) > longest)
-        chopCharacter(name);
+    const QString name =
+        fittingBeginning(QFileInfo(QFile::decodeName(recording)).fileName(), longest);
     return QDir(folder).filePath(name + '-' + QString::fromLatin1(digest) + ending);
 }
 
