@@ -86,7 +86,7 @@ void TestMotionStrip::columnsWithoutPicturesAreFilled() {
 void TestMotionStrip::timesThatMakeNoSense() {
     MotionStrip strip;
     MotionHistogram histogram;
-    for (const double time : {-5.0, std::nan(""), HUGE_VAL, -HUGE_VAL, 2.0, 1.0, 1e300}) {
+    for (const double time : {-5.0, std::nan(""), HUGE_VAL, -HUGE_VAL, -1e300, 2.0, 1.0, 1e300}) {
         strip.add(time, 1.0F);
         histogram.add(time, 1.0F);
     }

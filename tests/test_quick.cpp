@@ -51,6 +51,7 @@ private Q_SLOTS:
     void refinedIsExactAroundWhatWasFound_data();
     void refinedIsExactAroundWhatWasFound();
     void refinedCountsOn();
+    void refinedStretchesCanBeAskedFor();
     void refinedFromKeptValues();
     void refinedThatCannotBeRead();
 
@@ -286,6 +287,27 @@ void TestQuick::refinedCountsOn() {
     QCOMPARE(quiet.output, QByteArray());
     QVERIFY(!quiet.errors.contains("searched exactly"));
     QCOMPARE(scan({"--refine"}, days).status, 2);
+}
+
+void TestQuick::refinedStretchesCanBeAskedFor() {
+    // At 30000/1001 pictures a second times have as many decimals as a number can hold.
+    const QString film = path("film.mp4");
+    QVERIFY(media::encode({"-r", "30000/1001", "-i", path("days.mp4"), "-t", "600", "-c:v",
+                           "libx264", "-preset", "ultrafast", "-g", "30", film}));
+    const ProcessResult refined =
+        scan(someClips + QStringList{"--quick", "--refine", "--prerecord", "1.1"}, film);
+    static const QRegularExpression stretch("searched exactly from (\\S+) to (\\S+) s");
+    const auto bounds = stretch.match(QString::fromUtf8(refined.errors));
+    QVERIFY2(bounds.hasMatch(), refined.errors.constData());
+    QVERIFY2(bounds.captured(1).section('.', 1).size() > 9 ||
+                 bounds.captured(2).section('.', 1).size() > 9,
+             refined.errors.constData());
+    const ProcessResult again =
+        scan({"--from", bounds.captured(1), "--to", bounds.captured(2)}, film);
+    QCOMPARE(again.status, 0);
+    const ProcessResult tiny =
+        scan({"--from", "0.0000000000000008881784197001252", "--to", "1"}, film);
+    QCOMPARE(tiny.status, 0);
 }
 
 void TestQuick::refinedFromKeptValues() {

@@ -37,6 +37,8 @@ private Q_SLOTS:
     void listWithNullBytes();
     void listNamesFolders();
     void emptyListIsWarnedOf();
+    void emptyNamesAreWarnedOfOnce();
+    void binaryFileIsNoList();
     void unreadableListIsNamed();
 
 private:
@@ -224,6 +226,29 @@ void TestRecordings::emptyListIsWarnedOf() {
     QCOMPARE(recordings.complaints.size(), 1);
     QCOMPARE(recordings.complaints[0].subject, path("list"));
     QVERIFY(!recordings.complaints[0].isFailure);
+}
+
+void TestRecordings::emptyNamesAreWarnedOfOnce() {
+    QVERIFY(writeFile(path("list"), QByteArray("\0\0a.mp4\0\0b.mp4", 14)));
+    Recordings recordings;
+    addListed(path("list"), '\0', recordings);
+    QCOMPARE(recordings.videos, QStringList({"a.mp4", "b.mp4"}));
+    QCOMPARE(recordings.complaints.size(), 1);
+    QCOMPARE(recordings.complaints[0].reason, QString("warning: empty names are left out: 3"));
+    QVERIFY(!recordings.complaints[0].isFailure);
+}
+
+void TestRecordings::binaryFileIsNoList() {
+    QVERIFY(writeFile(path("list"), QByteArray("\x7f"
+                                               "ELF\0\n",
+                                               6) +
+                                        QByteArray("a\n").repeated(5000)));
+    Recordings recordings;
+    addListed(path("list"), '\n', recordings);
+    QVERIFY(recordings.videos.isEmpty());
+    QCOMPARE(recordings.complaints.size(), 1);
+    QVERIFY(recordings.complaints[0].reason.startsWith("this is no list: it has null bytes"));
+    QVERIFY(recordings.complaints[0].isFailure);
 }
 
 void TestRecordings::unreadableListIsNamed() {

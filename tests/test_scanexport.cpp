@@ -475,6 +475,9 @@ void TestScanExport::usageErrors_data() {
     row({"--export", "out", "--container", "mov"}, "--container takes avi, mp4 or mkv, not 'mov'");
     row({"--export", "out", "--bitrate", "101"}, "--bitrate takes a number from 0 to 100");
     row({"--export", "out", "--bitrate", "nan"}, "--bitrate takes");
+    for (const char* zone : {"Z", "+02:00", "-0330", "+01"})
+        row({"--export", "out", "--start-time", QStringLiteral("2026-11-16T22:00:00") + zone},
+            QByteArray("which has no zone: leave out '") + zone + '\'');
     row({"--export", "out", "--start-time", "noon"}, "--start-time takes a time like");
     row({"--export", "/dev/null/out"}, "/dev/null/out: cannot write into this folder");
 }

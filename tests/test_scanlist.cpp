@@ -42,8 +42,10 @@ private Q_SLOTS:
     void folderIsSearched();
     void listIsSearched();
     void listFromStandardInput();
+    void severalListsAreSearched();
     void namesAreThoseOfTheSearch();
     void unmeasuredAreThoseWithoutValues();
+    void namesTellThatTheyAreNoClips();
     void whatCannotBeReadIsNamed();
     void nothingFoundIsNoFailure();
     void traceOverwritesNothingFound();
@@ -93,6 +95,29 @@ void TestScanList::listFromStandardInput() {
     ProcessResult result;
     result.output = process.readAllStandardOutput();
     QCOMPARE(scanned(result), both);
+}
+
+void TestScanList::severalListsAreSearched() {
+    QVERIFY(writeFile(path("first"), both[1].toUtf8()));
+    QVERIFY(writeFile(path("second"), both[0].toUtf8()));
+    const QStringList lists = {"--list", path("first"), "--list", path("second")};
+    const ProcessResult result = scan(jsonl + lists);
+    QCOMPARE(result.status, 0);
+    QCOMPARE(scanned(result), QStringList({both[1], both[0]}));
+    for (const char* list : {"first", "second"})
+        QVERIFY(scan(lists + QStringList{"--trace", path(list)})
+                    .errors.contains("--trace would overwrite the list"));
+    QCOMPARE(readFile(path("first")), both[1].toUtf8());
+}
+
+void TestScanList::namesTellThatTheyAreNoClips() {
+    const QStringList names = {"--names", "--format", "csv", path("a")};
+    const ProcessResult result = scan(names);
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.output, (both.join(QChar()) + QChar()).toUtf8());
+    QCOMPARE(result.errors,
+             QByteArray("--names prints names and no clips, so that --format changes nothing\n"));
+    QCOMPARE(scan(names + QStringList{"--quiet"}).errors, QByteArray());
 }
 
 void TestScanList::namesAreThoseOfTheSearch() {
@@ -175,6 +200,17 @@ void TestScanList::usageErrors_data() {
     QTest::addColumn<QByteArray>("message");
     QTest::newRow("no list") << QStringList{"--null", "a.mp4"} << QByteArray("--null needs --list");
     QTest::newRow("empty name") << QStringList{"--list="} << QByteArray("--list needs a name");
+    QTest::newRow("empty name of several")
+        << QStringList{"--list", "a", "--list="} << QByteArray("--list needs a name");
+    QTest::newRow("empty recording")
+        << QStringList{"a.mp4", ""} << QByteArray("an empty name is no recording");
+    QTest::newRow("another format") << QStringList{"--format", "json", "a.mp4"}
+                                    << QByteArray("not 'json' (did you mean jsonl?)");
+    QTest::newRow("format in capitals")
+        << QStringList{"--format", "CSV", "a.mp4"} << QByteArray("not 'CSV' (did you mean csv?)");
+    QTest::newRow("option that there is not")
+        << QStringList{"--threshhold-motion", "1", "a.mp4"}
+        << QByteArray("'threshhold-motion' (did you mean --threshold-motion?)");
 }
 
 void TestScanList::usageErrors() {

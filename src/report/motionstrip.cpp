@@ -18,7 +18,7 @@ void MotionStrip::add(double time, float value) {
         return;
     while (time / seconds >= mostColumns)
         joinNeighbours();
-    const int column = std::max(int(std::floor(time / seconds)), 0);
+    const int column = int(std::max(time, 0.0) / seconds);
     while (maxima.size() <= column)
         maxima.append(noPicture);
     maxima[column] = std::max(maxima[column], value);

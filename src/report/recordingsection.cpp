@@ -20,7 +20,8 @@ QByteArray seconds(double time) {
 QString timeText(const MotionReport& report, double time) {
     if (!report.startTime.isValid())
         return elapsedText(time);
-    return report.startTime.addMSecs(qint64(time * 1000.0)).toString(QStringLiteral("HH:mm:ss"));
+    return report.startTime.addMSecs(qint64(sensibleTime(time) * 1000.0))
+        .toString(QStringLiteral("HH:mm:ss"));
 }
 
 /// What plays the clip in a browser: its own file, or the recording from there to there.

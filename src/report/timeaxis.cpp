@@ -4,6 +4,7 @@
 
 #include "timeaxis.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -60,7 +61,12 @@ QVector<TimeMark> timeMarks(double seconds, const QDateTime& startTime) {
     return marks;
 }
 
-QString elapsedText(double seconds) {
+double sensibleTime(double seconds) {
+    return std::isnan(seconds) ? 0.0 : std::clamp(seconds, -longest, longest);
+}
+
+QString elapsedText(double time) {
+    const double seconds = sensibleTime(time);
     const qint64 whole = qint64(std::floor(std::abs(seconds)));
     const QString sign = seconds <= -1.0 ? QStringLiteral("-") : QString();
     return sign + QString::number(whole / 3600) + ':' + twoDigits(whole / 60 % 60) + ':' +

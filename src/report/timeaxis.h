@@ -19,5 +19,9 @@ struct TimeMark {
 /// clock, and at midnight the date.
 QVector<TimeMark> timeMarks(double seconds, const QDateTime& startTime);
 
-/// "1:02:03", rounded down to whole seconds.
-QString elapsedText(double seconds);
+/// A time that can be reckoned with whatever a recording's clock says: at most 1e12 seconds to
+/// either side, and 0 where it is no number.
+double sensibleTime(double seconds);
+
+/// "1:02:03" of a sensible time, rounded down to whole seconds.
+QString elapsedText(double time);

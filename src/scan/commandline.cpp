@@ -11,10 +11,12 @@
 #include "recordings.h"
 #include "regionoptions.h"
 #include "scanconfinement.h"
+#include "suggestion.h"
 #include "timetext.h"
 
 #include <QCommandLineParser>
 #include <QFile>
+#include <QRegularExpression>
 
 #include <algorithm>
 #include <filesystem>
@@ -32,18 +34,36 @@ void addOptions(QCommandLineParser& parser) {
     }
 }
 
+/// Why the command line could not be taken apart.
+QString whatIsUnknown(const QCommandLineParser& parser) {
+    QString text = parser.errorText();
+    const QStringList unknown = parser.unknownOptionNames();
+    if (text.endsWith('.'))
+        text.chop(1);
+    if (unknown.isEmpty())
+        return text;
+    return text + suggestion(unknown.first(), optionNames(), QStringLiteral("--"));
+}
+
 ReportFormat readFormat(OptionValues& values) {
     const int place = scanOption("format").words.indexOf(values.word("format"));
     return place < 0 ? ReportFormat::Text : ReportFormat(place);
 }
 
-/// The time of the clock on the wall: an offset from UTC does not change it, and no clock is put
-/// forward in it, as this machine's may be.
+/// The time of the clock on the wall, which knows of no zones: no clock is put forward in it, as
+/// this machine's may be, and a zone would promise times that nobody reckons.
 QDateTime readStartTime(const QString& text, OptionValues& values) {
+    static const QRegularExpression zone(QStringLiteral("[T ].*(Z|z|[+-][0-9:]+)$"));
+    const auto match = zone.match(text);
+    if (match.hasMatch())
+        values.reject(
+            QStringLiteral("--start-time takes the time of a clock on the wall, which has "
+                           "no zone: leave out '%1'")
+                .arg(match.captured(1)));
     QDateTime time;
-    for (const char* zone : {"Z", "T00:00Z", ""}) {
+    for (const char* utc : {"Z", "T00:00Z"}) {
         if (!time.isValid())
-            time = QDateTime::fromString(text + QLatin1String(zone), Qt::ISODate);
+            time = QDateTime::fromString(text + QLatin1String(utc), Qt::ISODate);
     }
     if (!time.isValid())
         values.reject(QStringLiteral("--start-time takes a time like 2026-11-16T09:05:00, not '%1'")
@@ -76,6 +96,10 @@ bool isSameFile(const QString& left, const QString& right) {
                                        QFile::encodeName(right).toStdString(), none);
 }
 
+QStringList listsOf(const QCommandLineParser& parser) {
+    return parser.isSet("list") ? parser.values("list") : QStringList();
+}
+
 /// A trace must not empty what is read.
 void checkTrace(const ScanOptions& options, const QCommandLineParser& parser,
                 OptionValues& values) {
@@ -89,15 +113,16 @@ void checkTrace(const ScanOptions& options, const QCommandLineParser& parser,
     for (const QString& video : options.videos)
         check("video", video);
     check("mask", parser.value("mask"));
-    check("list", parser.value("list"));
+    for (const QString& list : listsOf(parser))
+        check("list", list);
 }
 
 void readRecordings(const QCommandLineParser& parser, ScanOptions& options) {
     Recordings recordings;
     for (const QString& path : parser.positionalArguments())
         addNamed(path, recordings);
-    if (parser.isSet("list"))
-        addListed(parser.value("list"), parser.isSet("null") ? '\0' : '\n', recordings);
+    for (const QString& list : listsOf(parser))
+        addListed(list, parser.isSet("null") ? '\0' : '\n', recordings);
     options.videos = recordings.videos;
     options.inputs = recordings.inputs;
     options.complaints = recordings.complaints;
@@ -169,7 +194,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
     addOptions(parser);
     if (!parser.parse(arguments))
-        return {CommandLine::Action::Reject, {}, parser.errorText()};
+        return {CommandLine::Action::Reject, {}, whatIsUnknown(parser)};
     if (parser.isSet("help"))
         return {CommandLine::Action::PrintText, {}, helpText()};
     if (parser.isSet("version"))
@@ -203,11 +228,13 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     options.quiet = parser.isSet("quiet");
     if (parser.positionalArguments().isEmpty() && !parser.isSet("list"))
         values.reject(QStringLiteral("no video named"));
+    if (parser.positionalArguments().contains(QString()))
+        values.reject(QStringLiteral("an empty name is no recording"));
     if (parser.isSet("null") && !parser.isSet("list"))
         values.reject(QStringLiteral("--null needs --list"));
     for (const char* option :
          {"list", "mask", "snapshots", "report", "export", "trace", "values"}) {
-        if (parser.isSet(option) && parser.value(option).isEmpty())
+        if (parser.isSet(option) && parser.values(option).contains(QString()))
             values.reject(QStringLiteral("--%1 needs a name").arg(option));
     }
     // A list on standard input is waited for, which nobody wants before an error.

@@ -5,6 +5,7 @@
 #include "optionvalues.h"
 
 #include "optiontable.h"
+#include "suggestion.h"
 
 #include <QCommandLineParser>
 
@@ -29,7 +30,8 @@ QString OptionValues::word(const QString& option) {
     const QStringList& words = scanOption(option).words;
     QString value = parser.value(option);
     if (!words.contains(value))
-        reject(QStringLiteral("--%1 takes %2, not '%3'").arg(option, listed(words), value));
+        reject(QStringLiteral("--%1 takes %2, not '%3'").arg(option, listed(words), value) +
+               suggestion(value, words));
     return value;
 }
 

@@ -128,13 +128,28 @@ void addListed(const QString& list, char separator, Recordings& recordings) {
             {list, QStringLiteral("cannot read this list: ") + file.errorString(), true});
         return;
     }
+    if (separator != '\0' && names.contains('\0')) {
+        recordings.complaints.append(
+            {list,
+             QStringLiteral("this is no list: it has null bytes, which end names with --null only"),
+             true});
+        return;
+    }
     bool isEmpty = true;
+    int emptyNames = 0;
+    if (names.endsWith(separator))
+        names.chop(1);
     for (const QByteArray& name : names.split(separator)) {
-        if (name.isEmpty())
+        if (name.isEmpty()) {
+            ++emptyNames;
             continue;
+        }
         isEmpty = false;
         addNamed(QFile::decodeName(name), recordings);
     }
+    if (!isEmpty && separator == '\0' && emptyNames > 0)
+        recordings.complaints.append(
+            {list, QStringLiteral("warning: empty names are left out: %1").arg(emptyNames), false});
     if (isEmpty)
         recordings.complaints.append(
             {list, QStringLiteral("warning: this list names no recording"), false});

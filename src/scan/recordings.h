@@ -20,5 +20,6 @@ struct Recordings {
 void addNamed(const QString& path, Recordings& recordings);
 
 /// Adds what the file `list` names ("-": standard input), each name ended by `separator`, the last
-/// one perhaps by the end of the file. Empty names are nothing.
+/// one perhaps by the end of the file. Empty lines are nothing; of empty names with null bytes it
+/// warns. A file with null bytes is no list of lines, and names nothing.
 void addListed(const QString& list, char separator, Recordings& recordings);

@@ -13,6 +13,7 @@
 #include "refinement.h"
 #include "shortestdigits.h"
 #include "stretchsearch.h"
+#include "timetext.h"
 
 #include <QFileInfo>
 
@@ -152,7 +153,7 @@ QString RecordingScan::refine(const SegmentationOptions& segmentation) {
     for (const TimeRange& stretch : stretches)
         outputs.messages.summarise(
             QStringLiteral("%1: searched exactly from %2 to %3 s")
-                .arg(line.video, shortestDigits(stretch.from), shortestDigits(stretch.to)));
+                .arg(line.video, plainSeconds(stretch.from), plainSeconds(stretch.to)));
     DetectionOptions exact = options.detection;
     exact.areKeysWanted = false;
     StretchSearch search(exact, *this);

@@ -208,6 +208,9 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output,
 ExitStatus printNames(const ScanOptions& options, QIODevice& output) {
     Messages messages(options.quiet);
     const bool isFound = complain(options.complaints, messages);
+    if (options.format != ReportFormat::Text)
+        messages.summarise(
+            QStringLiteral("--names prints names and no clips, so that --format changes nothing"));
     QByteArray names;
     for (const QString& video :
          options.isMissingAsked ? unmeasured(options, messages) : options.videos)

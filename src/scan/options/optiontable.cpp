@@ -76,9 +76,10 @@ QVector<ScanOption> makeOptions() {
     using G = OptionGroup;
     using K = ValueKind;
     return {
-        valued(G::Input, "list", K::File, "FILE",
-               "Search the recordings that this file names, a line each; - is standard input",
-               "none"),
+        repeated(valued(G::Input, "list", K::File, "FILE",
+                        "Search the recordings that this file names, a line each; - is standard "
+                        "input; may be repeated",
+                        "none")),
         toggle(G::Input, "null", "Names in the list end with null bytes, not with lines"),
         toggle(G::Input, "names",
                "Print the names of the recordings, each ended by a null byte, and search none"),
