@@ -47,6 +47,7 @@ private Q_SLOTS:
     void partsOfFootageAreOnePass();
     void aPartIsMeasuredOnce();
     void whatIsIrregularIsMeasuredAnew();
+    void damageOfOneIsNotThatOfAnother();
     void interlacedFieldsAreMeasuredAnew();
     void unreadableRecordingsAreSo();
     void missingPartsAreNotJoined();
@@ -239,6 +240,27 @@ void TestParts::whatIsIrregularIsMeasuredAnew() {
              joined.errors.constData());
     QCOMPARE(joined.output, fresh.output);
     QCOMPARE(joined.trace, fresh.trace);
+}
+
+/// The libraries tell of both side by side.
+void TestParts::damageOfOneIsNotThatOfAnother() {
+    const QString damaged = path("damaged.ts");
+    QByteArray bytes = readFile(recordings.filePath("transport.ts"));
+    for (int i = 2000; i < bytes.size(); i += 500)
+        bytes[i] = char(bytes[i] ^ 0x5a);
+    QVERIFY(writeFile(damaged, bytes));
+    const QString copy = path("copy.ts");
+    QVERIFY(writeFile(copy, readFile(recordings.filePath("transport.ts"))));
+    for (const char* part : {"1/2", "2/2"}) {
+        const ProcessResult result =
+            runProgram("kestrova-scan", {"--values", kept(), "--quiet", "--jobs", "2", "--threads",
+                                         "2", "--part", part, damaged, copy});
+        QVERIFY2(result.status == 0, result.errors.constData());
+    }
+    const Scan joined = scanned({"--values", kept()}, copy);
+    QVERIFY2(!joined.errors.contains("measured anew"), joined.errors.constData());
+    const Scan fresh = scanned({"--values", kept()}, damaged);
+    QVERIFY2(fresh.errors.contains("measured anew"), fresh.errors.constData());
 }
 
 /// What its fields refer to counts from the first such picture of the stream.

@@ -61,7 +61,15 @@ Detection::Detection(const DetectionOptions& options, DetectionClient& client)
     , client(client) {}
 
 DetectionOutcome Detection::run(const QString& fileName) {
-    path = QFile::encodeName(fileName);
+    try {
+        path = QFile::encodeName(fileName);
+        return runFile();
+    } catch (const std::bad_alloc&) {
+        return failWithoutMemory();
+    }
+}
+
+DetectionOutcome Detection::runFile() {
     VideoDecoder decoder(options.threads);
     decoder.setKeyFramesOnly(options.areKeysWanted);
     if (mayBeCut())
@@ -69,7 +77,7 @@ DetectionOutcome Detection::run(const QString& fileName) {
     decoder.setInterrupt([this] { return client.isCancelled(); });
     DetectionOutcome outcome = DetectionOutcome::CannotOpen;
     if (decoder.open(path.constData()))
-        outcome = runOrFail(decoder);
+        outcome = runOpen(decoder);
     else if (client.isCancelled()) // which cuts an open short
         outcome = DetectionOutcome::Cancelled;
     else
@@ -93,16 +101,12 @@ PictureKeeperMaker Detection::keeperMaker() const {
     return [threshold, skip] { return std::make_unique<LikelySnapshots>(threshold, skip); };
 }
 
-DetectionOutcome Detection::runOrFail(VideoDecoder& decoder) {
-    try {
-        const auto outcome = runOpened(decoder, skipAhead(decoder));
-        if (outcome)
-            return *outcome;
-        decoder.open(path.constData());
-        return runOpened(decoder, std::nullopt).value_or(DetectionOutcome::CannotOpen);
-    } catch (const std::bad_alloc&) {
-        return failWithoutMemory();
-    }
+DetectionOutcome Detection::runOpen(VideoDecoder& decoder) {
+    const auto outcome = runOpened(decoder, skipAhead(decoder));
+    if (outcome)
+        return *outcome;
+    decoder.open(path.constData());
+    return runOpened(decoder, std::nullopt).value_or(DetectionOutcome::CannotOpen);
 }
 
 std::optional<DetectionOutcome> Detection::runSkipped(VideoDecoder& decoder,
@@ -160,6 +164,8 @@ std::optional<DetectionOutcome> Detection::runOpened(VideoDecoder& decoder,
     }
     decision.finish();
     measured.series = decision.series();
+    if (outcome == DetectionOutcome::Finished)
+        findDamage(decoder);
     return outcome;
 }
 
@@ -215,6 +221,17 @@ DetectionOutcome Detection::outcomeOf(const PictureSource& pictures) {
         return DetectionOutcome::ReadFailed;
     }
     return pictures.isStandingStill() ? failWithoutTimes() : DetectionOutcome::Finished;
+}
+
+/// Of what was read to its end. Key frames alone tell nothing of the others and of the length, and
+/// how far one reads beyond a range depends on the threads.
+void Detection::findDamage(const VideoDecoder& decoder) {
+    if (options.areKeysWanted || std::isfinite(options.range.to))
+        return;
+    ReadingSigns signs = decoder.readingSigns();
+    if (measured.stream.frameRate > 0.0) // the times are not those of the headers
+        signs.promised = 0.0;
+    measured.damage = damageOf(measured.stream.origin, measured.series, signs);
 }
 
 DetectionOutcome Detection::failWithoutMemory() {

@@ -65,13 +65,15 @@ private:
     PictureKeeperMaker keeperMaker() const;
     ClipPicturePointer handleOf(const TimedPicture& picture);
     std::optional<RecordingOrigin> skipAhead(VideoDecoder& decoder);
-    DetectionOutcome runOrFail(VideoDecoder& decoder);
+    DetectionOutcome runFile();
+    DetectionOutcome runOpen(VideoDecoder& decoder);
     std::optional<DetectionOutcome> runOpened(VideoDecoder& decoder,
                                               std::optional<RecordingOrigin> origin);
     void begin(const TimedPicture& first, const RangedPictures& range, double frameRate);
     void failToOpen(const VideoDecoder& decoder);
     DetectionOutcome failToBegin(const PictureSource& pictures, bool hasPicture);
     DetectionOutcome outcomeOf(const PictureSource& pictures);
+    void findDamage(const VideoDecoder& decoder);
     DetectionOutcome failWithoutMemory();
     DetectionOutcome failWithoutTimes();
 

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "damage.h"
 #include "motionseries.h"
 #include "streamdescription.h"
 
@@ -44,4 +45,5 @@ struct Measurement {
     double firstTime = 0.0; ///< seconds, of that picture, as the stream counts them
     MotionSeries series;
     bool hasPictures = false; ///< false: the recording could not be begun with
+    Damage damage;
 };

@@ -4,7 +4,6 @@
 
 #include "partdetection.h"
 
-#include "logging.h"
 #include "motionmeasure.h"
 #include "partreading.h"
 #include "picturesource.h"
@@ -84,7 +83,7 @@ DetectionOutcome PartDetection::measureCut(VideoDecoder& decoder) {
         return DetectionOutcome::Finished;
     }
     DetectionOutcome outcome = DetectionOutcome::Cancelled;
-    const qint64 errorsBefore = libavErrors();
+    const qint64 errorsBefore = decoder.libavErrors();
     bool hasOwnTimes = true;
     {
         PictureSource pictures(decoder, options.threads != 1, options.times);
@@ -93,9 +92,17 @@ DetectionOutcome PartDetection::measureCut(VideoDecoder& decoder) {
         hasOwnTimes = !pictures.isFirstUseless() && pictures.frameRate() == 0.0;
     }
     // Decoders conceal damage and depend on older pictures then, often without a mark on theirs.
-    const bool isSound = libavErrors() == errorsBefore;
-    takeFacts(reading, isSound && hasOwnTimes && reading.isRegular());
+    const bool isSound = decoder.libavErrors() == errorsBefore;
+    takeFacts(reading, isSound && hasOwnTimes && reading.isRegular() && isWhole(decoder));
     return outcome;
+}
+
+/// What is missing of a recording is told by who measures all of it.
+bool PartDetection::isWhole(const VideoDecoder& decoder) const {
+    ReadingSigns signs = decoder.readingSigns();
+    if (!decoder.part()->isToTheEnd())
+        signs.promised = 0.0;
+    return !damageOf(measured.stream.origin, measured.series, signs).isThere();
 }
 
 /// `firstNumber`: of the picture to begin with.

@@ -40,6 +40,7 @@ private:
     DetectionOutcome measureUncut(const QString& fileName);
     bool goToPart(VideoDecoder& decoder);
     DetectionOutcome measureCut(VideoDecoder& decoder);
+    bool isWhole(const VideoDecoder& decoder) const;
     void measurePictures(PictureSource& pictures, qint64 firstNumber);
     DetectionOutcome outcomeOf(const PictureSource& pictures);
     void takeFacts(const PartReading& part, bool isRegular);

@@ -13,6 +13,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -99,6 +100,16 @@ QString Video::shortFileName() const {
 
 void Video::detect() {
     state = Running;
+    try {
+        runDetection();
+    } catch (const std::bad_alloc&) {
+        if (state == Running)
+            state = Failed;
+    }
+    Q_EMIT resultReady();
+}
+
+void Video::runDetection() {
     JobClient client(*this);
     Detection detection(detectionOptions(*this), client);
     // A pipe or device may have been chosen unseen, beside a file that was looked at.
@@ -109,5 +120,4 @@ void Video::detect() {
         state = Failed;
     motionValues = detection.motionSeries().values;
     frameTimes = detection.motionSeries().times;
-    Q_EMIT resultReady();
 }

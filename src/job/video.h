@@ -74,4 +74,7 @@ Q_SIGNALS:
 public Q_SLOTS:
     /// The whole run, on the thread that the job lives on.
     void detect();
+
+private:
+    void runDetection();
 };

@@ -9,6 +9,7 @@
 #include <QFileInfo>
 
 #include <algorithm>
+#include <new>
 #include <vector>
 
 namespace {
@@ -43,7 +44,16 @@ bool PictureSearch::isAnyAbandoned() {
     return !abandoned().empty();
 }
 
+/// Without memory for one file it ends with that; who asked for it looks at the others.
 void PictureSearch::run() {
+    try {
+        search();
+    } catch (const std::bad_alloc&) {
+        qWarning("out of memory while looking for a picture");
+    }
+}
+
+void PictureSearch::search() {
     for (const QString& file : files) {
         if (isInterruptionRequested())
             return;

@@ -35,5 +35,7 @@ protected:
     void run() override;
 
 private:
+    void search();
+
     const QStringList files;
 };

@@ -42,7 +42,7 @@ struct ReportedRecording {
     double seconds = 0.0;
     bool isQuick = false; ///< found out by its key frames alone
     SearchState state = SearchState::NotBegun;
-    QString reason; ///< of a failure, for a person
+    QString reason; ///< of a failure, or what is missing of it, for a person
     MotionStrip strip;
     MotionHistogram histogram;
     QVector<ReportedClip> clips;

@@ -94,7 +94,7 @@ QByteArray lengthText(const MotionReport& report, const ReportedRecording& recor
 }
 
 QByteArray trouble(const ReportedRecording& recording) {
-    if (recording.state == SearchState::Failed)
+    if (recording.state == SearchState::Failed || !recording.reason.isEmpty())
         return "<p class=\"trouble\">" + isolatedText(recording.reason) + "</p>\n";
     if (recording.state == SearchState::CutShort)
         return "<p class=\"trouble\">The scan ended here; the rest was not searched.</p>\n";

@@ -67,7 +67,9 @@ QByteArray quietLine(const ReportedRecording& recording) {
         return {};
     return " <span class=\"facts\">" + htmlText(elapsedText(recording.seconds)) +
            " long, greatest motion value " +
-           QByteArray::number(double(recording.strip.greatest()), 'f', 2) + "</span>";
+           QByteArray::number(double(recording.strip.greatest()), 'f', 2) +
+           (recording.reason.isEmpty() ? QByteArray() : "; " + htmlText(recording.reason)) +
+           "</span>";
 }
 
 QByteArray failedLine(const ReportedRecording& recording) {

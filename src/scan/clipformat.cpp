@@ -63,6 +63,8 @@ public:
         object["frames"] = line.frames;
         object["clips"] = line.clips;
         object["seconds"] = line.seconds;
+        if (line.damage.isThere())
+            object["damaged"] = damageOf(line.damage);
         if (line.isQuick)
             object["quick"] = true;
         return written(object);
@@ -85,6 +87,16 @@ private:
         if (!line.exportFile.isEmpty())
             addName(object, "file", line.exportFile);
         object["exported"] = line.isExported;
+    }
+
+    static Json damageOf(const Damage& damage) {
+        Json object;
+        object["packets"] = damage.packets;
+        if (damage.promised > 0.0) {
+            object["promised"] = damage.promised;
+            object["read"] = damage.read;
+        }
+        return object;
     }
 
     static const char* stateName(DetectionOutcome outcome) {
@@ -168,6 +180,18 @@ std::unique_ptr<ClipFormat> makeClipFormat(ReportFormat format, bool withExports
         break;
     }
     return std::make_unique<TextFormat>();
+}
+
+QString damageText(const Damage& damage) {
+    QStringList parts;
+    if (damage.packets > 0)
+        parts += damage.packets == 1
+                     ? QStringLiteral("1 packet could not be decoded")
+                     : QStringLiteral("%1 packets could not be decoded").arg(damage.packets);
+    if (damage.promised > 0.0)
+        parts += QStringLiteral("of the %1 that its headers promise, %2 could be read")
+                     .arg(clockText(damage.promised), clockText(damage.read));
+    return QStringLiteral("damaged: ") + parts.join(QStringLiteral("; "));
 }
 
 QString clockText(double seconds) {

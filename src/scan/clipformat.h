@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "damage.h"
 #include "scanoptions.h"
 #include "segmentation.h"
 #include "streamdescription.h"
@@ -39,6 +40,7 @@ struct VideoLine {
     int clips = 0;
     bool isQuick = false; ///< key frames alone were looked at
     double seconds = 0.0; ///< of the recording, from its first to its last picture
+    Damage damage;        ///< of one that is finished
 };
 
 /// How clips are written down: whole lines, with their line ends. `clip` and `videoEnd` may be
@@ -60,6 +62,9 @@ public:
 
 /// `withExports`: lines tell what became of each clip's export.
 std::unique_ptr<ClipFormat> makeClipFormat(ReportFormat format, bool withExports);
+
+/// What is missing of a recording, for a person.
+QString damageText(const Damage& damage);
 
 /// "0:01:02.345": hours, minutes, seconds, milliseconds (rounded); a minus sign where negative.
 QString clockText(double seconds);

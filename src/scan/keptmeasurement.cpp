@@ -68,6 +68,9 @@ KeptValues keptValues(const RecordingStamp& recording, const MeasureSettings& se
     kept.firstTime = measured.firstTime;
     kept.times = measured.series.times;
     kept.values = measured.series.values;
+    if (measured.damage.isThere())
+        kept.damage =
+            KeptDamage{measured.damage.packets, measured.damage.promised, measured.damage.read};
     return kept;
 }
 
@@ -91,6 +94,8 @@ Measurement measurementOf(const KeptValues& values) {
     measurement.firstTime = values.firstTime;
     measurement.series = {values.values, values.times};
     measurement.hasPictures = values.hasPictures;
+    if (values.damage)
+        measurement.damage = {values.damage->packets, values.damage->promised, values.damage->read};
     return measurement;
 }
 

@@ -14,6 +14,8 @@
 #include <QFile>
 
 #include <cstdio>
+#include <new>
+
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -42,6 +44,16 @@ ExitStatus print(const QString& text, QIODevice& output) {
     return SomeFailed;
 }
 
+/// What the threads of the scan and its recordings could not make good.
+ExitStatus scanOrFail(const ScanOptions& options, QIODevice& output) {
+    try {
+        return scan(options, output, confine);
+    } catch (const std::bad_alloc&) {
+        std::fputs("kestrova-scan: out of memory\n", stderr);
+        return SomeFailed;
+    }
+}
+
 } // namespace
 
 int main(int argc, char* argv[]) {
@@ -63,5 +75,5 @@ int main(int argc, char* argv[]) {
     if (commandLine.action == CommandLine::Action::PrintNames)
         return printNames(commandLine.options, output);
     catchInterrupts();
-    return scan(commandLine.options, output, confine);
+    return scanOrFail(commandLine.options, output);
 }

@@ -19,6 +19,7 @@
 
 #include <cmath>
 #include <limits>
+#include <new>
 
 namespace {
 
@@ -50,6 +51,25 @@ RecordingScan::RecordingScan(int index, const ScanOptions& options, ScanOutputs&
 }
 
 ExitStatus RecordingScan::run() {
+    finish(searchOrFail());
+    const bool isRead = line.outcome == DetectionOutcome::Finished;
+    if (!isWritten || !clips.areWritten() || (!isRead && !isRecordingToBlame))
+        return SomeFailed;
+    return isRead ? AllDone : SomeUnreadable;
+}
+
+QString RecordingScan::searchOrFail() {
+    try {
+        return search();
+    } catch (const std::bad_alloc&) {
+        line.outcome = DetectionOutcome::OutOfMemory;
+        isRecordingToBlame = false;
+        return QStringLiteral("out of memory");
+    }
+}
+
+/// Answers why the recording could not be read, empty if it could.
+QString RecordingScan::search() {
     complainOfRefusal();
     const ValuesStore::Found found = outputs.values.find(index);
     QString error;
@@ -65,24 +85,30 @@ ExitStatus RecordingScan::run() {
         error = measure(found);
     if (merger)
         pass(merger->finish());
+    return error;
+}
+
+/// Says how it has ended; `error` as `search` answers it.
+void RecordingScan::finish(const QString& error) {
     outputs.totals.finish(index);
     if (outputs.report && line.isQuick)
         outputs.report->markQuick(index);
-    if (outputs.report)
-        outputs.report->finish(index, line.outcome, error);
-    if (line.outcome == DetectionOutcome::NoUsableTimes)
-        error += noTimesHint(line.isQuick);
+    const bool isHinted = line.outcome == DetectionOutcome::NoUsableTimes;
     if (!error.isEmpty())
-        outputs.messages.complain(line.video, error);
-    clips.print(outputs.format.videoEnd(line));
+        outputs.messages.complain(line.video, isHinted ? error + noTimesHint(line.isQuick) : error);
     const bool isRead = line.outcome == DetectionOutcome::Finished;
+    if (!isRead)
+        line.damage = {};
+    if (line.damage.isThere())
+        outputs.messages.complain(line.video, damageText(line.damage));
+    if (outputs.report)
+        outputs.report->finish(index, line.outcome,
+                               line.damage.isThere() ? damageText(line.damage) : error);
+    clips.print(outputs.format.videoEnd(line));
     if (isRead)
         outputs.messages.summarise(
             QStringLiteral("%1: clips: %2, length: %3")
                 .arg(line.video, QString::number(line.clips), clockText(line.seconds)));
-    if (!isWritten || !clips.areWritten() || (!isRead && !isRecordingToBlame))
-        return SomeFailed;
-    return isRead ? AllDone : SomeUnreadable;
 }
 
 void RecordingScan::complainOfRefusal() {
@@ -101,6 +127,7 @@ QString RecordingScan::measure(const ValuesStore::Found& found) {
     // An absolute path is a file to the media libraries, whatever colons its name has.
     line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
     isRecordingToBlame = detection.isLasting();
+    line.damage = detection.measurement().damage;
     if (!outputs.values.keep(found, detection.measurement(), endOf(detection, line.outcome)))
         isWritten = false;
     return detection.errorText();
@@ -131,6 +158,7 @@ QString RecordingScan::decide(const KeptValues& values) {
     line.outcome = outcomeOf(values.end);
     isRecordingToBlame = true; // no other failure is kept
     measurement = measurementOf(values);
+    line.damage = measurement.damage;
     line.isQuick = areOfKeyFrames(values.settings);
     const SegmentationOptions segmentation = segmentationOf(values);
     if (line.isQuick && values.hasPictures)

@@ -33,6 +33,9 @@ public:
     void clipFound(const DetectedClip& clip) override;
 
 private:
+    QString search();
+    QString searchOrFail();
+    void finish(const QString& error);
     void complainOfRefusal();
     void pass(const std::optional<DetectedClip>& clip);
     QString measure(const ValuesStore::Found& found);

@@ -6,18 +6,20 @@
 
 #include "folder.h"
 #include "interrupt.h"
+#include "logging.h"
 #include "partscan.h"
 #include "recordingscan.h"
 #include "tracefile.h"
 #include "writing.h"
 
 #include <QFile>
+#include <QLocale>
 #include <QThread>
 
 #include <algorithm>
 #include <atomic>
 #include <functional>
-#include <system_error>
+#include <new>
 #include <thread>
 #include <vector>
 
@@ -37,8 +39,9 @@ std::vector<std::thread> startThreads(int count, const std::function<void()>& wo
     try {
         while (int(threads.size()) < count)
             threads.emplace_back(work);
-    } catch (const std::system_error&) {
-        // The others, and the one that waits for them, do all of it.
+    } catch (const std::exception&) {
+        // No thread or no memory for one. The others, and the one that waits for them, do all of
+        // it.
     }
     return threads;
 }
@@ -48,6 +51,16 @@ ExitStatus scanOne(int index, const ScanOptions& options, ScanOutputs& outputs) 
     if (options.part)
         return PartScan(index, options, outputs.values, outputs.messages, outputs.totals).run();
     return RecordingScan(index, options, outputs).run();
+}
+
+/// Whether a recording could be measured and kept, and is not; also where memory is short to tell.
+bool isUnmeasured(const ValuesStore& values, int index) {
+    try {
+        const ValuesStore::Found found = values.find(index);
+        return found.stamp && !found.values;
+    } catch (const std::bad_alloc&) {
+        return true;
+    }
 }
 
 /// The recordings that could be measured and kept, and are not. What is no file cannot be kept.
@@ -60,8 +73,7 @@ QStringList unmeasured(const ScanOptions& asked, Messages& messages) {
     const auto work = [&] {
         int index = 0;
         while ((index = next++) < count) {
-            const ValuesStore::Found found = values.find(index);
-            isMissing[std::size_t(index)] = found.stamp && !found.values;
+            isMissing[std::size_t(index)] = isUnmeasured(values, index);
         }
     };
     std::vector<std::thread> workers = startThreads(std::min(options.jobs, count) - 1, work);
@@ -76,6 +88,27 @@ QStringList unmeasured(const ScanOptions& asked, Messages& messages) {
     return names;
 }
 
+/// Why something was thrown, for a person. Inside a `catch` alone.
+QString thrownText() {
+    try {
+        throw;
+    } catch (const std::bad_alloc&) {
+        return QStringLiteral("out of memory");
+    } catch (const std::exception& error) {
+        return QString::fromLocal8Bit(error.what());
+    }
+}
+
+/// The same as `scanOne`; nothing leaves the thread that it is done on.
+ExitStatus scanOneOrFail(int index, const ScanOptions& options, ScanOutputs& outputs) {
+    try {
+        return scanOne(index, options, outputs);
+    } catch (const std::exception&) {
+        outputs.messages.complain(options.videos[index], thrownText());
+    }
+    return SomeFailed;
+}
+
 /// Scans all recordings, `options.jobs` at a time; AllDone if nothing went wrong with any.
 ExitStatus scanAll(const ScanOptions& options, ScanOutputs& outputs) {
     std::atomic<int> next{0};
@@ -84,7 +117,7 @@ ExitStatus scanAll(const ScanOptions& options, ScanOutputs& outputs) {
     const auto work = [&] {
         int index = 0;
         while (!isEnding() && (index = next++) < options.videos.size()) {
-            const ExitStatus end = scanOne(index, options, outputs);
+            const ExitStatus end = scanOneOrFail(index, options, outputs);
             if (end == SomeFailed)
                 hasFailed = true;
             else if (end == SomeUnreadable)
@@ -151,10 +184,20 @@ bool openTrace(QFile& file, Messages& messages) {
     return failure.isEmpty();
 }
 
+/// Has Qt make what it makes at its first use, before there are threads: where that fails in the
+/// middle, Qt keeps the lock for ever.
+void prepareLibraries() {
+    QLocale();
+    routeLibavLog();
+    static_cast<void>(engineLog().isDebugEnabled());
+    static_cast<void>(libavLog().isDebugEnabled());
+}
+
 } // namespace
 
 ExitStatus scan(const ScanOptions& asked, QIODevice& output,
                 const std::function<void(const ScanOptions&)>& prepared) {
+    prepareLibraries();
     const ScanOptions options = withSharedThreads(withNamedValues(asked));
     Messages messages(options.quiet);
     QFile traceFile(options.traceFile);

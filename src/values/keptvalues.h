@@ -71,6 +71,13 @@ struct KeptPart {
     bool isRegular = true; ///< each packet completed one picture, of the stream's size, undamaged
 };
 
+/// What is missing of a recording that was read to its end.
+struct KeptDamage {
+    qint64 packets = 0;    ///< that could not be decoded
+    double promised = 0.0; ///< seconds by its headers, where noticeably fewer were read; else 0
+    double read = 0.0;     ///< of them; else 0
+};
+
 struct KeptValues {
     RecordingStamp recording;
     KeptStream stream;
@@ -86,6 +93,7 @@ struct KeptValues {
     double firstTime = 0.0; ///< seconds, of that picture, as the stream counts them
     QVector<double> times;  ///< seconds as the stream counts them, of each picture after it
     QVector<float> values;  ///< their motion values, as many, 0 or more
+    std::optional<KeptDamage> damage; ///< nothing: undamaged
 };
 
 /// More than any recording has; a file that says more is none.

@@ -10,13 +10,15 @@
 ///
 /// Line by line: the format's name and number; the head, each line "# key: value"; one line per
 /// picture, "NUMBER<TAB>TIME<TAB>VALUE", where the first one's value, of a picture that is compared
-/// with nothing, is 0; "# reason: TEXT" where the recording could not be read; and the last line,
+/// with nothing, is 0; "# damaged: PACKETS PROMISED READ" where something is missing of it; "#
+/// reason: TEXT" where the recording could not be read; and the last line,
 /// "# end: OUTCOME PICTURES DIGEST". The digest is that of everything before it.
 
 constexpr char formatName[] = "# kestrova values ";
 constexpr int formatNumber = 1;
 
 constexpr char partKey[] = "part";
+constexpr char damageKey[] = "damaged";
 constexpr char reasonKey[] = "reason";
 constexpr char endKey[] = "end";
 

@@ -77,7 +77,7 @@ public:
     /// What is wrong, empty if nothing is.
     QString run() {
         const bool isGood = next() && readFirstLine() && readHeadLines() && readPictures() &&
-                            readReason() && readEnd();
+                            readDamage() && readReason() && readEnd();
         return isGood ? QString() : error;
     }
 
@@ -162,6 +162,20 @@ private:
         return isGood && pictureNumber == values.firstNumber + count;
     }
 
+    bool readDamage() {
+        const auto found = headLine(line);
+        if (!found || found->key != damageKey)
+            return true;
+        Line rest = line.substr(line.find(": ") + 2);
+        KeptDamage damage;
+        const bool isGood = readNumber(takeUpTo(' ', rest), damage.packets) &&
+                            readNumber(takeUpTo(' ', rest), damage.promised) &&
+                            readNumber(rest, damage.read) && damage.packets >= 0 &&
+                            damage.promised >= 0.0 && damage.read >= 0.0;
+        values.damage = damage;
+        return (isGood || failHere()) && next();
+    }
+
     bool readReason() {
         const auto found = headLine(line);
         if (!found || found->key != reasonKey)
@@ -200,7 +214,8 @@ private:
 
     bool isConsistent() const {
         const bool isRead = pictures() >= 2;
-        if ((values.end == KeptEnd::Finished) != values.reason.isEmpty())
+        const bool isFinished = values.end == KeptEnd::Finished;
+        if (isFinished != values.reason.isEmpty() || (values.damage && !isFinished))
             return false;
         switch (values.end) {
         case KeptEnd::Finished:

@@ -34,6 +34,10 @@ QByteArray valuesText(const KeptValues& values) {
     const int pictures = values.hasPictures ? values.times.size() + 1 : 0;
     if (values.hasPictures)
         appendPictures(values, text);
+    if (values.damage)
+        text += headText({damageKey, QByteArray::number(values.damage->packets) + ' ' +
+                                         shortestDigits(values.damage->promised) + ' ' +
+                                         shortestDigits(values.damage->read)});
     if (!values.reason.isEmpty())
         text += headText({reasonKey, escapedBytes(values.reason.toUtf8())});
     text += QByteArray("# ") + endKey + ": " + endWords[int(values.end)] + ' ' +

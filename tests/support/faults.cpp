@@ -43,4 +43,8 @@ QProcessEnvironment noThreadsWhile(const QString& file) {
     return failing("pthread_create", EAGAIN, 0, file);
 }
 
+QProcessEnvironment noMemoryOnce(const QString& library, int before) {
+    return failing("malloc", ENOMEM, before, library);
+}
+
 } // namespace faults

@@ -23,4 +23,8 @@ QProcessEnvironment noThreads(int started);
 /// No thread can be had while there is a file of this name.
 QProcessEnvironment noThreadsWhile(const QString& file);
 
+/// On threads other than the main one, `library` (a part of its name) gets what it asks for
+/// `before` times, then not once, and then always again.
+QProcessEnvironment noMemoryOnce(const QString& library, int before);
+
 } // namespace faults

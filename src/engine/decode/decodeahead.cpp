@@ -9,7 +9,6 @@
 #include "videodecoder.h"
 
 #include <new>
-#include <system_error>
 
 namespace {
 
@@ -25,7 +24,7 @@ DecodeAhead::DecodeAhead(VideoDecoder& decoder, bool isAhead)
         return;
     try {
         thread = std::thread([this] { readAll(); });
-    } catch (const std::system_error& error) {
+    } catch (const std::exception& error) {
         qCDebug(engineLog, "no thread to decode on: %s", error.what());
     }
 }
@@ -47,8 +46,10 @@ ReadPicture DecodeAhead::next() {
     std::unique_lock<std::mutex> lock(mutex);
     isWanted = true;
     changed.notify_all();
-    changed.wait(lock, [this] { return !queue.empty(); });
+    changed.wait(lock, [this] { return !queue.empty() || thrown; });
     isWanted = false;
+    if (queue.empty())
+        std::rethrow_exception(thrown);
     ReadPicture picture = queue.front();
     if (picture.frame)
         queue.pop_front();
@@ -74,7 +75,18 @@ ReadPicture DecodeAhead::readOrFail() {
     }
 }
 
+/// The thread. Nothing may leave it but by way of who waits.
 void DecodeAhead::readAll() {
+    try {
+        readOrThrow();
+    } catch (...) {
+        const std::lock_guard<std::mutex> lock(mutex);
+        thrown = std::current_exception();
+        changed.notify_all();
+    }
+}
+
+void DecodeAhead::readOrThrow() {
     bool isAtEnd = false;
     std::unique_lock<std::mutex> lock(mutex);
     while (!isAtEnd) {

@@ -11,6 +11,7 @@
 
 #include <condition_variable>
 #include <deque>
+#include <exception>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -39,13 +40,15 @@ public:
     DecodeAhead(const DecodeAhead&) = delete;
     DecodeAhead& operator=(const DecodeAhead&) = delete;
 
-    /// The next picture; waits for it. After the end it answers the end for ever.
+    /// The next picture; waits for it. After the end it answers the end for ever. Whatever reading
+    /// it throws, but for a lack of memory, which is an end, is thrown here.
     ReadPicture next();
 
 private:
     ReadPicture readOne();
     ReadPicture readOrFail();
     void readAll();
+    void readOrThrow();
     bool mayRead() const;
 
     VideoDecoder& decoder;
@@ -55,8 +58,9 @@ private:
     // Under the mutex, for both threads.
     std::deque<ReadPicture> queue; ///< closed by a null picture once the end is reached
     bool isStopping = false;
-    bool isWanted = false; ///< somebody waits for the next picture
-    bool areSmall = false; ///< pictures, as far as the last one tells
+    bool isWanted = false;     ///< somebody waits for the next picture
+    bool areSmall = false;     ///< pictures, as far as the last one tells
+    std::exception_ptr thrown; ///< what has ended the thread; null: nothing has
 
     std::thread thread; ///< last: it begins with everything above in place
 };

@@ -163,6 +163,7 @@ std::optional<CompletedPicture> DecodingContext::nextKeyPicture() {
 std::optional<CompletedPicture> DecodingContext::nextSerialPicture() {
     while (auto next = nextSerialPacket()) {
         PicturePointer picture = serial->decode(*next->packet);
+        noteRefusal(next->number);
         if (memory.hasFailed()) {
             end = {ReadEnd::Cause::OutOfMemory, memory.errorText()};
             return std::nullopt;
@@ -174,6 +175,12 @@ std::optional<CompletedPicture> DecodingContext::nextSerialPicture() {
         return CompletedPicture{next->number, next->packet->dts, std::move(picture)};
     }
     return std::nullopt;
+}
+
+/// Several threads have come to one at the first packet that is refused: all count the same.
+void DecodingContext::noteRefusal(qint64 packet) {
+    undecodedPackets += isLastUndecoded ? 1 : 0;
+    isLastUndecoded = serial->hasRefused() && lastNumber >= 0 && packet > lastNumber;
 }
 
 std::optional<NumberedPacket> DecodingContext::nextSerialPacket() {

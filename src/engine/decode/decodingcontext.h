@@ -33,6 +33,7 @@ struct DecodingContext {
     QString error;
     ReadEnd end;                     ///< where the reader does not know it
     std::optional<PartReading> part; ///< where only one is read
+    qint64 undecodedPackets = 0;     ///< behind the first picture, but for the last one so far
 
     /// False if it cannot be opened; `error` tells why. With a `comparison` the file is decoded in
     /// stretches where that is exact and pays.
@@ -69,4 +70,7 @@ private:
     std::optional<CompletedPicture> nextSerialPicture();
     std::optional<NumberedPacket> nextSerialPacket();
     bool goSerial();
+    void noteRefusal(qint64 packet);
+
+    bool isLastUndecoded = false; ///< the last packet
 };

@@ -4,22 +4,39 @@
 
 #include "logging.h"
 
+#include "picturememory.h"
+
 #include <QByteArray>
 
 extern "C" {
+#include <libavcodec/avcodec.h>
 #include <libavutil/log.h>
 }
 
 #include <array>
-#include <atomic>
 #include <cstdarg>
+#include <exception>
 
 Q_LOGGING_CATEGORY(engineLog, "kestrova.engine", QtWarningMsg)
 Q_LOGGING_CATEGORY(libavLog, "kestrova.libav", QtFatalMsg)
 
 namespace {
 
-std::atomic<qint64> errors{0};
+LibavErrors unowned{0};
+thread_local LibavErrors* ofThread = nullptr;
+
+/// The decoder that tells, null if it is none of ours. Those that the libraries open by themselves,
+/// to look into a file, have no memory that counts.
+PictureMemory* memoryOf(void* context) {
+    const bool isCodec = context && *static_cast<const AVClass**>(context) == avcodec_get_class();
+    return isCodec ? PictureMemory::of(*static_cast<AVCodecContext*>(context)) : nullptr;
+}
+
+void countError(void* context) {
+    PictureMemory* memory = memoryOf(context);
+    LibavErrors* owner = memory ? &memory->libavErrors : ofThread;
+    (owner ? *owner : unowned).fetch_add(1, std::memory_order_relaxed);
+}
 
 bool isWanted(int level) {
     if (level <= AV_LOG_ERROR)
@@ -39,10 +56,6 @@ void write(int level, const QByteArray& line) {
 }
 
 void forward(void* context, int level, const char* format, va_list arguments) {
-    if (level <= AV_LOG_ERROR)
-        errors.fetch_add(1, std::memory_order_relaxed);
-    if (level > AV_LOG_VERBOSE || !isWanted(level))
-        return;
     // The libraries write one line in several calls; Qt writes one line per message.
     thread_local QByteArray line;
     thread_local int printPrefix = 1;
@@ -57,13 +70,35 @@ void forward(void* context, int level, const char* format, va_list arguments) {
     line.clear();
 }
 
+/// What the libraries call. No exception may pass through them.
+void take(void* context, int level, const char* format, va_list arguments) {
+    if (level <= AV_LOG_ERROR)
+        countError(context);
+    if (level > AV_LOG_VERBOSE || !isWanted(level))
+        return;
+    try {
+        forward(context, level, format, arguments);
+    } catch (const std::exception&) {
+        // Without memory a line is lost.
+    }
+}
+
 } // namespace
 
+LibavErrorScope::LibavErrorScope(LibavErrors& errors)
+    : outer(ofThread) {
+    ofThread = &errors;
+}
+
+LibavErrorScope::~LibavErrorScope() {
+    ofThread = outer;
+}
+
 void routeLibavLog() {
-    static const bool routed = (av_log_set_callback(forward), true);
+    static const bool routed = (av_log_set_callback(take), true);
     Q_UNUSED(routed)
 }
 
-qint64 libavErrors() {
-    return errors.load(std::memory_order_relaxed);
+qint64 unownedLibavErrors() {
+    return unowned.load(std::memory_order_relaxed);
 }

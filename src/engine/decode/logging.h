@@ -7,6 +7,8 @@
 #include <QLoggingCategory>
 #include <QtGlobal>
 
+#include <atomic>
+
 /// The engine's own messages: "kestrova.engine". Warnings are on, debug lines are off.
 Q_DECLARE_LOGGING_CATEGORY(engineLog)
 
@@ -18,6 +20,22 @@ Q_DECLARE_LOGGING_CATEGORY(libavLog)
 /// Sends the media libraries' log to `libavLog`. May be called any number of times, by any thread.
 void routeLibavLog();
 
-/// How many errors the media libraries have told of since the program began, of whatever recording:
-/// where that grows, something was damaged, though what came of it may not say so.
-qint64 libavErrors();
+/// How many errors the media libraries have told of one recording: where that grows, something was
+/// damaged, though what came of it may not say so.
+using LibavErrors = std::atomic<qint64>;
+
+/// Whose errors are those that the libraries tell of on the calling thread, for as long as it
+/// lives. Decoders, which have threads of their own, tell `PictureMemory`.
+class LibavErrorScope {
+public:
+    explicit LibavErrorScope(LibavErrors& errors);
+    ~LibavErrorScope();
+    LibavErrorScope(const LibavErrorScope&) = delete;
+    LibavErrorScope& operator=(const LibavErrorScope&) = delete;
+
+private:
+    LibavErrors* outer;
+};
+
+/// Errors that nobody can be found for; they may be of any recording.
+qint64 unownedLibavErrors();

@@ -8,6 +8,10 @@
 #include "logging.h"
 #include "refuseddemuxers.h"
 
+extern "C" {
+#include <libavutil/parseutils.h>
+}
+
 #include <array>
 #include <cstring>
 
@@ -64,6 +68,7 @@ bool PacketReader::isInterrupted() const {
 }
 
 bool PacketReader::open(const char* name) {
+    const LibavErrorScope scope(errors);
     close();
     fileName = name;
     file = std::make_unique<InputFile>([this] { return isInterrupted(); });
@@ -83,6 +88,7 @@ bool PacketReader::open(const char* name) {
     const bool isProbed = format->pb->error >= 0;
     // What failed while the file was probed is tried again when its turn comes.
     format->pb->error = 0;
+    errorsWhenOpened = libavErrors();
     streamIndex = firstVideoStream(*format);
     hasFlaw = streamIndex < 0 && isProbed;
     if (streamIndex < 0)
@@ -153,6 +159,7 @@ std::optional<NumberedPacket> PacketReader::read() {
         returned.pop_front();
         return packet;
     }
+    const LibavErrorScope scope(errors);
     PacketPointer packet(av_packet_alloc());
     while (format && !hasEnded && !isInterrupted()) {
         const int result = packet ? av_read_frame(format, packet.get()) : AVERROR(ENOMEM);
@@ -190,6 +197,7 @@ void PacketReader::readKeyFramesOnly() {
 }
 
 bool PacketReader::seek(std::int64_t dts) {
+    const LibavErrorScope scope(errors);
     hasEnded = false;
     end = {};
     return format && file->canSeek() &&
@@ -225,9 +233,44 @@ double PacketReader::duration() const {
     return isKnown ? double(format->duration) / AV_TIME_BASE : 0.0;
 }
 
+namespace {
+
+/// Matroska has it in a tag.
+double taggedSeconds(const AVStream& stream) {
+    const AVDictionaryEntry* tag = av_dict_get(stream.metadata, "DURATION", nullptr, 0);
+    std::int64_t microseconds = 0;
+    const bool isKnown = tag && av_parse_time(&microseconds, tag->value, 1) >= 0;
+    return isKnown ? double(microseconds) / AV_TIME_BASE : 0.0;
+}
+
+} // namespace
+
+bool PacketReader::hasReadingErrors() const {
+    return libavErrors() > errorsWhenOpened;
+}
+
+/// The file's own length is that of its video where there is nothing else in it. What was reckoned
+/// from the size or looked for at the end of the file is no promise.
+double PacketReader::promisedLength() const {
+    if (streamIndex < 0 || format->duration_estimation_method != AVFMT_DURATION_FROM_STREAM)
+        return 0.0;
+    const AVStream& chosen = *format->streams[streamIndex];
+    // Of an AVI file that is cut off the demuxer takes the length down, but not the pictures.
+    if (std::strcmp(format->iformat->name, "avi") == 0 && chosen.nb_frames > 0)
+        return double(chosen.nb_frames) * av_q2d(chosen.time_base);
+    if (chosen.duration != AV_NOPTS_VALUE && chosen.duration > 0)
+        return double(chosen.duration) * av_q2d(chosen.time_base);
+    const double tagged = taggedSeconds(chosen);
+    return tagged > 0.0 || format->nb_streams > 1 ? tagged : duration();
+}
+
 double PacketReader::startTime() const {
     const bool isKnown = format && format->start_time != AV_NOPTS_VALUE;
     return isKnown ? double(format->start_time) / AV_TIME_BASE : 0.0;
+}
+
+qint64 PacketReader::libavErrors() const {
+    return errors.load(std::memory_order_relaxed);
 }
 
 QString PacketReader::errorText() const {

@@ -6,6 +6,7 @@
 
 #include "inputfile.h"
 #include "libavpointers.h"
+#include "logging.h"
 #include "readend.h"
 
 extern "C" {
@@ -76,11 +77,15 @@ public:
     /// The chosen stream; null if there is none.
     const AVStream* stream() const;
 
-    qint64 bytePosition() const; ///< -1 if there is none
-    double duration() const;     ///< seconds as the header says, 0 if unknown
-    double startTime() const;    ///< seconds at which the first of all streams begins
-    QString errorText() const;   ///< why `open` failed
-    bool isFileToBlame() const;  ///< it failed for what the file holds
+    qint64 bytePosition() const;   ///< -1 if there is none
+    double duration() const;       ///< seconds as the header says, 0 if unknown
+    bool hasReadingErrors() const; ///< the libraries have told of some since it was opened
+    double
+    promisedLength() const;     ///< seconds that the headers say the stream lasts; 0 if they do not
+    double startTime() const;   ///< seconds at which the first of all streams begins
+    qint64 libavErrors() const; ///< that the libraries have told of while reading, in all
+    QString errorText() const;  ///< why `open` failed
+    bool isFileToBlame() const; ///< it failed for what the file holds
 
 private:
     int openDemuxer();
@@ -88,6 +93,8 @@ private:
     bool isWanted(const AVPacket& packet) const;
 
     std::function<bool()> interrupt;
+    LibavErrors errors{0};
+    qint64 errorsWhenOpened = 0;
     QByteArray fileName;
     std::unique_ptr<InputFile> file; ///< outlives `format`, which reads from it
     AVFormatContext* format = nullptr;

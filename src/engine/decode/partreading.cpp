@@ -50,8 +50,10 @@ void PartReading::placeBorders(qint64 packet, const PacketKind& kind) {
 void PartReading::endReached() {
     if (firstPacket < 0)
         firstPacket = next;
-    if (endPacket < 0)
+    if (endPacket < 0) {
         endPacket = next;
+        isAtEnd = true;
+    }
 }
 
 void PartReading::runUpFromStart() {

@@ -53,6 +53,9 @@ public:
     /// part.
     bool isInside(const AVFrame& picture, qint64 completedBy, bool isTimed);
 
+    /// Whether it ends with the file.
+    bool isToTheEnd() const { return isAtEnd; }
+
     /// What is seen of the part so far is regular.
     bool isRegular() const { return areAllRegular; }
 
@@ -74,5 +77,6 @@ private:
     qint64 firstPacket = -1;
     qint64 endPacket = -1;
     qint64 lastCompletedBy = -1; ///< of the last picture
+    bool isAtEnd = false;
     bool areAllRegular = true;
 };

@@ -68,6 +68,11 @@ void PictureMemory::watch(AVCodecContext& context) {
 #endif
 }
 
+PictureMemory* PictureMemory::of(const AVCodecContext& context) {
+    const bool isWatched = context.get_buffer2 == allocateFor;
+    return isWatched ? static_cast<PictureMemory*>(context.opaque) : nullptr;
+}
+
 void PictureMemory::noteShortage() {
     note(Failure::Shortage);
 }

@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "logging.h"
+
 #include <QString>
 #include <QtGlobal>
 
@@ -31,6 +33,11 @@ public:
 
     /// The pictures of `context`, not yet opened, count. This object must outlive it.
     void watch(AVCodecContext& context);
+
+    /// The memory that `context` is watched by; null if that is none.
+    static PictureMemory* of(const AVCodecContext& context);
+
+    LibavErrors libavErrors{0}; ///< that decoders of the recording have told of
 
     /// Notes that the decoder found no room for something else.
     void noteShortage();

@@ -13,6 +13,7 @@ SerialDecoder::SerialDecoder(CodecContextPointer context, PictureMemory& memory)
 
 PicturePointer SerialDecoder::decode(const AVPacket& packet) {
     errno = 0;
+    isRefused = false;
     noteRefusal(avcodec_send_packet(context.get(), &packet));
     // A packet can hold several pictures. All of them are taken out, or the decoder would refuse
     // the next packet; an error inside it ends one picture and not the packet.
@@ -64,8 +65,9 @@ void SerialDecoder::flush() {
 /// Decoders that find no room for what they keep beside the pictures often answer that the data is
 /// invalid; what the system said of it is then still there.
 void SerialDecoder::noteRefusal(int result) {
-    const bool isRefused = result < 0 && result != AVERROR(EAGAIN);
-    if (result == AVERROR(ENOMEM) || (isRefused && errno == ENOMEM))
+    const bool isError = result < 0 && result != AVERROR(EAGAIN);
+    isRefused = isRefused || isError;
+    if (result == AVERROR(ENOMEM) || (isError && errno == ENOMEM))
         memory.noteShortage();
     // That is what the AV1 decoder says of more than `max_pixels`.
     if (result == AVERROR(ERANGE) && context->codec_id == AV_CODEC_ID_AV1)

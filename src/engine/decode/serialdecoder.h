@@ -21,6 +21,9 @@ public:
     /// and a good one need not.
     PicturePointer decode(const AVPacket& packet);
 
+    /// Whether the decoder has refused what it was given last.
+    bool hasRefused() const { return isRefused; }
+
     /// The first of the pictures that the decoder still holds; null if it holds none. Nothing can
     /// be decoded from then on.
     PicturePointer takeHeld();
@@ -39,6 +42,7 @@ private:
     PictureMemory& memory;
     PicturePacing pacing;
     qint64 packets = 0;                 ///< so far
+    bool isRefused = false;             ///< the last one
     PicturePointer picture;             ///< reused until the decoder has filled it
     std::deque<PicturePointer> waiting; ///< to be handed out, one for each packet
 };

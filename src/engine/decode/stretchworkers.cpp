@@ -10,8 +10,7 @@
 #include <QMutexLocker>
 
 #include <algorithm>
-#include <new>
-#include <system_error>
+#include <exception>
 
 StretchWorkers::StretchWorkers(int count, std::shared_ptr<StretchStream> stream,
                                CodecContextPointer context, PictureComparisonMaker maker,
@@ -27,7 +26,7 @@ StretchWorkers::StretchWorkers(int count, std::shared_ptr<StretchStream> stream,
         for (int i = 0; i < count; ++i)
             threads.emplace_back(
                 [this, first, i] { work(i == 0 ? std::move(*first) : CodecContextPointer()); });
-    } catch (const std::system_error& error) {
+    } catch (const std::exception& error) {
         qCDebug(engineLog, "%d threads for stretches: %s", int(threads.size()), error.what());
     }
     if (threads.empty()) {
@@ -76,21 +75,35 @@ bool StretchWorkers::isStopped() {
 }
 
 void StretchWorkers::work(CodecContextPointer context) {
-    StretchDecoder decoder(stream, std::move(context), maker(),
-                           keeperMaker ? keeperMaker() : nullptr,
-                           [this] { return isStopped() || isInterrupted(); });
+    const std::unique_ptr<StretchDecoder> decoder = makeDecoder(std::move(context));
     while (const StretchPointer stretch = take()) {
-        decode(decoder, *stretch);
+        decode(decoder.get(), *stretch);
         const std::lock_guard<std::mutex> lock(mutex);
         inHand.erase(std::find(inHand.begin(), inHand.end(), stretch.get()));
         changed.notify_all();
     }
 }
 
-void StretchWorkers::decode(StretchDecoder& decoder, Stretch& stretch) {
+/// Null without memory: all that the thread takes is then left in doubt.
+std::unique_ptr<StretchDecoder> StretchWorkers::makeDecoder(CodecContextPointer context) {
     try {
-        decoder.decode(stretch);
-    } catch (const std::bad_alloc&) {
+        return std::make_unique<StretchDecoder>(stream, std::move(context), maker(),
+                                                keeperMaker ? keeperMaker() : nullptr,
+                                                [this] { return isStopped() || isInterrupted(); });
+    } catch (const std::exception& error) {
+        qCWarning(engineLog, "no decoder for stretches: %s", error.what());
+        return nullptr;
+    }
+}
+
+/// Whatever goes wrong on this thread goes wrong on that of the detection again, if it must.
+void StretchWorkers::decode(StretchDecoder* decoder, Stretch& stretch) {
+    try {
+        if (decoder)
+            decoder->decode(stretch);
+        else
+            stretch.isInDoubt = true;
+    } catch (...) {
         stretch.isInDoubt = true;
     }
 }

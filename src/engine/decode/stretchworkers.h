@@ -36,7 +36,8 @@ public:
 
 private:
     void work(CodecContextPointer context);
-    void decode(StretchDecoder& decoder, Stretch& stretch);
+    std::unique_ptr<StretchDecoder> makeDecoder(CodecContextPointer context);
+    static void decode(StretchDecoder* decoder, Stretch& stretch);
     StretchPointer take();
     bool isStopped();
 

@@ -181,6 +181,19 @@ StreamDescription VideoDecoder::description() const {
             ratioOf(stream->avg_frame_rate, stream->r_frame_rate), context->reader.startTime()};
 }
 
+ReadingSigns VideoDecoder::readingSigns() const {
+    if (!context)
+        return {};
+    return {context->undecodedPackets, context->reader.hasReadingErrors(),
+            context->reader.promisedLength()};
+}
+
+qint64 VideoDecoder::libavErrors() const {
+    const qint64 own =
+        context ? context->reader.libavErrors() + context->memory.libavErrors.load() : 0;
+    return own + unownedLibavErrors();
+}
+
 QString VideoDecoder::errorText() const {
     return context ? context->error : QString();
 }

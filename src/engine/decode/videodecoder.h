@@ -8,6 +8,7 @@
 #include "picturecomparison.h"
 #include "picturekeeper.h"
 #include "readend.h"
+#include "readingsigns.h"
 #include "recordingpart.h"
 #include "streamdescription.h"
 #include "stretchedpicture.h"
@@ -122,6 +123,13 @@ public:
 
     /// What the headers say of the pictures; nothing if nothing is open.
     StreamDescription description() const;
+
+    /// What tells of damage in the open file. Not while another thread reads.
+    ReadingSigns readingSigns() const;
+
+    /// How many errors the media libraries have told of the open file; those whose file cannot be
+    /// told count. Not while another thread reads.
+    qint64 libavErrors() const;
 
     /// Why the last `open` failed, in a few words for a person; empty after a success.
     QString errorText() const;

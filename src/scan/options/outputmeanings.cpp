@@ -36,6 +36,10 @@ const QVector<JsonField>& jsonFields() {
         {"frames", "end", QStringLiteral("pictures decoded")},
         {"clips", "end", QStringLiteral("clips found")},
         {"seconds", "end", QStringLiteral("length of what was read")},
+        {"damaged", "end",
+         QStringLiteral("only where something is missing: an object with packets, those that could "
+                        "not be decoded, and, where noticeably less was read than its headers "
+                        "promise, promised and read in seconds")},
         {"quick", "end", QStringLiteral("with --quick: true")},
     };
     return fields;
