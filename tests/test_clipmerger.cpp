@@ -12,17 +12,18 @@ namespace {
 
 using Clips = QVector<DetectedClip>;
 
-/// The snapshot is told by its width.
+/// The snapshot is told by its width, and by why there might be none.
 DetectedClip clip(double start, double end, float motion = 1.0F, int picture = 1) {
     const QImage snapshot(picture, 1, QImage::Format_RGB32);
-    return {0, snapshot, start, end, start + 0.5, motion};
+    return {0, snapshot, start, end, start + 0.5, motion, QString::number(picture)};
 }
 
 bool isSame(const DetectedClip& left, const DetectedClip& right) {
     return left.index == right.index && left.start == right.start && left.end == right.end &&
            left.snapshotTime == right.snapshotTime &&
            left.strongestMotion == right.strongestMotion &&
-           left.snapshot.width() == right.snapshot.width();
+           left.snapshot.width() == right.snapshot.width() &&
+           left.snapshotFlaw == right.snapshotFlaw;
 }
 
 bool areSame(const Clips& left, const Clips& right) {
@@ -192,6 +193,7 @@ void TestClipMerger::strongerSnapshotStays() {
     QFETCH(int, picture);
     const Clips clips = merged(0.0, {clip(0.0, 4.0, first, 7), clip(2.0, 6.0, second, 8)});
     QCOMPARE(clips[0].snapshot.width(), picture);
+    QCOMPARE(clips[0].snapshotFlaw, QString::number(picture));
     QCOMPARE(clips[0].snapshotTime, picture == 7 ? 0.5 : 2.5);
     QCOMPARE(clips[0].strongestMotion, qMax(first, second));
 }

@@ -38,6 +38,11 @@ EncodedVideo numberedVideo() {
     return numbered;
 }
 
+EncodedVideo readAs(const QString& format, EncodedVideo video) {
+    video.inputFormat = format;
+    return video;
+}
+
 EncodedVideo withTimestamps(EncodedVideo video) {
     video.exportTimestamps = true;
     return video;
@@ -100,6 +105,16 @@ void TestEncoderArguments::arguments_data() {
                                                             "-avoid_negative_ts",
                                                             "disabled",
                                                             out};
+    QTest::newRow("read as what it is")
+        << readAs("mov", video()) << EncodingSettings()
+        << (QStringList{"-nostats", "-y", "-ss", "12", "-protocol_whitelist", "file", "-f", "mov"} +
+            QStringList{"-i", in, "-t", "27", "-vcodec", "copy", "-acodec", "copy"} +
+            QStringList{"-avoid_negative_ts", "disabled", out});
+    QTest::newRow("read as what it is, numbered")
+        << readAs("h264", numberedVideo()) << EncodingSettings()
+        << (QStringList{"-nostats", "-y", "-r", "12.5", "-protocol_whitelist", "file"} +
+            QStringList{"-f", "h264", "-i", in, "-ss", "12", "-t", "27", "-b:v", "2097152"} +
+            QStringList{"-acodec", "copy", "-avoid_negative_ts", "disabled", out});
     QTest::newRow("stream copy, audio off")
         << video() << withoutAudio()
         << QStringList{"-nostats", "-y", "-ss",     "12",   "-i",  in,

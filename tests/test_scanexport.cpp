@@ -278,8 +278,9 @@ void TestScanExport::defaultsReachTheEncoder() {
              QStringList({"-vcodec", "copy", "-acodec", "copy", "-avoid_negative_ts", "disabled",
                           path("garden_mp4_0/0000.avi")}));
     // The encoder runs elsewhere, so a relative path would not be found.
-    QCOMPARE(encoder->calls()[0].mid(0, 6),
-             QStringList({"-nostats", "-y", "-ss", "4", "-i", recording}));
+    QCOMPARE(encoder->calls()[0].mid(0, 10),
+             QStringList({"-nostats", "-y", "-ss", "4", "-protocol_whitelist", "file", "-f", "mov",
+                          "-i", recording}));
 }
 
 void TestScanExport::optionsReachTheEncoder() {
@@ -295,8 +296,9 @@ void TestScanExport::intraCodedRecording() {
     QCOMPARE(argumentsOf({"--container", "mp4", intraCoded}),
              QStringList({"-b:v", "2097152", "-acodec", "copy", "-avoid_negative_ts", "disabled",
                           path("garden_avi_0/0000.mp4")}));
-    QCOMPARE(encoder->calls()[0].mid(0, 6),
-             QStringList({"-nostats", "-y", "-i", intraCoded, "-ss", "4"}));
+    QCOMPARE(encoder->calls()[0].mid(0, 10),
+             QStringList({"-nostats", "-y", "-protocol_whitelist", "file", "-f", "avi", "-i",
+                          intraCoded, "-ss", "4"}));
 }
 
 void TestScanExport::startTimeIsTheClockOnTheWall_data() {
@@ -444,9 +446,9 @@ void TestScanExport::interruptEndsTheEncoder() {
 void TestScanExport::recordingsAreExportedSideBySide() {
     encoder->hold();
     QProcess process;
-    process.start(scannerPath(), oneClip + QStringList{"--export", clips->path(), "--format", "jsonl",
-                                                       "--jobs", "2", recording, recording,
-                                                       recording});
+    process.start(scannerPath(),
+                  oneClip + QStringList{"--export", clips->path(), "--format", "jsonl", "--jobs",
+                                        "2", recording, recording, recording});
     QTRY_COMPARE_WITH_TIMEOUT(encoder->calls().size(), 2, 30000);
     encoder->release();
     QVERIFY(process.waitForFinished());

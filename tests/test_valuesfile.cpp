@@ -26,13 +26,13 @@ namespace {
 /// 40 pictures with numbers of every length.
 KeptValues sample() {
     KeptValues values;
-    values.recording = {"/cameras/gate 100%\n.mkv", 123456789012, 1795280535327341199};
+    values.recording = {"/cameras/gate 100%\n.mkv", 123456789012, 1795280535327341199,
+                        QByteArray(64, 'c')};
     values.stream.codec = "h264";
     values.stream.size = {1920, 1080};
     values.stream.pixelAspect = {4, 3};
     values.stream.pace = {30000, 1001};
     values.stream.start = -0.08;
-    values.stream.length = 3600.04;
     values.stream.origin = -0.08;
     values.settings = {{"measure", "1"}, {"skip", "0"}, {"region", "rectangle 1,2,3,4"}};
     values.hasPictures = true;
@@ -51,7 +51,7 @@ KeptValues sample() {
 
 KeptValues unreadable() {
     KeptValues values;
-    values.recording = {"/cameras/broken.mkv", 1, 2};
+    values.recording = {"/cameras/broken.mkv", 1, 2, QByteArray(64, '0')};
     values.settings = {{"measure", "1"}};
     values.end = KeptEnd::CannotOpen;
     values.reason = QStringLiteral("no video\nstream: 100 % of it");
@@ -67,7 +67,6 @@ bool isSame(const KeptValues& left, const KeptValues& right) {
            left.stream.pace.below == right.stream.pace.below &&
            left.stream.start == right.stream.start &&
            left.stream.isIntraOnly == right.stream.isIntraOnly &&
-           left.stream.length == right.stream.length &&
            left.stream.frameRate == right.stream.frameRate &&
            left.stream.origin == right.stream.origin &&
            left.stream.isRegionEmpty == right.stream.isRegionEmpty &&
@@ -76,6 +75,27 @@ bool isSame(const KeptValues& left, const KeptValues& right) {
            left.firstNumber == right.firstNumber && left.firstTime == right.firstTime &&
            left.times == right.times && left.values == right.values;
 }
+
+/// A file of the first format.
+const QByteArray olderText = "# kestrova values 1\n"
+                             "# recording: /cameras/gate.mkv\n"
+                             "# bytes: 1234\n"
+                             "# modified: 5678\n"
+                             "# codec: h264\n"
+                             "# size: 1920x1080\n"
+                             "# pixel-aspect: 4/3\n"
+                             "# pace: 30000/1001\n"
+                             "# start: -0.08\n"
+                             "# intra: yes\n"
+                             "# length: 3600.04\n"
+                             "# rate: 12.5\n"
+                             "# origin: -0.04\n"
+                             "# region-empty: no\n"
+                             "# measure: 1\n"
+                             "# skip: 0\n"
+                             "0\t-0.04\t0\n"
+                             "1\t0.04\t0.25\n"
+                             "# end: finished 2 0\n";
 
 /// The text with the digest that it should have, whatever else is wrong with it.
 QByteArray sealed(QByteArray text) {
@@ -96,6 +116,9 @@ private Q_SLOTS:
     void readsBackWhatWasWritten_data();
     void readsBackWhatWasWritten();
     void looksAsItIsDescribed();
+    void olderFormatIsRead();
+    void forgedOlderFormatIsFlawed_data();
+    void forgedOlderFormatIsFlawed();
     void forgedFilesAreFlawed_data();
     void forgedFilesAreFlawed();
     void damagedFilesAreFlawed_data();
@@ -151,17 +174,19 @@ void TestValuesFile::looksAsItIsDescribed() {
     KeptValues values = sample();
     values.times = {0.02, 0.1};
     values.values = {0.0F, 0.1F};
-    const QByteArray text = "# kestrova values 1\n"
+    const QByteArray text = "# kestrova values 2\n"
                             "# recording: /cameras/gate 100%25%0A.mkv\n"
                             "# bytes: 123456789012\n"
                             "# modified: 1795280535327341199\n"
+                            "# content: " +
+                            QByteArray(64, 'c') +
+                            "\n"
                             "# codec: h264\n"
                             "# size: 1920x1080\n"
                             "# pixel-aspect: 4/3\n"
                             "# pace: 30000/1001\n"
                             "# start: -0.08\n"
                             "# intra: no\n"
-                            "# length: 3600.04\n"
                             "# rate: 0\n"
                             "# origin: -0.08\n"
                             "# region-empty: no\n"
@@ -173,6 +198,48 @@ void TestValuesFile::looksAsItIsDescribed() {
                             "2\t0.1\t0.1\n"
                             "# end: finished 3 0\n";
     QCOMPARE(valuesText(values), sealed(text));
+}
+
+/// As the first version wrote it: it does not say what the recording held.
+void TestValuesFile::olderFormatIsRead() {
+    const ValuesReading reading = readText(sealed(olderText));
+    QCOMPARE(reading.flaw, QString());
+    QCOMPARE(reading.values.recording.path, QByteArray("/cameras/gate.mkv"));
+    QCOMPARE(reading.values.recording.bytes, qint64(1234));
+    QCOMPARE(reading.values.recording.modified, qint64(5678));
+    QCOMPARE(reading.values.recording.digest, QByteArray());
+    QCOMPARE(reading.values.stream.codec, QByteArray("h264"));
+    QCOMPARE(reading.values.stream.start, -0.08);
+    QCOMPARE(reading.values.stream.frameRate, 12.5);
+    QCOMPARE(reading.values.stream.origin, -0.04);
+    QVERIFY(reading.values.stream.isIntraOnly);
+    const MeasureSettings settings = {{"measure", "1"}, {"skip", "0"}};
+    QCOMPARE(reading.values.settings, settings);
+    QCOMPARE(reading.values.values, QVector<float>({0.25F}));
+}
+
+void TestValuesFile::forgedOlderFormatIsFlawed_data() {
+    QTest::addColumn<QByteArray>("from");
+    QTest::addColumn<QByteArray>("to");
+    const QByteArray length = "# length: 3600.04\n";
+    QTest::newRow("without length") << length << QByteArray();
+    QTest::newRow("length that is no number") << length << QByteArray("# length: long\n");
+    QTest::newRow("length with a zero") << length << QByteArray("# length: 3600.040\n");
+    QTest::newRow("length elsewhere") << length + "# rate: 12.5\n"
+                                      << "# rate: 12.5\n" + length;
+    QTest::newRow("with content") << QByteArray("# codec: ")
+                                  << QByteArray("# content: none\n# codec: ");
+    QTest::newRow("no head") << olderText.mid(21, olderText.indexOf("0\t") - 21) << QByteArray();
+}
+
+void TestValuesFile::forgedOlderFormatIsFlawed() {
+    QFETCH(QByteArray, from);
+    QFETCH(QByteArray, to);
+    QByteArray text = olderText;
+    QVERIFY(text.contains(from));
+    const ValuesReading reading = readText(sealed(text.replace(from, to)));
+    QCOMPARE(reading.state, State::Flawed);
+    QVERIFY(!reading.flaw.isEmpty());
 }
 
 void TestValuesFile::forgedFilesAreFlawed_data() {
@@ -209,10 +276,14 @@ void TestValuesFile::forgedFilesAreFlawed_data() {
     row("another end", "finished 4 ", "cannot-open 4 ");
     row("unknown end", "finished 4 ", "ended 4 ");
     row("a reason for nothing", "# end", "# reason: none\n# end");
-    row("newer", "values 1\n", "values 2\n");
-    row("newer by far", "values 1\n", "values 99999999999\n");
-    row("older", "values 1\n", "values 0\n");
-    row("no format", "# kestrova values 1\n", "");
+    row("newer", "values 2\n", "values 3\n");
+    row("newer by far", "values 2\n", "values 99999999999\n");
+    row("older than the first", "values 2\n", "values 0\n");
+    row("of another format", "values 2\n", "values 1\n");
+    row("format with a zero", "values 2\n", "values 02\n");
+    row("with a length", "# rate: 0\n", "# length: 9\n# rate: 0\n");
+    row("head without content", "# content: e3\n", "");
+    row("no format", "# kestrova values 2\n", "");
     row("head without bytes", "# bytes: 1\n", "");
     row("head turned around", "# bytes: 1\n# modified: 2\n", "# modified: 2\n# bytes: 1\n");
     row("head with another number", "# bytes: 1\n", "# bytes: 01\n");
@@ -228,7 +299,7 @@ void TestValuesFile::forgedFilesAreFlawed() {
     QFETCH(QByteArray, from);
     QFETCH(QByteArray, to);
     KeptValues values;
-    values.recording = {"/a%", 1, 2};
+    values.recording = {"/a%", 1, 2, "e3"};
     values.stream.codec = "ffv1";
     values.stream.size = {4, 2};
     values.hasPictures = true;
@@ -323,6 +394,11 @@ void TestValuesFile::namesAreNeverShared() {
     QVERIFY2(one.startsWith("kept/gate.mkv-") && one.endsWith(".values"), qPrintable(one));
     QCOMPARE(valuesPath("kept", "/a/gate.mkv"), one);
     QVERIFY(valuesPath("kept", "/b/gate.mkv") != one);
+    QVERIFY(isValuesName(one));
+    QVERIFY(isValuesName(partPath("kept", "/a/gate.mkv", 2, 3)));
+    for (const char* other :
+         {"gate.mp4", "gate.values.mp4", "values", "gate.VALUES", "gate.values~"})
+        QVERIFY2(!isValuesName(other), other);
 }
 
 void TestValuesFile::longNamesAreCut() {

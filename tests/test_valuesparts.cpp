@@ -22,7 +22,7 @@ namespace {
 /// Ten pictures; picture 4 and 5 and so on keep the value before them, as with --skip 1.
 KeptValues whole() {
     KeptValues values;
-    values.recording = {"/cameras/gate.mkv", 1000, 2000};
+    values.recording = {"/cameras/gate.mkv", 1000, 2000, "e3"};
     values.settings = {{"measure", "1"}, {"skip", "1"}};
     values.stream.origin = 0.5;
     values.hasPictures = true;
@@ -60,7 +60,7 @@ QVector<KeptValues> three() {
 
 KeptValues unread(int index) {
     KeptValues values;
-    values.recording = {"/cameras/gate.mkv", 1000, 2000};
+    values.recording = {"/cameras/gate.mkv", 1000, 2000, "e3"};
     values.settings = whole().settings;
     values.part = KeptPart{index, 2, KeptPart::Kind::Cut, 0, 0, 0, 0, true};
     values.end = KeptEnd::CannotOpen;

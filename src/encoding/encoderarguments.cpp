@@ -19,6 +19,10 @@ QString wholeSeconds(double seconds) {
 QStringList inputArguments(const EncodedClip& clip, const EncodedVideo& video) {
     const QStringList seek = {QStringLiteral("-ss"), wholeSeconds(clip.start)};
     QStringList input = {QStringLiteral("-i"), video.fileName};
+    if (!video.inputFormat.isEmpty())
+        input = QStringList{QStringLiteral("-protocol_whitelist"), QStringLiteral("file"),
+                            QStringLiteral("-f"), video.inputFormat} +
+                input;
     if (video.frameRate > 0.0)
         input =
             QStringList{QStringLiteral("-r"), QString::number(video.frameRate, 'g', 15)} + input;

@@ -29,6 +29,10 @@ struct EncodedVideo {
     /// Pictures per second, where it has no times of its own, which re-encodes; else 0.
     double frameRate = 0.0;
 
+    /// The encoder reads it as this (ContainerName) and by nothing but its path; empty: as it
+    /// finds.
+    QString inputFormat{};
+
     /// The encoder decodes up to the clip's start, where stored times cannot lead it there.
     bool isCutByPictures() const { return isIntraCodec || frameRate > 0.0; }
 };

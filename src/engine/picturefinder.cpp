@@ -25,21 +25,32 @@ PictureFinder::PictureFinder(const QString& fileName, const DetectionOptions& op
 QImage PictureFinder::snapshot(int index) {
     if (index == lastIndex)
         return lastSnapshot;
-    error.clear();
-    QImage image;
-    try {
-        image = canSeek ? snapshotFromKeyFrame(index) : QImage();
-        canSeek = !image.isNull();
-        if (image.isNull() && !isInterrupted()) {
-            qCDebug(engineLog, "picture %d is looked for from the start", index);
-            image = snapshotFromStart(index);
-        }
-    } catch (const std::bad_alloc&) {
-        error = QStringLiteral("out of memory");
-    }
+    error = refusal();
+    QImage image = error.isEmpty() ? findSnapshot(index) : QImage();
+    if (error.isEmpty())
+        error = refusal();
+    if (!error.isEmpty())
+        image = QImage();
     lastIndex = image.isNull() ? -1 : index;
     lastSnapshot = image;
     return image;
+}
+
+QImage PictureFinder::findSnapshot(int index) {
+    try {
+        QImage image = canSeek ? snapshotFromKeyFrame(index) : QImage();
+        canSeek = !image.isNull();
+        if (canSeek)
+            return image;
+        qCDebug(engineLog, "picture %d is looked for from the start", index);
+        image = isInterrupted() ? QImage() : snapshotFromStart(index);
+        if (image.isNull() && isInterrupted())
+            error = QStringLiteral("interrupted");
+        return image;
+    } catch (const std::bad_alloc&) {
+        error = QStringLiteral("out of memory");
+        return {};
+    }
 }
 
 /// Null where what comes out is not, picture by picture, what was measured.

@@ -28,6 +28,10 @@ public:
     /// Never decodes from a key frame: the options are not those of the values.
     void readFromStart() { canSeek = false; }
 
+    /// Asked before and after each picture is looked for: why the file is not what was measured,
+    /// for a person; empty if it is.
+    void setRefusal(std::function<QString()> newRefusal) { refusal = std::move(newRefusal); }
+
     /// The small picture of picture `index` of the measurement, 0 for its first. Null if it cannot
     /// be had; also if it cannot be scaled, and `errorText` is empty then.
     QImage snapshot(int index);
@@ -36,6 +40,7 @@ public:
     const QString& errorText() const { return error; }
 
 private:
+    QImage findSnapshot(int index);
     QImage snapshotFromKeyFrame(int index);
     QImage snapshotFromStart(int index);
     bool openSeeking();
@@ -47,6 +52,7 @@ private:
     DetectionOptions options;
     const Measurement& measurement;
     std::function<bool()> isInterrupted;
+    std::function<QString()> refusal = [] { return QString(); };
     QString error;
 
     int lastIndex = -1; ///< of `lastSnapshot`, -1 if there is none
@@ -67,6 +73,7 @@ public:
         , index(index) {}
 
     QImage snapshot() override { return finder.snapshot(index); }
+    QString flaw() const override { return finder.errorText(); }
     void shrink() override {}
 
 private:

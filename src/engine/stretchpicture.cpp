@@ -6,6 +6,7 @@
 
 #include "snapshotimage.h"
 
+#include <optional>
 #include <utility>
 
 namespace {
@@ -53,7 +54,7 @@ void StretchPicture::makeSmall() {
 
 void StretchPicture::decodeAll() {
     const std::shared_ptr<const Stretch> stretch = picture.stretch;
-    std::map<int, QImage> images;
+    std::map<int, std::optional<QImage>> images; // nothing where no picture comes
     for (const auto& [place, candidate] : *candidates)
         images[place];
     decodeAgain(*stretch, [&images](int place, const FramePointer& frame) {
@@ -62,8 +63,12 @@ void StretchPicture::decodeAll() {
             wanted->second = snapshotImage(*frame);
         return place < images.rbegin()->first;
     });
-    for (auto& [place, image] : images)
-        candidates->at(place)->setSmall(std::move(image));
+    for (auto& [place, image] : images) {
+        StretchPicture& candidate = *candidates->at(place);
+        if (!image)
+            candidate.error = QStringLiteral("its picture cannot be decoded once more");
+        candidate.setSmall(image.value_or(QImage()));
+    }
 }
 
 void StretchPicture::setSmall(QImage image) {

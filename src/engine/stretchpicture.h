@@ -27,6 +27,7 @@ public:
     StretchPicture& operator=(const StretchPicture&) = delete;
 
     QImage snapshot() override;
+    QString flaw() const override { return error; }
 
     /// Makes the small picture only where too many packets are kept for large ones: it costs more
     /// than these do.
@@ -40,6 +41,7 @@ private:
     StretchedPicture picture; ///< without a stretch once the small picture is made
     std::shared_ptr<StretchCandidates> candidates;
     QImage small;
+    QString error;
 };
 
 /// Makes the handles of a recording's stretched pictures, in their order.

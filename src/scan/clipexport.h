@@ -8,6 +8,7 @@
 #include "clipformat.h"
 #include "intracodec.h"
 #include "scanoptions.h"
+#include "watchedrecording.h"
 
 /// Exports the clips of one recording, one after the other, into a folder of their own.
 class ClipExport {
@@ -25,10 +26,13 @@ public:
 
     /// Exports the line's clip, after making the folder for the first one, and notes in the line
     /// what became of that. Answers why it failed; empty after a success, and where nothing was to
-    /// be exported.
-    QString run(ClipLine& line);
+    /// be exported. `video` is null where it is no regular file.
+    QString run(ClipLine& line, WatchedRecording* video);
 
 private:
+    QString refusal(WatchedRecording* video);
+    EncoderCall callFor(const DetectedClip& clip) const;
+
     const ExportOptions& options;
     ClipFolders& folders;
     int recording;

@@ -13,16 +13,16 @@ ClipOutput::ClipOutput(int index, const ScanOptions& options, ScanOutputs& outpu
     , outputs(outputs)
     , exporter(outputs.exports[std::size_t(index)]) {}
 
-void ClipOutput::write(ClipLine& found, const PictureFinder* finder) {
+void ClipOutput::write(ClipLine& found, WatchedRecording* video) {
     if (!options.snapshotDirectory.isEmpty())
-        found.snapshotFile = writeSnapshot(found.clip, finder);
-    exportClip(found);
+        found.snapshotFile = writeSnapshot(found.clip);
+    exportClip(found, video);
     if (outputs.report)
-        showInReport(found, finder);
+        showInReport(found);
     print(outputs.format.clip(found));
 }
 
-void ClipOutput::exportClip(ClipLine& found) {
+void ClipOutput::exportClip(ClipLine& found, WatchedRecording* video) {
     if (!canBeCut(found.clip.start, found.clip.end)) {
         areAllWritten = false;
         outputs.messages.complain(
@@ -31,7 +31,7 @@ void ClipOutput::exportClip(ClipLine& found) {
                 .arg(found.clip.index));
         return;
     }
-    const QString failure = exporter.run(found);
+    const QString failure = exporter.run(found, video);
     if (failure.isEmpty())
         return;
     areAllWritten = false;
@@ -39,7 +39,7 @@ void ClipOutput::exportClip(ClipLine& found) {
                               failure);
 }
 
-void ClipOutput::showInReport(const ClipLine& found, const PictureFinder* finder) {
+void ClipOutput::showInReport(const ClipLine& found) {
     const QString failure = outputs.report->addClip(found);
     if (failure.isEmpty())
         return;
@@ -47,7 +47,7 @@ void ClipOutput::showInReport(const ClipLine& found, const PictureFinder* finder
         areAllWritten = false;
         outputs.messages.complain(options.videos[index], failure);
     } else if (options.snapshotDirectory.isEmpty()) { // else it has been said
-        outputs.messages.complain(options.videos[index], missingPicture(finder));
+        complainOfMissingPicture(found.clip);
     }
 }
 
@@ -56,19 +56,21 @@ void ClipOutput::print(const QByteArray& lines) {
     outputs.clips.write(index, lines);
 }
 
-/// Why a clip has no picture. One that cannot be scaled is the recording's own doing.
-QString ClipOutput::missingPicture(const PictureFinder* finder) {
-    if (!finder || finder->errorText().isEmpty())
-        return QStringLiteral("its pictures cannot be scaled");
-    areAllWritten = false;
-    return finder->errorText();
+/// One that cannot be scaled is the recording's own doing.
+void ClipOutput::complainOfMissingPicture(const DetectedClip& clip) {
+    const bool isFailure = !clip.snapshotFlaw.isEmpty();
+    areAllWritten = areAllWritten && !isFailure;
+    outputs.messages.complain(options.videos[index],
+                              isFailure ? QStringLiteral("clip #%1 has no picture: %2")
+                                              .arg(QString::number(clip.index), clip.snapshotFlaw)
+                                        : QStringLiteral("its pictures cannot be scaled"));
 }
 
 /// The path of the picture written, empty if there is none.
-QString ClipOutput::writeSnapshot(const DetectedClip& clip, const PictureFinder* finder) {
+QString ClipOutput::writeSnapshot(const DetectedClip& clip) {
     QString path = outputs.snapshots.pathOf(index, clip.index);
     if (clip.snapshot.isNull()) {
-        outputs.messages.complain(options.videos[index], missingPicture(finder));
+        complainOfMissingPicture(clip);
         return {};
     }
     const QString failure = writePictureFile(clip.snapshot, path, FolderLink::Followed);

@@ -4,7 +4,6 @@
 
 #pragma once
 
-#include "picturefinder.h"
 #include "scanoutputs.h"
 
 /// Where the clips of one recording go: pictures, files, the report and standard output.
@@ -13,9 +12,9 @@ public:
     /// `index` is the recording's place in `options.videos`. All must outlive this object.
     ClipOutput(int index, const ScanOptions& options, ScanOutputs& outputs);
 
-    /// Does with a clip whatever is asked for, and fills in what became of it. `finder` has looked
-    /// for its picture; null: it came with the decoding.
-    void write(ClipLine& found, const PictureFinder* finder);
+    /// Does with a clip whatever is asked for, and fills in what became of it. `video` is null
+    /// where it is no regular file.
+    void write(ClipLine& found, WatchedRecording* video);
 
     void print(const QByteArray& lines); ///< on standard output
 
@@ -23,10 +22,10 @@ public:
     bool areWritten() const { return areAllWritten; }
 
 private:
-    void exportClip(ClipLine& found);
-    void showInReport(const ClipLine& found, const PictureFinder* finder);
-    QString writeSnapshot(const DetectedClip& clip, const PictureFinder* finder);
-    QString missingPicture(const PictureFinder* finder);
+    void exportClip(ClipLine& found, WatchedRecording* video);
+    void showInReport(const ClipLine& found);
+    QString writeSnapshot(const DetectedClip& clip);
+    void complainOfMissingPicture(const DetectedClip& clip);
 
     int index;
     const ScanOptions& options;

@@ -31,7 +31,6 @@ KeptStream keptStream(const StreamFacts& facts) {
     stream.pace = keptRatio(facts.description.frameRate);
     stream.start = facts.description.startTime;
     stream.isIntraOnly = facts.isIntraOnly;
-    stream.length = facts.duration;
     stream.frameRate = facts.frameRate;
     stream.origin = facts.origin;
     stream.isRegionEmpty = facts.isRegionEmpty;
@@ -46,7 +45,6 @@ StreamFacts factsOf(const KeptStream& stream) {
                          {stream.pace.above, stream.pace.below},
                          stream.start};
     facts.isIntraOnly = stream.isIntraOnly;
-    facts.duration = stream.length;
     facts.frameRate = stream.frameRate;
     facts.origin = stream.origin;
     facts.isRegionEmpty = stream.isRegionEmpty;

@@ -6,8 +6,19 @@
 
 #include "interrupt.h"
 #include "partdetection.h"
+#include "watchedrecording.h"
 
 #include <QFileInfo>
+
+namespace {
+
+bool isChanged(const ValuesStore::Found& found) {
+    using Watched = WatchedRecording;
+    return found.stamp &&
+           Watched(*found.stamp, Watched::Measured::Now).state() != Watched::State::Same;
+}
+
+} // namespace
 
 PartScan::PartScan(int index, const ScanOptions& options, const ValuesStore& values,
                    Messages& messages, Totals& totals)
@@ -40,6 +51,10 @@ ExitStatus PartScan::measure(const ValuesStore::Found& found) {
     const QString& video = options.videos[index];
     PartDetection detection(options.detection, *options.part, *this);
     const DetectionOutcome outcome = detection.run(QFileInfo(video).absoluteFilePath());
+    if (isChanged(found)) {
+        messages.complain(video, QStringLiteral("it was changed while it was measured"));
+        return SomeFailed;
+    }
     const bool isKept = values.keepPart(found, detection, *options.part, outcome);
     if (!detection.errorText().isEmpty())
         messages.complain(video, detection.errorText());

@@ -72,6 +72,7 @@ QString RecordingScan::searchOrFail() {
 QString RecordingScan::search() {
     complainOfRefusal();
     const ValuesStore::Found found = outputs.values.find(index);
+    watch(found);
     QString error;
     if (!outputs.values.keepJoined(found))
         isWritten = false;
@@ -83,6 +84,8 @@ QString RecordingScan::search() {
         error = lookQuickly(found);
     else
         error = measure(found);
+    if (isSearched)
+        judgeChange(error);
     if (merger)
         pass(merger->finish());
     return error;
@@ -111,6 +114,39 @@ void RecordingScan::finish(const QString& error) {
                 .arg(line.video, QString::number(line.clips), clockText(line.seconds)));
 }
 
+void RecordingScan::watch(const ValuesStore::Found& found) {
+    using Measured = WatchedRecording::Measured;
+    if (found.values)
+        watched.emplace(found.values->recording, Measured::Before);
+    else if (found.stamp)
+        watched.emplace(*found.stamp, Measured::Now);
+}
+
+bool RecordingScan::isUnchanged() {
+    return !watched || watched->state() == WatchedRecording::State::Same;
+}
+
+/// What was found in a recording that is another one now is nobody's. One that a camera still
+/// writes to was searched as far as it went.
+void RecordingScan::judgeChange(QString& error) {
+    if (isUnchanged() || line.outcome == DetectionOutcome::Cancelled)
+        return;
+    isRecordingToBlame = false;
+    const WatchedRecording::State state = watched->state();
+    if (state == WatchedRecording::State::Grown) {
+        isWritten = false;
+        outputs.messages.complain(line.video,
+                                  QStringLiteral("it grew while it was searched; what came behind "
+                                                 "%1 is left out")
+                                      .arg(clockText(line.seconds)));
+        return;
+    }
+    line.outcome = DetectionOutcome::ReadFailed;
+    error = state == WatchedRecording::State::Gone
+                ? QStringLiteral("it was removed while it was searched")
+                : QStringLiteral("it was changed while it was searched");
+}
+
 void RecordingScan::complainOfRefusal() {
     const QString refusal = outputs.format.refusal(line.video);
     if (refusal.isEmpty())
@@ -123,12 +159,14 @@ void RecordingScan::complainOfRefusal() {
 QString RecordingScan::measure(const ValuesStore::Found& found) {
     DetectionOptions wanted = options.detection;
     wanted.areSnapshotsWanted = areSnapshotsWanted();
+    isSearched = true;
     Detection detection(wanted, *this);
     // An absolute path is a file to the media libraries, whatever colons its name has.
     line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
     isRecordingToBlame = detection.isLasting();
     line.damage = detection.measurement().damage;
-    if (!outputs.values.keep(found, detection.measurement(), endOf(detection, line.outcome)))
+    const MeasuringEnd end = endOf(detection, line.outcome);
+    if (isUnchanged() && !outputs.values.keep(found, detection.measurement(), end))
         isWritten = false;
     return detection.errorText();
 }
@@ -136,11 +174,12 @@ QString RecordingScan::measure(const ValuesStore::Found& found) {
 /// Decides when all is measured: what is said first depends on how far the key frames lie apart.
 QString RecordingScan::lookQuickly(const ValuesStore::Found& found) {
     line.isQuick = true;
+    isSearched = true;
     QuickLook look(*this);
     Detection detection(options.detection, look);
     const DetectionOutcome outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
     const MeasuringEnd end = endOf(detection, outcome);
-    if (!outputs.values.keep(found, detection.measurement(), end))
+    if (isUnchanged() && !outputs.values.keep(found, detection.measurement(), end))
         isWritten = false;
     const KeptValues looked =
         keptValues(found.stamp.value_or(RecordingStamp()), outputs.values.measureSettings(),
@@ -178,6 +217,12 @@ QString RecordingScan::decide(const KeptValues& values) {
 QString RecordingScan::refine(const SegmentationOptions& segmentation) {
     const QVector<TimeRange> stretches =
         stretchesToRefine(measurement, segmentation, options.detection.range);
+    const QString flaw = watched && !stretches.isEmpty() ? watched->flaw() : QString();
+    if (!flaw.isEmpty()) {
+        line.outcome = DetectionOutcome::ReadFailed;
+        isRecordingToBlame = false;
+        return flaw;
+    }
     for (const TimeRange& stretch : stretches)
         outputs.messages.summarise(
             QStringLiteral("%1: searched exactly from %2 to %3 s")
@@ -186,6 +231,7 @@ QString RecordingScan::refine(const SegmentationOptions& segmentation) {
     exact.areKeysWanted = false;
     StretchSearch search(exact, *this);
     nextLooked = 0;
+    isSearched = isSearched || !stretches.isEmpty();
     line.outcome = search.run(QFileInfo(line.video).absoluteFilePath(), stretches);
     isRecordingToBlame = search.isLasting();
     if (line.outcome == DetectionOutcome::Finished)
@@ -220,6 +266,8 @@ SegmentationOptions RecordingScan::segmentationOf(const KeptValues& values) cons
 void RecordingScan::makeFinder(const KeptValues& values) {
     const QString path = QFileInfo(line.video).absoluteFilePath();
     finder = std::make_unique<PictureFinder>(path, options.detection, measurement, isEnding);
+    if (watched)
+        finder->setRefusal([this] { return watched->flaw(); });
     if (!outputs.values.areOfThisCall(values))
         finder->readFromStart();
 }
@@ -305,5 +353,5 @@ void RecordingScan::pass(const std::optional<DetectedClip>& clip) {
     found.played = played;
     found.clip = *clip;
     found.isQuick = line.isQuick && !options.isRefined;
-    clips.write(found, finder.get());
+    clips.write(found, watched ? &*watched : nullptr);
 }

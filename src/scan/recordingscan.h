@@ -9,6 +9,7 @@
 #include "picturefinder.h"
 #include "scanoptions.h"
 #include "scanoutputs.h"
+#include "watchedrecording.h"
 
 #include <memory>
 
@@ -42,6 +43,9 @@ private:
     QString lookQuickly(const ValuesStore::Found& found);
     QString decide(const KeptValues& values);
     QString refine(const SegmentationOptions& segmentation);
+    void watch(const ValuesStore::Found& found);
+    bool isUnchanged();
+    void judgeChange(QString& error);
     void passLooked(double time);
     SegmentationOptions segmentationOf(const KeptValues& values) const;
     void makeFinder(const KeptValues& values);
@@ -58,8 +62,10 @@ private:
     int nextLooked = -1;       ///< where it is refined: the next value of its key frames
     bool hasBegunAgain = true; ///< the next picture is the first that is compared
     PlayedRecording played;
-    Measurement measurement;               ///< what is decided on, where it is kept
-    std::unique_ptr<PictureFinder> finder; ///< null: the recording is decoded
+    Measurement measurement;                 ///< what is decided on, where it is kept
+    std::unique_ptr<PictureFinder> finder;   ///< null: the recording is decoded
+    std::optional<WatchedRecording> watched; ///< nothing: it is no regular file
+    bool isSearched = false; ///< the recording is read in this call, not only for its clips
     bool isWritten = true;
     bool isRecordingToBlame = false; ///< where it could not be read
 };

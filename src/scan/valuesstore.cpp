@@ -12,9 +12,25 @@
 
 #include <QFile>
 
+namespace {
+
+/// As far as can be told.
+bool isOtherRecording(const RecordingStamp& found, const RecordingStamp& kept) {
+    const bool isComparable = !found.digest.isEmpty() && !kept.digest.isEmpty();
+    return found.bytes != kept.bytes || found.modified != kept.modified ||
+           (isComparable && found.digest != kept.digest);
+}
+
+/// Whether nothing but the content can tell them apart, and the older one does not say it.
+bool isUnproved(const RecordingStamp& kept, const RecordingStamp& found) {
+    return kept.digest.isEmpty() && !isOtherRecording(found, kept);
+}
+
+} // namespace
+
 ScanOptions withNamedValues(ScanOptions options) {
     for (QString& video : options.videos) {
-        const auto recording = recordingNamedIn(video);
+        const auto recording = isValuesName(video) ? recordingNamedIn(video) : std::nullopt;
         options.valuesFiles.append(recording ? video : QString());
         if (recording && !recording->isEmpty())
             video = QFile::decodeName(*recording);
@@ -33,10 +49,8 @@ ValuesStore::Found ValuesStore::find(int index) const {
     if (!named.isEmpty())
         return findNamed(named);
     Found found;
-    if (options.valuesDirectory.isEmpty())
-        return found;
     found.stamp = stampOf(options.videos[index]);
-    if (!found.stamp)
+    if (!found.stamp || options.valuesDirectory.isEmpty())
         return found;
     found.values = findKept(valuesPath(options.valuesDirectory, found.stamp->path), *found.stamp);
     if (found.values)
@@ -71,7 +85,7 @@ ValuesStore::Found ValuesStore::findNamed(const QString& path) const {
         return found;
     }
     const auto stamp = stampOf(QFile::decodeName(reading.values.recording.path));
-    if (stamp && !(*stamp == reading.values.recording))
+    if (stamp && isOtherRecording(*stamp, reading.values.recording))
         messages.complain(
             path,
             QStringLiteral("warning: the recording has changed since its values were measured"));
@@ -89,9 +103,14 @@ std::optional<KeptValues> ValuesStore::findKept(const QString& path,
         flaw = QStringLiteral("it is of another recording");
     if (!flaw.isEmpty())
         messages.complain(path, QStringLiteral("not used, measured anew: ") + flaw);
-    const bool doesFit = isGood && flaw.isEmpty() && reading.values.recording == stamp &&
-                         reading.values.settings == settings;
-    return doesFit ? std::make_optional(std::move(reading.values)) : std::nullopt;
+    if (!isGood || !flaw.isEmpty() || reading.values.settings != settings)
+        return std::nullopt;
+    if (isUnproved(reading.values.recording, stamp))
+        messages.summarise(
+            path + QStringLiteral(": of an older version, which kept no digest of the recording; "
+                                  "measured anew"));
+    const bool isProved = reading.values.recording == stamp && !stamp.digest.isEmpty();
+    return isProved ? std::make_optional(std::move(reading.values)) : std::nullopt;
 }
 
 std::optional<KeptValues> ValuesStore::findParts(const RecordingStamp& stamp) const {
@@ -121,7 +140,7 @@ std::optional<KeptValues> ValuesStore::joined(const RecordingStamp& stamp, int c
 
 bool ValuesStore::keep(const Found& found, const Measurement& measured,
                        const MeasuringEnd& end) const {
-    if (!found.stamp || !canBeKept(measured, end))
+    if (options.valuesDirectory.isEmpty() || !found.stamp || !canBeKept(measured, end))
         return true;
     return write(keptValues(*found.stamp, settings, measured, end),
                  valuesPath(options.valuesDirectory, found.stamp->path));

@@ -22,7 +22,8 @@ public:
     /// What there is of one recording.
     struct Found {
         std::optional<KeptValues> values;    ///< to be used; nothing: it is to be measured
-        std::optional<RecordingStamp> stamp; ///< of the recording before that
+        std::optional<RecordingStamp> stamp; ///< of the recording before that; nothing: no file,
+                                             ///< or its values were named in its place
         bool isRefused = false; ///< its values were named in its place and are of no use
         bool areJoined = false; ///< from its parts; the whole is not kept yet
     };

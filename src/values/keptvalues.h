@@ -42,7 +42,6 @@ struct KeptStream {
     KeptRatio pace;        ///< pictures per second on average, as the header says; 0/1 if unknown
     double start = 0.0;    ///< seconds at which the file begins, as its streams count them
     bool isIntraOnly = false;
-    double length = 0.0;    ///< seconds as the header says, 0 if unknown
     double frameRate = 0.0; ///< pictures per second at which they are numbered; 0: own times
     double origin = 0.0; ///< seconds, of the recording's first picture, as the stream counts them
     bool isRegionEmpty = false; ///< the region selects none of its pixels

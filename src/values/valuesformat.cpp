@@ -14,6 +14,9 @@
 
 namespace {
 
+constexpr char contentKey[] = "content";
+constexpr char noDigest[] = "none";
+
 QByteArray yesOrNo(bool isTrue) {
     return isTrue ? "yes" : "no";
 }
@@ -66,6 +69,20 @@ KeptPart readPart(const QByteArray& text) {
     return part;
 }
 
+/// The head of a file of format 1 as one of today's; empty where it is none.
+QVector<HeadLine> translated(QVector<HeadLine> lines) {
+    constexpr int contentPlace = 3;
+    constexpr int lengthPlace = 9;
+    double length = 0.0;
+    const HeadLine line = lines.value(lengthPlace);
+    if (line.key != "length" || !readNumber(line.value, length) ||
+        shortestDigits(length) != line.value)
+        return {};
+    lines.remove(lengthPlace);
+    lines.insert(contentPlace, {contentKey, noDigest});
+    return lines;
+}
+
 } // namespace
 
 QByteArray headText(const HeadLine& line) {
@@ -75,26 +92,28 @@ QByteArray headText(const HeadLine& line) {
 QVector<HeadLine> headOf(const KeptValues& values) {
     const RecordingStamp& recording = values.recording;
     const KeptStream& stream = values.stream;
-    QVector<HeadLine> lines{{"recording", escapedBytes(recording.path)},
-                            {"bytes", QByteArray::number(recording.bytes)},
-                            {"modified", QByteArray::number(recording.modified)},
-                            {"codec", stream.codec},
-                            {"size", sizeText(stream.size)},
-                            {"pixel-aspect", ratioText(stream.pixelAspect)},
-                            {"pace", ratioText(stream.pace)},
-                            {"start", shortestDigits(stream.start)},
-                            {"intra", yesOrNo(stream.isIntraOnly)},
-                            {"length", shortestDigits(stream.length)},
-                            {"rate", shortestDigits(stream.frameRate)},
-                            {"origin", shortestDigits(stream.origin)},
-                            {"region-empty", yesOrNo(stream.isRegionEmpty)}};
+    QVector<HeadLine> lines{
+        {"recording", escapedBytes(recording.path)},
+        {"bytes", QByteArray::number(recording.bytes)},
+        {"modified", QByteArray::number(recording.modified)},
+        {contentKey, recording.digest.isEmpty() ? QByteArray(noDigest) : recording.digest},
+        {"codec", stream.codec},
+        {"size", sizeText(stream.size)},
+        {"pixel-aspect", ratioText(stream.pixelAspect)},
+        {"pace", ratioText(stream.pace)},
+        {"start", shortestDigits(stream.start)},
+        {"intra", yesOrNo(stream.isIntraOnly)},
+        {"rate", shortestDigits(stream.frameRate)},
+        {"origin", shortestDigits(stream.origin)},
+        {"region-empty", yesOrNo(stream.isRegionEmpty)}};
     lines += values.settings;
     if (values.part)
         lines.append({partKey, partText(*values.part)});
     return lines;
 }
 
-bool readHead(const QVector<HeadLine>& lines, KeptValues& values) {
+bool readHead(const QVector<HeadLine>& written, int format, KeptValues& values) {
+    const QVector<HeadLine> lines = format == 1 ? translated(written) : written;
     const int fixed = headOf({}).size();
     if (lines.size() < fixed)
         return false;
@@ -104,14 +123,15 @@ bool readHead(const QVector<HeadLine>& lines, KeptValues& values) {
     KeptStream& stream = values.stream;
     const bool isGood =
         path && readNumber(value(1), recording.bytes) && readNumber(value(2), recording.modified) &&
-        readNumber(value(7), stream.start) && readNumber(value(9), stream.length) &&
-        readNumber(value(10), stream.frameRate) && readNumber(value(11), stream.origin);
+        readNumber(value(8), stream.start) && readNumber(value(10), stream.frameRate) &&
+        readNumber(value(11), stream.origin);
+    recording.digest = value(3) == noDigest ? QByteArray() : value(3);
     recording.path = path.value_or(QByteArray());
-    stream.codec = value(3);
-    stream.size = readSize(value(4));
-    stream.pixelAspect = readRatio(value(5));
-    stream.pace = readRatio(value(6));
-    stream.isIntraOnly = value(8) == "yes";
+    stream.codec = value(4);
+    stream.size = readSize(value(5));
+    stream.pixelAspect = readRatio(value(6));
+    stream.pace = readRatio(value(7));
+    stream.isIntraOnly = value(9) == "yes";
     stream.isRegionEmpty = value(12) == "yes";
     values.settings = lines.mid(fixed);
     if (!values.settings.isEmpty() && values.settings.last().key == partKey)

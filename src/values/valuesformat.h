@@ -13,9 +13,12 @@
 /// with nothing, is 0; "# damaged: PACKETS PROMISED READ" where something is missing of it; "#
 /// reason: TEXT" where the recording could not be read; and the last line,
 /// "# end: OUTCOME PICTURES DIGEST". The digest is that of everything before it.
+///
+/// Format 1 had no digest of the recording ("content"), and its length as the header said, of which
+/// each version of the media libraries makes something else. It is read and not written any more.
 
 constexpr char formatName[] = "# kestrova values ";
-constexpr int formatNumber = 1;
+constexpr int formatNumber = 2;
 
 constexpr char partKey[] = "part";
 constexpr char damageKey[] = "damaged";
@@ -35,5 +38,6 @@ constexpr const char* partWords[] = {"cut", "whole", "empty"};
 /// The head of `values` in its fixed order, settings last, and behind them what part it is of.
 QVector<HeadLine> headOf(const KeptValues& values);
 
-/// Reads what `headOf` made. False where these lines are not exactly that.
-bool readHead(const QVector<HeadLine>& lines, KeptValues& values);
+/// Reads what `headOf` made, in this format or an older one. False where these lines are not
+/// exactly that.
+bool readHead(const QVector<HeadLine>& lines, int format, KeptValues& values);

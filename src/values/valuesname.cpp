@@ -38,3 +38,7 @@ QString valuesPath(const QString& folder, const QByteArray& recording) {
 QString partPath(const QString& folder, const QByteArray& recording, int index, int count) {
     return pathOf(folder, recording, QStringLiteral("-%1of%2.values").arg(index).arg(count));
 }
+
+bool isValuesName(const QString& path) {
+    return path.endsWith(QLatin1String(".values"));
+}

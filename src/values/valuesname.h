@@ -14,3 +14,6 @@ QString valuesPath(const QString& folder, const QByteArray& recording);
 
 /// The same for one of `count` parts of it, `index` from 1 on.
 QString partPath(const QString& folder, const QByteArray& recording, int index, int count);
+
+/// Whether files of this name can hold values. Others never do, whatever is in them.
+bool isValuesName(const QString& path);

@@ -113,13 +113,13 @@ private:
 
     bool readFirstLine() {
         const Line name = formatName;
-        int format = 0;
         if (!startsWith(line, name) || !readNumber(line.substr(name.size()), format))
             return fail(QStringLiteral("it is no file with motion values"));
         isValuesFile = true;
         if (format > formatNumber)
             return fail(QStringLiteral("its format is newer than this program"));
-        return (line.substr(name.size()) == std::to_string(formatNumber) || failHere()) && next();
+        const bool isKnown = format >= 1 && line.substr(name.size()) == std::to_string(format);
+        return (isKnown || failHere()) && next();
     }
 
     bool readHeadLines() {
@@ -130,7 +130,7 @@ private:
             if (head.size() > mostHeadLines || !next())
                 return failHere();
         }
-        return readHead(head, values) || fail(QStringLiteral("its head is damaged"));
+        return readHead(head, format, values) || fail(QStringLiteral("its head is damaged"));
     }
 
     bool readPictures() {
@@ -229,6 +229,7 @@ private:
 
     LineReader lines;
     Line line;
+    int format = 0;
     qint64 number = 0; ///< of the line, from 1
     QCryptographicHash digest{QCryptographicHash::Sha256};
     QString error;

@@ -37,6 +37,10 @@ QByteArray plainName(QByteArray name) {
     return name;
 }
 
+QString pipeText() {
+    return QStringLiteral("a pipe cannot be read again");
+}
+
 int firstVideoStream(const AVFormatContext& format) {
     for (unsigned i = 0; i < format.nb_streams; ++i) {
         if (format.streams[i]->codecpar->codec_type == AVMEDIA_TYPE_VIDEO)
@@ -96,9 +100,23 @@ bool PacketReader::open(const char* name) {
     return streamIndex >= 0;
 }
 
-int PacketReader::openDemuxer() {
-    const QByteArray name = plainName(fileName);
+const AVInputFormat* PacketReader::demuxerOf(const char* name) {
+    close();
+    fileName = name;
+    file = std::make_unique<InputFile>([this] { return isInterrupted(); });
     const AVInputFormat* demuxer = nullptr;
+    int result = file->open(fileName.constData());
+    if (result >= 0 && !file->canSeek())
+        error = pipeText();
+    else if (result >= 0)
+        result = findDemuxer(demuxer);
+    if (result < 0 && error.isEmpty())
+        error = libavErrorText(result);
+    return error.isEmpty() ? demuxer : nullptr;
+}
+
+int PacketReader::findDemuxer(const AVInputFormat*& demuxer) {
+    const QByteArray name = plainName(fileName);
     // The demuxer is found by itself, so that the libraries never look for one by the name alone:
     // that is how patterns, addresses and devices are opened.
     const int score =
@@ -106,8 +124,14 @@ int PacketReader::openDemuxer() {
     if (score < 0)
         return score;
     error = refusalOf(*demuxer);
-    if (!error.isEmpty())
-        return AVERROR(EINVAL);
+    return error.isEmpty() ? 0 : AVERROR(EINVAL);
+}
+
+int PacketReader::openDemuxer() {
+    const AVInputFormat* demuxer = nullptr;
+    const int found = findDemuxer(demuxer);
+    if (found < 0)
+        return found;
     format = avformat_alloc_context();
     if (!format)
         return AVERROR(ENOMEM);
@@ -117,6 +141,7 @@ int PacketReader::openDemuxer() {
     // Nothing is on this list: demuxers that go past `io_open` find no way to another file, either.
     AVDictionary* options = nullptr;
     av_dict_set(&options, "protocol_whitelist", "", 0);
+    const QByteArray name = plainName(fileName);
     const int result = avformat_open_input(&format, name.constData(), demuxer, &options);
     av_dict_free(&options);
     if (result >= 0 && hasTooManyUnits(*format)) {
@@ -129,7 +154,7 @@ int PacketReader::openDemuxer() {
 bool PacketReader::reopen() {
     if (!canReopen()) {
         close();
-        error = QStringLiteral("a pipe cannot be read again");
+        error = pipeText();
         return false;
     }
     return open(QByteArray(fileName).constData());

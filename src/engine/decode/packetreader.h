@@ -40,6 +40,11 @@ public:
     /// one that names other files, or has no video stream.
     bool open(const char* fileName);
 
+    /// The demuxer for the file at the path `fileName`, which is not opened for reading packets;
+    /// null if it cannot be read as often as one likes, is no media file or one that names other
+    /// files.
+    const AVInputFormat* demuxerOf(const char* fileName);
+
     /// Opens the same file once more, from its start. False also where that is gone.
     bool reopen();
 
@@ -84,10 +89,11 @@ public:
     promisedLength() const;     ///< seconds that the headers say the stream lasts; 0 if they do not
     double startTime() const;   ///< seconds at which the first of all streams begins
     qint64 libavErrors() const; ///< that the libraries have told of while reading, in all
-    QString errorText() const;  ///< why `open` failed
+    QString errorText() const;  ///< why `open` or `demuxerOf` failed
     bool isFileToBlame() const; ///< it failed for what the file holds
 
 private:
+    int findDemuxer(const AVInputFormat*& demuxer);
     int openDemuxer();
     void noteEnd(int result);
     bool isWanted(const AVPacket& packet) const;

@@ -17,6 +17,7 @@ void join(DetectedClip& clip, const DetectedClip& next) {
         return;
     clip.strongestMotion = next.strongestMotion;
     clip.snapshot = next.snapshot;
+    clip.snapshotFlaw = next.snapshotFlaw;
     clip.snapshotTime = next.snapshotTime;
 }
 

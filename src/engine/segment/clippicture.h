@@ -5,6 +5,7 @@
 #pragma once
 
 #include <QImage>
+#include <QString>
 
 #include <memory>
 
@@ -15,6 +16,9 @@ public:
 
     /// The small picture. Made when it is first asked for.
     virtual QImage snapshot() = 0;
+
+    /// Once `snapshot` has answered none: why, for a person; empty if it cannot be scaled.
+    virtual QString flaw() const { return {}; }
 
     /// Makes the small picture now and lets go of the large one.
     virtual void shrink() = 0;

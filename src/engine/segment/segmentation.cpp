@@ -90,6 +90,7 @@ void ClipSegmenter::openClip(double time) {
 DetectedClip ClipSegmenter::closeClip(double time) {
     DetectedClip clip{clipIndex,     bestPicture->snapshot(), clipStart - origin,
                       time - origin, snapshotTime - origin,   bestMotion};
+    clip.snapshotFlaw = bestPicture->flaw();
     bestPicture.reset();
     notBefore = time;
     ++clipIndex;

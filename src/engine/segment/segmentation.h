@@ -25,11 +25,12 @@ struct SegmentationOptions {
 /// One stretch of motion. Times in seconds from the first picture of the recording.
 struct DetectedClip {
     int index = 0;   ///< 0 for the first clip of a recording
-    QImage snapshot; ///< 320 pixels wide; null only if its format cannot be scaled
+    QImage snapshot; ///< 320 pixels wide; null if it cannot be had or its format not be scaled
     double start = 0.0;
     double end = 0.0;
     double snapshotTime = 0.0;
     float strongestMotion = 0.0F; ///< the motion value for which the snapshot was chosen
+    QString snapshotFlaw{}; ///< why it cannot be had, for a person; empty if its format is to blame
 };
 
 /// Turns the motion values of one recording into clips.
