@@ -201,25 +201,23 @@ void TestExportFaults::chatterIsNotHeld() {
             readFile(QStringLiteral("/proc/%1/status").arg(process->processId()));
         return status.mid(status.indexOf("VmHWM:") + 6, 12).trimmed().split(' ')[0].toInt() / 1024;
     };
-    useEncoder("touch started; while [ ! -e go ]; do sleep 0.01; done\n"
-               "yes 'all is well, all is well, all is well' | head -c 100000000 >&2\n"
-               "echo >&2; echo 'Unknown encoder' >&2; echo 'Conversion failed!' >&2\n"
-               "touch said; while [ ! -e end ]; do sleep 0.01; done; exit 1");
+    useEncoder(
+        "cd \"${output%/*}\" || exit; touch started; while [ ! -e go ]; do sleep 0.01; done\n"
+        "yes 'all is well, all is well, all is well' | head -c 100000000 >&2\n"
+        "echo >&2; echo 'Unknown encoder' >&2; echo 'Conversion failed!' >&2\n"
+        "touch said; while [ ! -e end ]; do sleep 0.01; done; exit 1");
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     // The sanitizer keeps what is freed.
     environment.insert("ASAN_OPTIONS", environment.value("ASAN_OPTIONS") + ":quarantine_size_mb=1");
     process->setProcessEnvironment(environment);
-    for (const char* marker : {"started", "go", "said", "end"})
-        QFile::remove(besideProgram(marker));
-    const auto touch = [this](const char* marker) {
-        QFile(besideProgram(marker)).open(QIODevice::WriteOnly);
-    };
+    const auto marker = [this](const QString& name) { return path("garden_mp4_0/" + name); };
+    const auto touch = [&](const char* name) { QFile(marker(name)).open(QIODevice::WriteOnly); };
     process->start(besideProgram("kestrova-scan"),
                    options + QStringList{"--export", clips->path(), recording});
-    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(besideProgram("started")), 60000);
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(marker("started")), 60000);
     const int before = peakMegabytes();
     touch("go");
-    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(besideProgram("said")), 120000);
+    QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(marker("said")), 120000);
     const int after = peakMegabytes();
     touch("end");
     QVERIFY(process->waitForFinished());
