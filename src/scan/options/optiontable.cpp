@@ -182,7 +182,9 @@ QVector<ScanOption> makeOptions() {
                "all of it"),
 
         withLetter(toggle(G::Help, "help", "Print this text"), 'h'),
-        withLetter(toggle(G::Help, "version", "Print the version, and which protections confine the scanner"), 'v'),
+        withLetter(toggle(G::Help, "version",
+                          "Print the version, and which protections confine the scanner"),
+                   'v'),
     };
 }
 
