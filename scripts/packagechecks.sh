@@ -54,7 +54,7 @@ unpacked() {
 }
 
 check_versions() {
-    must_pass "one version everywhere" "$root/scripts/versions"
+    must_pass "one version everywhere" "${root:?}/scripts/versions"
     copy_sources "$scratch/versions"
     sed -i 's/<release version="/&9./' "$scratch"/versions/resources/*.metainfo.xml
     must_refuse "another version in the metainfo" "do not name the same version" \
