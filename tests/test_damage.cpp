@@ -76,6 +76,8 @@ void TestDamage::initTestCase() {
     QVERIFY(media::encode(scene + x264 + QStringList{"-movflags", "+faststart", path("a.mp4")}));
     QVERIFY(media::encode(scene + x264 + QStringList{path("b.mkv")}));
     QVERIFY(media::encode(scene + QStringList{"-c:v", "mjpeg", path("c.avi")}));
+    for (const char* name : {"late.mkv", "late.flv", "late.mp4"})
+        QVERIFY(media::encode(scene + x264 + QStringList{"-output_ts_offset", "15", path(name)}));
     QVERIFY(media::encode(scene + sound + x264 + QStringList{path("longer-sound.mp4")}));
     QVERIFY(media::encode(scene + sound + x264 + QStringList{path("longer-sound.mkv")}));
     QVERIFY(media::encode(scene + sound + QStringList{"-c:v", "mjpeg", path("longer-sound.avi")}));
@@ -145,8 +147,9 @@ void TestDamage::packetsCountByThemselves() {
 void TestDamage::undamagedOnesSayNothing_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QStringList>("options");
-    for (const char* name : {"a.mp4", "b.mkv", "c.avi", "longer-sound.mp4", "longer-sound.mkv",
-                             "longer-sound.avi", "transport.ts", "slow.mp4"})
+    for (const char* name :
+         {"a.mp4", "b.mkv", "c.avi", "longer-sound.mp4", "longer-sound.mkv", "longer-sound.avi",
+          "transport.ts", "slow.mp4", "late.mkv", "late.flv", "late.mp4"})
         QTest::newRow(name) << name << QStringList();
     QTest::newRow("range") << "a.mp4" << QStringList{"--from", "5", "--to", "12"};
     QTest::newRow("from the middle") << "a.mp4" << QStringList{"--from", "30"};

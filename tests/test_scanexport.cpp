@@ -307,9 +307,7 @@ void TestScanExport::startTimeIsTheClockOnTheWall_data() {
     QTest::addColumn<QByteArray>("zone");
     const QString shown = "Mon Nov 16 2026 %{pts\\:hms\\:32704}";
     QTest::newRow("local") << "2026-11-16T09:05:00" << shown << QByteArray("UTC");
-    QTest::newRow("UTC") << "2026-11-16T09:05:00Z" << shown << QByteArray("Asia/Tokyo");
-    QTest::newRow("with an offset")
-        << "2026-11-16T09:05:00+02:00" << shown << QByteArray("Asia/Tokyo");
+    QTest::newRow("in Japan") << "2026-11-16T09:05:00" << shown << QByteArray("Asia/Tokyo");
     QTest::newRow("with a fraction") << "2026-11-16T09:05:00.250" << shown << QByteArray("UTC");
     QTest::newRow("that this machine's clock leaves out")
         << "2026-03-29T02:30:00"

@@ -13,6 +13,7 @@ extern "C" {
 }
 
 #include <array>
+#include <algorithm>
 #include <cstring>
 
 namespace {
@@ -268,6 +269,12 @@ double taggedSeconds(const AVStream& stream) {
     return isKnown ? double(microseconds) / AV_TIME_BASE : 0.0;
 }
 
+/// Seconds from time 0, from which such containers count, to the stream's first picture.
+double lateStart(const AVStream& stream) {
+    const bool isKnown = stream.start_time != AV_NOPTS_VALUE;
+    return isKnown ? std::max(double(stream.start_time) * av_q2d(stream.time_base), 0.0) : 0.0;
+}
+
 } // namespace
 
 bool PacketReader::hasReadingErrors() const {
@@ -286,7 +293,8 @@ double PacketReader::promisedLength() const {
     if (chosen.duration != AV_NOPTS_VALUE && chosen.duration > 0)
         return double(chosen.duration) * av_q2d(chosen.time_base);
     const double tagged = taggedSeconds(chosen);
-    return tagged > 0.0 || format->nb_streams > 1 ? tagged : duration();
+    const double end = tagged > 0.0 || format->nb_streams > 1 ? tagged : duration();
+    return std::max(end - lateStart(chosen), 0.0);
 }
 
 double PacketReader::startTime() const {
