@@ -12,8 +12,8 @@ extern "C" {
 #include <libavutil/parseutils.h>
 }
 
-#include <array>
 #include <algorithm>
+#include <array>
 #include <cstring>
 
 namespace {
