@@ -45,6 +45,7 @@ private Q_SLOTS:
     void namesAreNoPrograms();
     void uselessHostsEndIt_data();
     void uselessHostsEndIt();
+    void hostsMayHaveOtherKernels();
     void aSignalEndsAll_data();
     void aSignalEndsAll();
     void saysHowFarItIs();
@@ -57,6 +58,14 @@ private:
     QString path(const QString& name) const { return folder.filePath(name); }
     QStringList archivesIn(const QString& name) const {
         return QDir(path(name)).entryList({"archive-*"}, QDir::Dirs);
+    }
+    /// Puts a script into a folder that is called where the archive calls the scanner.
+    static void useInScannersPlace(const QString& place, const QString& script) {
+        const QString scanner = place + "/kestrova-scan";
+        QVERIFY(writeFile(scanner, ("#!/bin/sh\n" + script).toUtf8()));
+        QVERIFY(QFile::setPermissions(scanner, QFile::ReadOwner | QFile::ExeOwner));
+        QVERIFY(QFile::link(KESTROVA_SOURCE "/src/archive/kestrova-archive",
+                            place + "/kestrova-archive"));
     }
     /// How many jobs of the last call have ended.
     int endsIn(const QString& name) const {
@@ -259,6 +268,23 @@ void TestArchive::uselessHostsEndIt() {
     QVERIFY(!QFileInfo::exists(path("HIT")) && !QFileInfo::exists("HIT"));
 }
 
+/// Each time it is asked, the scanner tells of other protections than before.
+void TestArchive::hostsMayHaveOtherKernels() {
+    if (!hasEngine() || QStandardPaths::findExecutable("ssh").isEmpty())
+        QSKIP("GNU parallel or ssh is not installed");
+    const QString place = path("kernels");
+    QVERIFY(QDir(folder.path()).mkpath("kernels"));
+    const QString scanner = media::programDirectory() + "/kestrova-scan";
+    useInScannersPlace(place, "case $* in --version) echo kestrova-scan 1; echo confined: $$;;\n"
+                              "*) exec '" +
+                                  scanner + "' \"$@\";; esac\n");
+    QVERIFY(writeFile(path("hosts"), ":\n"));
+    const ProcessResult planned =
+        runProgram(place + "/kestrova-archive", {"--dry-run", "--values", place + "/kept",
+                                                 "--hosts", path("hosts"), path("recordings")});
+    QVERIFY2(planned.output.contains("host :: good\n"), planned.output.constData());
+}
+
 void TestArchive::aSignalEndsAll_data() {
     QTest::addColumn<int>("number");
     QTest::newRow("SIGINT") << SIGINT;
@@ -274,13 +300,9 @@ void TestArchive::aSignalEndsAll() {
     const QString place = path(QString("signal%1").arg(number));
     QVERIFY(QDir(place).mkpath("kept"));
     const QString scanner = media::programDirectory() + "/kestrova-scan";
-    QVERIFY(writeFile(place + "/kestrova-scan",
-                      ("#!/bin/sh\ncase $* in *--threads=1*) echo $$ >>'" + place +
-                       "/begun'; exec sleep 3600;; esac\nexec '" + scanner + "' \"$@\"\n")
-                          .toUtf8()));
-    QVERIFY(QFile::setPermissions(place + "/kestrova-scan", QFile::ReadOwner | QFile::ExeOwner));
-    QVERIFY(
-        QFile::link(KESTROVA_SOURCE "/src/archive/kestrova-archive", place + "/kestrova-archive"));
+    useInScannersPlace(place, "case $* in *--threads=1*) echo $$ >>'" + place +
+                                  "/begun'; exec sleep 3600;; esac\nexec '" + scanner +
+                                  "' \"$@\"\n");
     QProcess process;
     process.start(place + "/kestrova-archive",
                   {"--jobs=2", "--values", place + "/kept", path("recordings")});

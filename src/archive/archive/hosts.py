@@ -21,11 +21,13 @@ PAUSE = 15  # seconds between two times when all hosts are asked because some fa
 # 8/user@host. Nothing in it means more to GNU parallel, ssh or a shell than a name does.
 LOGIN = re.compile(r"(?:[1-9]\d*/)?((?:\w[\w.-]*@)?\w[\w.-]*|:)", re.ASCII)
 
-# Says "good", or why not. What a login script prints stands in front.
+# Says "good", or why not. What a login script prints stands in front. Behind the version's first line stands what
+# the machine's kernel offers.
 QUESTION = """say() {{ printf 'kestrova: %s\\n' "$1"; exit 0; }}
 cd {folder} 2>/dev/null || say "it has no folder "{folder}
 [ -x {scanner} ] || say "it has no "{scanner}
 version=$({scanner} --version 2>&1) || say {scanner}" does not run there: $version"
+version=$(printf '%s\n' "$version" | head -n 1)
 [ "$version" = {version} ] || say "it has $version, and here is "{version}
 [ -e {token} ] || say "its folder "{work}" is another one than here"
 : >>{token} || say "it cannot write into "{work}
@@ -91,8 +93,8 @@ class Hosts:
         if self.sample:
             stat = os.stat(self.sample)
             stamp = f"{stat.st_size} {stat.st_mtime_ns // 10**9}.{stat.st_mtime_ns % 10**9:09}"
-        version = subprocess.run([SCANNER, "--version"], capture_output=True, check=True, text=True).stdout.strip()
-        words = {"folder": os.getcwd(), "scanner": SCANNER, "version": version, "token": self.token,
+        version = subprocess.run([SCANNER, "--version"], capture_output=True, check=True, text=True).stdout
+        words = {"folder": os.getcwd(), "scanner": SCANNER, "version": version.split("\n")[0], "token": self.token,
                  "work": self.work.folder, "sample": os.fsdecode(self.sample or b""), "stamp": stamp}
         return os.fsencode(QUESTION.format(**{name: shlex.quote(word) for name, word in words.items()}))
 
