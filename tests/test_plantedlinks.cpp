@@ -146,6 +146,8 @@ void TestPlantedLinks::linksOfOthersAreRefused_data() {
                                << "elsewhere" << folder;
     QTest::newRow("export") << "--export"
                             << "elsewhere" << folder;
+    QTest::newRow("values") << "--values"
+                            << "elsewhere" << folder;
     QTest::newRow("trace") << "--trace"
                            << "elsewhere/ours" << trace;
     QTest::newRow("trace that is not there") << "--trace"

@@ -5,6 +5,7 @@
 #include "scanner.h"
 
 #include "folder.h"
+#include "foreignlink.h"
 #include "interrupt.h"
 #include "logging.h"
 #include "partscan.h"
@@ -162,7 +163,11 @@ bool prepareFolders(const ScanOptions& options, Messages& messages) {
     };
     const QString& report = options.reportDirectory;
     const QString pictures = report.isEmpty() ? QString() : ScanReport::pictureFolder(report);
-    return isReady(options.snapshotDirectory, FolderLink::Followed) &&
+    // Of a folder for values, one that cannot be written into may still be read.
+    const bool areValuesForeign = isForeignLink(options.valuesDirectory);
+    const QString values = areValuesForeign ? options.valuesDirectory : QString();
+    return isReady(values, FolderLink::Followed) &&
+           isReady(options.snapshotDirectory, FolderLink::Followed) &&
            isReady(options.exporting.directory, FolderLink::Followed) &&
            isReady(report, FolderLink::Followed) && isReady(pictures, FolderLink::Refused);
 }
