@@ -42,6 +42,7 @@ private Q_SLOTS:
 
     void versionSaysWhatThereIs();
     void scannerOpensNothingElse();
+    void forgedValuesOpenNoFolder();
     void scannerCallsNothingElse();
     void confinesItselfBeforeThreads();
     void encoderReachesNothingElse_data();
@@ -51,7 +52,7 @@ private Q_SLOTS:
     void recordingOfNamedValues();
 
 private:
-    ProcessResult trespass();
+    ProcessResult trespass(const QStringList& more = {});
     QByteArray scan(const QStringList& arguments, const QByteArray& list = {});
     QString besideProgram(const QString& name) const {
         return QCoreApplication::applicationDirPath() + '/' + name;
@@ -86,7 +87,7 @@ void TestConfinement::cleanupTestCase() {
 }
 
 /// A scan that keeps values, with a trespasser in it.
-ProcessResult TestConfinement::trespass() {
+ProcessResult TestConfinement::trespass(const QStringList& more) {
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert("LD_PRELOAD", KESTROVA_TRESPASSER);
     environment.insert("TRESPASSED_FILE", secret());
@@ -98,7 +99,7 @@ ProcessResult TestConfinement::trespass() {
     environment.insert("ASAN_OPTIONS",
                        environment.value("ASAN_OPTIONS") + ":verify_asan_link_order=0");
     return runProgramIn(environment, "kestrova-scan",
-                        oneClip + QStringList{"--values", path("values"), copy});
+                        oneClip + QStringList{"--values", path("values"), copy} + more);
 }
 
 /// What it prints, from the folder of the results.
@@ -131,6 +132,20 @@ void TestConfinement::scannerOpensNothingElse() {
                  result.errors.constData());
     QCOMPARE(readFile(secret()), QByteArray("do not tell\n"));
     QCOMPARE(QDir(path("values")).entryList(QDir::Files).size(), 1);
+}
+
+void TestConfinement::forgedValuesOpenNoFolder() {
+    if (!isOffered("Landlock"))
+        QSKIP("this kernel has no Landlock");
+    QVERIFY(!scan({"--values", "kept", recording}).isEmpty());
+    QByteArray values = readFile(path("kept/" + QDir(path("kept")).entryList(QDir::Files)[0]));
+    values.replace("# recording: " + QFile::encodeName(recording),
+                   "# recording: " + QFile::encodeName(elsewhere->path()));
+    QVERIFY(writeFile(path("forged.values"), values));
+    const ProcessResult result = trespass({path("forged.values")});
+    QVERIFY2(result.errors.contains("forged.values: its digest is another\n"),
+             result.errors.constData());
+    QVERIFY2(result.errors.contains("trespasser: read" + refused), result.errors.constData());
 }
 
 void TestConfinement::scannerCallsNothingElse() {

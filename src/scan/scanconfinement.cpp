@@ -8,15 +8,18 @@
 #include "encoderpath.h"
 #include "folder.h"
 
+#include <QFileInfo>
+
 #include <cstdio>
 
 namespace {
 
-/// The recordings that named values are of stand nowhere else.
+/// The recordings that named values are of stand nowhere else. Values that somebody has forged may
+/// name a folder, and so all that lies below it.
 QStringList recordingsOfValues(const ScanOptions& options) {
     QStringList recordings;
     for (int i = 0; i < options.videos.size(); ++i) {
-        if (!options.valuesFiles[i].isEmpty())
+        if (!options.valuesFiles[i].isEmpty() && QFileInfo(options.videos[i]).isFile())
             recordings += options.videos[i];
     }
     return recordings;
