@@ -378,6 +378,8 @@ void TestArchive::usageErrors_data() {
         << QStringList{values, "--split", "5", "--quick", "a.mp4"} << QByteArray("--split");
     QTest::newRow("the scanner's options")
         << QStringList{values, "--skip", "x", "a.mp4"} << QByteArray("--skip");
+    QTest::newRow("jobs that are no number")
+        << QStringList{values, "--jobs", "many", "a.mp4"} << QByteArray("--jobs takes");
     QTest::newRow("no option") << QStringList{values, "--part", "1/2", "a.mp4"}
                                << QByteArray("--part");
 }

@@ -27,7 +27,7 @@ class Scanner:
 
     def names(self):
         """All recordings, and 1 where a folder or a list could not be read, which has been said."""
-        command = [SCANNER, "--quiet", "--names", *self.options, *self.inputs]
+        command = [SCANNER, "--quiet", "--names", *self.options, *words(self.arguments, ["jobs"]), *self.inputs]
         named = subprocess.run(command, stdout=subprocess.PIPE, check=False)
         if named.returncode not in (0, 1):
             sys.exit(named.returncode)
