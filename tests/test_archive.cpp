@@ -19,6 +19,8 @@
 #include <QtTest>
 
 #include <csignal>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace {
 
@@ -43,6 +45,8 @@ private Q_SLOTS:
     void aListThatCannotBeReadFailsAgain();
     void aChangedMaskIsAnotherOne();
     void namesAreNoPrograms();
+    void foldersOfOthersAreRefused_data();
+    void foldersOfOthersAreRefused();
     void uselessHostsEndIt_data();
     void uselessHostsEndIt();
     void hostsMayHaveOtherKernels();
@@ -230,6 +234,38 @@ void TestArchive::namesAreNoPrograms() {
     QVERIFY(scan.output.count("\"clips\":1") == 2);
     QDirIterator entries(folder.path(), {"HIT*"}, QDir::AllEntries, QDirIterator::Subdirectories);
     QVERIFY2(!entries.hasNext(), qPrintable(entries.next()));
+}
+
+void TestArchive::foldersOfOthersAreRefused_data() {
+    QTest::addColumn<bool>("isLink");
+    QTest::newRow("folder") << false;
+    QTest::newRow("link") << true;
+}
+
+/// In a folder where anybody may put something, the name of the next call's folder can be guessed.
+void TestArchive::foldersOfOthersAreRefused() {
+    if (!hasEngine())
+        QSKIP(noEngine);
+    if (geteuid() != 0)
+        QSKIP("only root can make folders of other users");
+    QFETCH(bool, isLink);
+    const QString shared = isLink ? "sharedlink" : "shared";
+    const QStringList arguments = {"--values", path(shared), path("recordings")};
+    QCOMPARE(runProgram("kestrova-archive", QStringList{"--status"} + arguments).status, 0);
+    const QString work = path(shared + '/' + archivesIn(shared).value(0));
+    QCOMPARE(chmod(path(shared).toUtf8().constData(), 01777), 0);
+    QCOMPARE(runProgram("kestrova-archive", QStringList{"--status"} + arguments).status, 0);
+    if (isLink) {
+        QVERIFY(QDir().rename(work, path("theirs")));
+        QVERIFY(QFile::link(path("theirs"), work));
+    }
+    constexpr uid_t nobody = 65534;
+    QCOMPARE(lchown(work.toUtf8().constData(), nobody, nobody), 0);
+    const ProcessResult refused = runProgram("kestrova-archive", arguments);
+    QCOMPARE(refused.status, 1);
+    QCOMPARE(refused.errors, "kestrova-archive: " + work.toUtf8() +
+                                 " is another user's, who may have put anything there\n");
+    QVERIFY(!QFileInfo::exists(work + "/measure"));
 }
 
 void TestArchive::uselessHostsEndIt_data() {

@@ -14,7 +14,9 @@ import pathlib
 import re
 import shlex
 import shutil
+import stat
 import subprocess
+import sys
 import time
 
 from .commandline import complain, words
@@ -58,7 +60,15 @@ class WorkFolder:
         self.log = f"{self.folder}/log"
         self.call = f"{int(time.time()):x}x{os.getpid():x}"
         os.makedirs(self.folder, exist_ok=True)
+        if self.is_planted():
+            sys.exit(complain(f"{self.folder} is another user's, who may have put anything there"))
         self.lock_file = os.open(f"{self.folder}/lock", os.O_RDWR | os.O_CREAT)
+
+    def is_planted(self):
+        """Whether somebody else has put it where anybody may put something, but nobody may replace what is not
+        theirs. The scripts in it are run."""
+        is_shared = os.stat(self.values).st_mode & stat.S_ISVTX
+        return bool(is_shared) and os.lstat(self.folder).st_uid not in (0, os.geteuid())
 
     def lock(self, is_waiting):
         """Whether no other call is at work, if need be after waiting for it. The engine gets the lock, too: it
