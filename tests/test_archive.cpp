@@ -50,6 +50,7 @@ private Q_SLOTS:
     void uselessHostsEndIt_data();
     void uselessHostsEndIt();
     void hostsMayHaveOtherKernels();
+    void hostsAreOfUseWithoutTheSample();
     void aSignalEndsAll_data();
     void aSignalEndsAll();
     void saysHowFarItIs();
@@ -319,6 +320,27 @@ void TestArchive::hostsMayHaveOtherKernels() {
         runProgram(place + "/kestrova-archive", {"--dry-run", "--values", place + "/kept",
                                                  "--hosts", path("hosts"), path("recordings")});
     QVERIFY2(planned.output.contains("host :: good\n"), planned.output.constData());
+}
+
+/// The recording by which machines are compared is the oldest one, and the first to be removed:
+/// here when the scanner is asked for its version a second time.
+void TestArchive::hostsAreOfUseWithoutTheSample() {
+    if (!hasEngine() || QStandardPaths::findExecutable("ssh").isEmpty())
+        QSKIP("GNU parallel or ssh is not installed");
+    const QString place = path("removed");
+    QVERIFY(QDir(folder.path()).mkpath("removed"));
+    QVERIFY(writeFile(place + "/only.mp4", "no recording"));
+    useInScannersPlace(place, "cd '" + place +
+                                  "'\ncase $* in --version) [ ! -e asked ] || rm -f only.mp4; "
+                                  ">asked;; esac\nexec '" +
+                                  media::programDirectory() + "/kestrova-scan' \"$@\"\n");
+    QVERIFY(writeFile(path("hosts"), ":\n"));
+    const ProcessResult planned =
+        runProgram(place + "/kestrova-archive", {"--dry-run", "--values", place + "/kept",
+                                                 "--hosts", path("hosts"), place + "/only.mp4"});
+    QVERIFY(!QFile::exists(place + "/only.mp4"));
+    QVERIFY2(planned.output.contains("host :: good\n"),
+             (planned.output + planned.errors).constData());
 }
 
 void TestArchive::aSignalEndsAll_data() {

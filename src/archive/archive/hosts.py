@@ -88,12 +88,18 @@ class Hosts:
             elif line and not line.startswith("#"):
                 complain(f"{self.path}: '{line}' is no host; they are named as in 8/user@host")
 
+    def stamp(self):
+        """Of the sample, as stat prints it. A recording that has been removed meanwhile is none any more."""
+        try:
+            found = os.stat(self.sample or b"")
+        except FileNotFoundError:
+            self.sample = None
+            return ""
+        return f"{found.st_size} {found.st_mtime_ns // 10**9}.{found.st_mtime_ns % 10**9:09}"
+
     def question(self):
-        stamp = ""
-        if self.sample:
-            stat = os.stat(self.sample)
-            stamp = f"{stat.st_size} {stat.st_mtime_ns // 10**9}.{stat.st_mtime_ns % 10**9:09}"
         version = subprocess.run([SCANNER, "--version"], capture_output=True, check=True, text=True).stdout
+        stamp = self.stamp()
         words = {"folder": os.getcwd(), "scanner": SCANNER, "version": version.split("\n")[0], "token": self.token,
                  "work": self.work.folder, "sample": os.fsdecode(self.sample or b""), "stamp": stamp}
         return os.fsencode(QUESTION.format(**{name: shlex.quote(word) for name, word in words.items()}))
