@@ -269,6 +269,9 @@ void TestValuesFile::forgedFilesAreFlawed_data() {
     row("a number twice", "2\t0\t0.5\n", "1\t0\t0.5\n");
     row("a number that is none", "2\t0\t0.5\n", "2.0\t0\t0.5\n");
     row("a line twice", "2\t0\t0.5\n", "2\t0\t0.5\n2\t0\t0.5\n");
+    row("numbers too large", "0\t0\t0\n1\t0\t0.25\n2\t0\t0.5\n3\t0\t0.75\n",
+        "9223372036854775800\t0\t0\n9223372036854775801\t0\t0.25\n"
+        "9223372036854775802\t0\t0.5\n9223372036854775803\t0\t0.75\n");
     row("first value", "0\t0\t0\n", "0\t0\t1\n");
     row("a remark", "2\t0\t0.5\n", "2\t0\t0.5\n# remark: none\n");
     row("count", "finished 4 ", "finished 5 ");

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <limits>
 #include <sys/stat.h>
 
 namespace {
@@ -22,6 +23,9 @@ namespace {
 using Line = std::string_view;
 
 constexpr int mostHeadLines = 64;
+
+/// Those behind it are still numbers.
+constexpr qint64 greatestFirstNumber = std::numeric_limits<qint64>::max() - mostKeptPictures;
 
 QByteArray toBytes(Line line) {
     return {line.data(), int(line.size())};
@@ -155,7 +159,8 @@ private:
             values.hasPictures = true;
             values.firstNumber = pictureNumber;
             values.firstTime = time;
-            return isGood && pictureNumber >= 0 && value == 0.0F;
+            return isGood && pictureNumber >= 0 && pictureNumber < greatestFirstNumber &&
+                   value == 0.0F;
         }
         values.times.append(time);
         values.values.append(value);
