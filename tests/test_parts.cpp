@@ -46,6 +46,7 @@ private Q_SLOTS:
     void partsOfFootageAreOnePass_data();
     void partsOfFootageAreOnePass();
     void aPartIsMeasuredOnce();
+    void namesWithPlaceholdersAreTold();
     void whatIsIrregularIsMeasuredAnew();
     void damageOfOneIsNotThatOfAnother();
     void interlacedFieldsAreMeasuredAnew();
@@ -226,6 +227,15 @@ void TestParts::aPartIsMeasuredOnce() {
 }
 
 /// Damage may reach as far as it likes.
+void TestParts::namesWithPlaceholdersAreTold() {
+    const QString odd = path("%1 %3.mp4");
+    QVERIFY(QFile::copy(video, odd));
+    const ProcessResult part =
+        runProgram("kestrova-scan", {"--values", kept(), "--part", "1/1", odd});
+    QVERIFY2(part.errors.contains(odd.toUtf8() + ": part 1 of 1 is measured\n"),
+             part.errors.constData());
+}
+
 void TestParts::whatIsIrregularIsMeasuredAnew() {
     QByteArray bytes = readFile(recordings.filePath("transport.ts"));
     for (int i = bytes.size() / 3; i < bytes.size() / 3 + 4000; ++i)

@@ -41,9 +41,8 @@ ExitStatus PartScan::run() {
     totals.finish(index);
     if (end == AllDone)
         messages.summarise(QStringLiteral("%1: part %2 of %3 is measured")
-                               .arg(video)
-                               .arg(options.part->index)
-                               .arg(options.part->count));
+                               .arg(video, QString::number(options.part->index),
+                                    QString::number(options.part->count)));
     return end;
 }
 
