@@ -47,7 +47,7 @@ ValuesStore::ValuesStore(const ScanOptions& options, Messages& messages)
 ValuesStore::Found ValuesStore::find(int index) const {
     const QString& named = options.valuesFiles[index];
     if (!named.isEmpty())
-        return findNamed(named);
+        return findNamed(named, options.videos[index]);
     Found found;
     found.stamp = stampOf(options.videos[index]);
     if (!found.stamp || options.valuesDirectory.isEmpty())
@@ -73,11 +73,14 @@ ValuesStore::Found ValuesStore::findPart(int index, RecordingPart part) const {
     return found;
 }
 
-ValuesStore::Found ValuesStore::findNamed(const QString& path) const {
+ValuesStore::Found ValuesStore::findNamed(const QString& path, const QString& video) const {
     ValuesReading reading = readValues(path);
     Found found;
     QString flaw = reading.flaw;
-    if (reading.state == ValuesReading::State::Good)
+    if (reading.state == ValuesReading::State::Good &&
+        QFile::decodeName(reading.values.recording.path) != video)
+        flaw = QStringLiteral("it is of another recording now");
+    else if (reading.state == ValuesReading::State::Good)
         flaw = disagreement(options.givenMeasureOptions, settings, reading.values.settings);
     found.isRefused = reading.state != ValuesReading::State::Good || !flaw.isEmpty();
     if (found.isRefused) {

@@ -54,7 +54,8 @@ public:
     bool keepJoined(const Found& found) const;
 
 private:
-    Found findNamed(const QString& path) const;
+    /// `video`: the recording that the file named when the call began.
+    Found findNamed(const QString& path, const QString& video) const;
     std::optional<KeptValues> findKept(const QString& path, const RecordingStamp& stamp) const;
     std::optional<KeptValues> findParts(const RecordingStamp& stamp) const;
     std::optional<KeptValues> joined(const RecordingStamp& stamp, int count) const;
