@@ -88,6 +88,8 @@ private Q_SLOTS:
     void valuesOfARecordingThatIsGone();
     void valuesThatOptionsContradict();
     void flawedValuesInPlaceOfTheRecording();
+    void valuesThatAreReplacedMeanwhile();
+    void traceNeverOverwritesTheRecordingOfValues();
 
 private:
     Scan scanned(const QStringList& options, const QString& named,
@@ -515,6 +517,40 @@ void TestValues::flawedValuesInPlaceOfTheRecording() {
     QVERIFY2(result.errors.startsWith("kestrova-scan: " + path("cut.values").toUtf8() + ": it "),
              result.errors.constData());
     QCOMPARE(result.output.count("garden.mp4"), 1); // the other one is done
+}
+
+/// By those of another recording, which would be looked at in place of the one that is cut.
+void TestValues::valuesThatAreReplacedMeanwhile() {
+    const QString own = path("own.mp4");
+    const QString other = path("other.mp4");
+    QVERIFY(QFile::copy(video, own) && QFile::copy(video, other));
+    scanned({"--values", kept()}, own);
+    const QString named = path("named.values");
+    QVERIFY(QFile::rename(keptFile(), named));
+    scanned({"--values", kept()}, other);
+    HeldTrace trace(path("trace"));
+    QProcess process;
+    process.start(media::programDirectory() + "/kestrova-scan",
+                  someClips + QStringList{"--quiet", "--trace", trace.path(), video, named});
+    QTRY_VERIFY_WITH_TIMEOUT(trace.isHolding(), 30000);
+    QVERIFY(writeFile(named, readFile(keptFile())));
+    trace.letGo();
+    QVERIFY(process.waitForFinished(60000));
+    QCOMPARE(process.exitCode(), 1);
+    QCOMPARE(process.readAllStandardError(),
+             "kestrova-scan: " + named.toUtf8() + ": it is of another recording now\n");
+    QVERIFY(!process.readAllStandardOutput().contains(own.toUtf8()));
+}
+
+void TestValues::traceNeverOverwritesTheRecordingOfValues() {
+    const QString own = path("own.mp4");
+    QVERIFY(QFile::copy(video, own));
+    scanned({"--values", kept()}, own);
+    const ProcessResult result = runProgram("kestrova-scan", {"--trace", own, keptFile()});
+    QCOMPARE(result.status, 2);
+    QVERIFY2(result.errors.contains("--trace would overwrite the video '" + own.toUtf8()),
+             result.errors.constData());
+    QCOMPARE(readFile(own), readFile(video));
 }
 
 QTEST_GUILESS_MAIN(TestValues)

@@ -13,6 +13,7 @@
 #include "scanconfinement.h"
 #include "suggestion.h"
 #include "timetext.h"
+#include "valuesstore.h"
 
 #include <QCommandLineParser>
 #include <QFile>
@@ -110,7 +111,7 @@ void checkTrace(const ScanOptions& options, const QCommandLineParser& parser,
         if (isSameFile(trace, file))
             values.reject(QStringLiteral("--trace would overwrite the %1 '%2'").arg(what, file));
     };
-    for (const QString& video : options.videos)
+    for (const QString& video : options.videos + withNamedValues(options).videos)
         check("video", video);
     check("mask", parser.value("mask"));
     for (const QString& list : listsOf(parser))
