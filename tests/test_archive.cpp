@@ -54,6 +54,7 @@ private Q_SLOTS:
     void aSignalEndsAll_data();
     void aSignalEndsAll();
     void saysHowFarItIs();
+    void askingHowFarItIsChangesNothing();
     void bashCompletesItsOptions();
     void namesWhatIsMissing();
     void usageErrors_data();
@@ -389,6 +390,26 @@ void TestArchive::saysHowFarItIs() {
     QVERIFY(told("--status").startsWith("3 of 3 recordings are measured, 0 are left.\n"));
     QCOMPARE(runProgram("kestrova-archive", {"--version"}).output.replace("archive", "scan"),
              runProgram("kestrova-scan", {"--version"}).output);
+}
+
+/// Here just when a call is about to decide, and a recording has been added since it began.
+void TestArchive::askingHowFarItIsChangesNothing() {
+    if (!hasEngine())
+        QSKIP(noEngine);
+    const QString place = path("asked");
+    QVERIFY(QDir(folder.path()).mkpath("asked/in"));
+    QVERIFY(QFile::copy(path("recordings/line\nbreak.mkv"), place + "/in/1.mkv"));
+    useInScannersPlace(place, "cd '" + place +
+                                  "'\ncase $* in *--names* | *--unmeasured* | *--threads=1* | "
+                                  "--help | --version) ;;\n*) cp in/1.mkv in/2.mkv; "
+                                  "./kestrova-archive --status --values kept in >asked;; esac\n"
+                                  "exec '" +
+                                  media::programDirectory() + "/kestrova-scan' \"$@\"\n");
+    const ProcessResult decided = runProgram(
+        "/bin/sh", {"-c", "cd \"$1\" && ./kestrova-archive --values kept in", "sh", place});
+    QVERIFY2(decided.status == 0, decided.errors.constData());
+    QVERIFY(readFile(place + "/asked").startsWith("1 of 2 recordings are measured"));
+    QVERIFY2(!decided.errors.contains("2.mkv"), decided.errors.constData());
 }
 
 void TestArchive::bashCompletesItsOptions() {

@@ -8,6 +8,7 @@ import os
 import re
 import subprocess
 import sys
+import tempfile
 
 from .commandline import SCANNER, words
 
@@ -33,19 +34,23 @@ class Scanner:
             sys.exit(named.returncode)
         return named.stdout.split(b"\0")[:-1], named.returncode
 
-    def listed(self, recordings):
-        """The options that name these."""
-        self.work.store("recordings", b"".join(name + b"\0" for name in recordings))
-        return ["--null", f"--list={self.work.folder}/recordings"]
+    @staticmethod
+    def listed(recordings):
+        """A list of these that no other call has; to be passed on."""
+        names = tempfile.TemporaryFile()
+        names.write(b"".join(name + b"\0" for name in recordings))
+        names.flush()
+        return names
 
     def unmeasured(self, recordings):
         """Those of them that have no good values yet. What is no file is none of them."""
         if not recordings:
             return []
-        command = [SCANNER, "--quiet", "--unmeasured", f"--jobs={self.jobs[-1]}", *self.measuring,
-                   *self.listed(recordings)]
-        with open(self.work.log, "ab") as log:
-            found = subprocess.run(command, stdout=subprocess.PIPE, stderr=log, check=True).stdout
+        with open(self.work.log, "ab") as log, self.listed(recordings) as names:
+            command = [SCANNER, "--quiet", "--unmeasured", f"--jobs={self.jobs[-1]}", *self.measuring,
+                       "--null", f"--list=/dev/fd/{names.fileno()}"]
+            found = subprocess.run(command, stdout=subprocess.PIPE, stderr=log, check=True,
+                                   pass_fds=[names.fileno()]).stdout
         return found.split(b"\0")[:-1]
 
     def measure_command(self):
@@ -53,9 +58,10 @@ class Scanner:
 
     def start_deciding(self, recordings):
         jobs = self.jobs if self.arguments.finish_here else self.arguments.jobs or []
-        command = [SCANNER, *self.options, *[f"--jobs={count}" for count in jobs],
-                   f"--values={self.arguments.values}", *self.listed(recordings)]
-        return subprocess.Popen(command)
+        with self.listed(recordings) as names:
+            command = [SCANNER, *self.options, *[f"--jobs={count}" for count in jobs],
+                       f"--values={self.arguments.values}", "--null", f"--list=/dev/fd/{names.fileno()}"]
+            return subprocess.Popen(command, pass_fds=[names.fileno()])
 
     def parts_of(self, name):
         """In how many parts a recording is measured."""
