@@ -54,6 +54,7 @@ private Q_SLOTS:
     void aSignalEndsAll_data();
     void aSignalEndsAll();
     void saysHowFarItIs();
+    void foldersOfAnyNameAreTold();
     void askingHowFarItIsChangesNothing();
     void bashCompletesItsOptions();
     void namesWhatIsMissing();
@@ -390,6 +391,24 @@ void TestArchive::saysHowFarItIs() {
     QVERIFY(told("--status").startsWith("3 of 3 recordings are measured, 0 are left.\n"));
     QCOMPARE(runProgram("kestrova-archive", {"--version"}).output.replace("archive", "scan"),
              runProgram("kestrova-scan", {"--version"}).output);
+}
+
+/// Also where the language lets nothing but UTF-8 out.
+void TestArchive::foldersOfAnyNameAreTold() {
+    if (!hasEngine())
+        QSKIP(noEngine);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("PYTHONIOENCODING", "utf-8:strict");
+    const QString archive = media::programDirectory() + "/kestrova-archive";
+    // Qt could not remove what has such a name.
+    const QString call = "odd=$2/$(printf 'odd\\377\\033[31m')\n"
+                         "\"$1\" --dry-run --values \"$odd\" \"$3\"; status=$?\n"
+                         "rm -r \"$odd\"; exit $status";
+    const ProcessResult planned = runProgramIn(
+        environment, "/bin/sh", {"-c", call, "sh", archive, folder.path(), path("recordings")});
+    QVERIFY2(planned.status == 0, planned.errors.constData());
+    QVERIFY2(planned.output.contains("Log: " + folder.path().toUtf8() + "/odd\\udcff\\x1b[31m/"),
+             planned.output.constData());
 }
 
 /// Here just when a call is about to decide, and a recording has been added since it began.

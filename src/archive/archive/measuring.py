@@ -6,10 +6,10 @@
 
 import dataclasses
 import subprocess
-import sys
 import time
 
 from . import interrupts
+from .commandline import complain
 from .progress import Progress
 from .workfolder import Ends
 
@@ -152,6 +152,5 @@ class Rounds:
 
 def measure(arguments, work, calls, engine, left, total):
     if left and not arguments.quiet:
-        print(f"kestrova-archive: {len(left)} of {total} recordings are to be measured; log: {work.log}",
-              file=sys.stderr)
+        complain(f"{len(left)} of {total} recordings are to be measured; log: {work.log}")
     return Rounds(arguments, work, calls, engine).run(left)
