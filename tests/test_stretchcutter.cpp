@@ -172,11 +172,11 @@ void TestStretchCutter::packetsAreCounted() {
     // Those that somebody else has in hand do not count.
     QCOMPARE(cut.stream->keptBytes.load(), 0);
     const StretchPointer first = cut.cutter->whole[0];
-    cut.cutter->whole[0]->letGo();
+    cut.cutter->whole[0]->letGo(0);
     QVERIFY(first->bytes > 0);
     QCOMPARE(cut.stream->keptBytes.load(), first->bytes);
-    cut.cutter->whole[1]->letGo();
-    cut.cutter->whole[1]->letGo();
+    cut.cutter->whole[1]->letGo(0);
+    cut.cutter->whole[1]->letGo(0);
     QCOMPARE(cut.stream->keptBytes.load(), first->bytes + cut.cutter->whole[1]->bytes);
     cut.cutter->whole.erase(cut.cutter->whole.begin() + 1);
     QCOMPARE(cut.stream->keptBytes.load(), first->bytes);

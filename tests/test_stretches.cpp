@@ -10,6 +10,7 @@
 #include "footage.h"
 #include "h264header.h"
 #include "media.h"
+#include "videodecoder.h"
 
 #include <QCryptographicHash>
 #include <QLoggingCategory>
@@ -191,6 +192,26 @@ QByteArray damaged(QByteArray bytes, quint32 seed) {
     }
 }
 
+class KeepsAll : public PictureKeeper {
+public:
+    void begin(qint64) override { kept.clear(); }
+    void take(int place, const Picture&, const Picture&, std::optional<float>) override {
+        add(kept, place);
+    }
+    KeptPictures end() override { return kept; }
+    void takeFirst(qint64, const DecodedFrame&, const DecodedFrame&, std::optional<float>,
+                   KeptPictures& keptOfStretch) const override {
+        add(keptOfStretch, 0);
+    }
+
+private:
+    static void add(KeptPictures& pictures, int place) {
+        pictures[place] = {1.0F, QImage(1, 1, QImage::Format_RGB32)};
+    }
+
+    KeptPictures kept;
+};
+
 } // namespace
 
 class TestStretches : public QObject {
@@ -219,6 +240,7 @@ private Q_SLOTS:
     void cancelled();
     void snapshotsAreMadeWhileDecoding_data();
     void snapshotsAreMadeWhileDecoding();
+    void whatIsKeptIsThereWhenItIsHandedOut();
     void wholeRecordings_data();
     void wholeRecordings();
 
@@ -598,6 +620,25 @@ void TestStretches::snapshotsAreMadeWhileDecoding() {
              qPrintable(QStringLiteral("%1 clips, %2 stretches decoded once more")
                             .arg(run.account.clips)
                             .arg(again)));
+}
+
+/// Also of pictures that come with packets of the next stretch.
+void TestStretches::whatIsKeptIsThereWhenItIsHandedOut() {
+    const QString path =
+        encoded("kept.mp4", {"-c:v", "libx264", "-preset", "veryfast", "-g", "50", "-bf", "2"});
+    QVERIFY(!path.isEmpty());
+    VideoDecoder decoder(2);
+    decoder.setStretches(
+        [] { return [](const DecodedFrame&, const DecodedFrame&) { return 1.0F; }; },
+        [] { return std::make_unique<KeepsAll>(); });
+    QVERIFY(decoder.open(QFile::encodeName(path).constData()));
+    QVERIFY(decoder.readStretched()); // which nothing was compared with
+    int pictures = 0;
+    while (const auto picture = decoder.readStretched()) {
+        QVERIFY2(!keptPicture(*picture).isNull(), qPrintable(QString::number(picture->packet)));
+        ++pictures;
+    }
+    QVERIFY(pictures > 1000);
 }
 
 void TestStretches::wholeRecordings_data() {

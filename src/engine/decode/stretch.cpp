@@ -23,13 +23,13 @@ void Stretch::add(NumberedPacket packet) {
     packets.push_back(std::move(packet));
 }
 
-void Stretch::letGo() {
+void Stretch::letGo(int handedOut) {
     if (isLetGo)
         return;
     isLetGo = true;
     stream->keptBytes += bytes;
-    // Its handles have taken the others.
-    kept.erase(kept.begin(), kept.lower_bound(int(results.size()) - 1));
+    // The handles have taken theirs, but for the last one, which may have come only now.
+    kept.erase(kept.begin(), kept.lower_bound(std::min(handedOut, int(results.size()) - 1)));
 }
 
 std::vector<const AVPacket*> Stretch::decodedPackets() const {

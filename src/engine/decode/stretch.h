@@ -43,8 +43,9 @@ struct Stretch {
 
     void add(NumberedPacket packet);
 
-    /// All its pictures are handed out; whoever still holds one keeps its packets alive.
-    void letGo();
+    /// Nothing but its pictures needs it any more, of which the first `handedOut` are handed out.
+    /// Whoever holds one keeps its packets alive.
+    void letGo(int handedOut);
 
     /// Those that a decoder takes which begins here, in order: its own but for the leading ones,
     /// then the tail.

@@ -113,7 +113,9 @@ void StretchReader::letGoOfBefore(Stretch& next) {
         next.kept.erase(last);
     }
     bytesDone += before->bytes;
-    before->letGo();
+    // Its last pictures come with packets of the next one.
+    const bool isWaiting = !pictures.empty() && pictures.front().stretch == before;
+    before->letGo(isWaiting ? pictures.front().index : int(before->results.size()));
 }
 
 /// A picture at the end of a stretch is completed by a packet behind it.
@@ -153,7 +155,7 @@ StretchReader::Rest StretchReader::takeRest() {
     if (stream->firstPacket)
         rest.firstPacket.reset(av_packet_clone(stream->firstPacket.get()));
     if (before)
-        before->letGo();
+        before->letGo(int(before->results.size()));
     const std::vector<StretchPointer> stretches = stretchesToGoOn();
     const bool isFromStart = stretches.empty() || stretches.front()->packets.front().number == 0;
     if (!isFromStart && !order.isDelayUsual())
