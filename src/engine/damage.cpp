@@ -21,13 +21,15 @@ struct Extent {
     double holes = 0.0;      ///< all together
 };
 
-Extent extentOf(double origin, const MotionSeries& series, bool isDamaged) {
+Extent extentOf(const MeasuredSpan& span, const MotionSeries& series, bool isDamaged) {
     Extent extent;
+    double farthest = span.begin;
     for (const double time : series.times)
-        extent.length = std::max(extent.length, time - origin);
-    extent.pace = extent.length / std::max(int(series.times.size()), 1);
+        farthest = std::max(farthest, time);
+    extent.length = farthest - span.origin;
+    extent.pace = (farthest - span.begin) / std::max(int(series.times.size()), 1);
     const double longest = std::max(leastSeconds, leastPictures * extent.pace);
-    double farthest = origin;
+    farthest = span.begin;
     for (const double time : series.times) {
         const double gap = time - farthest;
         if (isDamaged && gap > longest)
@@ -41,10 +43,10 @@ Extent extentOf(double origin, const MotionSeries& series, bool isDamaged) {
 
 } // namespace
 
-Damage damageOf(double origin, const MotionSeries& series, const ReadingSigns& signs) {
+Damage damageOf(const MeasuredSpan& span, const MotionSeries& series, const ReadingSigns& signs) {
     Damage damage;
     damage.packets = signs.undecodedPackets;
-    const Extent extent = extentOf(origin, series, signs.hasErrors || signs.undecodedPackets > 0);
+    const Extent extent = extentOf(span, series, signs.hasErrors || signs.undecodedPackets > 0);
     const double read = extent.length - extent.holes;
     const double tolerated = std::max({leastSeconds, leastShare * signs.promised,
                                        leastPictures * extent.pace, leastGaps * extent.longestGap});

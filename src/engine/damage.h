@@ -20,7 +20,13 @@ struct Damage {
     bool isThere() const { return packets > 0 || promised > 0.0; }
 };
 
-/// `origin`: seconds, of the recording's first picture; `series`: all others. A recording is
-/// noticeably short by what neither its pictures' own pace nor a rough header explains. A gap
-/// between pictures is a hole only where there are other signs of damage: cameras make gaps, too.
-Damage damageOf(double origin, const MotionSeries& series, const ReadingSigns& signs);
+/// Where what was measured begins; seconds, as the stream counts them.
+struct MeasuredSpan {
+    double origin = 0.0; ///< of the recording's first picture
+    double begin = 0.0;  ///< of the first picture measured, before which nothing is missed
+};
+
+/// `series`: of the pictures behind the span's first one, to the end. A recording is noticeably
+/// short by what neither its pictures' own pace nor a rough header explains. A gap between pictures
+/// is a hole only where there are other signs of damage: cameras make gaps, too.
+Damage damageOf(const MeasuredSpan& span, const MotionSeries& series, const ReadingSigns& signs);

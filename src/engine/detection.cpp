@@ -231,7 +231,8 @@ void Detection::findDamage(const VideoDecoder& decoder) {
     ReadingSigns signs = decoder.readingSigns();
     if (measured.stream.frameRate > 0.0) // the times are not those of the headers
         signs.promised = 0.0;
-    measured.damage = damageOf(measured.stream.origin, measured.series, signs);
+    measured.damage =
+        damageOf({measured.stream.origin, measured.firstTime}, measured.series, signs);
 }
 
 DetectionOutcome Detection::failWithoutMemory() {

@@ -102,7 +102,8 @@ bool PartDetection::isWhole(const VideoDecoder& decoder) const {
     ReadingSigns signs = decoder.readingSigns();
     if (!decoder.part()->isToTheEnd())
         signs.promised = 0.0;
-    return !damageOf(measured.stream.origin, measured.series, signs).isThere();
+    return !damageOf({measured.stream.origin, measured.firstTime}, measured.series, signs)
+                .isThere();
 }
 
 /// `firstNumber`: of the picture to begin with.

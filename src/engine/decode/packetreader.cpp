@@ -269,10 +269,13 @@ double taggedSeconds(const AVStream& stream) {
     return isKnown ? double(microseconds) / AV_TIME_BASE : 0.0;
 }
 
-/// Seconds from time 0, from which such containers count, to the stream's first picture.
-double lateStart(const AVStream& stream) {
-    const bool isKnown = stream.start_time != AV_NOPTS_VALUE;
-    return isKnown ? std::max(double(stream.start_time) * av_q2d(stream.time_base), 0.0) : 0.0;
+/// What a length in the headers counts from; seconds, as the stream counts them. Most containers
+/// tell where the stream ends, and a camera may go on counting from file to file.
+double lengthOrigin(const AVFormatContext& format, const AVStream& stream) {
+    const bool isOwn =
+        std::strstr(format.iformat->name, "mp4") || std::strcmp(format.iformat->name, "ogg") == 0;
+    const bool isLater = stream.start_time != AV_NOPTS_VALUE && stream.start_time > 0;
+    return isLater && !isOwn ? double(stream.start_time) * av_q2d(stream.time_base) : 0.0;
 }
 
 } // namespace
@@ -290,11 +293,12 @@ double PacketReader::promisedLength() const {
     // Of an AVI file that is cut off the demuxer takes the length down, but not the pictures.
     if (std::strcmp(format->iformat->name, "avi") == 0 && chosen.nb_frames > 0)
         return double(chosen.nb_frames) * av_q2d(chosen.time_base);
+    const double origin = lengthOrigin(*format, chosen);
     if (chosen.duration != AV_NOPTS_VALUE && chosen.duration > 0)
-        return double(chosen.duration) * av_q2d(chosen.time_base);
+        return std::max(double(chosen.duration) * av_q2d(chosen.time_base) - origin, 0.0);
     const double tagged = taggedSeconds(chosen);
-    const double end = tagged > 0.0 || format->nb_streams > 1 ? tagged : duration();
-    return std::max(end - lateStart(chosen), 0.0);
+    const bool isTheFiles = tagged <= 0.0 && format->nb_streams == 1;
+    return std::max((isTheFiles ? duration() : tagged) - origin, 0.0);
 }
 
 double PacketReader::startTime() const {
