@@ -96,6 +96,8 @@ private Q_SLOTS:
     void addedFilesBringSetupToTheFront();
     void buttonsAreOnTheScreen();
     void progressIsOnTheScreen();
+    void chosenSizesStay_data();
+    void chosenSizesStay();
     void startTimeIsTyped_data();
     void startTimeIsTyped();
     void firstArrowSelectsTheFirstClip();
@@ -127,7 +129,7 @@ void TestX11::initTestCase() {
         QVERIFY(media::encodeGrey(path(QString("%1.avi").arg(grey)), {picture, picture}, 5,
                                   {"-c:v", "mjpeg"}));
     }
-    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=s=640x360:d=60", "-c:v", "libx264",
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "testsrc2=s=640x360:d=600", "-c:v", "libx264",
                            "-preset", "ultrafast", path("long.mp4")}));
 }
 
@@ -215,6 +217,35 @@ void TestX11::progressIsOnTheScreen() {
     const auto& cancel = driver->part<QPushButton>("pushButtonCancel");
     QTRY_VERIFY_WITH_TIMEOUT(cancel.isVisible(), longMilliseconds);
     QVERIFY(available.contains(QRect(cancel.mapToGlobal(QPoint()), cancel.size())));
+}
+
+void TestX11::chosenSizesStay_data() {
+    QTest::addColumn<bool>("isSetup");
+    QTest::newRow("main window") << false;
+    QTest::newRow("job setup") << true;
+}
+
+/// A person may want a window that is larger than a screen: there can be several side by side.
+void TestX11::chosenSizesStay() {
+    QFETCH(bool, isSetup);
+    driver->setup.addFile(path("60.avi"));
+    driver->window.show();
+    QTRY_VERIFY_WITH_TIMEOUT(isInFront(driver->setup), longMilliseconds);
+    QWidget& chosen = isSetup ? static_cast<QWidget&>(driver->setup) : driver->window;
+    QWidget& other = isSetup ? static_cast<QWidget&>(driver->window) : driver->setup;
+    const auto activate = [](QWidget& window) {
+        input({"windowactivate", "--sync", QString::number(window.winId())});
+        return QTest::qWaitFor([&window] { return window.isActiveWindow(); }, longMilliseconds);
+    };
+    QVERIFY(activate(chosen));
+    const QSize size(chosen.screen()->size().width() + 200, chosen.height());
+    chosen.resize(size);
+    QVERIFY(activate(other));
+    QVERIFY(activate(chosen));
+    if (isSetup)
+        driver->setup.addFile(path("200.avi"));
+    QTest::qWait(500);
+    QCOMPARE(chosen.size(), size);
 }
 
 void TestX11::startTimeIsTyped_data() {

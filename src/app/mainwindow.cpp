@@ -90,8 +90,12 @@ MainWindow::~MainWindow() {
 }
 
 bool MainWindow::event(QEvent* event) {
-    if (event->type() == QEvent::Show || event->type() == QEvent::ActivationChange)
-        fitIntoScreen(); // its frame is known only when it becomes active
+    if (event->type() == QEvent::Show && !event->spontaneous())
+        fitIntoScreen();
+    if (event->type() == QEvent::ActivationChange && !isFitted && isActiveWindow()) {
+        fitIntoScreen(); // its frame is known only now
+        isFitted = true;
+    }
     if (event->type() == QEvent::KeyRelease || event->type() == QEvent::ShortcutOverride)
         recognizeHeldReturn(static_cast<QKeyEvent&>(*event));
     return QMainWindow::event(event);

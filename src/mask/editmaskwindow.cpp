@@ -83,7 +83,10 @@ void EditMaskWindow::queueFiles(const QStringList& paths) {
 }
 
 void EditMaskWindow::bringToFront() {
-    fitIntoScreen();
+    if (!isVisible()) {
+        isFitted = false;
+        fitIntoScreen();
+    }
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
@@ -105,8 +108,10 @@ void EditMaskWindow::closeEvent(QCloseEvent*) {
 
 void EditMaskWindow::changeEvent(QEvent* event) {
     QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && isActiveWindow())
+    if (event->type() == QEvent::ActivationChange && !isFitted && isActiveWindow()) {
         fitIntoScreen(); // its frame is known only now
+        isFitted = true;
+    }
 }
 
 void EditMaskWindow::on_pushButtonAdd_clicked() {

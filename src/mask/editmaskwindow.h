@@ -101,6 +101,7 @@ private:
     std::unique_ptr<Ui::EditMaskWindow> ui;
     QString startDirectory;   ///< the current directory, before any export changes it
     QSize fullMinimumSize;    ///< on screens that have the room
+    bool isFitted = false;    ///< into its screen: from then on its size is the person's
     QStringList pendingFiles; ///< waiting to be shown, first = next
     QString currentFile;      ///< the file shown now
     QString regionFile;       ///< on which the region was drawn last
