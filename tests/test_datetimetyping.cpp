@@ -38,6 +38,7 @@ private Q_SLOTS:
     void middleOfASection();
     void otherKeysAreTheToolkits();
     void clickEndsTheTyping();
+    void wheelEndsTheTyping();
 
 private:
     QDateTimeEdit& edit() const { return window->get<QDateTimeEdit>("dateTimeEdit"); }
@@ -219,6 +220,18 @@ void TestDateTimeTyping::clickEndsTheTyping() {
     edit().setSelectedSection(QDateTimeEdit::YearSection);
     type("2019");
     QCOMPARE(taken(), utc(2019, 1, 22, 0, 0, 0));
+}
+
+void TestDateTimeTyping::wheelEndsTheTyping() {
+    edit().setSelectedSection(QDateTimeEdit::MonthSection);
+    type("1");
+    const QPoint place = edit().rect().center();
+    QWheelEvent wheel(place, edit().mapToGlobal(place), {}, {0, 120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&edit(), &wheel);
+    QCOMPARE(edit().date().month(), 2);
+    type("/");
+    QCOMPARE(taken(), utc(2026, 2, 22, 0, 0, 0));
 }
 
 QTEST_MAIN(TestDateTimeTyping)

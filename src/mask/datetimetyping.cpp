@@ -51,7 +51,9 @@ DateTimeTyping::DateTimeTyping(QDateTimeEdit& edit)
 bool DateTimeTyping::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress && watched == &edit)
         return takeKey(static_cast<QKeyEvent&>(*event));
-    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::FocusOut)
+    const bool isElsewhere = event->type() == QEvent::MouseButtonPress ||
+                             event->type() == QEvent::Wheel || event->type() == QEvent::FocusOut;
+    if (isElsewhere)
         end();
     return false;
 }
