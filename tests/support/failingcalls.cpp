@@ -2,16 +2,13 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Preloaded into a program, makes system calls on some files fail, the start of threads, or one
-// allocation.
+// Preloaded into a program, makes system calls on some files fail, or the start of threads.
 //
 // FAILING_CALL names the call, FAILING_ERROR the number of the error that it gives, FAILING_FILE a
 // part of the paths of the files concerned. With FAILING_AFTER, writes take that many bytes in all
 // before the first one fails, as a disk does that fills up; reads fail from that place in the file
 // on, as a disk does with bad blocks; that many threads start before the first one does not, and
-// none while the file is there, if one is named; of the allocations on other threads than the main
-// one, the one behind that many fails, alone. FAILING_FILE is then a part of the name of the
-// library that asks for it.
+// none while the file is there, if one is named.
 
 #include <algorithm>
 #include <atomic>
@@ -24,7 +21,6 @@
 #include <fcntl.h>
 #include <pthread.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <unistd.h>
 
 namespace {
@@ -61,33 +57,9 @@ Call next(const char* name, Call) {
     return reinterpret_cast<Call>(dlsym(RTLD_NEXT, name));
 }
 
-/// Whether the allocation that `caller` asks for is the one to fail.
-bool isFailingAllocation(const void* caller) {
-    static const bool isWanted = std::strcmp(setting("FAILING_CALL"), "malloc") == 0;
-    static std::atomic<long> left{std::atol(setting("FAILING_AFTER"))};
-    Dl_info library;
-    if (!isWanted || syscall(SYS_gettid) == getpid() || dladdr(caller, &library) == 0 ||
-        !std::strstr(library.dli_fname, setting("FAILING_FILE")))
-        return false;
-    return left-- == 0;
-}
-
 } // namespace
 
 extern "C" {
-
-// The names under which the C library has them beside the usual ones.
-void* __libc_malloc(size_t size);
-void* __libc_realloc(void* memory, size_t size);
-
-void* malloc(size_t size) {
-    return isFailingAllocation(__builtin_return_address(0)) ? nullptr : __libc_malloc(size);
-}
-
-void* realloc(void* memory, size_t size) {
-    return isFailingAllocation(__builtin_return_address(0)) ? nullptr
-                                                            : __libc_realloc(memory, size);
-}
 
 ssize_t write(int descriptor, const void* bytes, size_t size) {
     static std::atomic<long> room{std::atol(setting("FAILING_AFTER"))};

@@ -44,7 +44,11 @@ QProcessEnvironment noThreadsWhile(const QString& file) {
 }
 
 QProcessEnvironment noMemoryOnce(const QString& library, int before) {
-    return failing("malloc", ENOMEM, before, library);
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("LD_PRELOAD", KESTROVA_FAILING_ALLOCATIONS);
+    environment.insert("FAILING_LIBRARY", library);
+    environment.insert("FAILING_AFTER", QString::number(before));
+    return environment;
 }
 
 } // namespace faults
