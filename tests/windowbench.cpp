@@ -93,7 +93,7 @@ void listClips(Video* job, int count) {
     }
     const qint64 pictureBytes = picture(0).sizeInBytes();
     std::printf("memory of a clip: %.3f MB beside its picture\n",
-                double((residentBytes() - before) / count - pictureBytes) / 1e6);
+                (double(residentBytes() - before) / count - double(pictureBytes)) / 1e6);
 }
 
 void changeStatus(MainWindowDriver& driver, int count) {

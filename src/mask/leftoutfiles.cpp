@@ -23,7 +23,7 @@ void LeftOutFiles::remove(const QStringList& those) {
 }
 
 QStringList LeftOutFiles::take() {
-    const QStringList taken = files;
+    QStringList taken = files;
     files.clear();
     known.clear();
     Q_EMIT changed();

@@ -46,7 +46,7 @@ QString ClipExport::run(ClipLine& line, WatchedRecording* video) {
 /// Why nothing can be cut out of the recording as it is now. Asked for each clip, but for what
 /// cannot change while the recording is the same.
 QString ClipExport::refusal(WatchedRecording* video) {
-    const QString flaw = video ? video->flaw() : QString();
+    QString flaw = video ? video->flaw() : QString();
     if (!flaw.isEmpty() || !source.inputFormat.isEmpty())
         return flaw;
     const ContainerName container = containerNameOf(source.fileName, isEnding);

@@ -217,7 +217,7 @@ QString RecordingScan::decide(const KeptValues& values) {
 QString RecordingScan::refine(const SegmentationOptions& segmentation) {
     const QVector<TimeRange> stretches =
         stretchesToRefine(measurement, segmentation, options.detection.range);
-    const QString flaw = watched && !stretches.isEmpty() ? watched->flaw() : QString();
+    QString flaw = watched && !stretches.isEmpty() ? watched->flaw() : QString();
     if (!flaw.isEmpty()) {
         line.outcome = DetectionOutcome::ReadFailed;
         isRecordingToBlame = false;

@@ -192,7 +192,7 @@ bool openTrace(QFile& file, Messages& messages) {
 /// Has Qt make what it makes at its first use, before there are threads: where that fails in the
 /// middle, Qt keeps the lock for ever.
 void prepareLibraries() {
-    QLocale();
+    static_cast<void>(QLocale().language());
     routeLibavLog();
     static_cast<void>(engineLog().isDebugEnabled());
     static_cast<void>(libavLog().isDebugEnabled());
