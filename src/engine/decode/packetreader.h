@@ -85,8 +85,9 @@ public:
     qint64 bytePosition() const;   ///< -1 if there is none
     double duration() const;       ///< seconds as the header says, 0 if unknown
     bool hasReadingErrors() const; ///< the libraries have told of some since it was opened
-    double
-    promisedLength() const;     ///< seconds that the headers say the stream lasts; 0 if they do not
+    /// Seconds that the headers say the stream lasts; 0 if they do not.
+    double promisedLength() const;
+
     double startTime() const;   ///< seconds at which the first of all streams begins
     qint64 libavErrors() const; ///< that the libraries have told of while reading, in all
     QString errorText() const;  ///< why `open` or `demuxerOf` failed
