@@ -5,9 +5,11 @@
 #pragma once
 
 #include "packetreader.h"
-#include "partreading.h"
 
 #include <deque>
+
+/// The most bytes of packets that are kept while reading on: some minutes of a camera's stream.
+constexpr qint64 mostSkippedBytes = 256 * 1024 * 1024;
 
 /// Reads on without decoding, up to the first packet at or behind `dts`. Answers the packets that a
 /// decoder begins with so that what comes out from that one on is what comes out from the start:
@@ -16,7 +18,3 @@
 /// Empty where that is in doubt: packets without times or with times that fall, key frames too far
 /// apart, or no packet at all that late.
 std::deque<NumberedPacket> skipTo(PacketReader& reader, std::int64_t dts);
-
-/// Reads on without decoding up to the begin of `part`, which is watching. Answers the packets from
-/// its run-up on; none, where these are too many, and the stream must be read from its start.
-std::deque<NumberedPacket> skipToPart(PacketReader& reader, PartReading& part);

@@ -6,9 +6,6 @@
 
 namespace {
 
-// Some minutes of a camera's stream.
-constexpr qint64 mostBytes = 256 * 1024 * 1024;
-
 bool isKey(const NumberedPacket& packet) {
     return (packet.packet->flags & AV_PKT_FLAG_KEY) != 0;
 }
@@ -31,7 +28,7 @@ public:
 
     bool isEmpty() const { return packets.empty(); }
 
-    bool areTooMany() const { return bytes > mostBytes; }
+    bool areTooMany() const { return bytes > mostSkippedBytes; }
 
     /// None where they begin in the middle with the last key frame.
     std::deque<NumberedPacket> take() {
@@ -70,24 +67,4 @@ std::deque<NumberedPacket> skipTo(PacketReader& reader, std::int64_t dts) {
             return last.isEmpty() ? std::deque<NumberedPacket>() : last.take();
     }
     return {};
-}
-
-std::deque<NumberedPacket> skipToPart(PacketReader& reader, PartReading& part) {
-    std::deque<NumberedPacket> packets;
-    qint64 bytes = 0;
-    while (!part.hasBegun()) {
-        auto packet = reader.read();
-        if (!packet)
-            break;
-        bytes += packet->packet->size;
-        packets.push_back(std::move(*packet));
-        while (!packets.empty() && (packets.front().number < part.runUp() || bytes > mostBytes)) {
-            bytes -= packets.front().packet->size;
-            packets.pop_front();
-        }
-    }
-    const bool isWhole = !packets.empty() && packets.front().number == part.runUp();
-    if (!isWhole)
-        packets.clear();
-    return packets;
 }

@@ -88,3 +88,24 @@ bool PartReading::isSound(const AVFrame& picture) const {
     return picture.width == size.width() && picture.height == size.height() && !isCounted &&
            (picture.flags & AV_FRAME_FLAG_CORRUPT) == 0 && picture.decode_error_flags == 0;
 }
+
+std::deque<NumberedPacket> skipToPart(PacketReader& reader, PartReading& part) {
+    std::deque<NumberedPacket> packets;
+    qint64 bytes = 0;
+    while (!part.hasBegun()) {
+        auto packet = reader.read();
+        if (!packet)
+            break;
+        bytes += packet->packet->size;
+        packets.push_back(std::move(*packet));
+        while (!packets.empty() &&
+               (packets.front().number < part.runUp() || bytes > mostSkippedBytes)) {
+            bytes -= packets.front().packet->size;
+            packets.pop_front();
+        }
+    }
+    const bool isWhole = !packets.empty() && packets.front().number == part.runUp();
+    if (!isWhole)
+        packets.clear();
+    return packets;
+}

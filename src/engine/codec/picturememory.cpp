@@ -53,11 +53,15 @@ bool chargeAll(AVFrame& frame, const std::shared_ptr<std::atomic<qint64>>& accou
 
 } // namespace
 
+PictureMemory* PictureMemory::ofOpaque(void* opaque) {
+    return static_cast<PictureMemory*>(static_cast<DecoderErrors*>(opaque));
+}
+
 PictureMemory::PictureMemory()
     : held(std::make_shared<std::atomic<qint64>>(0)) {}
 
 void PictureMemory::watch(AVCodecContext& context) {
-    context.opaque = this;
+    context.opaque = static_cast<DecoderErrors*>(this);
     context.get_buffer2 = allocateFor;
 #if LIBAVCODEC_VERSION_MAJOR < 60
     // Later versions take it for granted.
@@ -66,11 +70,6 @@ void PictureMemory::watch(AVCodecContext& context) {
     context.thread_safe_callbacks = 1;
     QT_WARNING_POP
 #endif
-}
-
-PictureMemory* PictureMemory::of(const AVCodecContext& context) {
-    const bool isWatched = context.get_buffer2 == allocateFor;
-    return isWatched ? static_cast<PictureMemory*>(context.opaque) : nullptr;
 }
 
 void PictureMemory::noteShortage() {
@@ -106,7 +105,7 @@ void PictureMemory::tryAgain() {
 }
 
 int PictureMemory::allocateFor(AVCodecContext* context, AVFrame* frame, int flags) {
-    return static_cast<PictureMemory*>(context->opaque)->allocate(*context, *frame, flags);
+    return ofOpaque(context->opaque)->allocate(*context, *frame, flags);
 }
 
 int PictureMemory::allocate(AVCodecContext& context, AVFrame& frame, int flags) {

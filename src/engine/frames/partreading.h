@@ -4,13 +4,14 @@
 
 #pragma once
 
-#include "libavpointers.h"
+#include "packetskip.h"
 #include "recordingpart.h"
 #include "streamborders.h"
 
 #include <QSize>
 
 #include <cstdint>
+#include <deque>
 #include <optional>
 
 /// Where one part of a recording begins and ends, found while its packets are read, and whether all
@@ -80,3 +81,7 @@ private:
     bool isAtEnd = false;
     bool areAllRegular = true;
 };
+
+/// Reads on without decoding up to the begin of `part`, which is watching. Answers the packets from
+/// its run-up on; none, where these are too many, and the stream must be read from its start.
+std::deque<NumberedPacket> skipToPart(PacketReader& reader, PartReading& part);

@@ -4,8 +4,6 @@
 
 #include "logging.h"
 
-#include "picturememory.h"
-
 #include <QByteArray>
 
 extern "C" {
@@ -25,16 +23,19 @@ namespace {
 LibavErrors unowned{0};
 thread_local LibavErrors* ofThread = nullptr;
 
-/// The decoder that tells, null if it is none of ours. Those that the libraries open by themselves,
-/// to look into a file, have no memory that counts.
-PictureMemory* memoryOf(void* context) {
+/// Of the decoder that tells; null if that is none of ours. Those that the libraries open by
+/// themselves, to look into a file, count nothing.
+LibavErrors* errorsOf(void* context) {
     const bool isCodec = context && *static_cast<const AVClass**>(context) == avcodec_get_class();
-    return isCodec ? PictureMemory::of(*static_cast<AVCodecContext*>(context)) : nullptr;
+    auto* errors = isCodec
+                       ? static_cast<DecoderErrors*>(static_cast<AVCodecContext*>(context)->opaque)
+                       : nullptr;
+    return errors ? &errors->libavErrors : nullptr;
 }
 
 void countError(void* context) {
-    PictureMemory* memory = memoryOf(context);
-    LibavErrors* owner = memory ? &memory->libavErrors : ofThread;
+    LibavErrors* ofDecoder = errorsOf(context);
+    LibavErrors* owner = ofDecoder ? ofDecoder : ofThread;
     (owner ? *owner : unowned).fetch_add(1, std::memory_order_relaxed);
 }
 

@@ -27,17 +27,12 @@ constexpr qint64 largestKeptPicture = 32 * 1024 * 1024;
 ///
 /// A picture counts for as long as anybody holds it, also when the decoder and this object are
 /// gone. Any thread may decode.
-class PictureMemory {
+class PictureMemory : public DecoderErrors {
 public:
     PictureMemory();
 
     /// The pictures of `context`, not yet opened, count. This object must outlive it.
     void watch(AVCodecContext& context);
-
-    /// The memory that `context` is watched by; null if that is none.
-    static PictureMemory* of(const AVCodecContext& context);
-
-    LibavErrors libavErrors{0}; ///< that decoders of the recording have told of
 
     /// Notes that the decoder found no room for something else.
     void noteShortage();
@@ -56,6 +51,7 @@ public:
 private:
     enum class Failure { None, TooLarge, Shortage };
 
+    static PictureMemory* ofOpaque(void* opaque);
     static int allocateFor(AVCodecContext* context, AVFrame* frame, int flags);
     void note(Failure failure);
     int allocate(AVCodecContext& context, AVFrame& frame, int flags);

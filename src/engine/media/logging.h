@@ -24,8 +24,13 @@ void routeLibavLog();
 /// damaged, though what came of it may not say so.
 using LibavErrors = std::atomic<qint64>;
 
+/// Where decoders, which have threads of their own, tell of errors: the `opaque` of each context.
+struct DecoderErrors {
+    LibavErrors libavErrors{0};
+};
+
 /// Whose errors are those that the libraries tell of on the calling thread, for as long as it
-/// lives. Decoders, which have threads of their own, tell `PictureMemory`.
+/// lives, where no decoder tells of them.
 class LibavErrorScope {
 public:
     explicit LibavErrorScope(LibavErrors& errors);
