@@ -133,7 +133,7 @@ def main():
         "decoding": against_decoding, "threads": one_thread_against_all, "memory": peak_memory,
         "length": length_of_the_recording, "minimum": length_of_the_window,
         "region": regions_and_skip, "files": many_small_files, "jobs": side_by_side,
-        "values": deciding_again, "quick": quick_look, "stretches": stretches,
+        "values": deciding_again, "quick": quick_look, "chunks": chunks,
         "snapshots": snapshots, "recall": recall_of_quick_looks,
     }
     for name in wanted:
@@ -170,7 +170,7 @@ REALISTIC = {
 }
 
 
-def stretches(bench, footage):
+def chunks(bench, footage):
     bench.heading("Detection (A) against decoding alone with the program's own threads (B)")
     for size, seconds, times in (("1920x1080", 20, 3), ("3840x2160", 10, 1)):
         for codec, (suffix, options) in REALISTIC.items():
@@ -179,10 +179,10 @@ def stretches(bench, footage):
             # Long enough that start and end, where not all cores have work, count for little.
             if times > 1:
                 video = bench.looped(f"long-{name}", video, times)
-            bench.compare("stretches", f"{size} {codec}", bench.scan(video),
+            bench.compare("chunks", f"{size} {codec}", bench.scan(video),
                           bench.decode(video, 0), fewest=7)
     for video in footage:
-        bench.compare("stretches", video.name, bench.scan(video), bench.decode(video, 0), fewest=7)
+        bench.compare("chunks", video.name, bench.scan(video), bench.decode(video, 0), fewest=7)
 
 
 def snapshots(bench, _):

@@ -17,7 +17,7 @@ FramePointer frameOf(int width = 64, int height = 48) {
     return media::libraryFrame(AV_PIX_FMT_GRAY8, width, height);
 }
 
-/// The places of the pictures that are kept of a stretch that begins with picture `number` and in
+/// The places of the pictures that are kept of a chunk that begins with picture `number` and in
 /// which picture 1 has the first of these values.
 std::vector<int> placesOf(const Values& values, int skip = 0, qint64 number = 0) {
     LikelySnapshots snapshots(0.5F, skip);
@@ -56,10 +56,10 @@ private Q_SLOTS:
     void weakerOneLaterIsKeptToo();
     void ofEqualsTheOldestAndTheOneBeforeTheNewest();
     void skippedPicturesKeepTheirValue();
-    void firstPictureOfAStretch();
+    void firstPictureOfAChunk();
     void picturesAreSmall();
     void weakestGoWhereThereAreTooMany();
-    void stretchesDoNotMix();
+    void chunksDoNotMix();
 };
 
 void TestLikelySnapshots::strongestAndThePictureBeforeIt() {
@@ -92,7 +92,7 @@ void TestLikelySnapshots::skippedPicturesKeepTheirValue() {
     QCOMPARE(placesOf(quietBut(12, {{3, 9.0F}, {4, 2.0F}}), 3, 21), (Places{3, 5}));
 }
 
-void TestLikelySnapshots::firstPictureOfAStretch() {
+void TestLikelySnapshots::firstPictureOfAChunk() {
     const LikelySnapshots snapshots(0.5F, 0);
     const auto placesWith = [&snapshots](float value, KeptPictures kept) {
         snapshots.takeFirst(50, *frameOf(), *frameOf(), value, kept);
@@ -136,7 +136,7 @@ void TestLikelySnapshots::weakestGoWhereThereAreTooMany() {
     QCOMPARE(places[1], 1);
 }
 
-void TestLikelySnapshots::stretchesDoNotMix() {
+void TestLikelySnapshots::chunksDoNotMix() {
     LikelySnapshots snapshots(0.5F, 0);
     snapshots.begin(0);
     snapshots.take(1, frameOf(), frameOf(), 9.0F);

@@ -25,7 +25,7 @@ private:
                    const ProcessResult& expected);
 
     QTemporaryDir folder;
-    QString closed; ///< is decoded in stretches
+    QString closed; ///< is decoded in chunks
     QString single; ///< is decoded ahead
     int failures = 0;
 };
@@ -49,7 +49,7 @@ void TestNoMemory::isAFailureOrNone_data() {
                                     const QString& video) {
             QTest::newRow(qPrintable(library + ", " + name)) << library << options << video;
         };
-        row("stretches", {"--threads", "2"}, closed);
+        row("chunks", {"--threads", "2"}, closed);
         row("decoded ahead", {"--threads", "2"}, single);
         row("key frames", {"--threads", "2", "--quick"}, closed);
         row("recordings", {"--threads", "1", "--jobs", "2", single}, closed);

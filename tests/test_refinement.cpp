@@ -75,7 +75,7 @@ void TestRefinement::stretchesReachOverTheGap() {
     const Measurement looked = keyFrames(gap);
     AllClips found;
     QVERIFY(decideAgain(looked, margins(), noPicture, found));
-    const QVector<TimeRange> stretches = stretchesToRefine(looked, margins(), {});
+    const QVector<TimeRange> stretches = rangesToRefine(looked, margins(), {});
     QCOMPARE(stretches.size(), 1);
     const double ofAClip = 1.0 + 2.0 + 30.0;
     QCOMPARE(stretches[0].from, found.from - ofAClip - gap);
@@ -83,8 +83,7 @@ void TestRefinement::stretchesReachOverTheGap() {
 }
 
 void TestRefinement::stretchesEndWithTheRange() {
-    const QVector<TimeRange> stretches =
-        stretchesToRefine(keyFrames(10.0), margins(), {590.0, 650.0});
+    const QVector<TimeRange> stretches = rangesToRefine(keyFrames(10.0), margins(), {590.0, 650.0});
     QCOMPARE(stretches.size(), 1);
     QCOMPARE(stretches[0].from, 590.0);
     QCOMPARE(stretches[0].to, 650.0);

@@ -14,7 +14,7 @@ NumberedPacket packet(qint64 number, int size = 10) {
     return numbered;
 }
 
-/// Adds packets `first` to `last`, every tenth a border.
+/// Adds packets `first` to `last`, every tenth an access point.
 void addPackets(RestartPackets& restart, int first, int last, int size = 10) {
     for (int number = first; number <= last; ++number)
         restart.add(packet(number, size), number % 10 == 0);
@@ -29,9 +29,9 @@ private Q_SLOTS:
     void beginsAtTheFirstPacketOfTheFile();
     void beginsAWholeGroupBeforeTheLastPicture();
     void packetsNotHandedOutAreAllThere();
-    void firstPacketNeedsNoBorder();
-    void streamWithoutBordersCannotRestartOnceTooLarge();
-    void restartsAgainTwoBordersAfterALargeGroup();
+    void firstPacketNeedsNoAccessPoint();
+    void streamWithoutAccessPointsCannotRestartOnceTooLarge();
+    void restartsAgainTwoAccessPointsAfterALargeGroup();
     void largeGroupsPushOutOnlyWhatIsTooMuch();
 };
 
@@ -49,7 +49,7 @@ void TestRestartPackets::beginsAWholeGroupBeforeTheLastPicture() {
         restart.add(packet(number), number % 10 == 0);
         restart.handedOut(number - 3);
     }
-    // The last picture handed out is 42: the border at 40 lies between it and that at 30.
+    // The last picture handed out is 42: the access point at 40 lies between it and that at 30.
     const auto packets = restart.take();
     QCOMPARE(packets.front().number, 30);
     QCOMPARE(packets.back().number, 45);
@@ -60,20 +60,20 @@ void TestRestartPackets::packetsNotHandedOutAreAllThere() {
     addPackets(restart, 0, 59);
     restart.handedOut(15);
     const auto packets = restart.take();
-    QCOMPARE(packets.front().number, 0); // 10 is the only border up to 15
+    QCOMPARE(packets.front().number, 0); // 10 is the only access point up to 15
     for (std::size_t i = 1; i < packets.size(); ++i)
         QCOMPARE(packets[i].number, packets[i - 1].number + 1);
     QCOMPARE(packets.back().number, 59);
 }
 
-void TestRestartPackets::firstPacketNeedsNoBorder() {
+void TestRestartPackets::firstPacketNeedsNoAccessPoint() {
     RestartPackets restart;
     restart.add(packet(0), false);
     restart.add(packet(1), false);
     QCOMPARE(restart.take().size(), std::size_t(2));
 }
 
-void TestRestartPackets::streamWithoutBordersCannotRestartOnceTooLarge() {
+void TestRestartPackets::streamWithoutAccessPointsCannotRestartOnceTooLarge() {
     RestartPackets restart;
     for (int number = 0; number < 40; ++number) {
         restart.add(packet(number, 1 << 20), number == 0);
@@ -82,13 +82,13 @@ void TestRestartPackets::streamWithoutBordersCannotRestartOnceTooLarge() {
     QVERIFY(restart.take().empty());
 }
 
-void TestRestartPackets::restartsAgainTwoBordersAfterALargeGroup() {
+void TestRestartPackets::restartsAgainTwoAccessPointsAfterALargeGroup() {
     RestartPackets restart;
     for (int number = 0; number < 40; ++number)
         restart.add(packet(number, 1 << 20), number == 0);
     addPackets(restart, 40, 65);
     restart.handedOut(49);
-    QVERIFY(restart.take().empty()); // nothing between the border at 40 and the last picture
+    QVERIFY(restart.take().empty()); // nothing between the access point at 40 and the last picture
     restart.handedOut(51);
     const auto packets = restart.take();
     QVERIFY(!packets.empty());

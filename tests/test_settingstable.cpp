@@ -45,7 +45,7 @@ void TestSettingsTable::initTestCase() {
 void TestSettingsTable::dialogOffersTheRanges() {
     const SettingsDialog dialog;
     compareRange<QSpinBox>(dialog, "spinBoxThreshold", settings::thresholdValue);
-    compareRange<QDoubleSpinBox>(dialog, "doubleSpinBoxMotion", settings::thresholdMotion);
+    compareRange<QDoubleSpinBox>(dialog, "doubleSpinBoxMotion", settings::motionThreshold);
     compareRange<QDoubleSpinBox>(dialog, "doubleSpinBoxBitrate", settings::bitrate);
     QCOMPARE(dialog.findChild<QComboBox*>("comboBoxFormat")->count(),
              settings::container.highest + 1);
@@ -64,7 +64,7 @@ void TestSettingsTable::engineHasTheSameDefaults() {
     const DetectionOptions engine;
     QCOMPARE(engine.measure.thresholdValue, settings::thresholdValue.fallback);
     QCOMPARE(engine.measure.skip, settings::skip.fallback);
-    QCOMPARE(double(engine.segmentation.thresholdMotion), settings::thresholdMotion.fallback);
+    QCOMPARE(double(engine.segmentation.motionThreshold), settings::motionThreshold.fallback);
     QCOMPARE(engine.segmentation.prerecord, settings::prerecord.fallback);
     QCOMPARE(engine.segmentation.postrecord, settings::postrecord.fallback);
     QCOMPARE(engine.segmentation.minimum, settings::minimum.fallback);

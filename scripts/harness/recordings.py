@@ -18,7 +18,7 @@ SCENE = [
     "-shortest",
 ]
 
-# Long enough to be cut into stretches for four threads, and noisy: 250 pictures.
+# Long enough to be cut into chunks for four threads, and noisy: 250 pictures.
 LONG_SCENE = [
     "-f", "lavfi", "-i", "color=c=0x406040:s=64x48:r=25:d=10,noise=alls=8:allf=t:all_seed=7",
     "-f", "lavfi", "-i", "color=c=white:s=20x16:r=25:d=10",

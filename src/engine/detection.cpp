@@ -42,13 +42,13 @@ PictureComparisonMaker comparisonFor(const MeasureOptions& options) {
     };
 }
 
-/// Where stretches end, the last picture of them is decoded again to compare the next one with.
+/// Where chunks end, the last picture of them is decoded again to compare the next one with.
 float motionOf(MotionMeasure& measure, const TimedPicture& previous, const TimedPicture& current) {
-    if (current.stretched)
-        return measure.take(current.stretched->value, current.width(), current.height());
+    if (current.chunked)
+        return measure.take(current.chunked->value, current.width(), current.height());
     if (previous.frame)
         return measure.measure(*previous.frame, *current.frame);
-    const FramePointer again = decodeAgain(*previous.stretched);
+    const FramePointer again = decodeAgain(*previous.chunked);
     if (!again)
         throw std::bad_alloc();
     return measure.measure(*again, *current.frame);
@@ -71,9 +71,9 @@ DetectionOutcome Detection::run(const QString& fileName) {
 
 DetectionOutcome Detection::runFile() {
     VideoDecoder decoder(options.threads);
-    decoder.setKeyFramesOnly(options.areKeysWanted);
+    decoder.setKeyframesOnly(options.isKeyframesOnly);
     if (mayBeCut())
-        decoder.setStretches(comparisonFor(options.measure), keeperMaker());
+        decoder.setChunks(comparisonFor(options.measure), keeperMaker());
     decoder.setInterrupt([this] { return client.isCancelled(); });
     DetectionOutcome outcome = DetectionOutcome::CannotOpen;
     if (decoder.open(path.constData()))
@@ -86,17 +86,17 @@ DetectionOutcome Detection::runFile() {
     return outcome;
 }
 
-/// Into stretches, that are decoded side by side.
+/// Into chunks, that are decoded side by side.
 bool Detection::mayBeCut() const {
     const bool isWhole = options.range.from <= 0.0 && std::isinf(options.range.to);
-    return options.threads != 1 && !options.areKeysWanted && isWhole;
+    return options.threads != 1 && !options.isKeyframesOnly && isWhole;
 }
 
 /// Makes small pictures on the threads that decode them, if anybody wants to see some.
 PictureKeeperMaker Detection::keeperMaker() const {
     if (!options.areSnapshotsWanted)
         return {};
-    const float threshold = options.segmentation.thresholdMotion;
+    const float threshold = options.segmentation.motionThreshold;
     const int skip = options.measure.skip;
     return [threshold, skip] { return std::make_unique<LikelySnapshots>(threshold, skip); };
 }
@@ -121,7 +121,7 @@ std::optional<DetectionOutcome> Detection::runSkipped(VideoDecoder& decoder,
 /// Goes to the range without decoding what lies before it. Answers the picture that all are counted
 /// from then; nothing where the file is to be read from its start.
 std::optional<RecordingOrigin> Detection::skipAhead(VideoDecoder& decoder) {
-    const bool isSlow = options.range.from > 0.0 && !options.areKeysWanted;
+    const bool isSlow = options.range.from > 0.0 && !options.isKeyframesOnly;
     if (!isSlow || options.times.frameRate > 0.0 || !decoder.canReadAgain())
         return std::nullopt;
     const FramePointer first(decoder.readFrame(true));
@@ -172,8 +172,8 @@ std::optional<DetectionOutcome> Detection::runOpened(VideoDecoder& decoder,
 ClipPicturePointer Detection::handleOf(const TimedPicture& picture) {
     if (!options.areSnapshotsWanted)
         return noPicture();
-    if (picture.stretched)
-        return stretchHandles.handleOf(*picture.stretched);
+    if (picture.chunked)
+        return chunkSnapshots.handleOf(*picture.chunked);
     return std::make_shared<FramePicture>(picture.frame);
 }
 
@@ -226,7 +226,7 @@ DetectionOutcome Detection::outcomeOf(const PictureSource& pictures) {
 /// Of what was read to its end. Key frames alone tell nothing of the others and of the length, and
 /// how far one reads beyond a range depends on the threads.
 void Detection::findDamage(const VideoDecoder& decoder) {
-    if (options.areKeysWanted || std::isfinite(options.range.to))
+    if (options.isKeyframesOnly || std::isfinite(options.range.to))
         return;
     ReadingSigns signs = decoder.readingSigns();
     if (measured.stream.frameRate > 0.0) // the times are not those of the headers

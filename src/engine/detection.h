@@ -4,13 +4,13 @@
 
 #pragma once
 
+#include "chunksnapshot.h"
 #include "detectionclient.h"
 #include "measurement.h"
 #include "motionmeasure.h"
 #include "pictureclock.h"
 #include "picturekeeper.h"
 #include "rangedpictures.h"
-#include "stretchpicture.h"
 
 #include <QString>
 
@@ -24,7 +24,7 @@ struct DetectionOptions {
     SegmentationOptions segmentation;
     TimeOptions times;
     TimeRange range;
-    bool areKeysWanted = false;     ///< looks at key frames alone
+    bool isKeyframesOnly = false;   ///< looks at key frames alone
     bool areSnapshotsWanted = true; ///< false: clips come without; decoding them again can cost
     int threads = 0; ///< that decode; 0 = as many as the machine has cores, 1 = the caller's alone
 };
@@ -81,7 +81,7 @@ private:
     DetectionClient& client;
     QByteArray path; ///< of the recording, in the file system's bytes
     Measurement measured;
-    StretchHandles stretchHandles;
+    ChunkSnapshots chunkSnapshots;
     QString error;
     bool isLastingFailure = false;
 };

@@ -4,7 +4,7 @@
 
 #include "framepicture.h"
 
-#include "picturememory.h"
+#include "framebudget.h"
 #include "snapshotimage.h"
 
 FramePicture::FramePicture(std::shared_ptr<const DecodedFrame> frame)

@@ -15,7 +15,7 @@ namespace {
 // ones windows that begin in the middle of motion would show more others.
 constexpr int blockLength = 12;
 
-// Of one stretch: a dozen small pictures of the usual shape.
+// Of one chunk: a dozen small pictures of the usual shape.
 constexpr qint64 mostKeptBytes = 3 * 1024 * 1024;
 
 void add(KeptPictures& kept, int place, float value, const DecodedFrame& frame) {
@@ -86,15 +86,15 @@ KeptPictures LikelySnapshots::end() {
 
 void LikelySnapshots::takeFirst(qint64 number, const DecodedFrame& previous,
                                 const DecodedFrame& picture, std::optional<float> value,
-                                KeptPictures& keptOfStretch) const {
+                                KeptPictures& keptOfChunk) const {
     if (!value || !isMeasured(number) || *value < threshold)
         return;
-    const auto next = keptOfStretch.lower_bound(0);
-    const bool isNear = next != keptOfStretch.end() && next->first < blockLength;
+    const auto next = keptOfChunk.lower_bound(0);
+    const bool isNear = next != keptOfChunk.end() && next->first < blockLength;
     if (isNear && next->second.value > *value)
         return;
-    add(keptOfStretch, -1, *value, previous);
-    add(keptOfStretch, 0, *value, picture);
+    add(keptOfChunk, -1, *value, previous);
+    add(keptOfChunk, 0, *value, picture);
 }
 
 /// As the motion measure skips them.

@@ -6,7 +6,7 @@
 
 #include "picturekeeper.h"
 
-/// Keeps those pictures of a stretch that most likely become snapshots, small.
+/// Keeps those pictures of a chunk that most likely become snapshots, small.
 ///
 /// A snapshot has the strongest motion of a voting window and all that follows up to the end of its
 /// clip: of seconds. So the strongest of each half second is kept, unless the next half second has
@@ -42,7 +42,7 @@ private:
 
     float threshold;
     int skip;
-    qint64 first = 0;             ///< number of the stretch's first picture
+    qint64 first = 0;             ///< number of the chunk's first picture
     std::optional<float> current; ///< the motion value as the detection will see it
     int inBlock = 0;              ///< pictures seen
     Strongest strongest;          ///< of the block

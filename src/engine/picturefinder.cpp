@@ -18,7 +18,7 @@ PictureFinder::PictureFinder(const QString& fileName, const DetectionOptions& op
     , options(options)
     , measurement(measurement)
     , isInterrupted(std::move(isInterrupted))
-    , canSeek(measurement.stream.frameRate == 0.0 && !options.areKeysWanted) {
+    , canSeek(measurement.stream.frameRate == 0.0 && !options.isKeyframesOnly) {
     this->options.times.frameRate = measurement.stream.frameRate;
 }
 
@@ -116,7 +116,7 @@ bool PictureFinder::openLinear() {
     pictures.reset();
     linear = std::make_unique<VideoDecoder>(options.threads);
     linear->setInterrupt(isInterrupted);
-    linear->setKeyFramesOnly(options.areKeysWanted);
+    linear->setKeyframesOnly(options.isKeyframesOnly);
     if (!linear->open(fileName.constData())) {
         error = QStringLiteral("cannot be read again: %1").arg(linear->errorText());
         return false;

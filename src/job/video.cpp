@@ -64,7 +64,7 @@ DetectionOptions detectionOptions(const Video& job) {
     }
     // Without an upper end: who stores more than the dialog offers means it.
     options.segmentation = {job.prerecord, job.postrecord, job.minimum,
-                            std::max(float(settings::thresholdMotion.read(store)), 0.0F)};
+                            std::max(float(settings::motionThreshold.read(store)), 0.0F)};
     return options;
 }
 

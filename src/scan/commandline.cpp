@@ -174,15 +174,15 @@ DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& v
     options.segmentation.prerecord = values.number("prerecord");
     options.segmentation.postrecord = values.number("postrecord");
     options.segmentation.minimum = values.number("minimum");
-    options.segmentation.thresholdMotion = float(values.number("threshold-motion"));
+    options.segmentation.motionThreshold = float(values.number("threshold-motion"));
     options.measure.thresholdValue = values.integer("threshold-value");
     options.measure.skip = values.integer("skip");
     options.times.mustBeUsable = true;
     if (parser.isSet("fps"))
         options.times.frameRate = values.number("fps");
     options.range = readRange(parser, values);
-    options.areKeysWanted = parser.isSet("quick");
-    if (options.areKeysWanted && parser.isSet("fps"))
+    options.isKeyframesOnly = parser.isSet("quick");
+    if (options.isKeyframesOnly && parser.isSet("fps"))
         values.reject(QStringLiteral("--quick and --fps exclude each other"));
     options.threads = values.integer("threads");
     options.measure.region = readRegion(parser, values);

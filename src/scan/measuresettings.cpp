@@ -97,7 +97,7 @@ MeasureSettings measureSettings(const DetectionOptions& options) {
             {"region", regionText(options.measure.region)},
             {"exclude", excludedText(options.measure.region.excluded)},
             {"fps", rateText(options.times.frameRate)},
-            {picturesKey, options.areKeysWanted ? keyPictures : "all"},
+            {picturesKey, options.isKeyframesOnly ? keyPictures : "all"},
             {"from", shortestDigits(options.range.from)},
             {"to", endText(options.range.to)}};
 }

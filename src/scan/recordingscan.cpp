@@ -10,9 +10,9 @@
 #include "measuresettings.h"
 #include "missingpicture.h"
 #include "quicklook.h"
+#include "rangesearch.h"
 #include "refinement.h"
 #include "shortestdigits.h"
-#include "stretchsearch.h"
 #include "timetext.h"
 
 #include <QFileInfo>
@@ -80,7 +80,7 @@ QString RecordingScan::search() {
         error = decide(*found.values);
     else if (found.isRefused)
         line.outcome = DetectionOutcome::CannotOpen;
-    else if (options.detection.areKeysWanted)
+    else if (options.detection.isKeyframesOnly)
         error = lookQuickly(found);
     else
         error = measure(found);
@@ -216,7 +216,7 @@ QString RecordingScan::decide(const KeptValues& values) {
 /// Searches exactly around what key frames show.
 QString RecordingScan::refine(const SegmentationOptions& segmentation) {
     const QVector<TimeRange> stretches =
-        stretchesToRefine(measurement, segmentation, options.detection.range);
+        rangesToRefine(measurement, segmentation, options.detection.range);
     QString flaw = watched && !stretches.isEmpty() ? watched->flaw() : QString();
     if (!flaw.isEmpty()) {
         line.outcome = DetectionOutcome::ReadFailed;
@@ -228,8 +228,8 @@ QString RecordingScan::refine(const SegmentationOptions& segmentation) {
             QStringLiteral("%1: searched exactly from %2 to %3 s")
                 .arg(line.video, plainSeconds(stretch.from), plainSeconds(stretch.to)));
     DetectionOptions exact = options.detection;
-    exact.areKeysWanted = false;
-    StretchSearch search(exact, *this);
+    exact.isKeyframesOnly = false;
+    RangeSearch search(exact, *this);
     nextLooked = 0;
     isSearched = isSearched || !stretches.isEmpty();
     line.outcome = search.run(QFileInfo(line.video).absoluteFilePath(), stretches);

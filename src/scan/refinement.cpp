@@ -35,9 +35,8 @@ double largestGap(const Measurement& measurement) {
     return gap;
 }
 
-QVector<TimeRange> stretchesToRefine(const Measurement& quick,
-                                     const SegmentationOptions& segmentation,
-                                     const TimeRange& range) {
+QVector<TimeRange> rangesToRefine(const Measurement& quick, const SegmentationOptions& segmentation,
+                                  const TimeRange& range) {
     ClipTimes found;
     decideAgain(quick, segmentation, noPicture, found);
     const double gap = largestGap(quick);

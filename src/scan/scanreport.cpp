@@ -30,7 +30,7 @@ ScanReport::ScanReport(const ScanOptions& options)
     : pictures(pictureFolder(options.reportDirectory), options.videos)
     , folder(options.reportDirectory) {
     report.folder = QDir(folder).absolutePath();
-    report.threshold = double(options.detection.segmentation.thresholdMotion);
+    report.threshold = double(options.detection.segmentation.motionThreshold);
     report.startTime = options.exporting.startDateTime;
     for (const QString& video : options.videos) {
         ReportedRecording recording;

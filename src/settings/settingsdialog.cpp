@@ -33,7 +33,7 @@ void SettingsDialog::on_buttonBox_clicked(QAbstractButton* button) {
 void SettingsDialog::load() {
     const QSettings store;
     ui->spinBoxThreshold->setValue(settings::thresholdValue.read(store));
-    ui->doubleSpinBoxMotion->setValue(settings::thresholdMotion.read(store));
+    ui->doubleSpinBoxMotion->setValue(settings::motionThreshold.read(store));
     ui->doubleSpinBoxBitrate->setValue(settings::bitrate.read(store));
     ui->comboBoxFormat->setCurrentIndex(settings::container.read(store));
     ui->checkBoxTranscoding->setChecked(settings::transcoding.read(store));
@@ -43,7 +43,7 @@ void SettingsDialog::load() {
 void SettingsDialog::save() const {
     QSettings store;
     settings::thresholdValue.write(store, ui->spinBoxThreshold->value());
-    settings::thresholdMotion.write(store, ui->doubleSpinBoxMotion->value());
+    settings::motionThreshold.write(store, ui->doubleSpinBoxMotion->value());
     settings::bitrate.write(store, ui->doubleSpinBoxBitrate->value());
     settings::container.write(store, ui->comboBoxFormat->currentIndex());
     settings::transcoding.write(store, ui->checkBoxTranscoding->isChecked());
@@ -52,7 +52,7 @@ void SettingsDialog::save() const {
 
 void SettingsDialog::restoreDefaults() {
     ui->spinBoxThreshold->setValue(settings::thresholdValue.fallback);
-    ui->doubleSpinBoxMotion->setValue(settings::thresholdMotion.fallback);
+    ui->doubleSpinBoxMotion->setValue(settings::motionThreshold.fallback);
     ui->doubleSpinBoxBitrate->setValue(settings::bitrate.fallback);
     ui->comboBoxFormat->setCurrentIndex(settings::container.fallback);
     ui->checkBoxTranscoding->setChecked(settings::transcoding.fallback);

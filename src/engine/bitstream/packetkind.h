@@ -6,18 +6,18 @@
 
 /// What a packet is to who wants to begin decoding there.
 struct PacketKind {
-    enum class Border {
+    enum class Access {
         None,
-        Closed, ///< what it and all packets behind it show needs nothing that lies before it
-        Open    ///< the same, but for the leading packets that follow at once
+        ClosedGop, ///< what it and all packets behind it show needs nothing that lies before it
+        OpenGop    ///< the same, but for the leading packets that follow at once
     };
 
-    Border border = Border::None;
+    Access access = Access::None;
 
-    /// Behind an open border and shown before it: needs what lies before the border.
+    /// Behind an open GOP and shown before it: needs what lies before the access point.
     bool isLeading = false;
 
     /// Damage, parameters that change in the middle, an end of the sequence, a placeholder: what
-    /// comes of it and of all that follows may depend on everything before. Never a border.
-    bool isSuspect = false;
+    /// comes of it and of all that follows may depend on everything before. Never an access point.
+    bool isDiscontinuity = false;
 };

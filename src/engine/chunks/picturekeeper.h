@@ -19,10 +19,10 @@ struct KeptPicture {
     QImage picture;     ///< never null
 };
 
-/// Pictures of one stretch, by their places in it; -1 is the last one of the stretch before.
+/// Pictures of one chunk, by their places in it; -1 is the last one of the chunk before.
 using KeptPictures = std::map<int, KeptPicture>;
 
-/// Sees the pictures of a stretch while they are there, in order, on the thread that decodes it,
+/// Sees the pictures of a chunk while they are there, in order, on the thread that decodes it,
 /// and keeps what somebody may ask for later.
 class PictureKeeper {
 public:
@@ -30,10 +30,10 @@ public:
 
     virtual ~PictureKeeper() = default;
 
-    /// A stretch begins. Its first picture is most likely number `number` of the recording.
+    /// A chunk begins. Its first picture is most likely number `number` of the recording.
     virtual void begin(qint64 number) = 0;
 
-    /// The next picture, `place` in the stretch, 1 or more, and what comparing it with the one
+    /// The next picture, `place` in the chunk, 1 or more, and what comparing it with the one
     /// before it gave.
     virtual void take(int place, const Picture& previous, const Picture& current,
                       std::optional<float> value) = 0;
@@ -41,8 +41,8 @@ public:
     /// There are no more.
     virtual KeptPictures end() = 0;
 
-    /// The first picture of a stretch, number `number`, can be compared only later, with the last
-    /// one before it. Adds those of the two that are to be kept to the stretch's.
+    /// The first picture of a chunk, number `number`, can be compared only later, with the last
+    /// one before it. Adds those of the two that are to be kept to the chunk's.
     virtual void takeFirst(qint64 number, const DecodedFrame& previous, const DecodedFrame& first,
                            std::optional<float> value, KeptPictures& kept) const = 0;
 };

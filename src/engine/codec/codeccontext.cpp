@@ -13,16 +13,16 @@ namespace {
 // work and those that are handed out.
 constexpr qint64 mostAv1Pictures = 11;
 constexpr double bytesPerPixel = 1.5;
-constexpr qint64 mostAv1Pixels = qint64(double(mostPictureBytes) / mostAv1Pictures / bytesPerPixel);
+constexpr qint64 mostAv1Pixels = qint64(double(mostFrameBytes) / mostAv1Pictures / bytesPerPixel);
 
 bool areTooLarge(const AVCodecParameters& parameters) {
     const qint64 bytes = pictureBytes(parameters.format, parameters.width, parameters.height);
     const bool isAv1 = parameters.codec_id == AV_CODEC_ID_AV1;
-    return !haveRoom(bytes) || (isAv1 && bytes > mostPictureBytes / mostAv1Pictures);
+    return !haveRoom(bytes) || (isAv1 && bytes > mostFrameBytes / mostAv1Pictures);
 }
 
 OpenedCodec openWith(const AVCodec& codec, const AVCodecParameters& parameters, int threads,
-                     PictureMemory& memory) {
+                     FrameBudget& memory) {
     OpenedCodec opened;
     CodecContextPointer context(avcodec_alloc_context3(&codec));
     int result =
@@ -45,7 +45,7 @@ OpenedCodec openWith(const AVCodec& codec, const AVCodecParameters& parameters, 
 
 } // namespace
 
-OpenedCodec openCodec(const AVCodecParameters& parameters, int threads, PictureMemory& memory) {
+OpenedCodec openCodec(const AVCodecParameters& parameters, int threads, FrameBudget& memory) {
     const AVCodec* codec = avcodec_find_decoder(parameters.codec_id);
     if (!codec)
         return {nullptr, false,

@@ -4,8 +4,8 @@
 
 #pragma once
 
+#include "framebudget.h"
 #include "libavpointers.h"
-#include "picturememory.h"
 
 #include <QString>
 
@@ -19,7 +19,7 @@ struct OpenedCodec {
 /// Opens a decoder for `parameters` that uses up to `threads` threads (1 or more), or, where they
 /// cannot be had, one. Its pictures are counted by `memory`, which must outlive it; fails where
 /// they are known to be too large.
-OpenedCodec openCodec(const AVCodecParameters& parameters, int threads, PictureMemory& memory);
+OpenedCodec openCodec(const AVCodecParameters& parameters, int threads, FrameBudget& memory);
 
 /// Pictures per second as the decoder has read in the stream's headers; 0 if it has not, or not
 /// yet.

@@ -4,7 +4,7 @@
 
 #include "decoderthreads.h"
 
-#include "picturememory.h"
+#include "framebudget.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -48,7 +48,7 @@ int mostFrameThreads(const AVCodecContext& context) {
     const qint64 bytes = pictureBytes(context.pix_fmt, context.width, context.height) + blocks;
     if (bytes < 1)
         return mostDecoderThreads;
-    const qint64 room = mostPictureBytes / bytes - otherPictures;
+    const qint64 room = mostFrameBytes / bytes - otherPictures;
     return int(std::clamp<qint64>(room, 1, mostDecoderThreads));
 }
 

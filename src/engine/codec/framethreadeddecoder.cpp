@@ -23,7 +23,7 @@ FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context, const Pa
                                            PacketPointer firstPacket, qint64 lastNumber)
     : context(std::move(context))
     , pacing(*this->context)
-    , borders(*reader.stream()->codecpar)
+    , accessPoints(*reader.stream()->codecpar)
     , firstPacket(std::move(firstPacket))
     , areKeysBelieved(!reader.canReopen())
     , delays{{-1, this->context->has_b_frames}}
@@ -33,7 +33,7 @@ FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context, const Pa
 
 FrameThreadedDecoder::Result FrameThreadedDecoder::next(PacketReader& reader) {
     while (!isNextComplete()) {
-        PicturePointer picture(av_frame_alloc());
+        AVFramePointer picture(av_frame_alloc());
         const int result =
             picture ? avcodec_receive_frame(context.get(), picture.get()) : AVERROR_EOF;
         if (result == AVERROR_EOF)
@@ -78,20 +78,20 @@ bool FrameThreadedDecoder::send(NumberedPacket packet) {
         firstStamp = packet.number;
     stamps.push_back(packet.packet->dts);
     packet.packet->dts = packet.number;
-    const bool isSuspect = (packet.packet->flags & AV_PKT_FLAG_CORRUPT) != 0 ||
-                           isPlaceholder(*packet.packet, context->codec_id);
-    return avcodec_send_packet(context.get(), packet.packet.get()) >= 0 && !isSuspect;
+    const bool isDiscontinuity = (packet.packet->flags & AV_PKT_FLAG_CORRUPT) != 0 ||
+                                 isPlaceholder(*packet.packet, context->codec_id);
+    return avcodec_send_packet(context.get(), packet.packet.get()) >= 0 && !isDiscontinuity;
 }
 
 /// Containers call packets key frames that are none, above all where they are damaged.
 void FrameThreadedDecoder::keep(const NumberedPacket& packet) {
     if (packet.number == 0)
         firstPacket.reset(av_packet_clone(packet.packet.get()));
-    const PacketKind kind = borders.next(*packet.packet);
-    hasBorders = hasBorders && !kind.isSuspect;
-    const bool isBorder = hasBorders && kind.border != PacketKind::Border::None;
+    const PacketKind kind = accessPoints.next(*packet.packet);
+    hasAccessPoints = hasAccessPoints && !kind.isDiscontinuity;
+    const bool isAccessPoint = hasAccessPoints && kind.access != PacketKind::Access::None;
     const bool isKey = areKeysBelieved && (packet.packet->flags & AV_PKT_FLAG_KEY) != 0;
-    restart.add(packet, isBorder || isKey);
+    restart.add(packet, isAccessPoint || isKey);
 }
 
 void FrameThreadedDecoder::noteDelay(qint64 number) {
@@ -106,7 +106,7 @@ bool FrameThreadedDecoder::isUnsafe(const AVFrame& picture) const {
            isInterlaced(picture);
 }
 
-void FrameThreadedDecoder::add(PicturePointer picture) {
+void FrameThreadedDecoder::add(AVFramePointer picture) {
     if (picture->pkt_dts == AV_NOPTS_VALUE)
         return;
     noteDelay(picture->pkt_dts);

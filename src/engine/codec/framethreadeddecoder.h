@@ -5,10 +5,10 @@
 #pragma once
 
 #include "codeccontext.h"
+#include "framepacing.h"
 #include "packetreader.h"
-#include "picturepacing.h"
+#include "randomaccesspoints.h"
 #include "restartpackets.h"
-#include "streamborders.h"
 
 #include <cstdint>
 #include <deque>
@@ -18,7 +18,7 @@
 struct CompletedPicture {
     qint64 number = -1;                ///< of the packet
     std::int64_t dts = AV_NOPTS_VALUE; ///< of the packet; AV_NOPTS_VALUE if it has none
-    PicturePointer picture;
+    AVFramePointer picture;
 };
 
 /// Decodes several pictures at a time and hands out what one thread would hand out.
@@ -29,7 +29,7 @@ struct CompletedPicture {
 /// whichever thread the call ran. At the end of the stream the calls still under way end like all
 /// others; pictures that are only pushed out of the reorder buffer belong to no packet, carry no
 /// number and are dropped, as one thread never hands them out. Of several pictures that one packet
-/// completes `PicturePacing` says which count.
+/// completes `FramePacing` says which count.
 ///
 /// This is exact for undamaged, progressive streams without packed B pictures of the codecs that
 /// `setUpThreads` gives frame threads. At the first sign that a stream is something else, `next`
@@ -81,17 +81,17 @@ private:
     void keep(const NumberedPacket& packet);
     void noteDelay(qint64 number);
     bool isUnsafe(const AVFrame& picture) const;
-    void add(PicturePointer picture);
+    void add(AVFramePointer picture);
     bool isNextComplete() const;
     CompletedPicture takeNext();
 
     CodecContextPointer context;
-    PicturePacing pacing;
+    FramePacing pacing;
     RestartPackets restart;
-    StreamBorders borders;
+    RandomAccessPoints accessPoints;
     PacketPointer firstPacket; ///< of the stream; null if it has not been seen
     bool areKeysBelieved;      ///< of the container: there is no way back to the start of the file
-    bool hasBorders = true;    ///< nothing has come that all that follows may depend on
+    bool hasAccessPoints = true;          ///< nothing has come that all that follows may depend on
     std::deque<DelayChange> delays;       ///< oldest first
     std::deque<CompletedPicture> waiting; ///< to be handed out, without their time stamps
     std::deque<std::int64_t> stamps; ///< decoding time stamps of the packets from `firstStamp` on

@@ -10,8 +10,8 @@ namespace {
 
 /// Forgets all other packets before and behind this one: key frames that do not begin a stream of
 /// their own would else wait for what was left out between them.
-PicturePointer decodeAlone(AVCodecContext& context, const AVPacket& packet) {
-    PicturePointer picture(av_frame_alloc());
+AVFramePointer decodeAlone(AVCodecContext& context, const AVPacket& packet) {
+    AVFramePointer picture(av_frame_alloc());
     avcodec_flush_buffers(&context);
     const bool isSent = avcodec_send_packet(&context, &packet) >= 0;
     avcodec_send_packet(&context, nullptr);
@@ -25,10 +25,10 @@ std::int64_t shownAt(const AVPacket& packet) {
 
 } // namespace
 
-KeyFrameDecoder::KeyFrameDecoder(std::vector<CodecContextPointer> contexts)
+KeyframeDecoder::KeyframeDecoder(std::vector<CodecContextPointer> contexts)
     : contexts(std::move(contexts)) {}
 
-std::optional<CompletedPicture> KeyFrameDecoder::next(PacketReader& reader) {
+std::optional<CompletedPicture> KeyframeDecoder::next(PacketReader& reader) {
     while (pictures.empty()) {
         if (reader.isInterrupted() || !decodeSome(reader))
             return std::nullopt;
@@ -39,7 +39,7 @@ std::optional<CompletedPicture> KeyFrameDecoder::next(PacketReader& reader) {
 }
 
 /// One packet for each decoder. False at the end of the stream.
-bool KeyFrameDecoder::decodeSome(PacketReader& reader) {
+bool KeyframeDecoder::decodeSome(PacketReader& reader) {
     std::vector<NumberedPacket> packets;
     while (packets.size() < contexts.size()) {
         auto packet = reader.read();
@@ -47,7 +47,7 @@ bool KeyFrameDecoder::decodeSome(PacketReader& reader) {
             break;
         packets.push_back(std::move(*packet));
     }
-    std::vector<std::future<PicturePointer>> decoded;
+    std::vector<std::future<AVFramePointer>> decoded;
     decoded.reserve(packets.size());
     // Where no thread can be had, it is done at the moment.
     const auto policy =
@@ -56,7 +56,7 @@ bool KeyFrameDecoder::decodeSome(PacketReader& reader) {
         decoded.push_back(std::async(
             policy, [this, &packets, i] { return decodeAlone(*contexts[i], *packets[i].packet); }));
     for (std::size_t i = 0; i < packets.size(); ++i) {
-        PicturePointer picture = decoded[i].get();
+        AVFramePointer picture = decoded[i].get();
         if (picture)
             pictures.push_back(
                 {packets[i].number, shownAt(*packets[i].packet), std::move(picture)});

@@ -12,11 +12,11 @@
 ///
 /// Their time is the one at which they are shown, where the stream knows it: what a picture among
 /// all others gets as the time of the packet that completed it, but for rare streams.
-class KeyFrameDecoder {
+class KeyframeDecoder {
 public:
     /// As many are decoded at a time as there are `contexts`, one or more, which must be open and
     /// use one thread each.
-    explicit KeyFrameDecoder(std::vector<CodecContextPointer> contexts);
+    explicit KeyframeDecoder(std::vector<CodecContextPointer> contexts);
 
     /// The next key frame; nothing at the end of the stream and once interrupted. Those that the
     /// decoder refuses are left out.

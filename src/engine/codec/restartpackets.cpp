@@ -11,11 +11,11 @@ constexpr qint64 mostBytes = 16 * 1024 * 1024;
 
 } // namespace
 
-void RestartPackets::add(const NumberedPacket& packet, bool isBorder) {
+void RestartPackets::add(const NumberedPacket& packet, bool isAccessPoint) {
     const int size = packet.packet->size;
     while (!packets.empty() && bytes + size > mostBytes)
-        dropUpTo(laterBorders.empty() ? packet.number : laterBorders.front());
-    const bool canBeFirst = packet.number == 0 || isBorder;
+        dropUpTo(laterAccessPoints.empty() ? packet.number : laterAccessPoints.front());
+    const bool canBeFirst = packet.number == 0 || isAccessPoint;
     if ((packets.empty() && !canBeFirst) || size > mostBytes)
         return;
     PacketPointer reference(av_packet_clone(packet.packet.get()));
@@ -23,17 +23,18 @@ void RestartPackets::add(const NumberedPacket& packet, bool isBorder) {
         dropUpTo(packet.number);
         return;
     }
-    if (!packets.empty() && isBorder)
-        laterBorders.push_back(packet.number);
+    if (!packets.empty() && isAccessPoint)
+        laterAccessPoints.push_back(packet.number);
     bytes += size;
     packets.push_back({packet.number, std::move(reference)});
 }
 
 void RestartPackets::handedOut(qint64 number) {
     lastHandedOut = number;
-    // The oldest packet can be any border that has another one between it and the last picture.
-    while (laterBorders.size() >= 2 && laterBorders[1] <= number)
-        dropUpTo(laterBorders.front());
+    // The oldest packet can be any access point that has another one between it and the last
+    // picture.
+    while (laterAccessPoints.size() >= 2 && laterAccessPoints[1] <= number)
+        dropUpTo(laterAccessPoints.front());
 }
 
 std::deque<NumberedPacket> RestartPackets::take() {
@@ -45,8 +46,9 @@ std::deque<NumberedPacket> RestartPackets::take() {
 bool RestartPackets::canBegin() const {
     if (packets.empty())
         return false;
-    const bool hasBorderBetween = !laterBorders.empty() && laterBorders.front() <= lastHandedOut;
-    return packets.front().number == 0 || hasBorderBetween;
+    const bool hasAccessPointBetween =
+        !laterAccessPoints.empty() && laterAccessPoints.front() <= lastHandedOut;
+    return packets.front().number == 0 || hasAccessPointBetween;
 }
 
 void RestartPackets::dropUpTo(qint64 number) {
@@ -54,6 +56,6 @@ void RestartPackets::dropUpTo(qint64 number) {
         bytes -= packets.front().packet->size;
         packets.pop_front();
     }
-    while (!laterBorders.empty() && laterBorders.front() <= number)
-        laterBorders.pop_front();
+    while (!laterAccessPoints.empty() && laterAccessPoints.front() <= number)
+        laterAccessPoints.pop_front();
 }

@@ -6,12 +6,12 @@
 
 #include <cerrno>
 
-SerialDecoder::SerialDecoder(CodecContextPointer context, PictureMemory& memory)
+SerialDecoder::SerialDecoder(CodecContextPointer context, FrameBudget& memory)
     : context(std::move(context))
     , memory(memory)
     , pacing(*this->context) {}
 
-PicturePointer SerialDecoder::decode(const AVPacket& packet) {
+AVFramePointer SerialDecoder::decode(const AVPacket& packet) {
     errno = 0;
     isRefused = false;
     noteRefusal(avcodec_send_packet(context.get(), &packet));
@@ -39,18 +39,18 @@ PicturePointer SerialDecoder::decode(const AVPacket& packet) {
 }
 
 /// Null if there is none.
-PicturePointer SerialDecoder::nextWaiting() {
+AVFramePointer SerialDecoder::nextWaiting() {
     if (waiting.empty())
         return nullptr;
-    PicturePointer next = std::move(waiting.front());
+    AVFramePointer next = std::move(waiting.front());
     waiting.pop_front();
     return next;
 }
 
-PicturePointer SerialDecoder::takeHeld() {
-    if (PicturePointer next = nextWaiting())
+AVFramePointer SerialDecoder::takeHeld() {
+    if (AVFramePointer next = nextWaiting())
         return next;
-    PicturePointer held(av_frame_alloc());
+    AVFramePointer held(av_frame_alloc());
     avcodec_send_packet(context.get(), nullptr);
     const bool isTaken = held && avcodec_receive_frame(context.get(), held.get()) >= 0;
     return isTaken ? std::move(held) : nullptr;

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "codeccontext.h"
-#include "picturepacing.h"
+#include "framepacing.h"
 
 #include <deque>
 
@@ -14,19 +14,19 @@ class SerialDecoder {
 public:
     /// `context` must be open and must not thread across pictures. `memory` counts its pictures and
     /// is told where the decoder runs out of it; it must outlive this object.
-    SerialDecoder(CodecContextPointer context, PictureMemory& memory);
+    SerialDecoder(CodecContextPointer context, FrameBudget& memory);
 
-    /// The picture that comes with the packet, as `PicturePacing` says; null if there is none. What
+    /// The picture that comes with the packet, as `FramePacing` says; null if there is none. What
     /// the decoder thinks of the packet does not matter: a damaged one can complete a picture, too,
     /// and a good one need not.
-    PicturePointer decode(const AVPacket& packet);
+    AVFramePointer decode(const AVPacket& packet);
 
     /// Whether the decoder has refused what it was given last.
     bool hasRefused() const { return isRefused; }
 
     /// The first of the pictures that the decoder still holds; null if it holds none. Nothing can
     /// be decoded from then on.
-    PicturePointer takeHeld();
+    AVFramePointer takeHeld();
 
     /// Forgets all packets so far.
     void flush();
@@ -35,14 +35,14 @@ public:
     double frameRate() const { return frameRateOf(*context); }
 
 private:
-    PicturePointer nextWaiting();
+    AVFramePointer nextWaiting();
     void noteRefusal(int result);
 
     CodecContextPointer context;
-    PictureMemory& memory;
-    PicturePacing pacing;
+    FrameBudget& memory;
+    FramePacing pacing;
     qint64 packets = 0;                 ///< so far
     bool isRefused = false;             ///< the last one
-    PicturePointer picture;             ///< reused until the decoder has filled it
-    std::deque<PicturePointer> waiting; ///< to be handed out, one for each packet
+    AVFramePointer picture;             ///< reused until the decoder has filled it
+    std::deque<AVFramePointer> waiting; ///< to be handed out, one for each packet
 };

@@ -4,8 +4,8 @@
 
 #include "decodeahead.h"
 
+#include "framebudget.h"
 #include "logging.h"
-#include "picturememory.h"
 #include "videodecoder.h"
 
 #include <new>

@@ -20,7 +20,7 @@ constexpr int mostKeyDecoders = 8;
 
 } // namespace
 
-bool DecodingContext::open(const char* fileName, int mostThreads, bool areKeysWanted,
+bool DecodingContext::open(const char* fileName, int mostThreads, bool isKeyframesOnly,
                            const PictureComparisonMaker& comparison) {
     threads = mostThreads;
     if (!reader.open(fileName)) {
@@ -28,15 +28,15 @@ bool DecodingContext::open(const char* fileName, int mostThreads, bool areKeysWa
         return false;
     }
     const AVCodecParameters& parameters = *reader.stream()->codecpar;
-    if (areKeysWanted) {
+    if (isKeyframesOnly) {
         reader.readKeyFramesOnly();
         QMutexLocker lock(&ffmpegMutex());
         return openKeys();
     }
-    // A pipe may have its packets come slowly; a stretch is read as a whole.
+    // A pipe may have its packets come slowly; a chunk is read as a whole.
     const bool mayCut = comparison && reader.canReopen();
-    const StretchPlan plan = mayCut ? planStretches(parameters, threads) : StretchPlan();
-    return plan.workers > 0 ? openStretches(plan, comparison) : openWhole(parameters, nullptr);
+    const ChunkPlan plan = mayCut ? planChunks(parameters, threads) : ChunkPlan();
+    return plan.workers > 0 ? openChunks(plan, comparison) : openWhole(parameters, nullptr);
 }
 
 OpenedCodec DecodingContext::openLocked(const AVCodecParameters& parameters, int count) {
@@ -64,14 +64,13 @@ bool DecodingContext::openWhole(const AVCodecParameters& parameters, const AVPac
     return true;
 }
 
-bool DecodingContext::openStretches(const StretchPlan& plan,
-                                    const PictureComparisonMaker& comparison) {
+bool DecodingContext::openChunks(const ChunkPlan& plan, const PictureComparisonMaker& comparison) {
     OpenedCodec opened = openLocked(*reader.stream()->codecpar, 1);
     if (!opened.context)
         return false;
-    qCDebug(engineLog, "stretches, %d at a time", plan.workers);
-    stretches = std::make_unique<StretchReader>(reader, memory, std::move(opened.context), plan,
-                                                comparison, stretchKeeper);
+    qCDebug(engineLog, "chunks, %d at a time", plan.workers);
+    chunks = std::make_unique<ChunkReader>(reader, memory, std::move(opened.context), plan,
+                                           comparison, chunkKeeper);
     return true;
 }
 
@@ -90,7 +89,7 @@ bool DecodingContext::openKeys() {
     if (contexts.empty())
         return false;
     codecName = avcodec_get_name(contexts.front()->codec_id);
-    keys = std::make_unique<KeyFrameDecoder>(std::move(contexts));
+    keys = std::make_unique<KeyframeDecoder>(std::move(contexts));
     return true;
 }
 
@@ -114,18 +113,18 @@ std::optional<CompletedPicture> DecodingContext::nextPicture() {
     return serial ? nextSerialPicture() : std::nullopt;
 }
 
-std::optional<StretchedPicture> DecodingContext::nextStretchedPicture() {
-    auto picture = stretches->next();
-    if (!picture && stretches->isInDoubt() && !reader.isInterrupted())
-        leaveStretches();
+std::optional<ChunkFrame> DecodingContext::nextChunkFrame() {
+    auto picture = chunks->next();
+    if (!picture && chunks->isInDoubt() && !reader.isInterrupted())
+        leaveChunks();
     return picture;
 }
 
-/// Goes on as if there had been no stretches, just behind the last picture that was handed out.
-void DecodingContext::leaveStretches() {
-    StretchReader::Rest rest = stretches->takeRest();
-    qCDebug(engineLog, "no stretches from packet %lld on", static_cast<long long>(rest.lastNumber));
-    stretches.reset();
+/// Goes on as if there had been no chunks, just behind the last picture that was handed out.
+void DecodingContext::leaveChunks() {
+    ChunkReader::Rest rest = chunks->takeRest();
+    qCDebug(engineLog, "no chunks from packet %lld on", static_cast<long long>(rest.lastNumber));
+    chunks.reset();
     if (rest.isDamaged)
         threads = 1;
     memory.tryAgain();
@@ -133,7 +132,7 @@ void DecodingContext::leaveStretches() {
         end = {ReadEnd::Cause::OutOfMemory, error};
 }
 
-bool DecodingContext::goOn(StretchReader::Rest rest) {
+bool DecodingContext::goOn(ChunkReader::Rest rest) {
     lastNumber = rest.lastNumber;
     if (rest.packets.empty() && !reader.reopen()) {
         error = reader.errorText();
@@ -162,7 +161,7 @@ std::optional<CompletedPicture> DecodingContext::nextKeyPicture() {
 
 std::optional<CompletedPicture> DecodingContext::nextSerialPicture() {
     while (auto next = nextSerialPacket()) {
-        PicturePointer picture = serial->decode(*next->packet);
+        AVFramePointer picture = serial->decode(*next->packet);
         noteRefusal(next->number);
         if (memory.hasFailed()) {
             end = {ReadEnd::Cause::OutOfMemory, memory.errorText()};

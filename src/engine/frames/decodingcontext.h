@@ -4,12 +4,12 @@
 
 #pragma once
 
+#include "chunkreader.h"
 #include "framethreadeddecoder.h"
 #include "keyframedecoder.h"
 #include "packetreader.h"
 #include "partreading.h"
 #include "serialdecoder.h"
-#include "stretchreader.h"
 
 #include <cstdint>
 #include <deque>
@@ -19,13 +19,12 @@
 /// One open file. Exactly one of the four decoders is there once the file is open.
 struct DecodingContext {
     PacketReader reader;
-    PictureMemory memory; ///< outlives the decoders
+    FrameBudget memory; ///< outlives the decoders
     std::unique_ptr<FrameThreadedDecoder> threaded;
     std::unique_ptr<SerialDecoder> serial;
-    std::unique_ptr<KeyFrameDecoder> keys;
-    std::unique_ptr<StretchReader>
-        stretches;                     ///< gone where `ffmpegMutex` is held to close the rest
-    PictureKeeperMaker stretchKeeper;  ///< of `stretches`; may be null. Set before `open`.
+    std::unique_ptr<KeyframeDecoder> keys;
+    std::unique_ptr<ChunkReader> chunks; ///< gone where `ffmpegMutex` is held to close the rest
+    PictureKeeperMaker chunkKeeper;      ///< of `chunks`; may be null. Set before `open`.
     std::deque<NumberedPacket> replay; ///< packets that the serial decoder takes before reading on
     qint64 lastNumber = -1;            ///< packet that completed the last picture handed out
     int threads = 1;                   ///< that may decode
@@ -36,16 +35,16 @@ struct DecodingContext {
     qint64 undecodedPackets = 0;     ///< behind the first picture, but for the last one so far
 
     /// False if it cannot be opened; `error` tells why. With a `comparison` the file is decoded in
-    /// stretches where that is exact and pays.
-    bool open(const char* fileName, int threads, bool areKeysWanted,
+    /// chunks where that is exact and pays.
+    bool open(const char* fileName, int threads, bool isKeyframesOnly,
               const PictureComparisonMaker& comparison);
 
-    /// Nothing at the end; `end` or the reader's tells why. Not while there are stretches.
+    /// Nothing at the end; `end` or the reader's tells why. Not while there are chunks.
     std::optional<CompletedPicture> nextPicture();
 
-    /// The same of `stretches`, which must be there. They are gone once the rest is to be had from
+    /// The same of `chunks`, which must be there. They are gone once the rest is to be had from
     /// `nextPicture`.
-    std::optional<StretchedPicture> nextStretchedPicture();
+    std::optional<ChunkFrame> nextChunkFrame();
 
     /// As `VideoDecoder::skipTo`, in the stream's time base.
     bool skipTo(std::int64_t dts);
@@ -59,11 +58,11 @@ struct DecodingContext {
 private:
     void watchPart();
     bool openKeys();
-    bool openStretches(const StretchPlan& plan, const PictureComparisonMaker& comparison);
+    bool openChunks(const ChunkPlan& plan, const PictureComparisonMaker& comparison);
     bool openWhole(const AVCodecParameters& parameters, const AVPacket* firstPacket);
     OpenedCodec openLocked(const AVCodecParameters& parameters, int count);
-    void leaveStretches();
-    bool goOn(StretchReader::Rest rest);
+    void leaveChunks();
+    bool goOn(ChunkReader::Rest rest);
     std::optional<NumberedPacket> seekToKey(std::int64_t latest);
     std::optional<NumberedPacket> nextKey();
     std::optional<CompletedPicture> nextKeyPicture();

@@ -10,7 +10,7 @@
 
 PartReading::PartReading(const AVCodecParameters& parameters, RecordingPart part, qint64 fileBytes,
                          qint64 delay)
-    : borders(parameters)
+    : accessPoints(parameters)
     , codec(parameters.codec_id)
     , part(part)
     , fileBytes(fileBytes)
@@ -23,16 +23,16 @@ void PartReading::add(const NumberedPacket& packet) {
         return;
     next = packet.number + 1;
     farthest = std::max(farthest, packet.packet->pos);
-    const PacketKind kind = borders.next(*packet.packet);
-    if (kind.border != PacketKind::Border::None && packet.number > 0)
-        placeBorders(packet.number, kind);
+    const PacketKind kind = accessPoints.next(*packet.packet);
+    if (kind.access != PacketKind::Access::None && packet.number > 0)
+        placeAccessPoints(packet.number, kind);
     // What lies before the run-up is another part's affair.
-    if (kind.isSuspect && endPacket < 0)
+    if (kind.isDiscontinuity && endPacket < 0)
         areAllRegular = false;
 }
 
-/// A border can be the end of several parts, which are empty then, all but one.
-void PartReading::placeBorders(qint64 packet, const PacketKind& kind) {
+/// An access point can be the end of several parts, which are empty then, all but one.
+void PartReading::placeAccessPoints(qint64 packet, const PacketKind& kind) {
     const auto isBehind = [this](int parts) {
         return double(farthest) * part.count >= double(fileBytes) * parts;
     };
@@ -43,7 +43,7 @@ void PartReading::placeBorders(qint64 packet, const PacketKind& kind) {
     if (firstPacket >= 0)
         return;
     runUpPacket = packet;
-    isRunUpClosed = kind.border == PacketKind::Border::Closed;
+    isRunUpClosed = kind.access == PacketKind::Access::ClosedGop;
     areAllRegular = true;
 }
 
@@ -75,7 +75,7 @@ bool PartReading::isInside(const AVFrame& picture, qint64 completedBy, bool isTi
     return true;
 }
 
-/// Behind an open border the first pictures can be missing, but not the one before the part.
+/// Behind an open GOP the first pictures can be missing, but not the one before the part.
 bool PartReading::isWhereExpected(qint64 completedBy) const {
     const qint64 expected = lastCompletedBy < 0 ? runUpPacket + pictureDelay : lastCompletedBy + 1;
     const qint64 beforePart = std::max<qint64>(firstPacket - 1, 0) + pictureDelay;

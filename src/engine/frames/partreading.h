@@ -5,8 +5,8 @@
 #pragma once
 
 #include "packetskip.h"
+#include "randomaccesspoints.h"
 #include "recordingpart.h"
-#include "streamborders.h"
 
 #include <QSize>
 
@@ -19,8 +19,8 @@
 ///
 /// Part K of N begins with the first packet at which decoding can begin and that lies at or behind
 /// (K - 1) / N of the file's bytes, and ends with the packet before the one with which the next
-/// part begins: whoever measures another part finds the same borders. Packet P of a regular stream
-/// shows picture P - `delay`, counted from 0 in the order in which pictures are shown.
+/// part begins: whoever measures another part finds the same accessPoints. Packet P of a regular
+/// stream shows picture P - `delay`, counted from 0 in the order in which pictures are shown.
 class PartReading {
 public:
     /// `fileBytes`: of the file; `delay`: the packet that completed its first picture.
@@ -43,8 +43,8 @@ public:
 
     qint64 delay() const { return pictureDelay; }
 
-    /// Where decoding begins: one border before the part, so that what its first pictures refer to
-    /// and are compared with is there. 0 before the part has begun and there was none.
+    /// Where decoding begins: one access point before the part, so that what its first pictures
+    /// refer to and are compared with is there. 0 before the part has begun and there was none.
     qint64 runUp() const { return runUpPacket; }
 
     /// Has decoding begin with the stream's first packet.
@@ -61,11 +61,11 @@ public:
     bool isRegular() const { return areAllRegular; }
 
 private:
-    void placeBorders(qint64 packet, const PacketKind& kind);
+    void placeAccessPoints(qint64 packet, const PacketKind& kind);
     bool isWhereExpected(qint64 completedBy) const;
     bool isSound(const AVFrame& picture) const;
 
-    StreamBorders borders;
+    RandomAccessPoints accessPoints;
     AVCodecID codec;
     RecordingPart part;
     qint64 fileBytes;
@@ -73,7 +73,7 @@ private:
     QSize size;                ///< pixels, of all pictures
     qint64 next = 0;           ///< number of the packet to come
     std::int64_t farthest = 0; ///< bytes, of the packets so far
-    qint64 runUpPacket = 0;    ///< the last border before the part
+    qint64 runUpPacket = 0;    ///< the last access point before the part
     bool isRunUpClosed = true; ///< all that follows it can be decoded
     qint64 firstPacket = -1;
     qint64 endPacket = -1;

@@ -14,9 +14,9 @@ PictureSource::PictureSource(VideoDecoder& decoder, bool isAhead, const TimeOpti
     , clock(times) {}
 
 TimedPicture PictureSource::next() {
-    if (decoder.hasStretches()) {
-        TimedPicture picture = nextStretched();
-        if (picture.isThere() || decoder.hasStretches())
+    if (decoder.hasChunks()) {
+        TimedPicture picture = nextChunked();
+        if (picture.isThere() || decoder.hasChunks())
             return picture;
     }
     if (!frames)
@@ -30,11 +30,11 @@ TimedPicture PictureSource::next() {
     return timed({std::move(frame), 0.0, std::nullopt}, stored);
 }
 
-TimedPicture PictureSource::nextStretched() {
-    std::optional<StretchedPicture> picture;
+TimedPicture PictureSource::nextChunked() {
+    std::optional<ChunkFrame> picture;
     ReadEnd end;
     try {
-        picture = decoder.readStretched();
+        picture = decoder.readChunked();
         end = decoder.readEnd();
     } catch (const std::bad_alloc&) {
         end = {ReadEnd::Cause::OutOfMemory, QStringLiteral("out of memory")};

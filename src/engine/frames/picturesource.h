@@ -4,30 +4,30 @@
 
 #pragma once
 
+#include "chunkframe.h"
 #include "decodeahead.h"
 #include "pictureclock.h"
-#include "stretchedpicture.h"
 
 #include <optional>
 
 /// A picture with the time that the detection goes by.
 ///
-/// It has a frame, or a place in a stretch, or neither at the end.
+/// It has a frame, or a place in a chunk, or neither at the end.
 struct TimedPicture {
     std::shared_ptr<const DecodedFrame> frame;
     double time = 0.0; ///< seconds
-    std::optional<StretchedPicture> stretched;
+    std::optional<ChunkFrame> chunked;
 
-    bool isThere() const { return frame || stretched; }
-    qint64 packet() const { return frame ? frame->packet : stretched->packet; }
-    int width() const { return frame ? frame->width() : stretched->width; }
-    int height() const { return frame ? frame->height() : stretched->height; }
+    bool isThere() const { return frame || chunked; }
+    qint64 packet() const { return frame ? frame->packet : chunked->packet; }
+    int width() const { return frame ? frame->width() : chunked->width; }
+    int height() const { return frame ? frame->height() : chunked->height; }
 };
 
 /// The pictures of an open file, with the times that the options make of them.
 class PictureSource {
 public:
-    /// `decoder` is as for `DecodeAhead`, and may have stretches.
+    /// `decoder` is as for `DecodeAhead`, and may have chunks.
     PictureSource(VideoDecoder& decoder, bool isAhead, const TimeOptions& times);
 
     /// The next picture; waits for it. A first one whose time is of no use is none.
@@ -48,12 +48,12 @@ public:
     double frameRate() const { return clock.frameRate(); }
 
 private:
-    TimedPicture nextStretched();
+    TimedPicture nextChunked();
     TimedPicture timed(TimedPicture picture, const StoredTime& stored);
 
     VideoDecoder& decoder;
     bool isAhead;
-    std::optional<DecodeAhead> frames; ///< once there are no stretches, or no more
+    std::optional<DecodeAhead> frames; ///< once there are no chunks, or no more
     PictureClock clock;
     ReadPicture last;
     bool hasUselessFirst = false;

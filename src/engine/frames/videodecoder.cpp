@@ -45,21 +45,21 @@ bool VideoDecoder::open(const char* fileName) {
     close();
     context = std::make_unique<DecodingContext>();
     context->reader.setInterrupt(interrupt);
-    context->stretchKeeper = stretchKeeper;
-    return context->open(fileName, threads, areKeysWanted, stretchComparison);
+    context->chunkKeeper = chunkKeeper;
+    return context->open(fileName, threads, isKeyframesOnly, chunkComparison);
 }
 
-void VideoDecoder::setStretches(PictureComparisonMaker maker, PictureKeeperMaker keeperMaker) {
-    stretchComparison = std::move(maker);
-    stretchKeeper = std::move(keeperMaker);
+void VideoDecoder::setChunks(PictureComparisonMaker maker, PictureKeeperMaker keeperMaker) {
+    chunkComparison = std::move(maker);
+    chunkKeeper = std::move(keeperMaker);
 }
 
-bool VideoDecoder::hasStretches() const {
-    return context && context->stretches;
+bool VideoDecoder::hasChunks() const {
+    return context && context->chunks;
 }
 
-std::optional<StretchedPicture> VideoDecoder::readStretched() {
-    return hasStretches() ? context->nextStretchedPicture() : std::nullopt;
+std::optional<ChunkFrame> VideoDecoder::readChunked() {
+    return hasChunks() ? context->nextChunkFrame() : std::nullopt;
 }
 
 DecodedFrame* VideoDecoder::readFrame(bool clone) {
@@ -123,8 +123,8 @@ ReadEnd VideoDecoder::readEnd() const {
 }
 
 DecodedFrame* VideoDecoder::takeHeldFrame() {
-    PicturePointer picture =
-        context && context->serial ? context->serial->takeHeld() : PicturePointer();
+    AVFramePointer picture =
+        context && context->serial ? context->serial->takeHeld() : AVFramePointer();
     if (!picture)
         return nullptr;
     const AVStream* stream = context->reader.stream();
@@ -135,7 +135,7 @@ void VideoDecoder::close() {
     if (!context)
         return;
     // Its threads take the mutex themselves.
-    context->stretches.reset();
+    context->chunks.reset();
     QMutexLocker lock(&ffmpegMutex());
     context.reset();
 }
@@ -162,7 +162,7 @@ bool VideoDecoder::isIntraOnly() const {
 
 double VideoDecoder::headerFrameRate() const {
     const AVStream* stream = context ? context->reader.stream() : nullptr;
-    if (!stream || stream->start_time != AV_NOPTS_VALUE || context->keys || context->stretches)
+    if (!stream || stream->start_time != AV_NOPTS_VALUE || context->keys || context->chunks)
         return 0.0;
     return context->threaded ? context->threaded->frameRate() : context->serial->frameRate();
 }

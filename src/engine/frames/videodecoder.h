@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "chunkframe.h"
 #include "decodedframe.h"
 #include "picturecomparison.h"
 #include "picturekeeper.h"
@@ -11,7 +12,6 @@
 #include "readingsigns.h"
 #include "recordingpart.h"
 #include "streamdescription.h"
-#include "stretchedpicture.h"
 
 #include <QByteArray>
 #include <QString>
@@ -46,22 +46,22 @@ public:
 
     /// Has the files that are opened from now on give their key frames alone, each with the time at
     /// which it is shown.
-    void setKeyFramesOnly(bool areWanted) { areKeysWanted = areWanted; }
+    void setKeyframesOnly(bool areWanted) { isKeyframesOnly = areWanted; }
 
-    /// Has the files that are opened from now on decoded in stretches side by side where that is
+    /// Has the files that are opened from now on decoded in chunks side by side where that is
     /// exact and pays. Their pictures are compared where they are decoded, with what `maker` makes
-    /// for each thread, and come from `readStretched`.
-    void setStretches(PictureComparisonMaker maker, PictureKeeperMaker keeperMaker = {});
+    /// for each thread, and come from `readChunked`.
+    void setChunks(PictureComparisonMaker maker, PictureKeeperMaker keeperMaker = {});
 
     /// Opens the file at the path `fileName` (UTF-8) and never any other, closing what was open.
     /// False if there is no readable video stream or no decoder for it; `errorText` then says why.
     bool open(const char* fileName);
 
-    /// The next picture of a file that is decoded in stretches. Nothing at the end, for which
-    /// `readEnd` tells the reason, and where there are none or no more: while `hasStretches` is
+    /// The next picture of a file that is decoded in chunks. Nothing at the end, for which
+    /// `readEnd` tells the reason, and where there are none or no more: while `hasChunks` is
     /// false the pictures come from `readFrame`.
-    std::optional<StretchedPicture> readStretched();
-    bool hasStretches() const;
+    std::optional<ChunkFrame> readChunked();
+    bool hasChunks() const;
 
     /// The next picture, or null at end of file and on any read error; `readEnd` tells which.
     ///
@@ -144,7 +144,7 @@ private:
     std::unique_ptr<DecodingContext> context; ///< null while nothing is open
     std::function<bool()> interrupt;
     int threads;
-    bool areKeysWanted = false;
-    PictureComparisonMaker stretchComparison; ///< null: no stretches
-    PictureKeeperMaker stretchKeeper;
+    bool isKeyframesOnly = false;
+    PictureComparisonMaker chunkComparison; ///< null: no chunks
+    PictureKeeperMaker chunkKeeper;
 };

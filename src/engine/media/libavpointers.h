@@ -16,7 +16,7 @@ struct PacketDeleter {
     void operator()(AVPacket* packet) const { av_packet_free(&packet); }
 };
 
-struct PictureDeleter {
+struct AVFrameDeleter {
     void operator()(AVFrame* picture) const { av_frame_free(&picture); }
 };
 
@@ -29,7 +29,7 @@ struct ParametersDeleter {
 };
 
 using PacketPointer = std::unique_ptr<AVPacket, PacketDeleter>;
-using PicturePointer = std::unique_ptr<AVFrame, PictureDeleter>;
+using AVFramePointer = std::unique_ptr<AVFrame, AVFrameDeleter>;
 using CodecContextPointer = std::unique_ptr<AVCodecContext, CodecContextDeleter>;
 
 using ParametersPointer = std::unique_ptr<AVCodecParameters, ParametersDeleter>;

@@ -172,7 +172,7 @@ void PacketReader::close() {
     watch = nullptr;
     returned.clear();
     nextNumber = 0;
-    areKeysWanted = false;
+    isKeyframesOnly = false;
     hasEnded = false;
     end = {};
     error.clear();
@@ -207,13 +207,13 @@ std::optional<NumberedPacket> PacketReader::read() {
 }
 
 bool PacketReader::isWanted(const AVPacket& packet) const {
-    return !areKeysWanted || (packet.flags & AV_PKT_FLAG_KEY) != 0;
+    return !isKeyframesOnly || (packet.flags & AV_PKT_FLAG_KEY) != 0;
 }
 
 /// Where the container has a list of its packets, the others are then not even read. MP4 files
 /// count wrong what they leave out where pictures are not shown in the order of their packets.
 void PacketReader::readKeyFramesOnly() {
-    areKeysWanted = true;
+    isKeyframesOnly = true;
     for (unsigned i = 0; i < format->nb_streams; ++i)
         format->streams[i]->discard = AVDISCARD_ALL;
     AVStream& stream = *format->streams[streamIndex];

@@ -109,7 +109,7 @@ private:
     std::function<void(const NumberedPacket&)> watch;
     std::deque<NumberedPacket> returned;
     qint64 nextNumber = 0;
-    bool areKeysWanted = false; ///< nothing but key frames
+    bool isKeyframesOnly = false; ///< nothing but key frames
     bool hasEnded = false;
     ReadEnd end;
     QString error;

@@ -15,7 +15,7 @@ ClipSegmenter::ClipSegmenter(const SegmentationOptions& options, double origin, 
                              ClipPicturePointer firstPicture)
     : options(options)
     , origin(origin)
-    , vote(series, options.minimum, options.thresholdMotion, options.fewestCompared)
+    , vote(series, options.minimum, options.motionThreshold, options.fewestCompared)
     , candidates(options.minimum)
     , previousPicture(std::move(firstPicture))
     , previousTime(firstTime) {}
@@ -53,7 +53,7 @@ double ClipSegmenter::earliestStart() const {
 // takes at least the threshold to open a clip and more than it to keep one open.
 std::optional<DetectedClip> ClipSegmenter::continueClip(float motion, double time,
                                                         const ClipPicturePointer& picture) {
-    if (motion <= options.thresholdMotion) {
+    if (motion <= options.motionThreshold) {
         if (time - lastMotionTime > options.postrecord)
             return closeClip(time);
         return std::nullopt;

@@ -18,7 +18,7 @@ struct SegmentationOptions {
     double prerecord = 1.0;       ///< seconds before the voting window at which a clip starts
     double postrecord = 1.0;      ///< seconds of quiet after which a clip ends
     double minimum = 5.0;         ///< seconds, 0 or more; length of the voting window
-    float thresholdMotion = 0.5F; ///< motion value that separates motion from quiet
+    float motionThreshold = 0.5F; ///< motion value that separates motion from quiet
     int fewestCompared = 0;       ///< the window is widened where it holds fewer motion values
 };
 

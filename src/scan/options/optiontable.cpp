@@ -99,7 +99,7 @@ QVector<ScanOption> makeOptions() {
                  stored(G::Clips, "threshold-value", "N", settings::thresholdValue,
                         "How much a pixel must change to count; more for noisy videos")),
         inWindow("Motion detection threshold",
-                 stored(G::Clips, "threshold-motion", "X", settings::thresholdMotion,
+                 stored(G::Clips, "threshold-motion", "X", settings::motionThreshold,
                         "Mean change of the pixels that is motion; more for fewer clips")),
         withRange(
             valued(G::Clips, "merge", K::Number, "S",
