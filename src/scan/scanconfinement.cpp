@@ -49,16 +49,6 @@ Grants grantsOf(const ScanOptions& options) {
 
 } // namespace
 
-QString protectionText() {
-    const Protections offered = offeredProtections();
-    const auto state = [](bool isOffered) {
-        return isOffered ? QStringLiteral("yes") : QStringLiteral("no, this system has none");
-    };
-    return QStringLiteral("confined to its files (Landlock): %1\n"
-                          "confined to its system calls (seccomp): %2\n")
-        .arg(state(offered.files), state(offered.calls));
-}
-
 void confine(const ScanOptions& options) {
     const Confinement confinement(grantsOf(options));
     const int error = confinement.apply();

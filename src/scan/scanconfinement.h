@@ -6,9 +6,6 @@
 
 #include "scanoptions.h"
 
-/// Which protections there are, as a line for a person.
-QString protectionText();
-
 /// Confines the program (`Confinement`), which must have one thread and have made its folders, to
 /// what a scan with these options opens from then on: the recordings that were named, its folders
 /// and the encoder. Where this fails it says so on standard error.

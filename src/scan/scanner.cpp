@@ -8,6 +8,7 @@
 #include "foreignlink.h"
 #include "interrupt.h"
 #include "logging.h"
+#include "namedvalues.h"
 #include "partscan.h"
 #include "recordingscan.h"
 #include "tracefile.h"
@@ -230,7 +231,7 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output,
     std::vector<ClipExport> exports;
     exports.reserve(std::size_t(recordings));
     for (int i = 0; i < recordings; ++i)
-        exports.emplace_back(options.videos[i], options.exporting, folders, i);
+        exports.emplace_back(options.videos[i], options.exporting, folders, i, isEnding);
     Totals totals(options.videos);
     std::optional<ScanReport> report;
     if (!options.reportDirectory.isEmpty())

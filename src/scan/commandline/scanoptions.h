@@ -44,14 +44,13 @@ struct ScanOptions {
     QString snapshotDirectory; ///< empty: no snapshots
     QString reportDirectory;   ///< empty: no report
     ExportOptions exporting;
-    QString traceFile;               ///< empty: no trace
-    QString valuesDirectory;         ///< empty: no motion values are kept
-    bool isMissingAsked = false;     ///< names are those of recordings without kept values
-    QStringList givenMeasureOptions; ///< names of those that a person gave, of all that values
-                                     ///< depend on
-    QStringList valuesFiles;         ///< one per video, empty where the recording itself was named
-    int jobs = 1;                    ///< recordings scanned side by side, 1 or more
-    bool quiet = false;              ///< no progress and no summary on standard error
+    QString traceFile;           ///< empty: no trace
+    QString valuesDirectory;     ///< empty: no motion values are kept
+    bool isMissingAsked = false; ///< names are those of recordings without kept values
+    QStringList givenOptions;    ///< names of those that a person gave
+    QStringList valuesFiles;     ///< one per video, empty where the recording itself was named
+    int jobs = 1;                ///< recordings scanned side by side, 1 or more
+    bool quiet = false;          ///< no progress and no summary on standard error
 };
 
 /// The scanner's exit statuses. After SomeUnreadable alone it makes no sense to try again: all was

@@ -66,7 +66,3 @@ private:
     MeasureSettings settings;
     PartFiles parts;
 };
-
-/// `options` with the recordings themselves in the places of values files that were named, which
-/// then stand in `valuesFiles`.
-ScanOptions withNamedValues(ScanOptions options);

@@ -10,13 +10,15 @@
 #include "scanoptions.h"
 #include "watchedrecording.h"
 
+#include <functional>
+
 /// Exports the clips of one recording, one after the other, into a folder of their own.
 class ClipExport {
 public:
     /// `recording` is the place of the recording among those of `folders`. All but `video` must
-    /// outlive the export.
+    /// outlive the export. `isEnding` answers whether the scan is to end.
     ClipExport(const QString& video, const ExportOptions& options, ClipFolders& folders,
-               int recording);
+               int recording, std::function<bool()> isEnding);
 
     /// The encoder seeks on decoded pictures where each of them stands alone.
     void setCodec(const QByteArray& codecName) { source.isIntraCodec = isIntraCodec(codecName); }
@@ -36,5 +38,6 @@ private:
     const ExportOptions& options;
     ClipFolders& folders;
     int recording;
+    std::function<bool()> isEnding;
     EncodedVideo source;
 };

@@ -6,7 +6,6 @@
 
 #include "encoderchatter.h"
 #include "encoderpath.h"
-#include "interrupt.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>
@@ -42,7 +41,7 @@ void hear(QProcess& encoder, EncoderChatter& chatter, const Condition& isOver) {
 }
 
 /// Waits for the end, however long it takes, but not past the end of the scan.
-void waitForEnd(QProcess& encoder, EncoderChatter& chatter) {
+void waitForEnd(QProcess& encoder, EncoderChatter& chatter, const std::function<bool()>& isEnding) {
     hear(encoder, chatter, isEnding);
     if (encoder.state() == QProcess::NotRunning)
         return;
@@ -66,13 +65,14 @@ QString flaw(const QFileInfo& file, const QString& reason) {
     return {};
 }
 
-QString failureOf(const QProcess& encoder, const EncoderChatter& chatter, const QString& path) {
+QString failureOf(const QProcess& encoder, const EncoderChatter& chatter, const QString& path,
+                  bool isCutShort) {
     const bool hasCrashed = encoder.exitStatus() == QProcess::CrashExit;
     const QString reason = chatter.reason();
     QString failure;
     if (!hasCrashed && encoder.exitCode() == 0)
         failure = flaw(QFileInfo(path), reason);
-    else if (isEnding())
+    else if (isCutShort)
         return QStringLiteral("interrupted");
     else
         failure = hasCrashed ? QStringLiteral("the encoder crashed")
@@ -82,7 +82,7 @@ QString failureOf(const QProcess& encoder, const EncoderChatter& chatter, const 
 
 } // namespace
 
-QString runEncoder(const EncoderCall& call) {
+QString runEncoder(const EncoderCall& call, const std::function<bool()>& isEnding) {
     Encoder encoder;
     encoder.setStandardInputFile(QProcess::nullDevice());
     encoder.setStandardOutputFile(QProcess::nullDevice());
@@ -93,9 +93,9 @@ QString runEncoder(const EncoderCall& call) {
     if (!encoder.waitForStarted(-1))
         return QStringLiteral("the encoder cannot be started: %1").arg(encoder.errorString());
     EncoderChatter chatter;
-    waitForEnd(encoder, chatter);
+    waitForEnd(encoder, chatter, isEnding);
     const QFileInfo file(call.outputPath);
-    QString failure = failureOf(encoder, chatter, call.outputPath);
+    QString failure = failureOf(encoder, chatter, call.outputPath, isEnding());
     if (file.isFile() && file.size() == 0)
         QFile::remove(call.outputPath);
     return failure;

@@ -6,16 +6,18 @@
 
 #include "containername.h"
 #include "encoderrun.h"
-#include "interrupt.h"
 #include "timeofday.h"
 
 #include <QFileInfo>
 
+#include <utility>
+
 ClipExport::ClipExport(const QString& video, const ExportOptions& options, ClipFolders& folders,
-                       int recording)
+                       int recording, std::function<bool()> isEnding)
     : options(options)
     , folders(folders)
-    , recording(recording) {
+    , recording(recording)
+    , isEnding(std::move(isEnding)) {
     // The encoder runs in another directory.
     source.fileName = QFileInfo(video).absoluteFilePath();
     source.exportTimestamps = options.startDateTime.isValid();
@@ -35,7 +37,7 @@ QString ClipExport::run(ClipLine& line, WatchedRecording* video) {
     source.clipDirectory = folder.path;
     const EncoderCall call = callFor(line.clip);
     line.exportFile = call.outputPath;
-    QString failure = runEncoder(call);
+    QString failure = runEncoder(call, isEnding);
     if (failure.isEmpty() && video && !video->flaw().isEmpty())
         failure = QStringLiteral("this may show something else: the recording was changed while it "
                                  "was cut out");

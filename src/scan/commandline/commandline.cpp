@@ -4,16 +4,15 @@
 
 #include "commandline.h"
 
-#include "measuresettings.h"
+#include "namedvalues.h"
 #include "optiontable.h"
 #include "optiontext.h"
 #include "optionvalues.h"
 #include "recordings.h"
 #include "regionoptions.h"
-#include "scanconfinement.h"
 #include "suggestion.h"
 #include "timetext.h"
-#include "valuesstore.h"
+#include "versiontext.h"
 
 #include <QCommandLineParser>
 #include <QFile>
@@ -199,9 +198,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     if (parser.isSet("help"))
         return {CommandLine::Action::PrintText, {}, helpText()};
     if (parser.isSet("version"))
-        return {CommandLine::Action::PrintText,
-                {},
-                QStringLiteral("kestrova-scan " KESTROVA_VERSION "\n") + protectionText()};
+        return {CommandLine::Action::PrintText, {}, versionText()};
 
     OptionValues values(parser);
     ScanOptions options;
@@ -218,10 +215,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     options.exporting = readExport(parser, values);
     options.traceFile = parser.value("trace");
     options.valuesDirectory = parser.value("values");
-    for (const QString& option : measureOptionNames()) {
-        if (parser.isSet(option))
-            options.givenMeasureOptions += option;
-    }
+    options.givenOptions = parser.optionNames();
     options.isMissingAsked = parser.isSet("unmeasured");
     if (options.isMissingAsked && (options.part || !parser.isSet("values")))
         values.reject(QStringLiteral("--unmeasured needs --values, and excludes --part"));

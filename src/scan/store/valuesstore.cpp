@@ -28,16 +28,6 @@ bool isUnproved(const RecordingStamp& kept, const RecordingStamp& found) {
 
 } // namespace
 
-ScanOptions withNamedValues(ScanOptions options) {
-    for (QString& video : options.videos) {
-        const auto recording = isValuesName(video) ? recordingNamedIn(video) : std::nullopt;
-        options.valuesFiles.append(recording ? video : QString());
-        if (recording && !recording->isEmpty())
-            video = QFile::decodeName(*recording);
-    }
-    return options;
-}
-
 ValuesStore::ValuesStore(const ScanOptions& options, Messages& messages)
     : options(options)
     , messages(messages)
@@ -81,7 +71,7 @@ ValuesStore::Found ValuesStore::findNamed(const QString& path, const QString& vi
         QFile::decodeName(reading.values.recording.path) != video)
         flaw = QStringLiteral("it is of another recording now");
     else if (reading.state == ValuesReading::State::Good)
-        flaw = disagreement(options.givenMeasureOptions, settings, reading.values.settings);
+        flaw = disagreement(options.givenOptions, settings, reading.values.settings);
     found.isRefused = reading.state != ValuesReading::State::Good || !flaw.isEmpty();
     if (found.isRefused) {
         messages.complain(path, flaw.isEmpty() ? QStringLiteral("it is gone") : flaw);
