@@ -6,7 +6,6 @@
 #include "htmltext.h"
 
 #include <QFile>
-#include <QProcess>
 #include <QtTest>
 
 class TestHtmlText : public QObject {
@@ -17,8 +16,6 @@ private Q_SLOTS:
     void namesAreText_data();
     void namesAreText();
     void namesAreIsolated();
-    void shellWordsComeBack_data();
-    void shellWordsComeBack();
     void referencesAreEncoded();
 };
 
@@ -45,24 +42,6 @@ void TestHtmlText::namesAreText() {
 void TestHtmlText::namesAreIsolated() {
     QCOMPARE(isolatedText("<a>"), QByteArray("<bdi>&lt;a&gt;</bdi>"));
     QCOMPARE(isolatedText("a", "source"), QByteArray("<bdi class=\"source\">a</bdi>"));
-}
-
-void TestHtmlText::shellWordsComeBack_data() {
-    QTest::addColumn<QByteArray>("bytes");
-    for (const char* name :
-         {"plain.mp4", "a b", "it's", "$(touch x) `y` \"z\" \\n", "-dash", "line\nbreak\t's \\x",
-          "a\xe2\x80\xae pm", "\xc2\x9b\x9b\r", "no\xffUTF-8 '", "\xf0\x9f\x8e\xa5"})
-        QTest::addRow("%s", QByteArray(name).toPercentEncoding(" ").constData())
-            << QByteArray(name);
-}
-
-void TestHtmlText::shellWordsComeBack() {
-    QFETCH(QByteArray, bytes);
-    const QString command = "printf %s " + shellWord(QFile::decodeName(bytes));
-    QProcess shell;
-    shell.start("bash", {"-c", command});
-    QVERIFY(shell.waitForFinished());
-    QCOMPARE(shell.readAll(), bytes);
 }
 
 void TestHtmlText::referencesAreEncoded() {

@@ -4,7 +4,7 @@
 
 #include "mlt.h"
 
-#include "steering.h"
+#include "escaping.h"
 
 #include <QHash>
 

@@ -4,18 +4,11 @@
 
 #include "playlists.h"
 
+#include "fileurl.h"
+
 #include <QFile>
 
 #include <cmath>
-
-namespace {
-
-/// With every byte encoded that is no letter, digit, or one of "-._~/".
-QByteArray fileUrl(const QString& path) {
-    return "file://" + QFile::encodeName(path).toPercentEncoding("/");
-}
-
-} // namespace
 
 QByteArray m3uHead() {
     return "#EXTM3U\n";
@@ -27,7 +20,7 @@ QByteArray m3uLines(const ListedClip& clip) {
            "#EXTVLCOPT:start-time=" + secondsText(clip.recording.vlcStart + clip.startInFile()) +
            '\n' +
            "#EXTVLCOPT:stop-time=" + secondsText(clip.recording.vlcStart + clip.endInFile()) +
-           '\n' + fileUrl(clip.recording.path) + '\n';
+           '\n' + encodedFileUrl(clip.recording.path) + '\n';
 }
 
 QByteArray mpvHead() {

@@ -6,33 +6,25 @@
 
 namespace {
 
-bool isEscaped(char byte) {
-    return (byte >= 0 && byte < ' ') || byte == '\x7f' || byte == '%';
+/// All bytes but control characters and the percent sign.
+QByteArray keptBytes() {
+    QByteArray kept;
+    for (int byte = ' '; byte <= 0xff; ++byte) {
+        if (byte != 0x7f && byte != '%')
+            kept += char(byte);
+    }
+    return kept;
 }
 
 } // namespace
 
 QByteArray escapedBytes(const QByteArray& bytes) {
-    QByteArray text;
-    for (const char byte : bytes) {
-        if (isEscaped(byte))
-            text += '%' + QByteArray(1, byte).toHex().toUpper();
-        else
-            text += byte;
-    }
-    return text;
+    static const QByteArray kept = keptBytes();
+    return bytes.toPercentEncoding(kept);
 }
 
 std::optional<QByteArray> unescapedBytes(const QByteArray& text) {
-    QByteArray bytes;
-    for (int i = 0; i < text.size(); ++i) {
-        if (text[i] == '%') {
-            bytes += QByteArray::fromHex(text.mid(i + 1, 2));
-            i += 2;
-        } else {
-            bytes += text[i];
-        }
-    }
+    const QByteArray bytes = QByteArray::fromPercentEncoding(text);
     if (escapedBytes(bytes) != text)
         return std::nullopt;
     return bytes;

@@ -4,28 +4,18 @@
 
 #include "fileurl.h"
 
-#include "filenamecodec.h"
+#include <QFile>
 
-namespace {
-
-QString encoded(uchar byte) {
-    return QLatin1Char('%') + QString::number(byte, 16).toUpper();
+QByteArray encodedPath(const QString& path) {
+    return QFile::encodeName(path).toPercentEncoding("/");
 }
 
-} // namespace
+QByteArray encodedFileUrl(const QString& path) {
+    return "file://" + encodedPath(path);
+}
 
 QUrl fileUrl(const QString& path) {
-    QString text = QStringLiteral("file:///");
-    for (int i = 0; i < path.size(); ++i) {
-        const QChar character = path[i];
-        const bool isSecondHalf = i > 0 && path[i - 1].isHighSurrogate();
-        const uchar byte = isSecondHalf ? 0 : undecodedByte(character);
-        if (byte)
-            text += encoded(byte);
-        else if (QStringLiteral("#?%").contains(character))
-            text += encoded(uchar(character.toLatin1()));
-        else
-            text += character;
-    }
-    return QUrl(text);
+    // QUrl decodes letters and blanks itself, but none of these.
+    const QByteArray kept = "/!$&'()*+,;=:@[]";
+    return QUrl::fromEncoded("file:///" + QFile::encodeName(path).toPercentEncoding(kept));
 }

@@ -4,10 +4,18 @@
 
 #pragma once
 
+#include <QByteArray>
+#include <QString>
 #include <QUrl>
 
-/// The URL of a file, given by its absolute path: "file:///" and the path as it stands.
-///
-/// Only the characters that would end the path or mean others are encoded, "#", "?" and "%", and
-/// bytes that are no text (see installFileNameCodec).
+/// Names of files where URLs are written. Bytes are those of QFile::encodeName.
+
+/// A path in a URL or a reference: every byte encoded that is no letter, digit, or one of "-._~/".
+QByteArray encodedPath(const QString& path);
+
+/// The "file:" URL of an absolute path, so encoded.
+QByteArray encodedFileUrl(const QString& path);
+
+/// The URL with which the desktop opens a file, given by its absolute path: "file:///" and the path
+/// as it stands. Only what would end the path or mean other characters is encoded.
 QUrl fileUrl(const QString& path);

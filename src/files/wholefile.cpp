@@ -6,14 +6,13 @@
 
 #include "writing.h"
 
+#include <QFile>
 #include <QFileInfo>
 #include <QRandomGenerator>
 
 #include <cerrno>
 #include <fcntl.h>
-#include <filesystem>
 #include <sys/stat.h>
-#include <system_error>
 #include <unistd.h>
 
 namespace {
@@ -29,7 +28,29 @@ QByteArray randomEnding() {
     return ending;
 }
 
-} // namespace
+/// Functions that answer text say why it could not be done.
+class WholeFile {
+public:
+    explicit WholeFile(const QString& path, FolderLink link);
+    ~WholeFile(); ///< what has not been put in its place is removed
+    WholeFile(const WholeFile&) = delete;
+    WholeFile& operator=(const WholeFile&) = delete;
+
+    QString open();
+    QString write(const QByteArray& bytes);
+    QString commit();
+
+private:
+    QString openBeside();
+    void keepMode();
+
+    QByteArray folderPath;
+    QByteArray name;
+    FolderLink link;
+    int folder = -1;      ///< descriptor of the folder; -1 before it is open
+    QByteArray temporary; ///< name in the folder while it is written; empty: nothing to remove
+    QFile file;
+};
 
 WholeFile::WholeFile(const QString& path, FolderLink link)
     : folderPath(QFile::encodeName(QFileInfo(path).absolutePath()))
@@ -98,15 +119,21 @@ QString WholeFile::commit() {
     return {};
 }
 
-QString writeWholeFile(const QString& path, const QByteArray& bytes) {
-    const QByteArray folder = QFile::encodeName(QFileInfo(path).absolutePath());
-    std::error_code error;
-    std::filesystem::create_directories(folder.toStdString(), error);
-    if (error)
-        return QString::fromStdString(error.message());
-    WholeFile file(path);
+} // namespace
+
+QString writeWholeFile(const QString& path, const PieceWriter& writePieces, FolderLink link) {
+    WholeFile file(path, link);
     QString failure = file.open();
-    if (failure.isEmpty())
-        failure = file.write(bytes);
+    if (!failure.isEmpty())
+        return failure;
+    writePieces([&](const QByteArray& piece) {
+        failure = file.write(piece);
+        return failure.isEmpty();
+    });
     return failure.isEmpty() ? file.commit() : failure;
+}
+
+QString writeWholeFile(const QString& path, const QByteArray& bytes, FolderLink link) {
+    return writeWholeFile(
+        path, [&](const PieceSink& sink) { sink(bytes); }, link);
 }

@@ -16,10 +16,6 @@ QByteArray htmlText(const QString& text);
 /// `htmlClass`: of the element; empty: none.
 QByteArray isolatedText(const QString& text, const QByteArray& htmlClass = {});
 
-/// The reference to a file: relative to `folder`, if it lies in there, or a "file:" URL. Both paths
-/// are absolute; its bytes are those of QFile::encodeName, encoded where they are not plain.
+/// The reference to a file, encoded (encodedPath): relative to `folder`, if it lies in there, or a
+/// "file:" URL. Both paths are absolute.
 QByteArray fileReference(const QString& path, const QString& folder);
-
-/// One word of a POSIX shell, or of one that knows $'...' for a name with bytes that are no plain
-/// text.
-QString shellWord(const QString& text);

@@ -4,6 +4,7 @@
 
 #include "recordingsection.h"
 
+#include "escaping.h"
 #include "htmltext.h"
 #include "stripdrawing.h"
 #include "timeaxis.h"

@@ -10,6 +10,11 @@
 #include "wholefile.h"
 
 #include <QCryptographicHash>
+#include <QFile>
+#include <QFileInfo>
+
+#include <filesystem>
+#include <system_error>
 
 namespace {
 
@@ -46,5 +51,10 @@ QByteArray valuesText(const KeptValues& values) {
 }
 
 QString writeValues(const KeptValues& values, const QString& path) {
+    std::error_code error;
+    std::filesystem::create_directories(
+        QFile::encodeName(QFileInfo(path).absolutePath()).toStdString(), error);
+    if (error)
+        return QString::fromStdString(error.message());
     return writeWholeFile(path, valuesText(values));
 }

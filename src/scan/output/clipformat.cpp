@@ -4,10 +4,10 @@
 
 #include "clipformat.h"
 
+#include "escaping.h"
 #include "listformats.h"
 #include "printable.h"
 #include "shortestdigits.h"
-#include "steering.h"
 
 #include <QFile>
 

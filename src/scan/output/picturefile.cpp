@@ -10,9 +10,5 @@ QString writePictureFile(const QImage& picture, const QString& path, FolderLink 
     QBuffer png;
     if (!png.open(QIODevice::WriteOnly) || !picture.save(&png, "PNG"))
         return QStringLiteral("it cannot be encoded");
-    WholeFile file(path, link);
-    QString failure = file.open();
-    if (failure.isEmpty())
-        failure = file.write(png.data());
-    return failure.isEmpty() ? file.commit() : failure;
+    return writeWholeFile(path, png.data(), link);
 }

@@ -9,6 +9,6 @@
 #include <QImage>
 #include <QString>
 
-/// Writes `picture` as PNG to `path`, as a WholeFile. Answers why it could not be written, for a
+/// Writes `picture` as PNG to `path`, as a whole file. Answers why it could not be written, for a
 /// person; empty after a success.
 QString writePictureFile(const QImage& picture, const QString& path, FolderLink link);

@@ -4,7 +4,7 @@
 
 #include "printable.h"
 
-#include "steering.h"
+#include "escaping.h"
 
 #include <QFile>
 

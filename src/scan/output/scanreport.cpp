@@ -87,13 +87,6 @@ QString ScanReport::pageFile() const {
 }
 
 QString ScanReport::write() const {
-    WholeFile file(pageFile());
-    QString failure = file.open();
-    if (!failure.isEmpty())
-        return failure;
-    ReportPage(report).write([&](const QByteArray& piece) {
-        failure = file.write(piece);
-        return failure.isEmpty();
-    });
-    return failure.isEmpty() ? file.commit() : failure;
+    const ReportPage page(report);
+    return writeWholeFile(pageFile(), [&](const PieceSink& sink) { page.write(sink); });
 }

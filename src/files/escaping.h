@@ -11,6 +11,21 @@
 /// pretend to be another one. Joiners, without which some scripts cannot be written, do not.
 bool isSteering(QChar character);
 
+/// `text` with what `escapeAt(text, place)` answers in place of each character for which that is
+/// not null.
+template<class EscapeAt>
+QString escaped(const QString& text, const EscapeAt& escapeAt) {
+    QString result;
+    for (int i = 0; i < text.size(); ++i) {
+        const QString escape = escapeAt(text, i);
+        if (escape.isNull())
+            result += text[i];
+        else
+            result += escape;
+    }
+    return result;
+}
+
 /// What stands for the character at a place of `text` where it would steer: "\n", "\t", "\r", or
 /// the "\x1b" of its bytes. Null where it does not.
 ///
@@ -18,5 +33,9 @@ bool isSteering(QChar character);
 /// UTF-8 take it for a control character.
 QString steeringEscape(const QString& text, int place);
 
-/// "\x1b" and the like.
-QString byteEscape(unsigned char byte);
+/// The same, and the "\xff" of every other byte that is no UTF-8, where only text can be shown.
+QString textEscape(const QString& text, int place);
+
+/// One word of a POSIX shell, or of one that knows $'...' for a name with bytes that are no plain
+/// text.
+QString shellWord(const QString& text);
