@@ -7,77 +7,107 @@
 #include "escaping.h"
 
 #include <QHash>
+#include <QXmlStreamWriter>
 
 #include <algorithm>
 #include <cmath>
 
 namespace {
 
-/// What XML would take for its own, or would not give back as it was.
-QByteArray xmlText(const QString& text) {
-    QString escaped;
+/// What XML would take for its own, or would not give back as it was, is written as its number.
+void writeText(QXmlStreamWriter& xml, const QString& text) {
     for (const QChar letter : text) {
         if (isSteering(letter) || QStringLiteral("<>&\"'").contains(letter))
-            escaped += QStringLiteral("&#%1;").arg(letter.unicode());
+            xml.writeEntityReference('#' + QString::number(letter.unicode()));
         else
-            escaped += letter;
+            xml.writeCharacters(letter);
     }
-    return escaped.toUtf8();
 }
 
-QByteArray attribute(const char* name, qint64 value) {
-    return QByteArray(" ") + name + "=\"" + QByteArray::number(value) + '"';
+void writeNumber(QXmlStreamWriter& xml, const char* name, qint64 value) {
+    xml.writeAttribute(name, QString::number(value));
 }
 
-QByteArray profile(const ListedRecording& recording) {
+void writeProfile(QXmlStreamWriter& xml, const ListedRecording& recording) {
     const qint64 width = recording.size.width();
     const qint64 height = recording.size.height();
     const int num = recording.pixelAspectNumerator;
     const int den = recording.pixelAspectDenominator;
-    return "  <profile" + attribute("width", width) + attribute("height", height) +
-           attribute("progressive", 1) + attribute("sample_aspect_num", num) +
-           attribute("sample_aspect_den", den) + attribute("display_aspect_num", width * num) +
-           attribute("display_aspect_den", height * den) +
-           attribute("frame_rate_num", recording.frameRateNumerator) +
-           attribute("frame_rate_den", recording.frameRateDenominator) + "/>\n";
+    xml.writeEmptyElement("profile");
+    writeNumber(xml, "width", width);
+    writeNumber(xml, "height", height);
+    writeNumber(xml, "progressive", 1);
+    writeNumber(xml, "sample_aspect_num", num);
+    writeNumber(xml, "sample_aspect_den", den);
+    writeNumber(xml, "display_aspect_num", width * num);
+    writeNumber(xml, "display_aspect_den", height * den);
+    writeNumber(xml, "frame_rate_num", recording.frameRateNumerator);
+    writeNumber(xml, "frame_rate_den", recording.frameRateDenominator);
 }
 
-QByteArray producerId(int number) {
-    return "recording" + QByteArray::number(number);
+QString producerId(int number) {
+    return QStringLiteral("recording%1").arg(number);
 }
 
-QByteArray producer(int number, const QString& path) {
-    return "  <producer id=\"" + producerId(number) +
-           "\">\n    <property name=\"mlt_service\">avformat</property>\n"
-           "    <property name=\"resource\">" +
-           xmlText(path) + "</property>\n  </producer>\n";
+void writeProperty(QXmlStreamWriter& xml, const char* name, const QString& value) {
+    xml.writeStartElement("property");
+    xml.writeAttribute("name", name);
+    writeText(xml, value);
+    xml.writeEndElement();
 }
 
-QByteArray entry(int producer, const ListedClip& clip, double frameRate) {
+void writeProducer(QXmlStreamWriter& xml, int number, const QString& path) {
+    xml.writeStartElement("producer");
+    xml.writeAttribute("id", producerId(number));
+    writeProperty(xml, "mlt_service", "avformat");
+    writeProperty(xml, "resource", path);
+    xml.writeEndElement();
+}
+
+void writeEntry(QXmlStreamWriter& xml, int producer, const ListedClip& clip, double frameRate) {
     const qint64 in = std::max(0LL, std::llround(clip.start * frameRate));
     // Its last frame, not the one behind it.
     const qint64 out = std::max<qint64>(in, std::llround(clip.end * frameRate) - 1);
-    return "    <entry producer=\"" + producerId(producer) + '"' + attribute("in", in) +
-           attribute("out", out) + "/>\n";
+    xml.writeEmptyElement("entry");
+    xml.writeAttribute("producer", producerId(producer));
+    writeNumber(xml, "in", in);
+    writeNumber(xml, "out", out);
+}
+
+/// Answers the numbers of the producers, by their paths.
+QHash<QString, int> writeProducers(QXmlStreamWriter& xml, const QVector<ListedClip>& clips) {
+    QHash<QString, int> numbers;
+    for (const ListedClip& clip : clips) {
+        const QString& path = clip.recording.path;
+        if (numbers.contains(path))
+            continue;
+        writeProducer(xml, numbers.size(), path);
+        numbers.insert(path, numbers.size());
+    }
+    return numbers;
 }
 
 } // namespace
 
 QByteArray mltDocument(const QVector<ListedClip>& clips) {
-    QByteArray producers;
-    QByteArray entries;
-    QHash<QString, int> numbers; // of producers, by their paths
-    for (const ListedClip& clip : clips) {
-        const QString& path = clip.recording.path;
-        if (!numbers.contains(path)) {
-            producers += producer(numbers.size(), path);
-            numbers.insert(path, numbers.size());
-        }
-        entries += entry(numbers[path], clip, clips[0].recording.frameRate());
-    }
-    return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\n<mlt LC_NUMERIC=\"C\">\n" +
-           (clips.isEmpty() ? QByteArray() : profile(clips[0].recording)) + producers +
-           "  <playlist id=\"clips\">\n" + entries + "  </playlist>\n</mlt>\n";
+    QByteArray document;
+    QXmlStreamWriter xml(&document);
+    xml.writeProcessingInstruction("xml", "version=\"1.0\" encoding=\"utf-8\"");
+    xml.setAutoFormatting(true);
+    xml.setAutoFormattingIndent(2);
+    xml.writeStartElement("mlt");
+    xml.writeAttribute("LC_NUMERIC", "C");
+    if (!clips.isEmpty())
+        writeProfile(xml, clips[0].recording);
+    const QHash<QString, int> producers = writeProducers(xml, clips);
+    xml.writeStartElement("playlist");
+    xml.writeAttribute("id", "clips");
+    if (clips.isEmpty())
+        xml.writeCharacters("\n  "); // no empty element
+    for (const ListedClip& clip : clips)
+        writeEntry(xml, producers[clip.recording.path], clip, clips[0].recording.frameRate());
+    xml.writeEndDocument();
+    return document;
 }
 
 bool canBeInXml(const QString& name) {
