@@ -19,9 +19,6 @@ public:
     /// `frameRate`: pictures per second, more than 0.
     explicit Timecode(double frameRate);
 
-    double framesPerSecond() const { return rate; } ///< 29.97: 30000.0 / 1001
-    int base() const { return framesToTheSecond; }  ///< frames to the second of a timecode: 30
-
     /// The frame nearest to a time in seconds.
     qint64 frameAt(double seconds) const;
 
@@ -29,6 +26,6 @@ public:
     QByteArray text(qint64 frame) const;
 
 private:
-    double rate;
-    int framesToTheSecond = 1;
+    double rate;           ///< frames per second: 30000.0 / 1001 for 29.97
+    int framesToTheSecond; ///< of a timecode: 30 for 29.97
 };
