@@ -85,7 +85,7 @@ private Q_SLOTS:
     void completionsNameEverything();
     void bashCompletesWordsAndNames();
     void zshRepeatsOptions();
-    void readmeIsUpToDate();
+    void pagesAreUpToDate();
     void manualIsUpToDate();
 };
 
@@ -231,8 +231,9 @@ void TestOptions::zshRepeatsOptions() {
                  line.contains("--exclude[") || line.contains("--list["));
 }
 
-void TestOptions::readmeIsUpToDate() {
-    QVERIFY2(between(source("README.md")) == markdownTables(), "run scripts/options");
+void TestOptions::pagesAreUpToDate() {
+    QVERIFY2(between(source("docs/scanner.md")) == markdownOptions(), "run scripts/options");
+    QVERIFY2(between(source("docs/formats.md")) == markdownFields(), "run scripts/options");
 }
 
 void TestOptions::manualIsUpToDate() {

@@ -64,7 +64,7 @@ void TestScanMerge::initTestCase() {
 
 void TestScanMerge::oneVisitIsOneClip() {
     const QList<QJsonObject> apart = clipsOf(scan(jsonl + QStringList{video}).output);
-    QCOMPARE(apart.size(), 3); // as README and manual say
+    QCOMPARE(apart.size(), 3); // as docs/scanner.md and the manual say
     const ProcessResult result = scan(jsonl + QStringList{"--merge", "0", video});
     QCOMPARE(result.status, 0);
     const QList<QJsonObject> clips = clipsOf(result.output);

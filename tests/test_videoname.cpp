@@ -13,7 +13,7 @@ class TestVideoName : public QObject {
 private Q_SLOTS:
     void extensionDecides_data();
     void extensionDecides();
-    void readmeListsThem();
+    void pageListsThem();
 };
 
 void TestVideoName::extensionDecides_data() {
@@ -35,10 +35,10 @@ void TestVideoName::extensionDecides() {
     QTEST(isVideoName(name.toStdString()), "isVideo");
 }
 
-void TestVideoName::readmeListsThem() {
-    const QString readme = QString::fromUtf8(readFile(KESTROVA_SOURCE "/README.md"));
+void TestVideoName::pageListsThem() {
+    const QString page = QString::fromUtf8(readFile(KESTROVA_SOURCE "/docs/scanner.md"));
     const QRegularExpression list("Named like a video means ending in `([^`]+)`");
-    const QStringList extensions = list.match(readme).captured(1).simplified().split(' ');
+    const QStringList extensions = list.match(page).captured(1).simplified().split(' ');
     QVERIFY(extensions.size() > 30);
     for (const QString& extension : extensions)
         QVERIFY2(isVideoName(("a" + extension).toStdString()), qPrintable(extension));

@@ -113,9 +113,9 @@ def cluster_cases(scanner, table, reference, is_short):
 
 
 def examples(scanner, table):
-    """Those of the README, as they stand there, in a folder that is like the one they tell of."""
-    text = (common.ROOT / "README.md").read_text()
-    section = text.split("### An archive on many machines\n")[1].split("\n### ")[0]
+    """Those of docs/archive.md, as they stand there, in a folder that is like the one they tell of."""
+    text = (common.ROOT / "docs/archive.md").read_text()
+    section = text.split("## Examples\n")[1].split("\n## ")[0]
     subprocess.run(["mount", "-t", "tmpfs", "none", "/srv"], check=True)
     place = pathlib.Path("/srv/cameras")
     for name in ("night", "recordings"):

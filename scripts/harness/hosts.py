@@ -10,7 +10,7 @@ import pathlib
 import subprocess
 import time
 
-NETWORK = "10.0.0"  # as in the examples of the README
+NETWORK = "10.0.0"  # as in the examples of docs/archive.md
 USER = "anna"
 CONTROLLER = f"{NETWORK}.254"
 

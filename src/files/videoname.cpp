@@ -10,7 +10,7 @@
 
 namespace {
 
-/// README lists them, too.
+/// docs/scanner.md lists them, too.
 constexpr std::array<std::string_view, 41> extensions = {
     "264", "265",  "3g2",  "3gp",  "asf",  "avc", "avi",  "dav", "divx", "dv",    "f4v",
     "flv", "h264", "h265", "hevc", "ivf",  "m1v", "m2ts", "m2v", "m4v",  "mjpeg", "mjpg",

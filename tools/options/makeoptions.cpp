@@ -15,10 +15,11 @@ namespace {
 // The version and date of the man page come from the build, so that two builds are alike.
 const std::map<QByteArray, std::function<QString(const char* version, const char* date)>> makers = {
     {"bash", [](auto, auto) { return bashCompletion(); }},
+    {"fields", [](auto, auto) { return markdownFields(); }},
     {"fish", [](auto, auto) { return fishCompletion(); }},
     {"html", [](auto, auto) { return htmlOptionTable(); }},
     {"man", [](auto version, auto date) { return manPage(version, date); }},
-    {"markdown", [](auto, auto) { return markdownTables(); }},
+    {"markdown", [](auto, auto) { return markdownOptions(); }},
     {"zsh", [](auto, auto) { return zshCompletion(); }},
 };
 
@@ -28,7 +29,8 @@ const std::map<QByteArray, std::function<QString(const char* version, const char
 int main(int argc, char* argv[]) {
     const auto maker = makers.find(argc == 4 ? argv[1] : "");
     if (maker == makers.end()) {
-        std::fputs("usage: makeoptions bash|fish|html|man|markdown|zsh VERSION DATE\n", stderr);
+        std::fputs("usage: makeoptions bash|fields|fish|html|man|markdown|zsh VERSION DATE\n",
+                   stderr);
         return 2;
     }
     const QByteArray text = maker->second(argv[2], argv[3]).toUtf8();

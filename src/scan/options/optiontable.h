@@ -11,7 +11,7 @@
 #include <optional>
 
 /// Everything that a person can be told about the scanner's command line, in one place. The parser,
-/// the help, the man page, the completions and the tables of README and manual are made from it.
+/// the help, the man page, the completions and the tables in docs/ are made from it.
 
 /// What an option is about. In the order in which the groups are listed.
 enum class OptionGroup { Input, Clips, Region, Output, Export, Running, Help };

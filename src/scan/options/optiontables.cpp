@@ -17,14 +17,21 @@ QString html(const QString& text) {
 
 } // namespace
 
-QString markdownTables() {
+QString markdownOptions() {
     QString text = QStringLiteral("| option | meaning | range (default) |\n| --- | --- | --- |\n");
     for (const ScanOption& option : scanOptions()) {
         if (option.group != OptionGroup::Help)
             text += QStringLiteral("| `%1` | %2 | %3 |\n")
                         .arg(spelling(option), lowerFirst(option.help), option.limits());
     }
-    text += QStringLiteral("\n| field of a clip's line | meaning |\n| --- | --- |\n");
+    text += QStringLiteral("\n| exit status | meaning |\n| --- | --- |\n");
+    for (const ExitMeaning& exit : exitMeanings())
+        text += QStringLiteral("| %1 | %2 |\n").arg(QString::number(exit.status), exit.meaning);
+    return text;
+}
+
+QString markdownFields() {
+    QString text = QStringLiteral("| field of a clip's line | meaning |\n| --- | --- |\n");
     bool isEnd = false;
     for (const JsonField& field : jsonFields()) {
         if (!isEnd && field.line == QLatin1String("end")) {
@@ -34,9 +41,6 @@ QString markdownTables() {
         }
         text += QStringLiteral("| `%1` | %2 |\n").arg(field.name, field.meaning);
     }
-    text += QStringLiteral("\n| exit status | meaning |\n| --- | --- |\n");
-    for (const ExitMeaning& exit : exitMeanings())
-        text += QStringLiteral("| %1 | %2 |\n").arg(QString::number(exit.status), exit.meaning);
     return text;
 }
 

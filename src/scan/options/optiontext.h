@@ -20,7 +20,8 @@ QString bashCompletion();
 QString zshCompletion();
 QString fishCompletion();
 
-/// The tables of options, exit statuses and fields in Markdown and in HTML, without what stands
-/// around them.
-QString markdownTables();
+/// Tables without what stands around them: options and exit statuses, fields of the JSON lines, and
+/// the options beside the window's controls.
+QString markdownOptions();
+QString markdownFields();
 QString htmlOptionTable();
