@@ -84,6 +84,15 @@ check_metainfo() {
         appstreamcli validate --no-net "$scratch/$name"
 }
 
+# Pages that are installed can link to such alone.
+check_links() {
+    cp -r "$(unpacked)/usr/share/doc/kestrova-scan" "$scratch/pages"
+    must_pass "links of the installed pages" "$root/scripts/links" "$scratch"/pages/*.md
+    rm "$scratch/pages/formats.md"
+    must_refuse "a page that is not installed" "scanner.md: formats.md" \
+        "$root/scripts/links" "$scratch"/pages/*.md
+}
+
 lint_package() {
     local tag=appstream-metadata-validation-failed known=()
     # Newer versions also look at the metainfo, which check_metainfo has done, and want the homepage.

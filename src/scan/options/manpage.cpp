@@ -69,5 +69,8 @@ QString manPage(const QString& version, const QString& date) {
     text += QStringLiteral(".SH EXIT STATUS\n");
     for (const ExitMeaning& exit : exitMeanings())
         text += manTagged(QString::number(exit.status), exit.meaning + '.');
-    return text + QStringLiteral(".SH SEE ALSO\n.BR kestrova (1),\n.BR ffmpeg (1)\n");
+    return text +
+           QStringLiteral(".SH SEE ALSO\nAll of it in detail:\n"
+                          ".IR /usr/share/doc/kestrova\\-scan/scanner.md .\n.PP\n"
+                          ".BR kestrova\\-archive (1),\n.BR kestrova (1),\n.BR ffmpeg (1)\n");
 }
