@@ -17,7 +17,7 @@ const std::map<QByteArray, std::function<QString(const char* version, const char
     {"bash", [](auto, auto) { return bashCompletion(); }},
     {"fields", [](auto, auto) { return markdownFields(); }},
     {"fish", [](auto, auto) { return fishCompletion(); }},
-    {"html", [](auto, auto) { return htmlOptionTable(); }},
+    {"html", [](auto, auto) { return htmlOptionTables(); }},
     {"man", [](auto version, auto date) { return manPage(version, date); }},
     {"markdown", [](auto, auto) { return markdownOptions(); }},
     {"zsh", [](auto, auto) { return zshCompletion(); }},

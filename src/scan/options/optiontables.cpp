@@ -11,8 +11,9 @@ QString lowerFirst(const QString& text) {
     return text.left(1).toLower() + text.mid(1);
 }
 
+/// An empty cell would take the space behind its table away.
 QString html(const QString& text) {
-    return text.toHtmlEscaped();
+    return text.isEmpty() ? QStringLiteral("&nbsp;") : text.toHtmlEscaped();
 }
 
 } // namespace
@@ -44,15 +45,22 @@ QString markdownFields() {
     return text;
 }
 
-QString htmlOptionTable() {
-    QString text = QStringLiteral(
-        "<table border=\"1\" cellspacing=\"0\" cellpadding=\"4\" width=\"100%\">\n"
-        "<tr><th align=\"left\">Option</th><th align=\"left\">Meaning</th>"
-        "<th align=\"left\">Range (default)</th><th align=\"left\">In the window</th></tr>\n");
-    for (const ScanOption& option : scanOptions()) {
+QString htmlOptionTables() {
+    const QString head = QStringLiteral(
+        "<h3>%1</h3>\n<table border=\"1\" cellspacing=\"0\" cellpadding=\"4\" width=\"100%\">\n"
+        "<tr><th align=\"left\" width=\"23%\">Option</th><th align=\"left\">Meaning</th>"
+        "<th align=\"left\" width=\"20%\">Range (default)</th>"
+        "<th align=\"left\" width=\"18%\">In the window</th></tr>\n");
+    const QString foot = QStringLiteral("</table>\n");
+    QString text;
+    forEachOption([&](const ScanOption& option, bool isFirst) {
+        if (option.group == OptionGroup::Help)
+            return;
+        if (isFirst)
+            text += (text.isEmpty() ? text : foot) + head.arg(html(groupTitle(option.group)));
         text += QStringLiteral("<tr><td>%1</td><td>%2</td><td>%3</td><td>%4</td></tr>\n")
                     .arg(html(spelling(option)), html(option.help), html(option.limits()),
                          html(option.control));
-    }
-    return text + QStringLiteral("</table>\n");
+    });
+    return text + foot;
 }

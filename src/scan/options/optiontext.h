@@ -24,4 +24,4 @@ QString fishCompletion();
 /// the options beside the window's controls.
 QString markdownOptions();
 QString markdownFields();
-QString htmlOptionTable();
+QString htmlOptionTables();
