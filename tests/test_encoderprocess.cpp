@@ -35,7 +35,7 @@ private Q_SLOTS:
     void failure_data();
     void failure();
     void cannotBeStarted();
-    void holdsLittleOfMuchChatter();
+    void holdsLittleOfALongLog();
 
 private:
     QPointer<EncoderProcess> start(QObject& client, const QString& argument);
@@ -223,17 +223,17 @@ void TestEncoderProcess::cannotBeStarted() {
     QVERIFY2(failure.startsWith("the encoder cannot be started: "), qPrintable(failure));
 }
 
-void TestEncoderProcess::holdsLittleOfMuchChatter() {
+void TestEncoderProcess::holdsLittleOfALongLog() {
 #ifdef __SANITIZE_ADDRESS__
     QSKIP("the address sanitizer keeps what was freed");
 #endif
     EncoderStand encoder;
-    encoder.setEnd("chatter");
+    encoder.setEnd("verbose");
     rusage before{};
     rusage after{};
     getrusage(RUSAGE_SELF, &before);
     QObject client;
-    QCOMPARE(failureOf(start(client, "-y")), QString("told to chatter and to fail"));
+    QCOMPARE(failureOf(start(client, "-y")), QString("told to be verbose and to fail"));
     getrusage(RUSAGE_SELF, &after);
     QVERIFY2(after.ru_maxrss - before.ru_maxrss < 20000, "100 MB were said"); // in KiB
 }

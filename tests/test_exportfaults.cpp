@@ -43,7 +43,7 @@ private Q_SLOTS:
     void folderThatCannotBeMade();
     void encoderThatLies_data();
     void encoderThatLies();
-    void chatterIsNotHeld();
+    void longLogIsNotHeld();
     void endOfTheProgramEndsTheEncoder();
 
 private:
@@ -195,7 +195,7 @@ void TestExportFaults::encoderThatLies() {
     QVERIFY(!QFileInfo::exists(clipPath("avi")));
 }
 
-void TestExportFaults::chatterIsNotHeld() {
+void TestExportFaults::longLogIsNotHeld() {
     const auto peakMegabytes = [this] {
         const QByteArray status =
             readFile(QStringLiteral("/proc/%1/status").arg(process->processId()));

@@ -71,8 +71,8 @@ QString EncoderProcess::failure() const {
     if (error() == QProcess::FailedToStart)
         return joined(tr("the encoder cannot be started"), errorString());
     if (error() == QProcess::Crashed)
-        return joined(tr("the encoder crashed"), chatter.reason());
-    const QString reason = chatter.reason();
+        return joined(tr("the encoder crashed"), log.reason());
+    const QString reason = log.reason();
     return reason.isEmpty() ? tr("the encoder failed") : reason;
 }
 
@@ -94,7 +94,7 @@ void EncoderProcess::leaveUnstarted(QProcess::ProcessError error) {
 
 /// Takes away what has been said: it would be kept in memory until someone reads it.
 void EncoderProcess::listen() {
-    chatter.append(readAllStandardError());
+    log.append(readAllStandardError());
     readAllStandardOutput();
 }
 

@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "encoderchatter.h"
+#include "encoderlog.h"
 #include "grants.h"
 
 #include <QPointer>
@@ -51,6 +51,6 @@ private:
     QList<EncoderProcess*> otherRuns() const;
 
     QPointer<QObject> client;
-    EncoderChatter chatter;
+    EncoderLog log;
     std::unique_ptr<const Confinement> confinement; ///< from `startEncoder` on
 };

@@ -32,7 +32,7 @@ public:
     /// Leaves no encoder.
     void useNone();
 
-    /// How the recorder's following calls end: "0", "1", "crash", "chatter", "empty" or "none" (see
+    /// How the recorder's following calls end: "0", "1", "crash", "verbose", "empty" or "none" (see
     /// recorder.cpp).
     void setEnd(const QByteArray& end);
 

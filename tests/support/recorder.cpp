@@ -9,9 +9,9 @@
 // - RECORDER_CALLS gets a line for every call, its arguments separated by the unit separator.
 // - RECORDER_CLASHES gets the name of each output file that two calls had at the same time.
 // - RECORDER_END tells how it ends: "1" with status 1 after a message, "crash" by a signal,
-// "chatter" with status 1
-//   after 100 MB of messages, "empty" and "none" with status 0 but an empty or no file, else with
-//   status 0.
+// "verbose"
+//   with status 1 after a log of 100 MB, "empty" and "none" with status 0 but an empty or no file,
+//   else with status 0.
 // RECORDER_FOLDER names the folder in which it looks for others:
 // - hold: while this file exists, calls do not end ...
 // - free-NAME: ... but the one whose output file has this name does.
@@ -61,11 +61,11 @@ bool lock(const std::string& name) {
     return fcntl(fileOf("RECORDER_CLASHES"), F_SETLK, &place) == 0;
 }
 
-void chatter() {
+void writeLongLog() {
     const std::string line = "all well, " + std::string(989, 'x') + '\n';
     for (int i = 0; i < 100000; ++i)
         std::fputs(line.c_str(), stderr);
-    std::fputs("told to chatter and to fail\n", stderr);
+    std::fputs("told to be verbose and to fail\n", stderr);
 }
 
 std::string wordIn(const char* variable) {
@@ -101,8 +101,8 @@ int main(int argc, char* argv[]) {
         std::fputs("a line before\ntold to fail\n", stderr);
         return 1;
     }
-    if (end == "chatter") {
-        chatter();
+    if (end == "verbose") {
+        writeLongLog();
         return 1;
     }
     if (end == "none")

@@ -4,7 +4,7 @@
 
 #include "encoderrun.h"
 
-#include "encoderchatter.h"
+#include "encoderlog.h"
 #include "encoderpath.h"
 
 #include <QCoreApplication>
@@ -30,26 +30,26 @@ protected:
 /// Takes in what the encoder says, so that it is never held as a whole, until it has ended or
 /// `isOver` says so.
 template<typename Condition>
-void hear(QProcess& encoder, EncoderChatter& chatter, const Condition& isOver) {
+void hear(QProcess& encoder, EncoderLog& log, const Condition& isOver) {
     while (encoder.state() != QProcess::NotRunning && !isOver()) {
         // Refused at once where it has closed its error output.
         if (!encoder.waitForReadyRead(pollMilliseconds))
             encoder.waitForFinished(1);
-        chatter.append(encoder.readAllStandardError());
+        log.append(encoder.readAllStandardError());
     }
-    chatter.append(encoder.readAllStandardError());
+    log.append(encoder.readAllStandardError());
 }
 
 /// Waits for the end, however long it takes, but not past the end of the scan.
-void waitForEnd(QProcess& encoder, EncoderChatter& chatter, const std::function<bool()>& isEnding) {
-    hear(encoder, chatter, isEnding);
+void waitForEnd(QProcess& encoder, EncoderLog& log, const std::function<bool()>& isEnding) {
+    hear(encoder, log, isEnding);
     if (encoder.state() == QProcess::NotRunning)
         return;
     encoder.terminate();
     const QDeadlineTimer deadline(longestEndMilliseconds);
-    hear(encoder, chatter, [&deadline] { return deadline.hasExpired(); });
+    hear(encoder, log, [&deadline] { return deadline.hasExpired(); });
     encoder.kill();
-    hear(encoder, chatter, [] { return false; });
+    hear(encoder, log, [] { return false; });
 }
 
 /// What is wrong with the file of an encoder that has ended with status 0; empty if nothing is.
@@ -65,10 +65,10 @@ QString flaw(const QFileInfo& file, const QString& reason) {
     return {};
 }
 
-QString failureOf(const QProcess& encoder, const EncoderChatter& chatter, const QString& path,
+QString failureOf(const QProcess& encoder, const EncoderLog& log, const QString& path,
                   bool isCutShort) {
     const bool hasCrashed = encoder.exitStatus() == QProcess::CrashExit;
-    const QString reason = chatter.reason();
+    const QString reason = log.reason();
     QString failure;
     if (!hasCrashed && encoder.exitCode() == 0)
         failure = flaw(QFileInfo(path), reason);
@@ -92,10 +92,10 @@ QString runEncoder(const EncoderCall& call, const std::function<bool()>& isEndin
     encoder.start(encoderPath(), call.arguments);
     if (!encoder.waitForStarted(-1))
         return QStringLiteral("the encoder cannot be started: %1").arg(encoder.errorString());
-    EncoderChatter chatter;
-    waitForEnd(encoder, chatter, isEnding);
+    EncoderLog log;
+    waitForEnd(encoder, log, isEnding);
     const QFileInfo file(call.outputPath);
-    QString failure = failureOf(encoder, chatter, call.outputPath, isEnding());
+    QString failure = failureOf(encoder, log, call.outputPath, isEnding());
     if (file.isFile() && file.size() == 0)
         QFile::remove(call.outputPath);
     return failure;

@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "encoderchatter.h"
+#include "encoderlog.h"
 
 #include <QRegularExpression>
 
@@ -62,7 +62,7 @@ void dropMiddle(QByteArray& line, int longest) {
 
 } // namespace
 
-void EncoderChatter::append(const QByteArray& bytes) {
+void EncoderLog::append(const QByteArray& bytes) {
     int start = 0;
     for (int i = 0; i <= bytes.size(); ++i) {
         const bool isEnd = i < bytes.size() && (bytes[i] == '\n' || bytes[i] == '\r');
@@ -76,15 +76,15 @@ void EncoderChatter::append(const QByteArray& bytes) {
     }
 }
 
-QString EncoderChatter::reason() const {
-    EncoderChatter whole(*this);
+QString EncoderLog::reason() const {
+    EncoderLog whole(*this);
     whole.endLine();
     const QByteArray text =
         whole.tellingRank == Says ? whole.lastLines.join('\n') : whole.telling.trimmed();
     return QString::fromLocal8Bit(text);
 }
 
-void EncoderChatter::endLine() {
+void EncoderLog::endLine() {
     dropSpeakers(line);
     const Rank rank = rankOf(line);
     if (rank > tellingRank) {
@@ -100,7 +100,7 @@ void EncoderChatter::endLine() {
     line.clear();
 }
 
-EncoderChatter::Rank EncoderChatter::rankOf(const QByteArray& line) {
+EncoderLog::Rank EncoderLog::rankOf(const QByteArray& line) {
     const QByteArray small = line.toLower();
     if (isDescription(line) || containsAny(small, emptyWords))
         return Says;

@@ -8,10 +8,10 @@
 #include <QByteArrayList>
 #include <QString>
 
-/// What an encoder says while it runs, boiled down to why it failed.
+/// The log that an encoder writes while it runs, boiled down to why it failed.
 ///
 /// Holds less than 2 KB of it, however much it is.
-class EncoderChatter {
+class EncoderLog {
 public:
     /// The next bytes of its error output; lines may be cut anywhere between two calls.
     void append(const QByteArray& bytes);

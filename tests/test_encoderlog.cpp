@@ -2,11 +2,11 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "encoderchatter.h"
+#include "encoderlog.h"
 
 #include <QtTest>
 
-class TestEncoderChatter : public QObject {
+class TestEncoderLog : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -18,8 +18,8 @@ private Q_SLOTS:
     void holdsLittleOfMuch();
 };
 
-void TestEncoderChatter::reason_data() {
-    QTest::addColumn<QByteArray>("chatter");
+void TestEncoderLog::reason_data() {
+    QTest::addColumn<QByteArray>("log");
     QTest::addColumn<QString>("reason");
     QTest::newRow("nothing") << QByteArray() << "";
     QTest::newRow("one line") << QByteArray("told to stop\n") << "told to stop";
@@ -55,52 +55,52 @@ void TestEncoderChatter::reason_data() {
         << "Stream mapping:\nConversion failed!";
 }
 
-void TestEncoderChatter::reason() {
-    QFETCH(QByteArray, chatter);
+void TestEncoderLog::reason() {
+    QFETCH(QByteArray, log);
     QFETCH(QString, reason);
-    EncoderChatter messages;
-    messages.append(chatter);
-    QCOMPARE(messages.reason(), reason);
+    EncoderLog encoderLog;
+    encoderLog.append(log);
+    QCOMPARE(encoderLog.reason(), reason);
 }
 
-void TestEncoderChatter::lastFiveLines() {
-    EncoderChatter messages;
-    messages.append("1\n2\n\n3\r\n4\n5\n6\n7");
-    QCOMPARE(messages.reason(), QString("3\n4\n5\n6\n7"));
+void TestEncoderLog::lastFiveLines() {
+    EncoderLog encoderLog;
+    encoderLog.append("1\n2\n\n3\r\n4\n5\n6\n7");
+    QCOMPARE(encoderLog.reason(), QString("3\n4\n5\n6\n7"));
 }
 
-void TestEncoderChatter::linesInPieces() {
-    EncoderChatter messages;
+void TestEncoderLog::linesInPieces() {
+    EncoderLog encoderLog;
     for (const char sign : QByteArray("all well\nDisk quota exceeded\nall well\n"))
-        messages.append(QByteArray(1, sign));
-    QCOMPARE(messages.reason(), QString("Disk quota exceeded"));
+        encoderLog.append(QByteArray(1, sign));
+    QCOMPARE(encoderLog.reason(), QString("Disk quota exceeded"));
 }
 
-void TestEncoderChatter::longLineLosesItsMiddle() {
-    EncoderChatter messages;
-    messages.append('/' + QByteArray(4000, 'a'));
-    messages.append(QByteArray(4000, 'b') + "/0000.avi: Permission denied\n");
-    const QString reason = messages.reason();
+void TestEncoderLog::longLineLosesItsMiddle() {
+    EncoderLog encoderLog;
+    encoderLog.append('/' + QByteArray(4000, 'a'));
+    encoderLog.append(QByteArray(4000, 'b') + "/0000.avi: Permission denied\n");
+    const QString reason = encoderLog.reason();
     QVERIFY(reason.size() < 500);
     QVERIFY2(reason.startsWith("/aaa") && reason.contains("aaa...bbb"), qPrintable(reason));
     QVERIFY2(reason.endsWith("bbb/0000.avi: Permission denied"), qPrintable(reason));
 }
 
-void TestEncoderChatter::holdsLittleOfMuch() {
-    EncoderChatter messages;
+void TestEncoderLog::holdsLittleOfMuch() {
+    EncoderLog encoderLog;
     const QByteArray endless(65536, 'x');
     for (int i = 0; i < 500; ++i)
-        messages.append(endless);
-    QVERIFY(messages.reason().size() < 500);
-    messages.append("\n");
+        encoderLog.append(endless);
+    QVERIFY(encoderLog.reason().size() < 500);
+    encoderLog.append("\n");
     for (int i = 0; i < 500; ++i)
-        messages.append(QByteArray(1000, char('a' + i % 26)) + '\n');
-    const QStringList lines = messages.reason().split('\n');
+        encoderLog.append(QByteArray(1000, char('a' + i % 26)) + '\n');
+    const QStringList lines = encoderLog.reason().split('\n');
     QCOMPARE(lines.size(), 5);
-    QVERIFY(messages.reason().size() <= 2048);
+    QVERIFY(encoderLog.reason().size() <= 2048);
     // 499 = 19 * 26 + 5
     QVERIFY2(lines.last().startsWith("ffff"), qPrintable(lines.last()));
 }
 
-QTEST_GUILESS_MAIN(TestEncoderChatter)
-#include "test_encoderchatter.moc"
+QTEST_GUILESS_MAIN(TestEncoderLog)
+#include "test_encoderlog.moc"
