@@ -153,11 +153,11 @@ private Q_SLOTS:
     void countsWallClockSeconds();
     void knowsIntraCodecs();
     void skipsFrames();
-    void readsThresholdValueWhenItRuns_data();
-    void readsThresholdValueWhenItRuns();
-    void readsThresholdMotionWhenItRuns_data();
-    void readsThresholdMotionWhenItRuns();
-    void negativeThresholdMotionIsZero();
+    void readsPixelThresholdWhenItRuns_data();
+    void readsPixelThresholdWhenItRuns();
+    void readsMotionThresholdWhenItRuns_data();
+    void readsMotionThresholdWhenItRuns();
+    void negativeMotionThresholdIsZero();
     void regionModes_data();
     void regionModes();
 
@@ -404,7 +404,7 @@ void TestVideo::skipsFrames() {
     QCOMPARE(job->motionValues[104 - 1], 0.0F);
 }
 
-void TestVideo::readsThresholdValueWhenItRuns_data() {
+void TestVideo::readsPixelThresholdWhenItRuns_data() {
     QTest::addColumn<QVariant>("stored");
     QTest::addColumn<int>("difference");
     QTest::addColumn<float>("value");
@@ -418,7 +418,7 @@ void TestVideo::readsThresholdValueWhenItRuns_data() {
     QTest::newRow("more than 255") << QVariant(1000) << 205 << 0.0F;
 }
 
-void TestVideo::readsThresholdValueWhenItRuns() {
+void TestVideo::readsPixelThresholdWhenItRuns() {
     QFETCH(QVariant, stored);
     QFETCH(int, difference);
     QFETCH(float, value);
@@ -430,7 +430,7 @@ void TestVideo::readsThresholdValueWhenItRuns() {
     QCOMPARE(job->motionValues, (QVector<float>{value, value}));
 }
 
-void TestVideo::readsThresholdMotionWhenItRuns_data() {
+void TestVideo::readsMotionThresholdWhenItRuns_data() {
     QTest::addColumn<QVariant>("stored");
     QTest::addColumn<int>("pixels"); // of 10000, each changing by 40
     QTest::addColumn<int>("clips");
@@ -441,7 +441,7 @@ void TestVideo::readsThresholdMotionWhenItRuns_data() {
     QTest::newRow("number, above") << QVariant(2.5) << 640 << 1;
 }
 
-void TestVideo::readsThresholdMotionWhenItRuns() {
+void TestVideo::readsMotionThresholdWhenItRuns() {
     QFETCH(QVariant, stored);
     QFETCH(int, pixels);
     QFETCH(int, clips);
@@ -455,7 +455,7 @@ void TestVideo::readsThresholdMotionWhenItRuns() {
     QCOMPARE(listener.statesAtResult, QVector<int>{4});
 }
 
-void TestVideo::negativeThresholdMotionIsZero() {
+void TestVideo::negativeMotionThresholdIsZero() {
     // In a recording without any motion every value equals a threshold of 0. That opens a clip,
     // and being quiet it closes again after a second; below 0 it would never be quiet.
     QVERIFY(media::encodeGrey(path("still.mkv"), turns(100, 0, 0), 25, ffv1));

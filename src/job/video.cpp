@@ -51,8 +51,8 @@ DetectionOptions detectionOptions(const Video& job) {
     const QSettings store;
     DetectionOptions options;
     options.measure.thresholdValue =
-        std::clamp(settings::thresholdValue.read(store), settings::thresholdValue.lowest,
-                   settings::thresholdValue.highest);
+        std::clamp(settings::pixelThreshold.read(store), settings::pixelThreshold.lowest,
+                   settings::pixelThreshold.highest);
     options.measure.skip = job.skip;
     if (job.roiRect && job.mask) {
         options.measure.region.kind = RegionOfInterest::Kind::Rectangle;

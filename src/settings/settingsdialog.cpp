@@ -32,7 +32,7 @@ void SettingsDialog::on_buttonBox_clicked(QAbstractButton* button) {
 
 void SettingsDialog::load() {
     const QSettings store;
-    ui->spinBoxThreshold->setValue(settings::thresholdValue.read(store));
+    ui->spinBoxThreshold->setValue(settings::pixelThreshold.read(store));
     ui->doubleSpinBoxMotion->setValue(settings::motionThreshold.read(store));
     ui->doubleSpinBoxBitrate->setValue(settings::bitrate.read(store));
     ui->comboBoxFormat->setCurrentIndex(settings::container.read(store));
@@ -42,7 +42,7 @@ void SettingsDialog::load() {
 
 void SettingsDialog::save() const {
     QSettings store;
-    settings::thresholdValue.write(store, ui->spinBoxThreshold->value());
+    settings::pixelThreshold.write(store, ui->spinBoxThreshold->value());
     settings::motionThreshold.write(store, ui->doubleSpinBoxMotion->value());
     settings::bitrate.write(store, ui->doubleSpinBoxBitrate->value());
     settings::container.write(store, ui->comboBoxFormat->currentIndex());
@@ -51,7 +51,7 @@ void SettingsDialog::save() const {
 }
 
 void SettingsDialog::restoreDefaults() {
-    ui->spinBoxThreshold->setValue(settings::thresholdValue.fallback);
+    ui->spinBoxThreshold->setValue(settings::pixelThreshold.fallback);
     ui->doubleSpinBoxMotion->setValue(settings::motionThreshold.fallback);
     ui->doubleSpinBoxBitrate->setValue(settings::bitrate.fallback);
     ui->comboBoxFormat->setCurrentIndex(settings::container.fallback);

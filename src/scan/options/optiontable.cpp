@@ -96,7 +96,7 @@ QVector<ScanOption> makeOptions() {
         inWindow("Skip frames", stored(G::Clips, "skip", "N", settings::skip,
                                        "Pictures left out between two comparisons")),
         inWindow("Pixels threshold",
-                 stored(G::Clips, "threshold-value", "N", settings::thresholdValue,
+                 stored(G::Clips, "threshold-value", "N", settings::pixelThreshold,
                         "How much a pixel must change to count; more for noisy videos")),
         inWindow("Motion detection threshold",
                  stored(G::Clips, "threshold-motion", "X", settings::motionThreshold,

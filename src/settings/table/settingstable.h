@@ -49,7 +49,7 @@ struct PathSetting {
 namespace settings {
 
 // The settings dialog.
-constexpr Setting<int> thresholdValue{"threshold_value", 35, 0, 255};
+constexpr Setting<int> pixelThreshold{"threshold_value", 35, 0, 255};
 constexpr Setting<double> motionThreshold{"threshold_motion", 0.5, 0.0, 10.0};
 constexpr Setting<double> bitrate{"bitrate_output", 2.0, 0.0, 50.0}; // megabits per second
 constexpr Setting<int> container{"output_format", 0, 0, 2};          // AVI, MP4, MKV
