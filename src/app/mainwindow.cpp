@@ -14,7 +14,7 @@
 #include "exportnotices.h"
 #include "fileurl.h"
 #include "leftoutbar.h"
-#include "screenroom.h"
+#include "screenfit.h"
 #include "settingsdialog.h"
 #include "ui_mainwindow.h"
 #include "video.h"
@@ -63,6 +63,7 @@ MainWindow::MainWindow(QWidget* parent)
     , workerThread(std::make_unique<WorkerThread>()) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
+    new ScreenFit(*this);
     ui->files->setItemDelegate(new CaptionDelegate(ui->files));
     ui->files->viewport()->installEventFilter(this);
     ui->gridLayout->addWidget(new LeftOutBar(editMaskWindow), 1, 0);
@@ -90,20 +91,9 @@ MainWindow::~MainWindow() {
 }
 
 bool MainWindow::event(QEvent* event) {
-    if (event->type() == QEvent::Show && !event->spontaneous())
-        fitIntoScreen();
-    if (event->type() == QEvent::ActivationChange && !isFitted && isActiveWindow()) {
-        fitIntoScreen(); // its frame is known only now
-        isFitted = true;
-    }
     if (event->type() == QEvent::KeyRelease || event->type() == QEvent::ShortcutOverride)
         recognizeHeldReturn(static_cast<QKeyEvent&>(*event));
     return QMainWindow::event(event);
-}
-
-void MainWindow::fitIntoScreen() {
-    if (!isMaximized() && !isFullScreen())
-        resize(size().boundedTo(screenRoom(*this)));
 }
 
 /// A window system may tell of a key that is held down as of one that is released and pressed again

@@ -69,7 +69,6 @@ private Q_SLOTS:
     void on_actionOpen_selected_triggered();
 
 private:
-    void fitIntoScreen();
     void recognizeHeldReturn(QKeyEvent& event);
     void addCommandLineFiles(int milliseconds);
     void updateActions();
@@ -86,7 +85,6 @@ private:
     QString startDirectory;       ///< the current directory, before any export changes it
     QStringList commandLineFiles; ///< still to be handed to job setup
     std::unique_ptr<BusyCursor> busyCursor;
-    bool isFitted = false; ///< into its screen: from then on its size is the person's
     bool isSetupClosing = false;
     ulong returnReleased = 0;     ///< when, in the window system's milliseconds
     QList<Video*> videos;         ///< every job, in the order of acceptance; owned

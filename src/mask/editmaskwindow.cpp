@@ -9,7 +9,7 @@
 #include "datetimetyping.h"
 #include "leftoutfiles.h"
 #include "picturesearch.h"
-#include "screenroom.h"
+#include "screenfit.h"
 #include "settingstable.h"
 #include "ui_editmaskwindow.h"
 #include "video.h"
@@ -20,7 +20,6 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QLayout>
 #include <QMessageBox>
 #include <QTimer>
 
@@ -41,7 +40,7 @@ EditMaskWindow::EditMaskWindow(QWidget* parent)
     , leftOutFiles(std::make_unique<LeftOutFiles>()) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
-    fullMinimumSize = minimumSize();
+    new ScreenFit(*this);
     loadSettings();
     on_checkBoxExportTimestamp_clicked();
     prepareStartTime();
@@ -83,10 +82,6 @@ void EditMaskWindow::queueFiles(const QStringList& paths) {
 }
 
 void EditMaskWindow::bringToFront() {
-    if (!isVisible()) {
-        isFitted = false;
-        fitIntoScreen();
-    }
     setWindowState(windowState() & ~Qt::WindowMinimized);
     show();
     raise();
@@ -104,14 +99,6 @@ void EditMaskWindow::keyPressEvent(QKeyEvent* event) {
 
 void EditMaskWindow::closeEvent(QCloseEvent*) {
     discardAll();
-}
-
-void EditMaskWindow::changeEvent(QEvent* event) {
-    QWidget::changeEvent(event);
-    if (event->type() == QEvent::ActivationChange && !isFitted && isActiveWindow()) {
-        fitIntoScreen(); // its frame is known only now
-        isFitted = true;
-    }
 }
 
 void EditMaskWindow::on_pushButtonAdd_clicked() {
@@ -209,14 +196,6 @@ void EditMaskWindow::saveSettings() const {
     settings::minimum.write(store, ui->doubleSpinBoxMinimum->value());
     settings::automaticExport.write(store, ui->checkBoxExport->isChecked());
     settings::timestamps.write(store, ui->checkBoxExportTimestamp->isChecked());
-}
-
-/// On a screen that is smaller than the window the minimum size yields, so that its buttons are
-/// seen.
-void EditMaskWindow::fitIntoScreen() {
-    const QSize room = screenRoom(*this);
-    setMinimumSize(fullMinimumSize.boundedTo(room).expandedTo(layout()->totalMinimumSize()));
-    resize(size().boundedTo(room));
 }
 
 /// Shows the first pending file that has a picture. Without one the window hides and `currentFile`

@@ -66,7 +66,6 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
-    void changeEvent(QEvent* event) override;
 
 private Q_SLOTS:
     void on_pushButtonAdd_clicked();
@@ -84,7 +83,6 @@ private:
     void prepareStartTime();
     void loadSettings();
     void saveSettings() const;
-    void fitIntoScreen();
     void showNext();
     void showPicture(const QImage& picture);
     void showPosition();
@@ -100,8 +98,6 @@ private:
 
     std::unique_ptr<Ui::EditMaskWindow> ui;
     QString startDirectory;   ///< the current directory, before any export changes it
-    QSize fullMinimumSize;    ///< on screens that have the room
-    bool isFitted = false;    ///< into its screen: from then on its size is the person's
     QStringList pendingFiles; ///< waiting to be shown, first = next
     QString currentFile;      ///< the file shown now
     QString regionFile;       ///< on which the region was drawn last
