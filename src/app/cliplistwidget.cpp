@@ -4,8 +4,10 @@
 
 #include "cliplistwidget.h"
 
+#include "clip.h"
+
 #include <QElapsedTimer>
-#include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTimerEvent>
 
@@ -26,7 +28,31 @@ bool isPlainArrow(const QKeyEvent& event) {
     }
 }
 
+QList<Clip*> clipsOf(const QList<QListWidgetItem*>& items) {
+    QList<Clip*> clips;
+    for (QListWidgetItem* item : items)
+        clips.append(static_cast<Clip*>(item));
+    return clips;
+}
+
 } // namespace
+
+QList<Clip*> ClipListWidget::clips() const {
+    return clipsOf(findItems({}, Qt::MatchContains));
+}
+
+QList<Clip*> ClipListWidget::selectedClips() const {
+    return clipsOf(selectedItems());
+}
+
+void ClipListWidget::removeSelected() {
+    const QList<Clip*> clips = selectedClips();
+    Clip::leaveQueue(clips);
+    for (Clip* clip : clips) {
+        setItemWidget(clip, nullptr);
+        delete clip;
+    }
+}
 
 QRect ClipListWidget::visualRect(const QModelIndex& index) const {
     if (layoutTimer.isActive() && index.row() >= placed)
@@ -77,6 +103,12 @@ void ClipListWidget::keyPressEvent(QKeyEvent* event) {
         QListWidget::keyPressEvent(event);
     if (selectionModel()->hasSelection())
         focus = QModelIndex();
+}
+
+/// The base class takes the double-click of any button for one that opens.
+void ClipListWidget::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton)
+        QListWidget::mouseDoubleClickEvent(event);
 }
 
 void ClipListWidget::paintEvent(QPaintEvent* event) {

@@ -8,7 +8,9 @@
 #include <QListWidget>
 #include <QPersistentModelIndex>
 
-/// The list of clips. While it is empty it says what to do.
+class Clip;
+
+/// The list of clips; its items are nothing else. While it is empty it says what to do.
 ///
 /// Stays quick and is never blank while clips arrive, however many it has: those that are there
 /// stay where they are, and the new ones are given their places together, a little later where that
@@ -20,6 +22,10 @@ class ClipListWidget : public QListWidget {
 public:
     using QListWidget::QListWidget;
 
+    QList<Clip*> clips() const;
+    QList<Clip*> selectedClips() const;
+    void removeSelected();
+
     /// Gives a new item its place first.
     QRect visualRect(const QModelIndex& index) const override;
     void doItemsLayout() override;
@@ -30,6 +36,7 @@ protected:
                      const QVector<int>& roles) override;
     void focusInEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void rowsInserted(const QModelIndex& parent, int start, int end) override;
     void timerEvent(QTimerEvent* event) override;

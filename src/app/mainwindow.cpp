@@ -7,7 +7,6 @@
 #include "aboutbox.h"
 #include "addedfiles.h"
 #include "applicationicon.h"
-#include "batchprogress.h"
 #include "busycursor.h"
 #include "captiondelegate.h"
 #include "clip.h"
@@ -18,7 +17,6 @@
 #include "settingsdialog.h"
 #include "ui_mainwindow.h"
 #include "video.h"
-#include "workerthread.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -29,9 +27,7 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QMouseEvent>
 
-#include <algorithm>
 #include <utility>
 
 namespace {
@@ -42,38 +38,25 @@ constexpr int longestStartMilliseconds = 500; // with no window yet that could a
 constexpr int sliceMilliseconds = 40;         // with one more file it stays below 100
 constexpr int pauseMilliseconds = 100;
 
-Clip* clipOf(QListWidgetItem* item) {
-    return static_cast<Clip*>(item); // the list holds nothing else
-}
-
-QList<Clip*> clipsOf(const QList<QListWidgetItem*>& items) {
-    QList<Clip*> clips;
-    for (QListWidgetItem* item : items)
-        clips.append(clipOf(item));
-    return clips;
-}
-
 } // namespace
 
 MainWindow::MainWindow(QWidget* parent)
     : QMainWindow(parent)
     , ui(std::make_unique<Ui::MainWindow>())
     , startDirectory(QDir::currentPath())
-    , commandLineFiles(QCoreApplication::arguments().mid(1))
-    , workerThread(std::make_unique<WorkerThread>()) {
+    , commandLineFiles(QCoreApplication::arguments().mid(1)) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
     new ScreenFit(*this);
     ui->files->setItemDelegate(new CaptionDelegate(ui->files));
-    ui->files->viewport()->installEventFilter(this);
     ui->gridLayout->addWidget(new LeftOutBar(editMaskWindow), 1, 0);
     setAcceptDrops(true);
     connect(&statusTimer, SIGNAL(timeout()), SLOT(updateStatus()));
     connect(&editMaskWindow, SIGNAL(newVideo()), SLOT(newVideo()));
+    connect(&queue, SIGNAL(told(QString)), ui->statusBar, SLOT(showMessage(QString)));
     connect(&ExportNotices::instance(), SIGNAL(told(QString)), ui->statusBar,
             SLOT(showMessage(QString)));
     editMaskWindow.installEventFilter(this);
-    workerThread->start(QThread::InheritPriority);
     statusTimer.start(statusIntervalMilliseconds);
     updateActions();
     addCommandLineFiles(longestStartMilliseconds);
@@ -81,13 +64,10 @@ MainWindow::MainWindow(QWidget* parent)
 }
 
 MainWindow::~MainWindow() {
-    WorkerThread::stop(workerThread, videos);
-    qDeleteAll(videos);
-    // A job that was given up lives on, and its clips could still be exported.
-    Clip::leaveQueue(clipsOf(ui->files->findItems({}, Qt::MatchContains)));
+    // A job that is given up lives on, and its clips could still be exported.
+    Clip::leaveQueue(ui->files->clips());
     // The list outlives this part of the window, and its selection ends with its items.
     disconnect(ui->files, nullptr, this, nullptr);
-    ui.reset();
 }
 
 bool MainWindow::event(QEvent* event) {
@@ -113,10 +93,6 @@ void MainWindow::closeEvent(QCloseEvent* event) {
 }
 
 bool MainWindow::eventFilter(QObject* watched, QEvent* event) {
-    if (ui && watched == ui->files->viewport() && event->type() == QEvent::MouseButtonDblClick) {
-        // The list takes the double-click of any button for one that opens.
-        return static_cast<QMouseEvent*>(event)->button() != Qt::LeftButton;
-    }
     if (watched == &editMaskWindow && event->type() == QEvent::Close)
         isSetupClosing = editMaskWindow.isVisible();
     // Only once everything is done that comes with it: accepted jobs arrive after the window hides.
@@ -167,19 +143,17 @@ void MainWindow::endUnseen(bool wasSetupClosed) {
     const bool wasClosed = testAttribute(Qt::WA_WState_ExplicitShowHide) && isHidden();
     if (!wasClosed || editMaskWindow.isVisible())
         return;
-    const bool hasJobs = std::any_of(videos.cbegin(), videos.cend(), [](const Video* video) {
-        return video->state < Video::CancelRequested;
-    });
-    if (hasJobs && !wasSetupClosed)
+    if (queue.isActive() && !wasSetupClosed)
         show();
     else
         QCoreApplication::quit();
 }
 
 void MainWindow::newVideo() {
-    videos.append(editMaskWindow.readyVideos);
-    editMaskWindow.readyVideos.clear();
-    processQueue();
+    for (Video* video : qAsConst(editMaskWindow.readyVideos))
+        connect(video, SIGNAL(newClip(int, QImage, double, double, double)),
+                SLOT(newClip(int, QImage, double, double, double)));
+    queue.add(std::exchange(editMaskWindow.readyVideos, {}));
 }
 
 void MainWindow::newClip(int index, const QImage& snapshot, double start, double end,
@@ -197,53 +171,17 @@ void MainWindow::newClip(int index, const QImage& snapshot, double start, double
 }
 
 void MainWindow::processQueue() {
-    if (sender() == heldVideo)
-        heldVideo = nullptr;
-    if (isDetecting())
-        return;
-    const auto isWaiting = [](const Video* video) { return video->state == Video::Waiting; };
-    const auto next = std::find_if(videos.cbegin(), videos.cend(), isWaiting);
-    if (next != videos.cend() && hasWorker())
-        startDetection(*next);
-}
-
-/// Where the system had no thread to give before, it is asked once more.
-bool MainWindow::hasWorker() {
-    if (workerThread->isRunning())
-        return true;
-    workerThread->start(QThread::InheritPriority);
-    if (workerThread->isRunning())
-        ui->statusBar->clearMessage();
-    else
-        ui->statusBar->showMessage(tr("No thread to run detection on, trying again..."));
-    return workerThread->isRunning();
-}
-
-/// Also while the worker has not begun yet with the job that it was handed, and while it has not
-/// let go of one that was cancelled: what waited behind that could no longer be withdrawn.
-bool MainWindow::isDetecting() const {
-    const auto isRunning = [](const Video* video) { return video->state == Video::Running; };
-    return heldVideo || std::any_of(videos.cbegin(), videos.cend(), isRunning);
-}
-
-void MainWindow::startDetection(Video* video) {
-    heldVideo = video;
-    video->moveToThread(workerThread.get());
-    connect(video, SIGNAL(resultReady()), SLOT(processQueue()));
-    connect(video, SIGNAL(newClip(int, QImage, double, double, double)),
-            SLOT(newClip(int, QImage, double, double, double)));
-    QMetaObject::invokeMethod(video, "detect");
+    queue.startNext();
 }
 
 void MainWindow::updateStatus() {
-    if (!workerThread->isRunning())
-        processQueue();
+    queue.startNext(); // where there was no thread before
     showProgress();
     showBacklog();
 }
 
 void MainWindow::showProgress() {
-    const BatchProgress progress = updateBatch(videos, progressVideos);
+    const BatchProgress progress = queue.progress();
     if (progress.isActive && progress.fileSize > 0)
         ui->progressBar->setValue(progress.percent());
     ui->progressBar->setVisible(progress.isActive);
@@ -298,12 +236,7 @@ void MainWindow::on_files_itemSelectionChanged() {
 void MainWindow::on_files_activated(const QModelIndex&) {}
 
 void MainWindow::on_actionRemoveSelected_triggered() {
-    const QList<QListWidgetItem*> items = ui->files->selectedItems();
-    Clip::leaveQueue(clipsOf(items));
-    for (QListWidgetItem* item : items) {
-        ui->files->setItemWidget(item, nullptr);
-        delete item;
-    }
+    ui->files->removeSelected();
     updateActions();
 }
 
@@ -335,14 +268,11 @@ void MainWindow::on_actionAbout_triggered() {
 }
 
 void MainWindow::on_files_itemDoubleClicked(QListWidgetItem* item) {
-    clipOf(item)->openClip();
+    static_cast<Clip*>(item)->openClip();
 }
 
 void MainWindow::on_pushButtonCancel_clicked() {
-    for (Video* video : qAsConst(videos)) {
-        if (video->state < Video::CancelRequested)
-            video->state = Video::CancelRequested;
-    }
+    queue.cancel();
 }
 
 void MainWindow::on_actionCancel_triggered() {
@@ -350,13 +280,13 @@ void MainWindow::on_actionCancel_triggered() {
 }
 
 void MainWindow::on_actionExport_selected_triggered() {
-    const QList<QListWidgetItem*> items = ui->files->selectedItems();
-    for (QListWidgetItem* item : items)
-        clipOf(item)->exportClip(false);
+    const QList<Clip*> clips = ui->files->selectedClips();
+    for (Clip* clip : clips)
+        clip->exportClip(false);
 }
 
 void MainWindow::on_actionOpen_selected_triggered() {
-    const QList<QListWidgetItem*> items = ui->files->selectedItems();
-    for (QListWidgetItem* item : items)
-        clipOf(item)->openClip();
+    const QList<Clip*> clips = ui->files->selectedClips();
+    for (Clip* clip : clips)
+        clip->openClip();
 }

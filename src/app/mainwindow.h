@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "detectionqueue.h"
 #include "editmaskwindow.h"
 
 #include <QImage>
@@ -19,17 +20,15 @@ class BusyCursor;
 class QKeyEvent;
 class QListWidgetItem;
 class QModelIndex;
-class Video;
-class WorkerThread;
 
 namespace Ui {
 class MainWindow;
 }
 
-/// The main window: the detection queue, its progress, and the list of clips with its actions.
+/// The main window: the progress of the detection queue, and the list of clips with its actions.
 ///
-/// Owns every job ever accepted, the job setup window, and the thread that detection runs on. The
-/// command line's files go to job setup when it is built. It ends detection when it is destroyed.
+/// Owns the queue and the job setup window, and hands the jobs that are accepted there over to the
+/// queue. The command line's files go to job setup when it is built.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 
@@ -75,9 +74,6 @@ private:
     void endUnseen(bool wasSetupClosed);
     void showProgress();
     void showBacklog();
-    bool isDetecting() const;
-    bool hasWorker();
-    void startDetection(Video* video);
 
     std::unique_ptr<Ui::MainWindow> ui;
     EditMaskWindow editMaskWindow;
@@ -86,9 +82,6 @@ private:
     QStringList commandLineFiles; ///< still to be handed to job setup
     std::unique_ptr<BusyCursor> busyCursor;
     bool isSetupClosing = false;
-    ulong returnReleased = 0;     ///< when, in the window system's milliseconds
-    QList<Video*> videos;         ///< every job, in the order of acceptance; owned
-    QList<Video*> progressVideos; ///< the jobs that the progress bar counts
-    std::unique_ptr<WorkerThread> workerThread;
-    Video* heldVideo = nullptr; ///< by the worker: handed over, its end not yet heard
+    ulong returnReleased = 0; ///< when, in the window system's milliseconds
+    DetectionQueue queue;
 };

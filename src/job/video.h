@@ -41,6 +41,8 @@ public:
           ClipFolderNumbers* numbers = nullptr);
     ~Video() override;
 
+    bool hasEnded() const { return state >= CancelRequested; }
+
     /// The file's name without its folder.
     QString shortFileName() const;
 

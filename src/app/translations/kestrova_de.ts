@@ -58,6 +58,13 @@
     </message>
 </context>
 <context>
+    <name>DetectionQueue</name>
+    <message>
+        <source>No thread to run detection on, trying again...</source>
+        <translation>Das System gibt keinen Thread für die Suche her, neuer Versuch ...</translation>
+    </message>
+</context>
+<context>
     <name>EditMaskWindow</name>
     <message>
         <source>Add file(s)</source>
@@ -397,10 +404,6 @@ Hohe Werte können die Erkennung verschlechtern</translation>
     <message>
         <source>Select folder to add</source>
         <translation>Ordner auswählen</translation>
-    </message>
-    <message>
-        <source>No thread to run detection on, trying again...</source>
-        <translation>Das System gibt keinen Thread für die Suche her, neuer Versuch ...</translation>
     </message>
     <message>
         <source>%1 clips queued to export...</source>

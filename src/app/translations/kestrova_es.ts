@@ -58,6 +58,13 @@
     </message>
 </context>
 <context>
+    <name>DetectionQueue</name>
+    <message>
+        <source>No thread to run detection on, trying again...</source>
+        <translation>El sistema no tiene un hilo para la búsqueda, se intenta de nuevo...</translation>
+    </message>
+</context>
+<context>
     <name>EditMaskWindow</name>
     <message>
         <source>Add file(s)</source>
@@ -397,10 +404,6 @@ Los valores altos pueden empeorar la detección</translation>
     <message>
         <source>Select folder to add</source>
         <translation>Elegir una carpeta</translation>
-    </message>
-    <message>
-        <source>No thread to run detection on, trying again...</source>
-        <translation>El sistema no tiene un hilo para la búsqueda, se intenta de nuevo...</translation>
     </message>
     <message>
         <source>%1 clips queued to export...</source>

@@ -58,6 +58,13 @@
     </message>
 </context>
 <context>
+    <name>DetectionQueue</name>
+    <message>
+        <source>No thread to run detection on, trying again...</source>
+        <translation>Le système n&apos;a pas de fil d&apos;exécution pour la recherche, nouvel essai...</translation>
+    </message>
+</context>
+<context>
     <name>EditMaskWindow</name>
     <message>
         <source>Add file(s)</source>
@@ -397,10 +404,6 @@ Des valeurs élevées peuvent nuire à la détection</translation>
     <message>
         <source>Select folder to add</source>
         <translation>Choisir un dossier</translation>
-    </message>
-    <message>
-        <source>No thread to run detection on, trying again...</source>
-        <translation>Le système n&apos;a pas de fil d&apos;exécution pour la recherche, nouvel essai...</translation>
     </message>
     <message>
         <source>%1 clips queued to export...</source>

@@ -25,7 +25,7 @@ BatchProgress updateBatch(const QList<Video*>& videos, QList<Video*>& batch) {
     BatchProgress progress;
     const QSet<Video*> counted(batch.cbegin(), batch.cend());
     for (Video* video : videos) {
-        const bool isUnfinished = video->state < Video::CancelRequested;
+        const bool isUnfinished = !video->hasEnded();
         const bool isInBatch = counted.contains(video);
         if (!isInBatch && !isUnfinished)
             continue;

@@ -1,0 +1,60 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "batchprogress.h"
+
+#include <QObject>
+
+#include <memory>
+
+class WorkerThread;
+
+/// The jobs that were accepted. They run one after the other, in their order, on one worker thread.
+///
+/// A job stays in the queue, whatever becomes of it, and lives as long as the queue. GUI thread
+/// only.
+class DetectionQueue : public QObject {
+    Q_OBJECT
+
+public:
+    DetectionQueue();
+
+    /// Cancels all jobs and stops the worker thread, one second at the most (`WorkerThread::stop`).
+    ~DetectionQueue() override;
+
+    const QList<Video*>& jobs() const { return videos; }
+
+    /// Whether a job waits or runs.
+    bool isActive() const;
+
+    /// Owns these jobs from now on. Who wants their clips connects to them before.
+    void add(const QList<Video*>& jobs);
+
+    /// Starts the first job that waits, unless one runs. Where the system had no thread to give
+    /// before, it is asked once more.
+    void startNext();
+
+    /// Withdraws all jobs that wait, and asks the one that runs to end.
+    void cancel();
+
+    /// Of the jobs that have waited or run since there was last none; see `updateBatch`.
+    BatchProgress progress();
+
+Q_SIGNALS:
+    /// Why no job can be started; empty as soon as one can.
+    void told(const QString& notice);
+
+private Q_SLOTS:
+    void letGo();
+
+private:
+    bool hasWorker();
+
+    QList<Video*> videos;         ///< in the order of acceptance; owned
+    QList<Video*> progressVideos; ///< the jobs that count in `progress`
+    std::unique_ptr<WorkerThread> workerThread;
+    Video* heldVideo = nullptr; ///< by the worker: handed over, its end not yet heard
+};
