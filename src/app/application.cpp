@@ -6,13 +6,13 @@
 
 #include "applicationicon.h"
 #include "commandlinepaths.h"
+#include "detectionqueue.h"
 #include "displayconnection.h"
 #include "filenamecodec.h"
 #include "mainwindow.h"
 #include "picturesearch.h"
 #include "toolkitthread.h"
 #include "translation.h"
-#include "workerthread.h"
 
 #include <QApplication>
 #include <QLocale>
@@ -64,7 +64,7 @@ int runApplication(int argc, char* argv[]) {
 
     const int status = showMainWindow();
     // A thread that is still busy must not find the program's globals destroyed.
-    if (WorkerThread::isAnyAbandoned() || PictureSearch::isAnyAbandoned())
+    if (DetectionQueue::isAnyAbandoned() || PictureSearch::isAnyAbandoned())
         std::_Exit(status);
     return status;
 }

@@ -5,9 +5,41 @@
 #include "detectionqueue.h"
 
 #include "video.h"
-#include "workerthread.h"
+
+#include <QElapsedTimer>
+#include <QThread>
+#include <QtDebug>
 
 #include <algorithm>
+#include <functional>
+
+namespace {
+
+constexpr int longestWaitMilliseconds = 1000;
+constexpr int waitStepMilliseconds = 20;
+
+/// Keeps what was given up reachable. Never destroyed itself.
+struct Abandoned {
+    QList<QThread*> threads;
+    QList<Video*> jobs;
+};
+
+Abandoned& abandoned() {
+    static auto* lists = new Abandoned;
+    return *lists;
+}
+
+class WorkerThread : public QThread {
+protected:
+    /// Cut off anywhere, the thread could leave locks taken and lists torn that the end of the
+    /// program needs: a termination is only noted, and the thread ends with the program.
+    void run() override {
+        setTerminationEnabled(false);
+        exec();
+    }
+};
+
+} // namespace
 
 DetectionQueue::DetectionQueue()
     : workerThread(std::make_unique<WorkerThread>()) {
@@ -15,7 +47,7 @@ DetectionQueue::DetectionQueue()
 }
 
 DetectionQueue::~DetectionQueue() {
-    WorkerThread::stop(workerThread, videos);
+    stop();
     qDeleteAll(videos);
 }
 
@@ -53,6 +85,18 @@ void DetectionQueue::cancel() {
     }
 }
 
+void DetectionQueue::stop() {
+    if (!workerThread || endWorker())
+        return;
+    qDebug("Processing thread wait failed");
+    workerThread->terminate(); // asked for all the same; `run` has disabled it and says why
+    abandonWorker();
+}
+
+bool DetectionQueue::isAnyAbandoned() {
+    return !abandoned().threads.isEmpty();
+}
+
 BatchProgress DetectionQueue::progress() {
     return updateBatch(videos, progressVideos);
 }
@@ -69,4 +113,29 @@ bool DetectionQueue::hasWorker() {
     const bool isRunning = workerThread->isRunning();
     Q_EMIT told(isRunning ? QString() : tr("No thread to run detection on, trying again..."));
     return isRunning;
+}
+
+/// False if the thread still runs after the longest wait.
+bool DetectionQueue::endWorker() {
+    QElapsedTimer timer;
+    timer.start();
+    workerThread->quit();
+    do {
+        // A job that was just being started has overwritten the first request.
+        for (Video* video : qAsConst(videos))
+            video->state = Video::CancelRequested;
+        if (workerThread->wait(waitStepMilliseconds))
+            return true;
+    } while (timer.elapsed() < longestWaitMilliseconds);
+    return false;
+}
+
+void DetectionQueue::abandonWorker() {
+    const auto isUsed = [this](const Video* video) {
+        return video->thread() == workerThread.get();
+    };
+    const auto used = std::stable_partition(videos.begin(), videos.end(), std::not_fn(isUsed));
+    std::for_each(used, videos.end(), [](Video* video) { abandoned().jobs.append(video); });
+    videos.erase(used, videos.end());
+    abandoned().threads.append(workerThread.release());
 }

@@ -10,7 +10,7 @@
 
 #include <memory>
 
-class WorkerThread;
+class QThread;
 
 /// The jobs that were accepted. They run one after the other, in their order, on one worker thread.
 ///
@@ -22,7 +22,6 @@ class DetectionQueue : public QObject {
 public:
     DetectionQueue();
 
-    /// Cancels all jobs and stops the worker thread, one second at the most (`WorkerThread::stop`).
     ~DetectionQueue() override;
 
     const QList<Video*>& jobs() const { return videos; }
@@ -40,6 +39,16 @@ public:
     /// Withdraws all jobs that wait, and asks the one that runs to end.
     void cancel();
 
+    /// Cancels all jobs, ends the worker thread and waits for it, one second at the most. The end
+    /// of the queue does so, too.
+    ///
+    /// A thread that does not end in time, as on a disk that does not answer, is given up, with the
+    /// jobs that live on it. Neither is ever freed, since they may still be in use.
+    void stop();
+
+    /// Whether a thread was given up.
+    static bool isAnyAbandoned();
+
     /// Of the jobs that have waited or run since there was last none; see `updateBatch`.
     BatchProgress progress();
 
@@ -52,9 +61,11 @@ private Q_SLOTS:
 
 private:
     bool hasWorker();
+    bool endWorker();
+    void abandonWorker();
 
-    QList<Video*> videos;         ///< in the order of acceptance; owned
-    QList<Video*> progressVideos; ///< the jobs that count in `progress`
-    std::unique_ptr<WorkerThread> workerThread;
-    Video* heldVideo = nullptr; ///< by the worker: handed over, its end not yet heard
+    QList<Video*> videos;                  ///< in the order of acceptance; owned
+    QList<Video*> progressVideos;          ///< the jobs that count in `progress`
+    std::unique_ptr<QThread> workerThread; ///< null once it is given up
+    Video* heldVideo = nullptr;            ///< by the worker: handed over, its end not yet heard
 };
