@@ -10,7 +10,7 @@
 #include "displayconnection.h"
 #include "filenamecodec.h"
 #include "mainwindow.h"
-#include "picturesearch.h"
+#include "pendingfiles.h"
 #include "toolkitthread.h"
 #include "translation.h"
 
@@ -64,7 +64,7 @@ int runApplication(int argc, char* argv[]) {
 
     const int status = showMainWindow();
     // A thread that is still busy must not find the program's globals destroyed.
-    if (DetectionQueue::isAnyAbandoned() || PictureSearch::isAnyAbandoned())
+    if (DetectionQueue::isAnyAbandoned() || PendingFiles::isAnyAbandoned())
         std::_Exit(status);
     return status;
 }

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
 
 /// As long as it exists, the program shows that it is at work while its windows answer.

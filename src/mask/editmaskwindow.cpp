@@ -5,33 +5,21 @@
 #include "editmaskwindow.h"
 
 #include "applicationicon.h"
-#include "busycursor.h"
 #include "datetimetyping.h"
 #include "leftoutfiles.h"
-#include "picturesearch.h"
 #include "screenfit.h"
 #include "settingstable.h"
 #include "ui_editmaskwindow.h"
 #include "video.h"
 
-#include <QApplication>
-#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
 #include <QMessageBox>
-#include <QTimer>
 
 #include <initializer_list>
 #include <utility>
-
-namespace {
-
-constexpr int longestLookMilliseconds = 40; // with one more file it stays below 100, as a rule
-constexpr int pauseMilliseconds = 100;
-
-} // namespace
 
 EditMaskWindow::EditMaskWindow(QWidget* parent)
     : QWidget(parent)
@@ -46,13 +34,14 @@ EditMaskWindow::EditMaskWindow(QWidget* parent)
     prepareStartTime();
     connect(ui->maskEditor, SIGNAL(roiUpdated()), this, SLOT(roiUpdated()));
     ui->pushButtonClear->setEnabled(ui->maskEditor->hasRoi());
+    connect(&pendingFiles, &PendingFiles::searching, this, &EditMaskWindow::setSearching);
+    connect(&pendingFiles, &PendingFiles::found, this, &EditMaskWindow::showPicture);
+    connect(&pendingFiles, SIGNAL(exhausted()), SLOT(hide()));
     ui->labelOldRegion->hide();
     ui->pushButtonAdd->setFocus();
 }
 
 EditMaskWindow::~EditMaskWindow() {
-    if (search)
-        PictureSearch::abandon(std::move(search));
     qDeleteAll(readyVideos);
 }
 
@@ -61,21 +50,20 @@ void EditMaskWindow::addFile(const QString& path) {
 }
 
 void EditMaskWindow::addFiles(const QStringList& paths) {
-    if (isVisible() && !search)
-        leftOutFiles->add(currentFile);
+    const bool isSearching = pendingFiles.isSearching();
+    if (isVisible() && !isSearching)
+        leftOutFiles->add(pendingFiles.current());
     leftOutFiles->remove(paths);
-    queuedFiles += paths.size();
     pendingFiles.append(paths);
-    if (!search)
-        showNext();
+    if (!isSearching)
+        pendingFiles.showNext();
 }
 
 void EditMaskWindow::queueFiles(const QStringList& paths) {
-    if (!isVisible() || search) {
+    if (!isVisible() || pendingFiles.isSearching()) {
         addFiles(paths);
         return;
     }
-    queuedFiles += paths.size();
     pendingFiles.append(paths);
     showPosition();
     bringToFront();
@@ -105,8 +93,8 @@ void EditMaskWindow::on_pushButtonAdd_clicked() {
     if (!isExportDirectoryGood())
         return;
     saveSettings();
-    createJob(currentFile);
-    showNext();
+    createJob(pendingFiles.current());
+    pendingFiles.showNext();
     Q_EMIT newVideo();
 }
 
@@ -115,18 +103,17 @@ void EditMaskWindow::on_pushButtonAddAll_clicked() {
         return;
     saveSettings();
     ClipFolderNumbers numbers;
-    createJob(currentFile, &numbers);
-    while (!pendingFiles.isEmpty())
-        createJob(pendingFiles.takeFirst(), &numbers);
-    showNext();
+    const QStringList files = QStringList{pendingFiles.current()} + pendingFiles.takeAll();
+    for (const QString& file : files)
+        createJob(file, &numbers);
+    pendingFiles.showNext();
     Q_EMIT newVideo();
 }
 
 /// Drops two on purpose: the file that is shown and the one behind it.
 void EditMaskWindow::on_pushButtonCancel_clicked() {
-    if (!pendingFiles.isEmpty())
-        pendingFiles.removeFirst();
-    showNext();
+    pendingFiles.dropFirst();
+    pendingFiles.showNext();
 }
 
 void EditMaskWindow::on_pushButtonCancelAll_clicked() {
@@ -160,7 +147,7 @@ void EditMaskWindow::on_checkBoxExportTimestamp_clicked() {
 }
 
 void EditMaskWindow::roiUpdated() {
-    regionFile = currentFile;
+    regionFile = pendingFiles.current();
     ui->labelOldRegion->hide();
     ui->pushButtonClear->setEnabled(ui->maskEditor->hasRoi());
 }
@@ -198,31 +185,9 @@ void EditMaskWindow::saveSettings() const {
     settings::timestamps.write(store, ui->checkBoxExportTimestamp->isChecked());
 }
 
-/// Shows the first pending file that has a picture. Without one the window hides and `currentFile`
-/// keeps its old text.
-void EditMaskWindow::showNext() {
-    const QDeadlineTimer deadline(longestLookMilliseconds);
-    while (!pendingFiles.isEmpty()) {
-        if (deadline.hasExpired()) {
-            startSearch();
-            return;
-        }
-        currentFile = pendingFiles.takeFirst();
-        QImage picture;
-        if (grabPicture(currentFile, &picture)) {
-            showPicture(picture);
-            return;
-        }
-    }
-    setSearching(false);
-    queuedFiles = 0;
-    hide();
-}
-
 void EditMaskWindow::showPicture(const QImage& picture) {
-    setSearching(false);
     ui->maskEditor->setImage(picture);
-    ui->labelInfo->setText(currentFile);
+    ui->labelInfo->setText(pendingFiles.current());
     showPosition();
     showOldRegion();
     bringToFront();
@@ -230,8 +195,8 @@ void EditMaskWindow::showPicture(const QImage& picture) {
 
 void EditMaskWindow::showPosition() {
     const QString position =
-        tr("File %1 of %2").arg(queuedFiles - pendingFiles.size()).arg(queuedFiles);
-    ui->labelPosition->setText(queuedFiles > 1 ? position : QString());
+        tr("File %1 of %2").arg(pendingFiles.place()).arg(pendingFiles.count());
+    ui->labelPosition->setText(pendingFiles.count() > 1 ? position : QString());
 }
 
 /// The rectangle is the old one; free shapes are gone, and nothing is selected in their place.
@@ -247,11 +212,6 @@ void EditMaskWindow::showOldRegion() {
 
 /// While a search goes on nothing is on show: what would act on it is disabled.
 void EditMaskWindow::setSearching(bool isSearching) {
-    if (search && !isSearching)
-        PictureSearch::abandon(std::move(search));
-    if (isSearching == bool(busyCursor))
-        return;
-    busyCursor = isSearching ? std::make_unique<BusyCursor>() : nullptr;
     if (isSearching)
         ui->maskEditor->setImage(QImage());
     const std::initializer_list<QWidget*> parts = {ui->labelInfo, ui->maskEditor, ui->pushButtonAdd,
@@ -272,37 +232,9 @@ void EditMaskWindow::setUsable(QWidget& part, bool isUsable) {
         part.setFocus();
 }
 
-void EditMaskWindow::startSearch() {
-    setSearching(true);
-    search = std::make_unique<PictureSearch>(pendingFiles);
-    connect(search.get(), &QThread::finished, this, [this] { endSearch(); });
-    search->start();
-    if (!search->isRunning()) // no thread was to be had, or it has ended already
-        QTimer::singleShot(0, this, [this] { endSearch(); });
-}
-
-void EditMaskWindow::endSearch() {
-    if (!search || search->isRunning())
-        return; // one that was abandoned has ended
-    if (QApplication::activeModalWidget()) {
-        // What comes to the front now would cover the dialog that has to be answered first.
-        QTimer::singleShot(pauseMilliseconds, this, [this] { endSearch(); });
-        return;
-    }
-    search->wait();
-    for (; search->tried > 0; --search->tried)
-        currentFile = pendingFiles.takeFirst();
-    const QImage picture = search->picture;
-    search.reset();
-    if (picture.isNull())
-        showNext(); // without a thread the next few, else those that were added meanwhile
-    else
-        showPicture(picture);
-}
-
 void EditMaskWindow::discardAll() {
-    pendingFiles.clear();
-    showNext();
+    pendingFiles.takeAll();
+    pendingFiles.showNext();
 }
 
 /// Empty if none is named. What a person writes in short means the same before and after an export.

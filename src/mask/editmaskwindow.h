@@ -5,6 +5,7 @@
 #pragma once
 
 #include "clipfolder.h"
+#include "pendingfiles.h"
 
 #include <QList>
 #include <QPointer>
@@ -14,9 +15,7 @@
 
 #include <memory>
 
-class BusyCursor;
 class LeftOutFiles;
-class PictureSearch;
 class Video;
 
 namespace Ui {
@@ -31,8 +30,8 @@ class EditMaskWindow;
 /// A region that was drawn on an earlier file goes on applying until another one is drawn; a line
 /// says so.
 ///
-/// Many files without a picture take their time: the search for the next one then goes on beside
-/// the event loop, under a busy cursor, while no file is on show that could be added or cancelled.
+/// While a longer search for the next picture goes on no file is on show that could be added or
+/// cancelled.
 class EditMaskWindow : public QWidget {
     Q_OBJECT
 
@@ -83,29 +82,20 @@ private:
     void prepareStartTime();
     void loadSettings();
     void saveSettings() const;
-    void showNext();
     void showPicture(const QImage& picture);
     void showPosition();
     void showOldRegion();
     void setSearching(bool isSearching);
     void setUsable(QWidget& part, bool isUsable);
-    void startSearch();
-    void endSearch();
     void discardAll();
     QString exportDirectory() const;
     bool isExportDirectoryGood() const;
     void createJob(const QString& path, ClipFolderNumbers* numbers = nullptr);
 
     std::unique_ptr<Ui::EditMaskWindow> ui;
-    QString startDirectory;   ///< the current directory, before any export changes it
-    QStringList pendingFiles; ///< waiting to be shown, first = next
-    QString currentFile;      ///< the file shown now
-    QString regionFile;       ///< on which the region was drawn last
-    int queuedFiles = 0;      ///< since none waited, with those that are no longer pending
+    QString startDirectory; ///< the current directory, before any export changes it
+    PendingFiles pendingFiles;
+    QString regionFile; ///< on which the region was drawn last
     std::unique_ptr<LeftOutFiles> leftOutFiles;
-
-    // A search that takes longer.
-    std::unique_ptr<PictureSearch> search; ///< among the first of `pendingFiles`
-    std::unique_ptr<BusyCursor> busyCursor;
-    QPointer<QWidget> focusBefore; ///< the disabled part that had the focus
+    QPointer<QWidget> focusBefore; ///< the part that had the focus when a search disabled it
 };
