@@ -59,7 +59,7 @@ public:
             const int clip = int(time / step) - 1;
             const bool isMoving = clip >= 0 && std::fmod(time, step) < lengthOf(clip);
             const float noise = 0.1F + 0.05F * float(std::sin(time * 3.0));
-            report.addValue(recording, time, isMoving ? strengths[std::size_t(clip)] : noise);
+            report.addValue(recording, time, {isMoving ? strengths[std::size_t(clip)] : noise});
         }
         for (int i = 0; i < int(strengths.size()); ++i)
             add(i, step * (i + 1), strengths[std::size_t(i)]);
@@ -75,7 +75,7 @@ private:
         line.recording = recording;
         line.clip = {index,       picture(recording * mostClips + index),
                      start,       start + lengthOf(index),
-                     start + 2.0, strength};
+                     start + 2.0, {strength}};
         const QString failure = report.addClip(line);
         if (!failure.isEmpty())
             std::fprintf(stderr, "%s\n", qPrintable(failure));
@@ -115,7 +115,7 @@ int main(int argc, char* argv[]) {
         const auto end = strengths.begin() + std::min(clips, (i + 1) * mostClips);
         Night(report, i, options.videos[i]).tell(std::vector<float>(first, end));
     }
-    report.addValue(nights, 60.0, 0.2F);
+    report.addValue(nights, 60.0, {0.2F});
     report.finish(nights, DetectionOutcome::Finished, {});
     report.finish(nights + 1, DetectionOutcome::CannotOpen,
                   QStringLiteral("no recording <at all>"));

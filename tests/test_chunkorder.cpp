@@ -53,8 +53,8 @@ struct Stream {
     qint64 packetCount = 0;
 };
 
-std::optional<float> alwaysSeven(const DecodedFrame&, const DecodedFrame&) {
-    return 7.0F;
+std::optional<MotionScore> alwaysSeven(const DecodedFrame&, const DecodedFrame&) {
+    return MotionScore{7.0F};
 }
 
 Numbers from(qint64 first, int count) {
@@ -149,9 +149,9 @@ void TestChunkOrder::accessPointIsCompared() {
     Chunk& second = stream.add(3, 0);
     order.add(first);
     order.add(second);
-    QVERIFY(!first.results.front().value);
-    QCOMPARE(second.results.front().value.value(), 7.0F);
-    QVERIFY(!second.results.back().value);
+    QVERIFY(!first.results.front().motion);
+    QCOMPARE(second.results.front().motion.value(), MotionScore{7.0F});
+    QVERIFY(!second.results.back().motion);
     QVERIFY(!first.last && !second.first); // nobody needs them any more
 }
 

@@ -41,7 +41,7 @@ public:
 
     void frameProcessed(const FrameReport& frame) override {
         add("frame").append(QByteArray::number(frame.number) + ' ' + digits(frame.time) + ' ' +
-                            digits(double(frame.motion)) + ' ' + digits(frame.earliestStart));
+                            digits(double(frame.motion.value)) + ' ' + digits(frame.earliestStart));
         times.append(QByteArray::number(frame.number) + ' ' + digits(frame.time));
         ++framesSeen;
     }
@@ -195,11 +195,11 @@ QByteArray damaged(QByteArray bytes, quint32 seed) {
 class KeepsAll : public PictureKeeper {
 public:
     void begin(qint64) override { kept.clear(); }
-    void take(int place, const Picture&, const Picture&, std::optional<float>) override {
+    void take(int place, const Picture&, const Picture&, std::optional<MotionScore>) override {
         add(kept, place);
     }
     KeptPictures end() override { return kept; }
-    void takeFirst(qint64, const DecodedFrame&, const DecodedFrame&, std::optional<float>,
+    void takeFirst(qint64, const DecodedFrame&, const DecodedFrame&, std::optional<MotionScore>,
                    KeptPictures& keptOfChunk) const override {
         add(keptOfChunk, 0);
     }
@@ -588,7 +588,7 @@ void TestChunkes::cancelled() {
 
 void TestChunkes::snapshotsAreMadeWhileDecoding_data() {
     QTest::addColumn<int>("group");
-    QTest::addColumn<int>("thresholdValue");
+    QTest::addColumn<int>("pixelThreshold");
     QTest::addColumn<int>("skip");
     QTest::addColumn<int>("most"); // of a hundred clips, those for which a chunk is decoded again
     QTest::newRow("short groups") << 50 << 35 << 0 << 5;
@@ -601,7 +601,7 @@ void TestChunkes::snapshotsAreMadeWhileDecoding_data() {
 /// Which pictures can be chosen is known when they are decoded, but for a few.
 void TestChunkes::snapshotsAreMadeWhileDecoding() {
     QFETCH(int, group);
-    QFETCH(int, thresholdValue);
+    QFETCH(int, pixelThreshold);
     QFETCH(int, skip);
     QFETCH(int, most);
     const QStringList codec{"-c:v", "libx264", "-preset", "veryfast", "-g", QString::number(group)};
@@ -609,7 +609,7 @@ void TestChunkes::snapshotsAreMadeWhileDecoding() {
     QVERIFY(!path.isEmpty());
     DetectionOptions options;
     options.segmentation.minimum = 2.0;
-    options.measure.thresholdValue = thresholdValue;
+    options.measure.pixelThreshold = pixelThreshold;
     options.measure.skip = skip;
     const Run expected(path, options, 1);
     again = 0;
@@ -628,8 +628,8 @@ void TestChunkes::whatIsKeptIsThereWhenItIsHandedOut() {
         encoded("kept.mp4", {"-c:v", "libx264", "-preset", "veryfast", "-g", "50", "-bf", "2"});
     QVERIFY(!path.isEmpty());
     VideoDecoder decoder(2);
-    decoder.setChunks([] { return [](const DecodedFrame&, const DecodedFrame&) { return 1.0F; }; },
-                      [] { return std::make_unique<KeepsAll>(); });
+    const auto alike = [](const DecodedFrame&, const DecodedFrame&) { return MotionScore(); };
+    decoder.setChunks([alike] { return alike; }, [] { return std::make_unique<KeepsAll>(); });
     QVERIFY(decoder.open(QFile::encodeName(path).constData()));
     QVERIFY(decoder.readChunked()); // which nothing was compared with
     int pictures = 0;

@@ -15,7 +15,7 @@ using Clips = QVector<DetectedClip>;
 /// The snapshot is told by its width, and by why there might be none.
 DetectedClip clip(double start, double end, float motion = 1.0F, int picture = 1) {
     const QImage snapshot(picture, 1, QImage::Format_RGB32);
-    return {0, snapshot, start, end, start + 0.5, motion, QString::number(picture)};
+    return {0, snapshot, start, end, start + 0.5, {motion}, QString::number(picture)};
 }
 
 bool isSame(const DetectedClip& left, const DetectedClip& right) {
@@ -54,7 +54,7 @@ Clips naivelyMerged(double gap, Clips clips) {
             ++i;
             continue;
         }
-        clips[i] = second.strongestMotion > first.strongestMotion ? second : first;
+        clips[i] = second.strongestMotion.value > first.strongestMotion.value ? second : first;
         clips[i].start = first.start;
         clips[i].end = second.end;
         clips.removeAt(i + 1);
@@ -98,7 +98,7 @@ Found segmented(const QVector<float>& values, const SegmentationOptions& options
     ClipMerger merger(gap);
     for (int i = 0; i < values.size(); ++i) {
         const double time = firstTime + (i + 1) / 25.0;
-        const auto clip = segmenter.addFrame(values[i], time, std::make_shared<NoPicture>());
+        const auto clip = segmenter.addFrame({values[i]}, time, std::make_shared<NoPicture>());
         if (clip) {
             found.apart.append(*clip);
             append(found.merged, merger.add(*clip));
@@ -195,7 +195,7 @@ void TestClipMerger::strongerSnapshotStays() {
     QCOMPARE(clips[0].snapshot.width(), picture);
     QCOMPARE(clips[0].snapshotFlaw, QString::number(picture));
     QCOMPARE(clips[0].snapshotTime, picture == 7 ? 0.5 : 2.5);
-    QCOMPARE(clips[0].strongestMotion, qMax(first, second));
+    QCOMPARE(clips[0].strongestMotion.value, qMax(first, second));
 }
 
 void TestClipMerger::numbersAreNew() {

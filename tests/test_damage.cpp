@@ -21,7 +21,7 @@ namespace {
 void add(MotionSeries& series, double begin, double end, double pace) {
     for (double time = begin; time < end - pace / 2; time += pace) {
         series.times.append(time);
-        series.values.append(0.0F);
+        series.scores.append(MotionScore());
     }
 }
 

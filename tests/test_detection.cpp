@@ -88,7 +88,7 @@ struct Run {
     QVector<float> motion() const {
         QVector<float> values;
         for (const FrameReport& frame : recorder.frames)
-            values.append(frame.motion);
+            values.append(frame.motion.value);
         return values;
     }
 
@@ -200,11 +200,11 @@ void TestDetection::measuresEveryPictureAgainstTheOneBefore() {
         const FrameReport& frame = run.recorder.frames[i - 1];
         QCOMPARE(frame.number, qint64(i));
         QCOMPARE(frame.time, i * 0.04);
-        QVERIFY(frame.motion == plainValue(pictures[i - 1], pictures[i]));
-        QVERIFY(run.series.values[i - 1] == float(frame.motion));
+        QVERIFY(frame.motion.value == plainValue(pictures[i - 1], pictures[i]));
+        QVERIFY(run.series.scores[i - 1] == frame.motion);
         QCOMPARE(run.series.times[i - 1], frame.time);
     }
-    QCOMPARE(run.series.values.size(), 11);
+    QCOMPARE(run.series.scores.size(), 11);
     QCOMPARE(run.series.times.size(), 11);
 }
 
@@ -308,15 +308,15 @@ void TestDetection::compareBottomUp(const QString& fileName) {
     upperLeft.measure.region.kind = RegionOfInterest::Kind::Rectangle;
     upperLeft.measure.region.rectangle = QRect(0, 0, 32, 16);
     for (DetectionOptions options : {oneSecond(), upperLeft}) {
-        options.measure.thresholdValue = 5;
+        options.measure.pixelThreshold = 5;
         options.segmentation.motionThreshold = 0.01F;
         const Run original(fileName, options);
         const Run turned(copy, options);
         QCOMPARE(original.outcome, DetectionOutcome::Finished);
-        QVERIFY(original.series.values.size() > 10);
-        QVERIFY(*std::max_element(original.series.values.begin(), original.series.values.end()) >
-                0.0F);
-        QCOMPARE(original.series.values, turned.series.values);
+        QVERIFY(original.series.scores.size() > 10);
+        const QVector<float> motion = original.motion();
+        QVERIFY(*std::max_element(motion.begin(), motion.end()) > 0.0F);
+        QCOMPARE(original.series.scores, turned.series.scores);
         QCOMPARE(original.recorder.clips.size(), turned.recorder.clips.size());
         QVERIFY(!original.recorder.clips.isEmpty());
         for (int i = 0; i < original.recorder.clips.size(); ++i)
@@ -386,7 +386,7 @@ void TestDetection::cancelBeforeTheFirstFrame() {
                   [](const Recorder& recorder) { return bool(recorder.isOpened); });
     QCOMPARE(run.outcome, DetectionOutcome::Cancelled);
     QCOMPARE(run.recorder.events, QStringList({"opened"}));
-    QVERIFY(run.series.values.isEmpty());
+    QVERIFY(run.series.scores.isEmpty());
     QVERIFY(run.series.times.isEmpty());
 }
 

@@ -25,7 +25,7 @@ std::vector<int> placesOf(const Values& values, int skip = 0, qint64 number = 0)
     PictureKeeper::Picture previous = frameOf();
     for (std::size_t i = 0; i < values.size(); ++i) {
         PictureKeeper::Picture current = frameOf();
-        snapshots.take(int(i) + 1, previous, current, values[i]);
+        snapshots.take(int(i) + 1, previous, current, MotionScore{values[i]});
         previous = current;
     }
     std::vector<int> places;
@@ -95,7 +95,7 @@ void TestLikelySnapshots::skippedPicturesKeepTheirValue() {
 void TestLikelySnapshots::firstPictureOfAChunk() {
     const LikelySnapshots snapshots(0.5F, 0);
     const auto placesWith = [&snapshots](float value, KeptPictures kept) {
-        snapshots.takeFirst(50, *frameOf(), *frameOf(), value, kept);
+        snapshots.takeFirst(50, *frameOf(), *frameOf(), MotionScore{value}, kept);
         Places places;
         for (const auto& picture : kept)
             places.push_back(picture.first);
@@ -116,7 +116,7 @@ void TestLikelySnapshots::picturesAreSmall() {
     PictureKeeper::Picture second = frameOf(128, 48);
     const std::weak_ptr<const DecodedFrame> watched = first;
     const QImage expected = snapshotImage(*second);
-    snapshots.take(1, first, second, 1.0F);
+    snapshots.take(1, first, second, MotionScore{1.0F});
     first.reset();
     second.reset();
     const KeptPictures kept = snapshots.end();
@@ -139,10 +139,10 @@ void TestLikelySnapshots::weakestGoWhereThereAreTooMany() {
 void TestLikelySnapshots::chunksDoNotMix() {
     LikelySnapshots snapshots(0.5F, 0);
     snapshots.begin(0);
-    snapshots.take(1, frameOf(), frameOf(), 9.0F);
+    snapshots.take(1, frameOf(), frameOf(), MotionScore{9.0F});
     QCOMPARE(int(snapshots.end().size()), 2);
     snapshots.begin(50);
-    snapshots.take(1, frameOf(), frameOf(), 0.1F);
+    snapshots.take(1, frameOf(), frameOf(), MotionScore{0.1F});
     QVERIFY(snapshots.end().empty());
 }
 

@@ -30,12 +30,12 @@ cv::Mat plain(int width, int height, int value) {
 
 double measureOnce(const MeasureOptions& options, const cv::Mat& before, const cv::Mat& now) {
     MotionMeasure measure(options);
-    return measure.measure(HandMadeFrame(before), HandMadeFrame(now));
+    return measure.measure(HandMadeFrame(before), HandMadeFrame(now)).value;
 }
 
 MeasureOptions withThreshold(int value) {
     MeasureOptions options;
-    options.thresholdValue = value;
+    options.pixelThreshold = value;
     return options;
 }
 
@@ -68,7 +68,7 @@ double plainValue(const MeasureOptions& options, const cv::Mat& before, const cv
         area = cv::Rect(drawn.x(), drawn.y(), drawn.width(), drawn.height());
     cv::Mat difference;
     cv::absdiff(before(area), now(area), difference);
-    cv::threshold(difference, difference, options.thresholdValue, 255, cv::THRESH_TOZERO);
+    cv::threshold(difference, difference, options.pixelThreshold, 255, cv::THRESH_TOZERO);
     if (options.region.kind != Kind::Mask)
         return float(cv::mean(difference)[0]);
     int count = 0;
@@ -99,7 +99,8 @@ QVector<double> measureAll(const MeasureOptions& options, const std::vector<cv::
     MotionMeasure measure(options);
     QVector<double> values;
     for (std::size_t i = 1; i < pictures.size(); ++i)
-        values.append(measure.measure(HandMadeFrame(pictures[i - 1]), HandMadeFrame(pictures[i])));
+        values.append(
+            measure.measure(HandMadeFrame(pictures[i - 1]), HandMadeFrame(pictures[i])).value);
     return values;
 }
 
@@ -212,7 +213,7 @@ void TestMotionMeasure::equalsPlainOpenCv() {
             options = withRectangle(area, size);
         else if (Kind(kind) == Kind::Mask)
             options = withMask(size, area);
-        options.thresholdValue = random.uniform(0, 120);
+        options.pixelThreshold = random.uniform(0, 120);
 
         MotionMeasure measure(options);
         cv::Mat before = plain(size.width(), size.height(), 128);
@@ -220,7 +221,8 @@ void TestMotionMeasure::equalsPlainOpenCv() {
             cv::Mat now(before.size(), CV_8UC1);
             random.fill(now, cv::RNG::UNIFORM, 0, 256);
             const double value =
-                measure.measure(HandMadeFrame(before, bottomUp), HandMadeFrame(now, bottomUp));
+                measure.measure(HandMadeFrame(before, bottomUp), HandMadeFrame(now, bottomUp))
+                    .value;
             QVERIFY(value == plainValue(options, before, now));
             before = now;
         }
@@ -258,13 +260,13 @@ void TestMotionMeasure::comparedElsewhere() {
     options.skip = skip;
     MotionMeasure measure(options);
     for (int i = 0; i < values.size(); ++i)
-        QCOMPARE(double(measure.take(41.0F + float(i), 8, 8)), values[i]);
+        QCOMPARE(double(measure.take(MotionScore{41.0F + float(i)}, 8, 8).value), values[i]);
     // What could not be compared is made up for on the next frame.
     MotionMeasure everySecond(MeasureOptions{35, 1, {}});
-    QCOMPARE(everySecond.take(1.0F, 8, 8), 0.0F);
-    QCOMPARE(everySecond.take(std::nullopt, 8, 8), 0.0F);
-    QCOMPARE(everySecond.take(3.0F, 8, 8), 3.0F);
-    QCOMPARE(everySecond.take(4.0F, 8, 8), 3.0F);
+    QCOMPARE(everySecond.take(MotionScore{1.0F}, 8, 8).value, 0.0F);
+    QCOMPARE(everySecond.take(std::nullopt, 8, 8).value, 0.0F);
+    QCOMPARE(everySecond.take(MotionScore{3.0F}, 8, 8).value, 3.0F);
+    QCOMPARE(everySecond.take(MotionScore{4.0F}, 8, 8).value, 3.0F);
 }
 
 void TestMotionMeasure::oneSelectedPixel() {
@@ -315,10 +317,10 @@ void TestMotionMeasure::onlyTheRegionCounts() {
     inside(cv::Rect(0, 0, 5, 10)) = 80;
     cv::Mat both = inside.clone();
     both(cv::Rect(5, 0, 5, 10)) = 200;
-    QCOMPARE(measure.measure(HandMadeFrame(plain(10, 10, 0)), HandMadeFrame(inside)), 80.0);
+    QCOMPARE(measure.measure(HandMadeFrame(plain(10, 10, 0)), HandMadeFrame(inside)).value, 80.0);
     // Nothing of the difference before is left.
-    QCOMPARE(measure.measure(HandMadeFrame(inside), HandMadeFrame(both)), 0.0);
-    QCOMPARE(measure.measure(HandMadeFrame(both), HandMadeFrame(plain(10, 10, 0))), 80.0);
+    QCOMPARE(measure.measure(HandMadeFrame(inside), HandMadeFrame(both)).value, 0.0);
+    QCOMPARE(measure.measure(HandMadeFrame(both), HandMadeFrame(plain(10, 10, 0))).value, 80.0);
 }
 
 void TestMotionMeasure::sizeChangeHoldsTheValue() {
@@ -329,13 +331,13 @@ void TestMotionMeasure::sizeChangeHoldsTheValue() {
     const HandMadeFrame wideChanged(plain(20, 10, 90));
     const HandMadeFrame high(plain(20, 30, 0));
     const HandMadeFrame highChanged(plain(20, 30, 70));
-    QCOMPARE(measure.measure(first, second), 50.0);
-    QCOMPARE(measure.measure(second, wide), 50.0);
-    QCOMPARE(measure.measure(wide, wideChanged), 90.0);
-    QCOMPARE(measure.measure(wideChanged, high), 90.0);
-    QCOMPARE(measure.measure(high, highChanged), 70.0);
-    QCOMPARE(measure.measure(highChanged, second), 70.0);
-    QCOMPARE(measure.measure(second, first), 50.0);
+    QCOMPARE(measure.measure(first, second).value, 50.0);
+    QCOMPARE(measure.measure(second, wide).value, 50.0);
+    QCOMPARE(measure.measure(wide, wideChanged).value, 90.0);
+    QCOMPARE(measure.measure(wideChanged, high).value, 90.0);
+    QCOMPARE(measure.measure(high, highChanged).value, 70.0);
+    QCOMPARE(measure.measure(highChanged, second).value, 70.0);
+    QCOMPARE(measure.measure(second, first).value, 50.0);
 }
 
 void TestMotionMeasure::sizeChangePreparesTheRegionAnew_data() {
@@ -354,7 +356,7 @@ void TestMotionMeasure::sizeChangePreparesTheRegionAnew() {
                                                    : withRectangle(left, space));
     const HandMadeFrame small(plain(10, 10, 0));
     const HandMadeFrame smallChanged(plain(10, 10, 50));
-    QCOMPARE(measure.measure(small, smallChanged), 50.0);
+    QCOMPARE(measure.measure(small, smallChanged).value, 50.0);
 
     // In pictures twice as large the left half is still the left half.
     cv::Mat picture = plain(20, 20, 0);
@@ -363,9 +365,9 @@ void TestMotionMeasure::sizeChangePreparesTheRegionAnew() {
     const HandMadeFrame rightChanged(picture);
     picture(cv::Rect(5, 10, 5, 10)) = 60; // a quarter of the left half
     const HandMadeFrame leftChanged(picture);
-    QCOMPARE(measure.measure(smallChanged, large), 50.0);
-    QCOMPARE(measure.measure(large, rightChanged), 0.0);
-    QCOMPARE(measure.measure(rightChanged, leftChanged), 15.0);
+    QCOMPARE(measure.measure(smallChanged, large).value, 50.0);
+    QCOMPARE(measure.measure(large, rightChanged).value, 0.0);
+    QCOMPARE(measure.measure(rightChanged, leftChanged).value, 15.0);
 }
 
 void TestMotionMeasure::sizeChangeIsMadeUpFor() {
@@ -379,11 +381,11 @@ void TestMotionMeasure::sizeChangeIsMadeUpFor() {
     const HandMadeFrame large(plain(20, 20, 0));
     const HandMadeFrame largeChanged(plain(20, 20, 60));
     const HandMadeFrame largeAgain(plain(20, 20, 130));
-    QCOMPARE(measure.measure(small, smallChanged), 0.0);
-    QCOMPARE(measure.measure(smallChanged, large), 0.0);
-    QCOMPARE(measure.measure(large, largeChanged), 60.0);
-    QCOMPARE(measure.measure(largeChanged, largeAgain), 60.0);
-    QCOMPARE(measure.measure(largeAgain, largeChanged), 70.0);
+    QCOMPARE(measure.measure(small, smallChanged).value, 0.0);
+    QCOMPARE(measure.measure(smallChanged, large).value, 0.0);
+    QCOMPARE(measure.measure(large, largeChanged).value, 60.0);
+    QCOMPARE(measure.measure(largeChanged, largeAgain).value, 60.0);
+    QCOMPARE(measure.measure(largeAgain, largeChanged).value, 70.0);
 }
 
 void TestMotionMeasure::formatsOfOneSizeAreCompared() {
@@ -391,9 +393,9 @@ void TestMotionMeasure::formatsOfOneSizeAreCompared() {
     MotionMeasure measure({});
     const HandMadeFrame grey(plain(16, 4, 80), true);
     const HandMadeFrame black(AV_PIX_FMT_MONOBLACK, 16, 4, 2);
-    QCOMPARE(measure.measure(grey, black), 80.0);
-    QCOMPARE(measure.measure(black, grey), 80.0);
-    QCOMPARE(measure.measure(black, black), 0.0);
+    QCOMPARE(measure.measure(grey, black).value, 80.0);
+    QCOMPARE(measure.measure(black, grey).value, 80.0);
+    QCOMPARE(measure.measure(black, black).value, 0.0);
 }
 
 void TestMotionMeasure::unreadablePictureHoldsTheValue_data() {
@@ -422,12 +424,12 @@ void TestMotionMeasure::unreadablePictureHoldsTheValue() {
 
     // In pixels of the first picture that has any.
     MotionMeasure measure(withRectangle(QRect(5, 5, 5, 5), {}));
-    QCOMPARE(measure.measure(bad, bad), 0.0);
-    QCOMPARE(measure.measure(bad, good), 0.0);
-    QCOMPARE(measure.measure(good, changed), 50.0);
-    QCOMPARE(measure.measure(changed, bad), 50.0);
-    QCOMPARE(measure.measure(bad, changed), 50.0);
-    QCOMPARE(measure.measure(changed, changed), 0.0);
+    QCOMPARE(measure.measure(bad, bad).value, 0.0);
+    QCOMPARE(measure.measure(bad, good).value, 0.0);
+    QCOMPARE(measure.measure(good, changed).value, 50.0);
+    QCOMPARE(measure.measure(changed, bad).value, 50.0);
+    QCOMPARE(measure.measure(bad, changed).value, 50.0);
+    QCOMPARE(measure.measure(changed, changed).value, 0.0);
 }
 
 QTEST_GUILESS_MAIN(TestMotionMeasure)

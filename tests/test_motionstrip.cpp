@@ -65,7 +65,7 @@ void TestMotionStrip::stripHasTheGreatestValueOfEachColumn() {
 void TestMotionStrip::stripsStaySmall() {
     ReportedRecording recording;
     for (int i = 1; i <= 1000000; ++i)
-        recording.add(i / 25.0, float(i % 7));
+        recording.add(i / 25.0, {float(i % 7)});
     QVERIFY(recording.strip.columns().size() <= 2048);
     QCOMPARE(recording.histogram.seconds().size(), thresholdSteps().size());
     QCOMPARE(recording.seconds, 40000.0);

@@ -11,9 +11,9 @@
 namespace {
 
 /// The vote as it is defined, counting everything anew.
-bool literalVote(const QVector<float>& values, const QVector<double>& times, double window,
+bool literalVote(const QVector<MotionScore>& scores, const QVector<double>& times, double window,
                  float threshold) {
-    const int size = values.size();
+    const int size = scores.size();
     if (size < 4 || times.size() < 2)
         return false;
     if (!(times[size - 2] + window > times[size - 1]))
@@ -22,7 +22,7 @@ bool literalVote(const QVector<float>& values, const QVector<double>& times, dou
     int hits = 0;
     for (int i = size - 2; i >= 0 && times[i] + window > times[size - 1]; --i) {
         ++counted;
-        if (values[i] >= threshold)
+        if (scores[i].value >= threshold)
             ++hits;
     }
     return float(hits) / float(counted) >= 0.5F;
@@ -36,12 +36,12 @@ struct Recording {
         , vote(series, window, threshold) {}
 
     void add(float value, double time) {
-        series.values.append(value);
+        series.scores.append(MotionScore{value});
         series.times.append(time);
         vote.advance();
     }
 
-    bool literal() const { return literalVote(series.values, series.times, window, threshold); }
+    bool literal() const { return literalVote(series.scores, series.times, window, threshold); }
 
     double window;
     float threshold;
@@ -136,7 +136,7 @@ void TestMotionVote::windowIsWidenedWhereItHoldsTooFew() {
     MotionVote vote(series, 5.0, 0.5F, 2);
     QVector<bool> won;
     for (const float value : {1.0F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F}) {
-        series.values.append(value);
+        series.scores.append(MotionScore{value});
         series.times.append(series.times.size() * 10.0);
         vote.advance();
         won.append(vote.isWon());
@@ -144,12 +144,12 @@ void TestMotionVote::windowIsWidenedWhereItHoldsTooFew() {
     // Counted are the two before the newest: one hit of two wins.
     QCOMPARE(won, QVector<bool>({false, false, false, false, false, true, true, false}));
     // After a step back the window is counted anew: all of it lies later, two of eight are hits.
-    series.values.append(1.0F);
+    series.scores.append(MotionScore{1.0F});
     series.times.append(2.0);
     vote.advance();
     QVERIFY(!vote.isWon());
     // None lies within 5 s; the two before, over the step, are a hit and none.
-    series.values.append(0.0F);
+    series.scores.append(MotionScore());
     series.times.append(90.0);
     vote.advance();
     QVERIFY(vote.isWon());

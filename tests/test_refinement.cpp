@@ -29,7 +29,7 @@ Measurement keyFrames(double gap) {
     for (int i = 1; i * gap <= 1800.0; ++i) {
         const double time = i * gap;
         looked.series.times.append(time);
-        looked.series.values.append(time >= 600.0 && time <= 660.0 ? 5.0F : 0.0F);
+        looked.series.scores.append(MotionScore{time >= 600.0 && time <= 660.0 ? 5.0F : 0.0F});
     }
     return looked;
 }

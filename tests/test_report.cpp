@@ -34,7 +34,7 @@ ReportedClip clipAt(int index, double start, double end, float strength) {
     clip.start = start;
     clip.end = end;
     clip.snapshotTime = start;
-    clip.strength = strength;
+    clip.strength = {strength};
     clip.pictureFile = QStringLiteral("pictures/%1.png").arg(index);
     clip.pictureSize = {320, 180};
     return clip;
@@ -47,7 +47,7 @@ ReportedRecording hourOf(const QString& name, float motion) {
     recording.path = "/videos/" + name;
     recording.state = SearchState::Done;
     for (int i = 1; i <= 3600; ++i)
-        recording.add(i, motion);
+        recording.add(i, {motion});
     return recording;
 }
 
@@ -153,7 +153,7 @@ void TestReport::clipsPlayTheirFile() {
 
 void TestReport::stripIsDrawnToScale() {
     MotionReport report = reportWithClip("garden.mp4");
-    report.recordings[0].add(3601.0, 2.0F);
+    report.recordings[0].add(3601.0, {2.0F});
     const double top = stripTop(report);
     QCOMPARE(top, 2.0);
     QCOMPARE(stripHeight(0.5, top), 0.5); // of square roots
@@ -164,7 +164,7 @@ void TestReport::stripIsDrawnToScale() {
     QVERIFY(drawing.contains("d=\"M0 1000V613H1800V0H1801V1000Z\""));
     QVERIFY(drawing.contains("d=\"M5.00 0V1000H10.25V0Z\"")); // 10 to 20.5 s
     QVERIFY(drawing.contains("y1=\"48.00\" y2=\"48.00\""));   // the threshold, half of 96 pixels
-    report.recordings[0].add(3602.0, 99.0F);
+    report.recordings[0].add(3602.0, {99.0F});
     QCOMPARE(stripTop(report), 10.0);
     report.threshold = 0.0;
     QVERIFY(stripTop(reportOf(ReportedRecording())) > 0.0);

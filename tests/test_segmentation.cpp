@@ -65,7 +65,7 @@ Run segment(const QVector<TestFrame>& frames, const SegmentationOptions& options
     NumberedPicture::snapshots = 0;
     ClipSegmenter segmenter(options, frames.first().time, std::make_shared<NumberedPicture>(0));
     for (int number = 1; number < frames.size(); ++number) {
-        const auto clip = segmenter.addFrame(frames[number].motion, frames[number].time,
+        const auto clip = segmenter.addFrame({frames[number].motion}, frames[number].time,
                                              std::make_shared<NumberedPicture>(number));
         if (clip)
             run.clips.append(*clip);
@@ -161,10 +161,10 @@ void TestSegmentation::burstBecomesOneClip() {
 void TestSegmentation::listsGrowByOneEntryPerFrame() {
     const QVector<TestFrame> frames = burst(1, 0, 1);
     const Run run = segment(frames, margins(1, 1, 5));
-    QCOMPARE(run.series.values.size(), frames.size() - 1);
+    QCOMPARE(run.series.scores.size(), frames.size() - 1);
     QCOMPARE(run.series.times.size(), frames.size() - 1);
     QCOMPARE(run.series.times.first(), frames[1].time);
-    QCOMPARE(run.series.values.last(), frames.last().motion);
+    QCOMPARE(run.series.scores.last().value, frames.last().motion);
 }
 
 void TestSegmentation::fewerThanSixFramesGiveNoClip() {

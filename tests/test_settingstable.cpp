@@ -62,7 +62,7 @@ void TestSettingsTable::jobSetupOffersTheRanges() {
 // The engine knows no settings, but who leaves an option alone means the same in both programs.
 void TestSettingsTable::engineHasTheSameDefaults() {
     const DetectionOptions engine;
-    QCOMPARE(engine.measure.thresholdValue, settings::pixelThreshold.fallback);
+    QCOMPARE(engine.measure.pixelThreshold, settings::pixelThreshold.fallback);
     QCOMPARE(engine.measure.skip, settings::skip.fallback);
     QCOMPARE(double(engine.segmentation.motionThreshold), settings::motionThreshold.fallback);
     QCOMPARE(engine.segmentation.prerecord, settings::prerecord.fallback);

@@ -28,24 +28,25 @@ KeptValues sample() {
     KeptValues values;
     values.recording = {"/cameras/gate 100%\n.mkv", 123456789012, 1795280535327341199,
                         QByteArray(64, 'c')};
-    values.stream.codec = "h264";
-    values.stream.size = {1920, 1080};
-    values.stream.pixelAspect = {4, 3};
-    values.stream.pace = {30000, 1001};
-    values.stream.start = -0.08;
-    values.stream.origin = -0.08;
+    values.measurement.stream.codecName = "h264";
+    values.measurement.stream.description.size = {1920, 1080};
+    values.measurement.stream.description.pixelAspect = {4, 3};
+    values.measurement.stream.description.frameRate = {30000, 1001};
+    values.measurement.stream.description.startTime = -0.08;
+    values.measurement.stream.origin = -0.08;
     values.settings = {{"measure", "1"}, {"skip", "0"}, {"region", "rectangle 1,2,3,4"}};
-    values.hasPictures = true;
-    values.firstTime = -0.08;
+    values.measurement.hasPictures = true;
+    values.measurement.firstTime = -0.08;
+    MotionSeries& series = values.measurement.series;
     std::mt19937 random(1);
     for (int i = 1; i < 40; ++i) {
-        values.times.append(-0.08 + i / 25.0);
-        values.values.append(float(random()) / 1e9F);
+        series.times.append(-0.08 + i / 25.0);
+        series.scores.append(MotionScore{float(random()) / 1e9F});
     }
-    values.values[3] = std::numeric_limits<float>::denorm_min();
-    values.values[4] = std::numeric_limits<float>::max();
-    values.times[5] = std::numeric_limits<double>::denorm_min();
-    values.times[6] = -1e300;
+    series.scores[3].value = std::numeric_limits<float>::denorm_min();
+    series.scores[4].value = std::numeric_limits<float>::max();
+    series.times[5] = std::numeric_limits<double>::denorm_min();
+    series.times[6] = -1e300;
     return values;
 }
 
@@ -53,27 +54,36 @@ KeptValues unreadable() {
     KeptValues values;
     values.recording = {"/cameras/broken.mkv", 1, 2, QByteArray(64, '0')};
     values.settings = {{"measure", "1"}};
-    values.end = KeptEnd::CannotOpen;
+    values.outcome = DetectionOutcome::CannotOpen;
     values.reason = QStringLiteral("no video\nstream: 100 % of it");
     return values;
 }
 
-bool isSame(const KeptValues& left, const KeptValues& right) {
-    return left.recording == right.recording && left.stream.codec == right.stream.codec &&
-           left.stream.size == right.stream.size &&
-           left.stream.pixelAspect.above == right.stream.pixelAspect.above &&
-           left.stream.pixelAspect.below == right.stream.pixelAspect.below &&
-           left.stream.pace.above == right.stream.pace.above &&
-           left.stream.pace.below == right.stream.pace.below &&
-           left.stream.start == right.stream.start &&
-           left.stream.isIntraOnly == right.stream.isIntraOnly &&
-           left.stream.frameRate == right.stream.frameRate &&
-           left.stream.origin == right.stream.origin &&
-           left.stream.isRegionEmpty == right.stream.isRegionEmpty &&
-           left.settings == right.settings && left.end == right.end &&
-           left.reason == right.reason && left.hasPictures == right.hasPictures &&
+bool isSame(const Ratio& left, const Ratio& right) {
+    return left.numerator == right.numerator && left.denominator == right.denominator;
+}
+
+bool isSame(const StreamFacts& left, const StreamFacts& right) {
+    return left.codecName == right.codecName && left.description.size == right.description.size &&
+           isSame(left.description.pixelAspect, right.description.pixelAspect) &&
+           isSame(left.description.frameRate, right.description.frameRate) &&
+           left.description.startTime == right.description.startTime &&
+           left.isIntraOnly == right.isIntraOnly && left.frameRate == right.frameRate &&
+           left.origin == right.origin && left.isRegionEmpty == right.isRegionEmpty;
+}
+
+bool isSame(const Measurement& left, const Measurement& right) {
+    return isSame(left.stream, right.stream) && left.hasPictures == right.hasPictures &&
            left.firstNumber == right.firstNumber && left.firstTime == right.firstTime &&
-           left.times == right.times && left.values == right.values;
+           left.series.times == right.series.times && left.series.scores == right.series.scores &&
+           left.damage.packets == right.damage.packets &&
+           left.damage.promised == right.damage.promised && left.damage.read == right.damage.read;
+}
+
+bool isSame(const KeptValues& left, const KeptValues& right) {
+    return left.recording == right.recording && left.settings == right.settings &&
+           left.outcome == right.outcome && left.reason == right.reason &&
+           isSame(left.measurement, right.measurement);
 }
 
 /// A file of the first format.
@@ -149,11 +159,11 @@ void TestValuesFile::readsBackWhatWasWritten_data() {
     QTest::newRow("pictures") << sample();
     QTest::newRow("unreadable") << unreadable();
     KeptValues stretch = sample();
-    stretch.firstNumber = 250;
-    stretch.stream.origin = -10.08;
+    stretch.measurement.firstNumber = 250;
+    stretch.measurement.stream.origin = -10.08;
     QTest::newRow("a stretch") << stretch;
     KeptValues still = sample();
-    still.end = KeptEnd::NoUsableTimes;
+    still.outcome = DetectionOutcome::NoUsableTimes;
     still.reason = QStringLiteral("no usable times");
     QTest::newRow("no usable times") << still;
     KeptValues bytes = sample();
@@ -172,8 +182,7 @@ void TestValuesFile::readsBackWhatWasWritten() {
 
 void TestValuesFile::looksAsItIsDescribed() {
     KeptValues values = sample();
-    values.times = {0.02, 0.1};
-    values.values = {0.0F, 0.1F};
+    values.measurement.series = {{{0.0F}, {0.1F}}, {0.02, 0.1}};
     const QByteArray text = "# kestrova values 2\n"
                             "# recording: /cameras/gate 100%25%0A.mkv\n"
                             "# bytes: 123456789012\n"
@@ -208,14 +217,15 @@ void TestValuesFile::olderFormatIsRead() {
     QCOMPARE(reading.values.recording.bytes, qint64(1234));
     QCOMPARE(reading.values.recording.modified, qint64(5678));
     QCOMPARE(reading.values.recording.digest, QByteArray());
-    QCOMPARE(reading.values.stream.codec, QByteArray("h264"));
-    QCOMPARE(reading.values.stream.start, -0.08);
-    QCOMPARE(reading.values.stream.frameRate, 12.5);
-    QCOMPARE(reading.values.stream.origin, -0.04);
-    QVERIFY(reading.values.stream.isIntraOnly);
+    const StreamFacts& stream = reading.values.measurement.stream;
+    QCOMPARE(stream.codecName, QByteArray("h264"));
+    QCOMPARE(stream.description.startTime, -0.08);
+    QCOMPARE(stream.frameRate, 12.5);
+    QCOMPARE(stream.origin, -0.04);
+    QVERIFY(stream.isIntraOnly);
     const MeasureSettings settings = {{"measure", "1"}, {"skip", "0"}};
     QCOMPARE(reading.values.settings, settings);
-    QCOMPARE(reading.values.values, QVector<float>({0.25F}));
+    QCOMPARE(reading.values.measurement.series.scores, (QVector<MotionScore>{{0.25F}}));
 }
 
 void TestValuesFile::forgedOlderFormatIsFlawed_data() {
@@ -303,11 +313,10 @@ void TestValuesFile::forgedFilesAreFlawed() {
     QFETCH(QByteArray, to);
     KeptValues values;
     values.recording = {"/a%", 1, 2, "e3"};
-    values.stream.codec = "ffv1";
-    values.stream.size = {4, 2};
-    values.hasPictures = true;
-    values.times = {0, 0, 0};
-    values.values = {0.25F, 0.5F, 0.75F};
+    values.measurement.stream.codecName = "ffv1";
+    values.measurement.stream.description.size = {4, 2};
+    values.measurement.hasPictures = true;
+    values.measurement.series = {{{0.25F}, {0.5F}, {0.75F}}, {0, 0, 0}};
     QByteArray text = valuesText(values);
     QCOMPARE(readText(sealed(text)).state, State::Good);
     QVERIFY(text.contains(from));

@@ -24,11 +24,12 @@ KeptValues whole() {
     KeptValues values;
     values.recording = {"/cameras/gate.mkv", 1000, 2000, "e3"};
     values.settings = {{"measure", "1"}, {"skip", "1"}};
-    values.stream.origin = 0.5;
-    values.hasPictures = true;
-    values.firstTime = 0.5;
-    values.times = {0.6, 0.7, 0.8, 0.9, 1.0, 1.1, 1.2, 1.3, 1.4};
-    values.values = {0, 2, 2, 4, 4, 6, 6, 8, 8};
+    values.measurement.stream.origin = 0.5;
+    values.measurement.hasPictures = true;
+    values.measurement.firstTime = 0.5;
+    values.measurement.series.times = {0.6, 0.7, 0.8, 0.9, 1.0, 1.1, 1.2, 1.3, 1.4};
+    for (const float value : {0, 2, 2, 4, 4, 6, 6, 8, 8})
+        values.measurement.series.scores.append(MotionScore{value});
     return values;
 }
 
@@ -36,20 +37,22 @@ KeptValues whole() {
 KeptValues cut(int index, int count, int begin, int end, int held) {
     KeptValues values = whole();
     constexpr int delay = 2;
-    values.part = KeptPart{index, count, KeptPart::Kind::Cut, begin, end, delay, held, true};
+    values.part = RecordingPart{index, count};
+    values.partFacts = {PartFacts::Kind::Cut, begin, end, delay, held, true};
+    Measurement& measured = values.measurement;
     if (begin == end) {
-        values.hasPictures = false;
-        values.times.clear();
-        values.values.clear();
+        measured.hasPictures = false;
+        measured.series = {};
         return values;
     }
     const int first = std::max(begin - 1, 0);
     const int pictures = std::min(end, 10) - first;
-    values.firstNumber = first;
-    values.firstTime = first == 0 ? 0.5 : whole().times[first - 1];
-    values.times = whole().times.mid(first, pictures - 1);
-    values.values = whole().values.mid(first, pictures - 1);
-    std::fill_n(values.values.begin(), held, 99.0F);
+    const MotionSeries all = measured.series;
+    measured.firstNumber = first;
+    measured.firstTime = first == 0 ? 0.5 : all.times[first - 1];
+    measured.series.times = all.times.mid(first, pictures - 1);
+    measured.series.scores = all.scores.mid(first, pictures - 1);
+    std::fill_n(measured.series.scores.begin(), held, MotionScore{99.0F});
     return values;
 }
 
@@ -62,8 +65,8 @@ KeptValues unread(int index) {
     KeptValues values;
     values.recording = {"/cameras/gate.mkv", 1000, 2000, "e3"};
     values.settings = whole().settings;
-    values.part = KeptPart{index, 2, KeptPart::Kind::Cut, 0, 0, 0, 0, true};
-    values.end = KeptEnd::CannotOpen;
+    values.part = RecordingPart{index, 2};
+    values.outcome = DetectionOutcome::CannotOpen;
     values.reason = QStringLiteral("no video stream");
     return values;
 }
@@ -106,11 +109,12 @@ void TestValuesParts::emptyPartsAreFine() {
 
 void TestValuesParts::uncutIsInItsFirst() {
     KeptValues first = whole();
-    first.part = KeptPart{1, 2, KeptPart::Kind::Whole, 0, 0, 0, 0, true};
+    first.part = RecordingPart{1, 2};
+    first.partFacts.kind = PartFacts::Kind::Whole;
     KeptValues second = unread(2);
-    second.end = KeptEnd::Finished;
+    second.outcome = DetectionOutcome::Finished;
     second.reason.clear();
-    second.part->kind = KeptPart::Kind::Empty;
+    second.partFacts.kind = PartFacts::Kind::Empty;
     const JoinedParts joined = joinParts({first, second});
     QVERIFY(joined.values);
     QCOMPARE(valuesText(*joined.values), valuesText(whole()));
@@ -119,7 +123,7 @@ void TestValuesParts::uncutIsInItsFirst() {
 void TestValuesParts::unreadableIsUnreadable() {
     const JoinedParts joined = joinParts({unread(1), unread(2)});
     QVERIFY(joined.values);
-    QCOMPARE(joined.values->end, KeptEnd::CannotOpen);
+    QCOMPARE(joined.values->outcome, DetectionOutcome::CannotOpen);
     QCOMPARE(joined.values->reason, QStringLiteral("no video stream"));
     QVERIFY(!joined.values->part);
 }
@@ -136,29 +140,29 @@ void TestValuesParts::whatDoesNotFitIsRefused_data() {
     row("another recording", [](auto& parts) { parts[2].recording.path = "/cameras/yard.mkv"; });
     row("it has changed", [](auto& parts) { ++parts[2].recording.modified; });
     row("measured otherwise", [](auto& parts) { parts[1].settings[1].value = "2"; });
-    row("a gap", [](auto& parts) { parts[1].part->end = 6; });
-    row("another delay", [](auto& parts) { parts[1].part->delay = 1; });
-    row("irregular", [](auto& parts) { parts[1].part->isRegular = false; });
-    row("irregular first", [](auto& parts) { parts[0].part->isRegular = false; });
-    row("another number", [](auto& parts) { ++parts[1].firstNumber; });
-    row("another time", [](auto& parts) { parts[2].firstTime += 0.1; });
-    row("another origin", [](auto& parts) { parts[2].stream.origin += 0.1; });
-    row("numbered", [](auto& parts) { parts[1].stream.frameRate = 25.0; });
+    row("a gap", [](auto& parts) { parts[1].partFacts.end = 6; });
+    row("another delay", [](auto& parts) { parts[1].partFacts.delay = 1; });
+    row("irregular", [](auto& parts) { parts[1].partFacts.isRegular = false; });
+    row("irregular first", [](auto& parts) { parts[0].partFacts.isRegular = false; });
+    row("another number", [](auto& parts) { ++parts[1].measurement.firstNumber; });
+    row("another time", [](auto& parts) { parts[2].measurement.firstTime += 0.1; });
+    row("another origin", [](auto& parts) { parts[2].measurement.stream.origin += 0.1; });
+    row("numbered", [](auto& parts) { parts[1].measurement.stream.frameRate = 25.0; });
     row("a picture too few", [](auto& parts) {
-        parts[2].times.removeLast();
-        parts[2].values.removeLast();
+        parts[2].measurement.series.times.removeLast();
+        parts[2].measurement.series.scores.removeLast();
     });
-    row("more packets", [](auto& parts) { ++parts[2].part->end; });
+    row("more packets", [](auto& parts) { ++parts[2].partFacts.end; });
     row("unread", [](auto& parts) { parts[1] = unread(2); });
     row("read after all", [](auto& parts) {
         parts = {unread(1), cut(2, 2, 3, 12, 1)};
         parts[0].settings = parts[1].settings;
     });
-    row("too many held", [](auto& parts) { parts[2].part->held = 6; });
+    row("too many held", [](auto& parts) { parts[2].partFacts.held = 6; });
     row("all at one time", [](auto& parts) {
         for (KeptValues& part : parts) {
-            part.firstTime = part.stream.origin;
-            part.times.fill(part.stream.origin);
+            part.measurement.firstTime = part.measurement.stream.origin;
+            part.measurement.series.times.fill(part.measurement.stream.origin);
         }
     });
 }

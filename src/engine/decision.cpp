@@ -26,7 +26,7 @@ Decision::Decision(const SegmentationOptions& options, const Measurement& measur
     announce(measurement.stream, client);
 }
 
-void Decision::add(float motion, double time, ClipPicturePointer picture) {
+void Decision::add(MotionScore motion, double time, ClipPicturePointer picture) {
     const auto clip = segmenter.addFrame(motion, time, std::move(picture));
     if (clip)
         client.clipFound(*clip);

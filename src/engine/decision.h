@@ -16,8 +16,8 @@ public:
     Decision(const SegmentationOptions& options, const Measurement& measurement,
              ClipPicturePointer firstPicture, DetectionClient& client);
 
-    /// The next picture: its motion value and its time in seconds as the stream counts them.
-    void add(float motion, double time, ClipPicturePointer picture);
+    /// The next picture: its motion and its time in seconds as the stream counts them.
+    void add(MotionScore motion, double time, ClipPicturePointer picture);
 
     /// There is no further picture.
     void finish();

@@ -43,9 +43,10 @@ PictureComparisonMaker comparisonFor(const MeasureOptions& options) {
 }
 
 /// Where chunks end, the last picture of them is decoded again to compare the next one with.
-float motionOf(MotionMeasure& measure, const TimedPicture& previous, const TimedPicture& current) {
+MotionScore motionOf(MotionMeasure& measure, const TimedPicture& previous,
+                     const TimedPicture& current) {
     if (current.chunked)
-        return measure.take(current.chunked->value, current.width(), current.height());
+        return measure.take(current.chunked->motion, current.width(), current.height());
     if (previous.frame)
         return measure.measure(*previous.frame, *current.frame);
     const FramePointer again = decodeAgain(*previous.chunked);
@@ -154,7 +155,7 @@ std::optional<DetectionOutcome> Detection::runOpened(VideoDecoder& decoder,
     Decision decision(options.segmentation, measured, handleOf(previous), client);
     DetectionOutcome outcome = DetectionOutcome::Cancelled;
     while (current.isThere() && !client.isCancelled()) {
-        const float motion = motionOf(measure, previous, current);
+        const MotionScore motion = motionOf(measure, previous, current);
         decision.add(motion, current.time, handleOf(current));
         previous = std::move(current);
         current = pictures.next();

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "detectionoutcome.h"
 #include "segmentation.h"
 #include "streamdescription.h"
 
@@ -11,9 +12,9 @@
 
 /// One frame after the first, measured or held.
 struct FrameReport {
-    qint64 number = 0;   ///< number of the picture; the first one decoded, never reported, is 0
-    double time = 0.0;   ///< seconds from the first picture
-    float motion = 0.0F; ///< motion value, 0 or more
+    qint64 number = 0; ///< number of the picture; the first one decoded, never reported, is 0
+    double time = 0.0; ///< seconds from the first picture
+    MotionScore motion;
 
     /// No clip still to be found starts before this (ClipSegmenter::earliestStart).
     double earliestStart = 0.0;
@@ -53,15 +54,4 @@ public:
     virtual void endReached() = 0;
 
     virtual void clipFound(const DetectedClip& clip) = 0;
-};
-
-/// How a detection ended.
-enum class DetectionOutcome {
-    Finished,       ///< read to the end of the stream
-    Cancelled,      ///< the client said so; an open clip was still reported
-    CannotOpen,     ///< nothing was reported
-    TooFewPictures, ///< fewer than two pictures could be decoded; nothing was reported
-    NoUsableTimes,  ///< though they must be; found out at the first picture or at the end
-    ReadFailed,     ///< in the middle of the file; an open clip was still reported
-    OutOfMemory     ///< the same, but `endReached` was not called
 };

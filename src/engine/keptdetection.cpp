@@ -13,7 +13,7 @@ bool decideAgain(const Measurement& measurement, const SegmentationOptions& opti
     int done = 0;
     while (done < series.times.size() && !client.isCancelled()) {
         const int next = done++;
-        decision.add(series.values[next], series.times[next], pictures(done));
+        decision.add(series.scores[next], series.times[next], pictures(done));
     }
     const bool isWhole = !client.isCancelled();
     if (isWhole)

@@ -60,9 +60,9 @@ void LikelySnapshots::begin(qint64 number) {
 }
 
 void LikelySnapshots::take(int place, const Picture& previous, const Picture& picture,
-                           std::optional<float> value) {
-    if (value && isMeasured(first + place))
-        current = value;
+                           std::optional<MotionScore> motion) {
+    if (motion && isMeasured(first + place))
+        current = motion->value;
     if (current && *current >= threshold) {
         if (*current > strongest.value) {
             strongest.value = *current;
@@ -85,16 +85,16 @@ KeptPictures LikelySnapshots::end() {
 }
 
 void LikelySnapshots::takeFirst(qint64 number, const DecodedFrame& previous,
-                                const DecodedFrame& picture, std::optional<float> value,
+                                const DecodedFrame& picture, std::optional<MotionScore> motion,
                                 KeptPictures& keptOfChunk) const {
-    if (!value || !isMeasured(number) || *value < threshold)
+    if (!motion || !isMeasured(number) || motion->value < threshold)
         return;
     const auto next = keptOfChunk.lower_bound(0);
     const bool isNear = next != keptOfChunk.end() && next->first < blockLength;
-    if (isNear && next->second.value > *value)
+    if (isNear && next->second.value > motion->value)
         return;
-    add(keptOfChunk, -1, *value, previous);
-    add(keptOfChunk, 0, *value, picture);
+    add(keptOfChunk, -1, motion->value, previous);
+    add(keptOfChunk, 0, motion->value, picture);
 }
 
 /// As the motion measure skips them.

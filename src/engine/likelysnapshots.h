@@ -22,10 +22,10 @@ public:
 
     void begin(qint64 number) override;
     void take(int place, const Picture& previous, const Picture& current,
-              std::optional<float> value) override;
+              std::optional<MotionScore> motion) override;
     KeptPictures end() override;
     void takeFirst(qint64 number, const DecodedFrame& previous, const DecodedFrame& first,
-                   std::optional<float> value, KeptPictures& kept) const override;
+                   std::optional<MotionScore> motion, KeptPictures& kept) const override;
 
 private:
     struct Strongest {

@@ -122,7 +122,7 @@ void PartDetection::measurePictures(PictureSource& pictures, qint64 firstNumber)
     MotionMeasure measure(options.measure, firstNumber);
     TimedPicture current = pictures.next();
     while (current.frame && !client.isCancelled()) {
-        measured.series.values.append(measure.measure(*previous.frame, *current.frame));
+        measured.series.scores.append(measure.measure(*previous.frame, *current.frame));
         measured.series.times.append(current.time);
         previous = std::move(current);
         current = pictures.next();
@@ -151,7 +151,7 @@ void PartDetection::takeFacts(const PartReading& reading, bool isRegular) {
     partFacts.isRegular = isRegular;
     const qint64 step = options.measure.skip + 1;
     const qint64 toNextMeasured = (step - reading.begin() % step) % step;
-    const qint64 own = measured.series.values.size();
+    const qint64 own = measured.series.scores.size();
     if (reading.begin() > 0)
         partFacts.held = int(std::min(toNextMeasured, own));
 }

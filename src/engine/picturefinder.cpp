@@ -78,11 +78,11 @@ QImage PictureFinder::snapshotFromKeyFrame(int index) {
             return {};
         if (i == index)
             image = snapshotImage(*current);
-        const float motion = measure.measure(*previous, *current);
-        const float kept = measurement.series.values[i - 1];
-        if ((i == first || i == second) && motion != kept)
+        const MotionScore motion = measure.measure(*previous, *current);
+        const MotionScore kept = measurement.series.scores[i - 1];
+        if ((i == first || i == second) && !(motion == kept))
             return {};
-        isProved = isProved || ((i == first || i == second) && kept > 0.0F);
+        isProved = isProved || ((i == first || i == second) && kept.value > 0.0F);
         previous = std::move(current);
     }
     return isProved ? image : QImage();

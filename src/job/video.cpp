@@ -50,7 +50,7 @@ private:
 DetectionOptions detectionOptions(const Video& job) {
     const QSettings store;
     DetectionOptions options;
-    options.measure.thresholdValue =
+    options.measure.pixelThreshold =
         std::clamp(settings::pixelThreshold.read(store), settings::pixelThreshold.lowest,
                    settings::pixelThreshold.highest);
     options.measure.skip = job.skip;
@@ -118,6 +118,9 @@ void Video::runDetection() {
     // A read error in the middle is an end like that of the file.
     if (outcome != DetectionOutcome::Cancelled && state == Running)
         state = Failed;
-    motionValues = detection.motionSeries().values;
-    frameTimes = detection.motionSeries().times;
+    const MotionSeries& series = detection.motionSeries();
+    motionValues.resize(series.scores.size());
+    std::transform(series.scores.cbegin(), series.scores.cend(), motionValues.begin(),
+                   [](MotionScore motion) { return motion.value; });
+    frameTimes = series.times;
 }

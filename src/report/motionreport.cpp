@@ -6,10 +6,10 @@
 
 #include <algorithm>
 
-void ReportedRecording::add(double time, float motion) {
+void ReportedRecording::add(double time, MotionScore motion) {
     seconds = time;
-    strip.add(time, motion);
-    histogram.add(time, motion);
+    strip.add(time, motion.value);
+    histogram.add(time, motion.value);
 }
 
 bool MotionReport::isQuick() const {

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "motionhistogram.h"
+#include "motionscore.h"
 #include "motionstrip.h"
 
 #include <QDateTime>
@@ -20,10 +21,10 @@ struct ReportedClip {
     double start = 0.0;
     double end = 0.0;
     double snapshotTime = 0.0;
-    float strength = 0.0F; ///< its strongest motion value
-    QString pictureFile;   ///< in the report's folder, with `/` between; empty: none
-    QSize pictureSize;     ///< pixels
-    QString exportFile;    ///< absolute; empty: not exported
+    MotionScore strength; ///< of its strongest motion
+    QString pictureFile;  ///< in the report's folder, with `/` between; empty: none
+    QSize pictureSize;    ///< pixels
+    QString exportFile;   ///< absolute; empty: not exported
 };
 
 /// How the search of a recording went.
@@ -47,7 +48,7 @@ struct ReportedRecording {
     MotionHistogram histogram;
     QVector<ReportedClip> clips;
 
-    void add(double time, float motion); ///< what was measured at a picture (MotionStrip::add)
+    void add(double time, MotionScore motion); ///< of a picture (MotionStrip::add)
 };
 
 /// Everything that a report shows.

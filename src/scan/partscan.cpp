@@ -34,7 +34,7 @@ ExitStatus PartScan::run() {
     ExitStatus end = AllDone;
     if (!found.values)
         end = measure(found);
-    else if (found.values->end != KeptEnd::Finished) {
+    else if (found.values->outcome != DetectionOutcome::Finished) {
         messages.complain(video, found.values->reason);
         end = SomeUnreadable;
     }

@@ -6,7 +6,6 @@
 
 #include "interrupt.h"
 #include "keptdetection.h"
-#include "keptmeasurement.h"
 #include "measuresettings.h"
 #include "missingpicture.h"
 #include "quicklook.h"
@@ -25,7 +24,7 @@ namespace {
 
 QByteArray traceLine(const FrameReport& frame) {
     return QByteArray::number(frame.number) + '\t' + shortestDigits(frame.time) + '\t' +
-           shortestDigits(frame.motion) + '\n';
+           shortestDigits(frame.motion.value) + '\n';
 }
 
 QString noTimesHint(bool isQuick) {
@@ -181,11 +180,9 @@ QString RecordingScan::lookQuickly(const ValuesStore::Found& found) {
     const MeasuringEnd end = endOf(detection, outcome);
     if (isUnchanged() && !outputs.values.keep(found, detection.measurement(), end))
         isWritten = false;
-    const KeptValues looked =
-        keptValues(found.stamp.value_or(RecordingStamp()), outputs.values.measureSettings(),
-                   detection.measurement(), end);
+    const KeptValues looked = outputs.values.valuesOf(detection.measurement(), end);
     QString failure = decide(looked);
-    if (line.outcome != outcomeOf(looked.end))
+    if (line.outcome != looked.outcome)
         return failure;
     line.outcome = outcome;
     isRecordingToBlame = detection.isLasting();
@@ -194,20 +191,20 @@ QString RecordingScan::lookQuickly(const ValuesStore::Found& found) {
 
 /// The same from what was measured before.
 QString RecordingScan::decide(const KeptValues& values) {
-    line.outcome = outcomeOf(values.end);
+    line.outcome = values.outcome;
     isRecordingToBlame = true; // no other failure is kept
-    measurement = measurementOf(values);
+    measurement = values.measurement;
     line.damage = measurement.damage;
     line.isQuick = areOfKeyFrames(values.settings);
     const SegmentationOptions segmentation = segmentationOf(values);
-    if (line.isQuick && values.hasPictures)
+    if (line.isQuick && measurement.hasPictures)
         outputs.messages.complain(line.video, quickNote(measurement, segmentation.minimum));
-    if (options.isRefined && line.isQuick && values.end == KeptEnd::Finished)
+    if (options.isRefined && line.isQuick && values.outcome == DetectionOutcome::Finished)
         return refine(segmentation);
     makeFinder(values);
     const auto pictures = [this](int picture) { return clipPicture(picture); };
     const bool isWhole =
-        !values.hasPictures || decideAgain(measurement, segmentation, pictures, *this);
+        !measurement.hasPictures || decideAgain(measurement, segmentation, pictures, *this);
     if (!isWhole)
         line.outcome = DetectionOutcome::Cancelled;
     return isWhole ? values.reason : QString();
@@ -252,7 +249,7 @@ void RecordingScan::passLooked(double time) {
         outputs.totals.addSeconds(looked - line.seconds);
         line.seconds = looked;
         if (outputs.report)
-            outputs.report->addValue(index, looked, measurement.series.values[nextLooked]);
+            outputs.report->addValue(index, looked, measurement.series.scores[nextLooked]);
     }
 }
 

@@ -4,7 +4,10 @@
 
 #include "linereader.h"
 
+#include <cerrno>
 #include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace {
 
@@ -13,9 +16,24 @@ constexpr int bufferSize = 64 * 1024;
 
 } // namespace
 
-LineReader::LineReader(QIODevice& file)
-    : file(file)
-    , buffer(bufferSize, Qt::Uninitialized) {}
+bool LineReader::open(const QString& path) {
+    const QByteArray name = QFile::encodeName(path);
+    struct stat found {};
+    if (stat(name.constData(), &found) != 0) {
+        error = errno == ENOENT ? QString() : qt_error_string(errno);
+        return false;
+    }
+    if (!S_ISREG(found.st_mode)) {
+        error = QStringLiteral("it is no regular file");
+        return false;
+    }
+    buffer.resize(bufferSize);
+    const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
+    if (descriptor < 0)
+        error = qt_error_string(errno);
+    return descriptor >= 0 && file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered,
+                                        QFileDevice::AutoCloseHandle);
+}
 
 std::optional<std::string_view> LineReader::next() {
     int searched = begin;

@@ -5,7 +5,7 @@
 #pragma once
 
 #include <QByteArray>
-#include <QIODevice>
+#include <QFile>
 #include <QString>
 
 #include <optional>
@@ -14,8 +14,10 @@
 /// Reads a file line by line with a buffer that never grows, whatever the file is.
 class LineReader {
 public:
-    /// `file` must be open without a buffer and outlive this object.
-    explicit LineReader(QIODevice& file);
+    /// Opens a regular file, and nothing else that may have its name: whoever writes to a pipe
+    /// would take this for its reader. False if it cannot be opened; `flaw` is empty where there is
+    /// none.
+    bool open(const QString& path);
 
     /// The next line without its end, valid until the next call; nothing once there is none.
     std::optional<std::string_view> next();
@@ -26,7 +28,7 @@ public:
 private:
     bool fill();
 
-    QIODevice& file;
+    QFile file;
     QByteArray buffer;
     int begin = 0; ///< of what was not handed out yet
     int end = 0;

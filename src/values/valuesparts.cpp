@@ -25,43 +25,47 @@ bool areOfOne(const QVector<KeptValues>& parts) {
 
 /// The first part says it all: the recording could not be cut, or not even be read.
 bool isWhole(const KeptValues& first) {
-    return first.part->kind == KeptPart::Kind::Whole || first.end != KeptEnd::Finished;
+    return first.partFacts.kind == PartFacts::Kind::Whole ||
+           first.outcome != DetectionOutcome::Finished;
 }
 
 bool isEmptyRest(const KeptValues& part) {
-    return !part.hasPictures && part.part->kind != KeptPart::Kind::Whole;
+    return !part.measurement.hasPictures && part.partFacts.kind != PartFacts::Kind::Whole;
 }
 
 /// Whether `next` goes on where `part` ends.
-bool isNext(const KeptPart& part, const KeptPart& next) {
-    return next.kind == KeptPart::Kind::Cut && next.isRegular && next.begin == part.end &&
+bool isNext(const PartFacts& part, const PartFacts& next) {
+    return next.kind == PartFacts::Kind::Cut && next.isRegular && next.begin == part.end &&
            next.delay == part.delay;
 }
 
-double lastTime(const KeptValues& values) {
-    return values.times.isEmpty() ? values.firstTime : values.times.last();
+double lastTime(const Measurement& measurement) {
+    const QVector<double>& times = measurement.series.times;
+    return times.isEmpty() ? measurement.firstTime : times.last();
 }
 
-/// Appends a part's own pictures: those behind its first, which is the last one of `whole`.
-bool append(const KeptValues& part, KeptValues& whole) {
+/// Appends a part's own pictures: those behind its first, which is the last one of `whole`. The
+/// first `held` have the score of that one.
+bool append(const Measurement& part, int held, Measurement& whole) {
     if (!part.hasPictures)
         return true;
-    const qint64 last = whole.firstNumber + whole.times.size();
+    const qint64 last = whole.firstNumber + whole.series.times.size();
     if (part.firstNumber != last || part.firstTime != lastTime(whole) ||
         part.stream.origin != whole.stream.origin || part.stream.frameRate != 0.0 ||
-        part.part->held > part.values.size())
+        held > part.series.scores.size())
         return false;
-    QVector<float> values = part.values;
-    const float before = whole.values.isEmpty() ? 0.0F : whole.values.last();
-    std::fill_n(values.begin(), part.part->held, before);
-    whole.times += part.times;
-    whole.values += values;
+    QVector<MotionScore> own = part.series.scores;
+    QVector<MotionScore>& scores = whole.series.scores;
+    std::fill_n(own.begin(), held, scores.isEmpty() ? MotionScore() : scores.last());
+    scores += own;
+    whole.series.times += part.series.times;
     return true;
 }
 
-bool isStandingStill(const KeptValues& values) {
-    return std::all_of(values.times.cbegin(), values.times.cend(),
-                       [&values](double time) { return time == values.firstTime; });
+bool isStandingStill(const Measurement& measurement) {
+    const QVector<double>& times = measurement.series.times;
+    return std::all_of(times.cbegin(), times.cend(),
+                       [&measurement](double time) { return time == measurement.firstTime; });
 }
 
 } // namespace
@@ -75,18 +79,19 @@ JoinedParts joinParts(const QVector<KeptValues>& parts) {
         const bool isAll = std::all_of(parts.cbegin() + 1, parts.cend(), isEmptyRest);
         return isAll ? JoinedParts{whole, {}} : refuse("its parts do not fit each other");
     }
-    const KeptPart* last = &*parts.first().part;
-    if (!last->isRegular || last->begin != 0 || !whole.hasPictures)
+    const PartFacts* last = &parts.first().partFacts;
+    if (!last->isRegular || last->begin != 0 || !whole.measurement.hasPictures)
         return refuse("its stream is not regular enough to be measured in parts");
     for (int i = 1; i < parts.size(); ++i) {
-        const KeptPart* next = &*parts[i].part;
-        if (parts[i].end != KeptEnd::Finished || !isNext(*last, *next) || !append(parts[i], whole))
+        const PartFacts* next = &parts[i].partFacts;
+        if (parts[i].outcome != DetectionOutcome::Finished || !isNext(*last, *next) ||
+            !append(parts[i].measurement, next->held, whole.measurement))
             return refuse("its parts do not fit each other");
         last = next;
     }
     // What one pass says of recordings with a single picture or time is left to one pass.
-    const qint64 pictures = whole.times.size() + 1;
-    if (pictures < 2 || isStandingStill(whole) || pictures != last->end - last->delay)
+    const qint64 pictures = whole.measurement.series.times.size() + 1;
+    if (pictures < 2 || isStandingStill(whole.measurement) || pictures != last->end - last->delay)
         return refuse("its stream is not regular enough to be measured in parts");
     return {whole, {}};
 }

@@ -10,13 +10,9 @@
 #include "valuesnumber.h"
 
 #include <QCryptographicHash>
-#include <QFile>
 
 #include <algorithm>
-#include <cerrno>
-#include <fcntl.h>
 #include <limits>
-#include <sys/stat.h>
 
 namespace {
 
@@ -43,45 +39,16 @@ Line takeUpTo(char separator, Line& line) {
     return text;
 }
 
-std::optional<HeadLine> headLine(Line line) {
-    if (!startsWith(line, "# "))
-        return std::nullopt;
-    const std::size_t colon = line.find(": ");
-    if (colon == Line::npos)
-        return std::nullopt;
-    return HeadLine{toBytes(line.substr(2, colon - 2)), toBytes(line.substr(colon + 2))};
-}
-
-/// Opens a regular file, and nothing else that may have its name: whoever writes to a pipe would
-/// take this for its reader. The error is empty where there is no file.
-bool openRegular(const QString& path, QFile& file, QString& error) {
-    const QByteArray name = QFile::encodeName(path);
-    struct stat found {};
-    if (stat(name.constData(), &found) != 0) {
-        error = errno == ENOENT ? QString() : qt_error_string(errno);
-        return false;
-    }
-    if (!S_ISREG(found.st_mode)) {
-        error = QStringLiteral("it is no regular file");
-        return false;
-    }
-    const int descriptor = open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-    if (descriptor < 0)
-        error = qt_error_string(errno);
-    return descriptor >= 0 && file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered,
-                                        QFileDevice::AutoCloseHandle);
-}
-
 /// Reads one values file from its first line to its last.
 class ValuesParser {
 public:
-    explicit ValuesParser(QIODevice& file)
-        : lines(file) {}
+    explicit ValuesParser(LineReader& lines)
+        : lines(lines) {}
 
     /// What is wrong, empty if nothing is.
     QString run() {
         const bool isGood = next() && readFirstLine() && readHeadLines() && readPictures() &&
-                            readDamage() && readReason() && readEnd();
+                            readDamageLine() && readReason() && readEnd();
         return isGood ? QString() : error;
     }
 
@@ -113,6 +80,12 @@ private:
         line = *found;
         ++number;
         return true;
+    }
+
+    /// What the line says of this key; nothing if it is one of something else.
+    std::optional<QByteArray> valueOf(const char* key) const {
+        const auto found = headLine(line);
+        return found && found->key == key ? std::make_optional(found->value) : std::nullopt;
     }
 
     bool readFirstLine() {
@@ -150,58 +123,48 @@ private:
     bool readPicture(qint64 count) {
         qint64 pictureNumber = 0;
         double time = 0.0;
-        float value = 0.0F;
+        MotionScore motion;
         Line rest = line;
         const bool isGood = readNumber(takeUpTo('\t', rest), pictureNumber) &&
-                            readNumber(takeUpTo('\t', rest), time) && readNumber(rest, value) &&
-                            !std::signbit(value);
+                            readNumber(takeUpTo('\t', rest), time) &&
+                            readNumber(rest, motion.value) && !std::signbit(motion.value);
         if (count == 0) {
-            values.hasPictures = true;
-            values.firstNumber = pictureNumber;
-            values.firstTime = time;
+            measured.hasPictures = true;
+            measured.firstNumber = pictureNumber;
+            measured.firstTime = time;
             return isGood && pictureNumber >= 0 && pictureNumber < greatestFirstNumber &&
-                   value == 0.0F;
+                   motion == MotionScore();
         }
-        values.times.append(time);
-        values.values.append(value);
-        return isGood && pictureNumber == values.firstNumber + count;
+        measured.series.times.append(time);
+        measured.series.scores.append(motion);
+        return isGood && pictureNumber == measured.firstNumber + count;
     }
 
-    bool readDamage() {
-        const auto found = headLine(line);
-        if (!found || found->key != damageKey)
-            return true;
-        Line rest = line.substr(line.find(": ") + 2);
-        KeptDamage damage;
-        const bool isGood = readNumber(takeUpTo(' ', rest), damage.packets) &&
-                            readNumber(takeUpTo(' ', rest), damage.promised) &&
-                            readNumber(rest, damage.read) && damage.packets >= 0 &&
-                            damage.promised >= 0.0 && damage.read >= 0.0;
-        values.damage = damage;
-        return (isGood || failHere()) && next();
+    bool readDamageLine() {
+        const auto text = valueOf(damageKey);
+        return !text || ((readDamage(*text, measured.damage) || failHere()) && next());
     }
 
     bool readReason() {
-        const auto found = headLine(line);
-        if (!found || found->key != reasonKey)
+        const auto text = valueOf(reasonKey);
+        if (!text)
             return true;
-        const auto text = unescapedBytes(found->value);
-        values.reason = QString::fromUtf8(text.value_or(QByteArray()));
+        values.reason = QString::fromUtf8(unescapedBytes(*text).value_or(QByteArray()));
         return (!values.reason.isEmpty() || failHere()) && next();
     }
 
     bool readEnd() {
-        const auto found = headLine(line);
-        if (!found || found->key != endKey)
+        if (!valueOf(endKey))
             return failHere();
         Line rest = line.substr(line.find(": ") + 2);
         const Line word = takeUpTo(' ', rest);
         qint64 count = 0;
         const bool isCounted = readNumber(takeUpTo(' ', rest), count) && count == pictures();
-        const auto* end = std::find(std::begin(endWords), std::end(endWords), word);
+        const auto* end = std::find_if(std::begin(endWords), std::end(endWords),
+                                       [word](EndWord known) { return word == known.word; });
         if (!isCounted || end == std::end(endWords))
             return failHere();
-        values.end = KeptEnd(end - std::begin(endWords));
+        values.outcome = end->outcome;
         digest.addData(line.data(), int(line.size() - rest.size()));
         if (toBytes(rest) != digest.result().toHex())
             return fail(QStringLiteral("its digest is another"));
@@ -215,24 +178,25 @@ private:
         return !hasMore || fail(QStringLiteral("something stands behind its end"));
     }
 
-    qint64 pictures() const { return values.hasPictures ? values.times.size() + 1 : 0; }
+    qint64 pictures() const { return measured.hasPictures ? measured.series.times.size() + 1 : 0; }
 
     bool isConsistent() const {
         const bool isRead = pictures() >= 2;
-        const bool isFinished = values.end == KeptEnd::Finished;
-        if (isFinished != values.reason.isEmpty() || (values.damage && !isFinished))
+        const bool isFinished = values.outcome == DetectionOutcome::Finished;
+        if (isFinished != values.reason.isEmpty() || (measured.damage.isThere() && !isFinished))
             return false;
-        switch (values.end) {
-        case KeptEnd::Finished:
+        switch (values.outcome) {
+        case DetectionOutcome::Finished:
             return isRead || values.part;
-        case KeptEnd::NoUsableTimes:
+        case DetectionOutcome::NoUsableTimes:
             return isRead || pictures() == 0;
         default:
             return pictures() == 0;
         }
     }
 
-    LineReader lines;
+    Measurement& measured = values.measurement;
+    LineReader& lines;
     Line line;
     int format = 0;
     qint64 number = 0; ///< of the line, from 1
@@ -243,28 +207,22 @@ private:
 } // namespace
 
 ValuesReading readValues(const QString& path) {
-    QFile file;
-    ValuesReading reading;
-    if (!openRegular(path, file, reading.flaw)) {
-        if (!reading.flaw.isEmpty())
-            reading.state = ValuesReading::State::Flawed;
-        return reading;
-    }
-    ValuesParser parser(file);
-    reading.flaw = parser.run();
-    const bool isGood = reading.flaw.isEmpty();
-    reading.state = isGood ? ValuesReading::State::Good : ValuesReading::State::Flawed;
-    if (isGood)
-        reading.values = std::move(parser.values);
-    return reading;
+    LineReader lines;
+    const bool isOpen = lines.open(path);
+    if (!isOpen && lines.flaw().isEmpty())
+        return {};
+    ValuesParser parser(lines);
+    const QString flaw = isOpen ? parser.run() : lines.flaw();
+    if (!flaw.isEmpty())
+        return {ValuesReading::State::Flawed, flaw, {}};
+    return {ValuesReading::State::Good, {}, std::move(parser.values)};
 }
 
 std::optional<QByteArray> recordingNamedIn(const QString& path) {
-    QFile file;
-    QString error;
-    if (!openRegular(path, file, error))
+    LineReader lines;
+    if (!lines.open(path))
         return std::nullopt;
-    ValuesParser parser(file);
+    ValuesParser parser(lines);
     const bool isGood = parser.runHead();
     if (!parser.isValuesFile)
         return std::nullopt;

@@ -13,21 +13,29 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
 namespace {
 
-QByteArray pictureText(qint64 number, double time, float value) {
-    return QByteArray::number(number) + '\t' + shortestDigits(time) + '\t' + shortestDigits(value) +
-           '\n';
+QByteArray pictureText(qint64 number, double time, MotionScore motion) {
+    return QByteArray::number(number) + '\t' + shortestDigits(time) + '\t' +
+           shortestDigits(motion.value) + '\n';
 }
 
-void appendPictures(const KeptValues& values, QByteArray& text) {
-    qint64 number = values.firstNumber;
-    text += pictureText(number, values.firstTime, 0.0F);
-    for (int i = 0; i < values.times.size(); ++i)
-        text += pictureText(++number, values.times[i], values.values[i]);
+void appendPictures(const Measurement& measurement, QByteArray& text) {
+    const MotionSeries& series = measurement.series;
+    qint64 number = measurement.firstNumber;
+    text += pictureText(number, measurement.firstTime, {});
+    for (int i = 0; i < series.times.size(); ++i)
+        text += pictureText(++number, series.times[i], series.scores[i]);
+}
+
+const char* wordOf(DetectionOutcome outcome) {
+    const auto* found = std::find_if(std::begin(endWords), std::end(endWords),
+                                     [outcome](EndWord end) { return end.outcome == outcome; });
+    return found->word;
 }
 
 } // namespace
@@ -36,16 +44,15 @@ QByteArray valuesText(const KeptValues& values) {
     QByteArray text = formatName + QByteArray::number(formatNumber) + '\n';
     for (const HeadLine& line : headOf(values))
         text += headText(line);
-    const int pictures = values.hasPictures ? values.times.size() + 1 : 0;
-    if (values.hasPictures)
-        appendPictures(values, text);
-    if (values.damage)
-        text += headText({damageKey, QByteArray::number(values.damage->packets) + ' ' +
-                                         shortestDigits(values.damage->promised) + ' ' +
-                                         shortestDigits(values.damage->read)});
+    const Measurement& measurement = values.measurement;
+    if (measurement.hasPictures)
+        appendPictures(measurement, text);
+    if (measurement.damage.isThere())
+        text += headText({damageKey, damageNumbers(measurement.damage)});
     if (!values.reason.isEmpty())
         text += headText({reasonKey, escapedBytes(values.reason.toUtf8())});
-    text += QByteArray("# ") + endKey + ": " + endWords[int(values.end)] + ' ' +
+    const int pictures = measurement.hasPictures ? measurement.series.times.size() + 1 : 0;
+    text += QByteArray("# ") + endKey + ": " + wordOf(values.outcome) + ' ' +
             QByteArray::number(pictures) + ' ';
     return text + QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex() + '\n';
 }

@@ -29,7 +29,7 @@ struct ChunkStream {
 /// A picture of a chunk, once it has been compared and let go.
 struct ChunkResult {
     int fed = -1; ///< place of the packet it came with among those decoded; -1: of none
-    std::optional<float> value; ///< compared with the picture before it in the chunk
+    std::optional<MotionScore> motion; ///< compared with the picture before it in the chunk
 };
 
 /// The packets from one access point of a recording to a later one, and what a decoder makes of

@@ -130,9 +130,9 @@ bool ChunkDecoder::take(Chunk& chunk, AVFramePointer picture, int place) {
     } else {
         if (!areAlike(*chunk.last->frame, *record->frame))
             return false;
-        result.value = compare(*chunk.last, *record);
+        result.motion = compare(*chunk.last, *record);
         if (keeper)
-            keeper->take(int(chunk.results.size()), chunk.last, record, result.value);
+            keeper->take(int(chunk.results.size()), chunk.last, record, result.motion);
     }
     chunk.results.push_back(result);
     chunk.last = std::move(record);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "decodedframe.h"
+#include "motionscore.h"
 
 #include <QImage>
 
@@ -22,8 +23,8 @@ struct ChunkFrame {
     bool isTimeMissing = false; ///< as for `DecodedFrame`
     int width = 0;              ///< pixels
     int height = 0;             ///< pixels
-    std::optional<float>
-        value;                ///< of the comparison; nothing for the first one, or if none could be
+    std::optional<MotionScore>
+        motion;               ///< of the comparison; nothing for the first one, or if none could be
     qint64 bytePosition = -1; ///< how far into the file the demuxer was behind that packet
     double headerFrameRate = 0.0;       ///< as `VideoDecoder` has it
     std::shared_ptr<const Chunk> chunk; ///< never null

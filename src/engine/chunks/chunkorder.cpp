@@ -75,10 +75,10 @@ std::vector<qint64> ChunkOrder::numbersOf(const Chunk& chunk) const {
 
 void ChunkOrder::compareFirst(Chunk& chunk) {
     if (chunk.first && last) {
-        std::optional<float>& value = chunk.results.front().value;
-        value = compare(*last, *chunk.first);
+        std::optional<MotionScore>& motion = chunk.results.front().motion;
+        motion = compare(*last, *chunk.first);
         if (keeper)
-            keeper->takeFirst(pictures, *last, *chunk.first, value, chunk.kept);
+            keeper->takeFirst(pictures, *last, *chunk.first, motion, chunk.kept);
     }
     chunk.first.reset();
 }

@@ -136,7 +136,7 @@ void ChunkReader::makePictures(const ChunkPointer& chunk, const std::vector<qint
         picture.isTimeMissing = mark->dts == AV_NOPTS_VALUE;
         picture.width = chunk->width;
         picture.height = chunk->height;
-        picture.value = chunk->results[i].value;
+        picture.motion = chunk->results[i].motion;
         picture.bytePosition = mark->bytePosition;
         picture.headerFrameRate = hasTimes ? 0.0 : chunk->headerFrameRate;
         picture.chunk = chunk;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "decodedframe.h"
+#include "motionscore.h"
 
 #include <QImage>
 
@@ -36,7 +37,7 @@ public:
     /// The next picture, `place` in the chunk, 1 or more, and what comparing it with the one
     /// before it gave.
     virtual void take(int place, const Picture& previous, const Picture& current,
-                      std::optional<float> value) = 0;
+                      std::optional<MotionScore> motion) = 0;
 
     /// There are no more.
     virtual KeptPictures end() = 0;
@@ -44,7 +45,7 @@ public:
     /// The first picture of a chunk, number `number`, can be compared only later, with the last
     /// one before it. Adds those of the two that are to be kept to the chunk's.
     virtual void takeFirst(qint64 number, const DecodedFrame& previous, const DecodedFrame& first,
-                           std::optional<float> value, KeptPictures& kept) const = 0;
+                           std::optional<MotionScore> motion, KeptPictures& kept) const = 0;
 };
 
 /// Makes a keeper for one thread; any thread may ask for one.

@@ -8,7 +8,7 @@
 
 /// How the motion between two pictures is measured.
 struct MeasureOptions {
-    int thresholdValue = 35; ///< 0..255; a pixel that differs by this or less counts as unchanged
+    int pixelThreshold = 35; ///< 0..255; a pixel that differs by this or less counts as unchanged
     int skip = 0;            ///< frames between two measurements, 0 or more
     RegionOfInterest region;
 };

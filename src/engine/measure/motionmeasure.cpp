@@ -9,7 +9,7 @@ MotionMeasure::MotionMeasure(const MeasureOptions& options, qint64 firstNumber)
     , skip(options.skip)
     , skipCounter(options.skip - int(firstNumber % (options.skip + 1))) {}
 
-float MotionMeasure::measure(const DecodedFrame& previous, const DecodedFrame& current) {
+MotionScore MotionMeasure::measure(const DecodedFrame& previous, const DecodedFrame& current) {
     --skipCounter;
     if (!pictures.prepare(current.width(), current.height()))
         skipCounter = 0;
@@ -18,7 +18,7 @@ float MotionMeasure::measure(const DecodedFrame& previous, const DecodedFrame& c
     return motion;
 }
 
-float MotionMeasure::take(std::optional<float> difference, int width, int height) {
+MotionScore MotionMeasure::take(std::optional<MotionScore> difference, int width, int height) {
     --skipCounter;
     pictures.prepare(width, height);
     if (skipCounter < 0)
@@ -26,7 +26,7 @@ float MotionMeasure::take(std::optional<float> difference, int width, int height
     return motion;
 }
 
-void MotionMeasure::keep(std::optional<float> difference) {
+void MotionMeasure::keep(std::optional<MotionScore> difference) {
     skipCounter = difference ? skip : 0;
     motion = difference.value_or(motion);
 }

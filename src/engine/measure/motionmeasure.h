@@ -8,30 +8,30 @@
 
 #include <QtGlobal>
 
-/// The motion value of each frame: the difference from the frame before it, or, where that is not
-/// measured, the value before.
+/// The motion score of each frame: the difference from the frame before it, or, where that is not
+/// measured, the score before.
 class MotionMeasure {
 public:
     /// `firstNumber` is that of the first picture that is compared with, as the recording counts
     /// them: which pictures are skipped goes by that.
     explicit MotionMeasure(const MeasureOptions& options, qint64 firstNumber = 0);
 
-    /// The value of `current`, whose predecessor in the stream is `previous`.
+    /// The score of `current`, whose predecessor in the stream is `previous`.
     ///
-    /// A frame that is skipped keeps the value before it, and so does one that cannot be compared:
+    /// A frame that is skipped keeps the score before it, and so does one that cannot be compared:
     /// its size differs from its predecessor's, or its plane 0 is unreadable. A measurement that
     /// could not be made is made up for on the next frame.
-    float measure(const DecodedFrame& previous, const DecodedFrame& current);
+    MotionScore measure(const DecodedFrame& previous, const DecodedFrame& current);
 
     /// The same for a frame of `width` x `height` pixels that was compared elsewhere, with nothing
     /// if it could not be.
-    float take(std::optional<float> difference, int width, int height);
+    MotionScore take(std::optional<MotionScore> difference, int width, int height);
 
 private:
-    void keep(std::optional<float> difference);
+    void keep(std::optional<MotionScore> difference);
 
     PictureDifference pictures;
     int skip;
     int skipCounter;
-    float motion = 0.0F;
+    MotionScore motion;
 };

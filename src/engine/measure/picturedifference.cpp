@@ -51,8 +51,8 @@ bool PictureDifference::prepare(int newWidth, int newHeight) {
     return true;
 }
 
-std::optional<float> PictureDifference::compare(const DecodedFrame& previous,
-                                                const DecodedFrame& current) {
+std::optional<MotionScore> PictureDifference::compare(const DecodedFrame& previous,
+                                                      const DecodedFrame& current) {
     if (!prepare(current.width(), current.height()))
         return std::nullopt;
     try {
@@ -63,24 +63,24 @@ std::optional<float> PictureDifference::compare(const DecodedFrame& previous,
     }
 }
 
-std::optional<float> PictureDifference::comparePrepared(const DecodedFrame& previous,
-                                                        const DecodedFrame& current) {
+std::optional<MotionScore> PictureDifference::comparePrepared(const DecodedFrame& previous,
+                                                              const DecodedFrame& current) {
     if (previous.width() != current.width() || previous.height() != current.height())
         return std::nullopt;
     const cv::Mat before = previousPlane.wrap(previous);
     const cv::Mat now = currentPlane.wrap(current);
     if (before.empty() || now.empty())
         return std::nullopt;
-    return meanDifference(before, now);
+    return MotionScore{meanDifference(before, now)};
 }
 
 float PictureDifference::meanDifference(const cv::Mat& previous, const cv::Mat& current) const {
     if (region.kind == RegionOfInterest::Kind::Rectangle) {
         if (region.roi.empty())
             return 0.0F;
-        return mean(previous(region.roi), current(region.roi), options.thresholdValue, {});
+        return mean(previous(region.roi), current(region.roi), options.pixelThreshold, {});
     }
-    const float value = mean(previous, current, options.thresholdValue, region.maskMat);
+    const float value = mean(previous, current, options.pixelThreshold, region.maskMat);
     if (region.maskCount == 0)
         return value;
     // The whole quotient is meant: a region that covers 40 % of the picture counts double.

@@ -7,6 +7,7 @@
 #include "decodedframe.h"
 #include "lumaplane.h"
 #include "measureoptions.h"
+#include "motionscore.h"
 
 #include <opencv2/core/mat.hpp>
 
@@ -15,7 +16,7 @@
 /// Compares two pictures: the mean of what differs between them inside the region of interest.
 ///
 /// Value = mean over the picture or rectangle of the 8-bit differences of plane 0 that exceed
-/// `thresholdValue`, the others counting as 0. With a free mask the mean is still taken over the
+/// `pixelThreshold`, the others counting as 0. With a free mask the mean is still taken over the
 /// whole picture and then multiplied by (picture pixels / selected pixels), an integer quotient.
 /// Nothing is allocated per picture. Throws nothing but for want of memory.
 class PictureDifference {
@@ -27,10 +28,11 @@ public:
     bool prepare(int width, int height);
 
     /// Nothing if the two cannot be compared: their sizes differ, or a plane 0 is unreadable.
-    std::optional<float> compare(const DecodedFrame& previous, const DecodedFrame& current);
+    std::optional<MotionScore> compare(const DecodedFrame& previous, const DecodedFrame& current);
 
 private:
-    std::optional<float> comparePrepared(const DecodedFrame& previous, const DecodedFrame& current);
+    std::optional<MotionScore> comparePrepared(const DecodedFrame& previous,
+                                               const DecodedFrame& current);
     float meanDifference(const cv::Mat& previous, const cv::Mat& current) const;
 
     MeasureOptions options;

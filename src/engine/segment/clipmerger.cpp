@@ -13,7 +13,7 @@ constexpr double rounding = 1e-6;
 
 void join(DetectedClip& clip, const DetectedClip& next) {
     clip.end = next.end;
-    if (next.strongestMotion <= clip.strongestMotion)
+    if (next.strongestMotion.value <= clip.strongestMotion.value)
         return;
     clip.strongestMotion = next.strongestMotion;
     clip.snapshot = next.snapshot;

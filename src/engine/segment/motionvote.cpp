@@ -53,7 +53,7 @@ bool MotionVote::isCounted(int entry) const {
 }
 
 bool MotionVote::isHit(int entry) const {
-    return series.values[entry] >= threshold;
+    return series.scores[entry].value >= threshold;
 }
 
 void MotionVote::recount() {

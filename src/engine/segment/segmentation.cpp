@@ -20,7 +20,7 @@ ClipSegmenter::ClipSegmenter(const SegmentationOptions& options, double origin, 
     , previousPicture(std::move(firstPicture))
     , previousTime(firstTime) {}
 
-std::optional<DetectedClip> ClipSegmenter::addFrame(float motion, double time,
+std::optional<DetectedClip> ClipSegmenter::addFrame(MotionScore motion, double time,
                                                     ClipPicturePointer picture) {
     std::optional<DetectedClip> closed;
     if (inClip)
@@ -28,7 +28,7 @@ std::optional<DetectedClip> ClipSegmenter::addFrame(float motion, double time,
     else if (time > notBefore && vote.isWon())
         openClip(time);
 
-    series.values.append(motion);
+    series.scores.append(motion);
     series.times.append(time);
     vote.advance();
     // The picture before this frame goes with this frame's value: a clip that opens looks at the
@@ -51,15 +51,15 @@ double ClipSegmenter::earliestStart() const {
 
 // The comparison is strict here while the vote counts a value equal to the threshold as motion: it
 // takes at least the threshold to open a clip and more than it to keep one open.
-std::optional<DetectedClip> ClipSegmenter::continueClip(float motion, double time,
+std::optional<DetectedClip> ClipSegmenter::continueClip(MotionScore motion, double time,
                                                         const ClipPicturePointer& picture) {
-    if (motion <= options.motionThreshold) {
+    if (motion.value <= options.motionThreshold) {
         if (time - lastMotionTime > options.postrecord)
             return closeClip(time);
         return std::nullopt;
     }
     lastMotionTime = time;
-    if (motion > bestMotion) {
+    if (motion.value > bestMotion.value) {
         bestMotion = motion;
         bestPicture = picture;
         snapshotTime = time;
@@ -78,7 +78,7 @@ double ClipSegmenter::startOf(double time) const {
 void ClipSegmenter::openClip(double time) {
     // The vote needs entries, and every entry came with a candidate.
     const SnapshotCandidates::Candidate& best = *candidates.best();
-    bestMotion = best.value;
+    bestMotion = best.motion;
     bestPicture = best.picture;
     snapshotTime = best.time;
     clipStart = startOf(time);

@@ -29,7 +29,7 @@ struct DetectedClip {
     double start = 0.0;
     double end = 0.0;
     double snapshotTime = 0.0;
-    float strongestMotion = 0.0F; ///< the motion value for which the snapshot was chosen
+    MotionScore strongestMotion; ///< the one for which the snapshot was chosen
     QString snapshotFlaw{}; ///< why it cannot be had, for a person; empty if its format is to blame
 };
 
@@ -52,7 +52,8 @@ public:
     ClipSegmenter& operator=(const ClipSegmenter&) = delete;
 
     /// Takes in the next frame; answers the clip that it closes, if any.
-    std::optional<DetectedClip> addFrame(float motion, double time, ClipPicturePointer picture);
+    std::optional<DetectedClip> addFrame(MotionScore motion, double time,
+                                         ClipPicturePointer picture);
 
     /// Ends the recording; answers the clip that is still open, ending at the newest frame.
     std::optional<DetectedClip> finish();
@@ -65,7 +66,7 @@ public:
     const MotionSeries& motionSeries() const { return series; }
 
 private:
-    std::optional<DetectedClip> continueClip(float motion, double time,
+    std::optional<DetectedClip> continueClip(MotionScore motion, double time,
                                              const ClipPicturePointer& picture);
     double startOf(double time) const;
     void openClip(double time);
@@ -84,7 +85,7 @@ private:
     double notBefore = -1000.0; ///< a clip may open only on a frame whose time is greater
     double clipStart = -1000.0;
     double lastMotionTime = 0.0;
-    float bestMotion = 0.0F;
+    MotionScore bestMotion;
     ClipPicturePointer bestPicture;
     double snapshotTime = -1.0;
 };

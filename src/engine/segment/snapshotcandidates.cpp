@@ -17,12 +17,12 @@ constexpr std::size_t mostFullSize = 2;
 SnapshotCandidates::SnapshotCandidates(double span)
     : span(span) {}
 
-void SnapshotCandidates::add(float value, double pictureTime, ClipPicturePointer picture,
+void SnapshotCandidates::add(MotionScore motion, double pictureTime, ClipPicturePointer picture,
                              double now) {
-    while (!entries.empty() && entries.back().candidate.value <= value)
+    while (!entries.empty() && entries.back().candidate.motion.value <= motion.value)
         entries.pop_back();
     const qint64 number = oldest + qint64(times.size());
-    entries.push_back({{value, pictureTime, std::move(picture)}, number});
+    entries.push_back({{motion, pictureTime, std::move(picture)}, number});
     times.push_back(pictureTime);
     dropOld(now);
     shrinkOld();

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "clippicture.h"
+#include "motionscore.h"
 
 #include <QtGlobal>
 
@@ -19,16 +20,16 @@
 class SnapshotCandidates {
 public:
     struct Candidate {
-        float value; ///< motion value of the frame after the picture
-        double time; ///< seconds, of the picture
+        MotionScore motion; ///< of the frame after the picture
+        double time;        ///< seconds, of the picture
         ClipPicturePointer picture;
     };
 
     explicit SnapshotCandidates(double span);
 
-    /// Appends a picture; `now` is the time in seconds of the frame after it, whose value is
-    /// `value`. Pictures that thereby leave the history are released.
-    void add(float value, double pictureTime, ClipPicturePointer picture, double now);
+    /// Appends a picture; `now` is the time in seconds of the frame after it, whose score is
+    /// `motion`. Pictures that thereby leave the history are released.
+    void add(MotionScore motion, double pictureTime, ClipPicturePointer picture, double now);
 
     /// The candidate with the greatest value, of equals the newest; null if there is none.
     const Candidate* best() const;

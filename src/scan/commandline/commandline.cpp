@@ -174,7 +174,7 @@ DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& v
     options.segmentation.postrecord = values.number("postrecord");
     options.segmentation.minimum = values.number("minimum");
     options.segmentation.motionThreshold = float(values.number("threshold-motion"));
-    options.measure.thresholdValue = values.integer("threshold-value");
+    options.measure.pixelThreshold = values.integer("threshold-value");
     options.measure.skip = values.integer("skip");
     options.times.mustBeUsable = true;
     if (parser.isSet("fps"))

@@ -44,7 +44,7 @@ QString ScanReport::pictureFolder(const QString& reportFolder) {
     return QDir(reportFolder).filePath(QStringLiteral("pictures"));
 }
 
-void ScanReport::addValue(int recording, double time, float motion) {
+void ScanReport::addValue(int recording, double time, MotionScore motion) {
     at(recording).add(time, motion);
 }
 

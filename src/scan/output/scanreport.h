@@ -21,7 +21,7 @@ public:
     static QString pictureFolder(const QString& reportFolder);
 
     /// What was measured at a picture (MotionStrip::add).
-    void addValue(int recording, double time, float motion);
+    void addValue(int recording, double time, MotionScore motion);
 
     /// Takes in a clip and writes its picture. Answers why it has none, for a person; empty after
     /// a success.

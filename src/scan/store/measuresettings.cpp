@@ -92,7 +92,7 @@ QByteArray valueOf(const MeasureSettings& settings, const QByteArray& key) {
 
 MeasureSettings measureSettings(const DetectionOptions& options) {
     return {{"measure", QByteArray::number(measureDefinition)},
-            {"threshold-value", QByteArray::number(options.measure.thresholdValue)},
+            {"threshold-value", QByteArray::number(options.measure.pixelThreshold)},
             {"skip", QByteArray::number(options.measure.skip)},
             {"region", regionText(options.measure.region)},
             {"exclude", excludedText(options.measure.region.excluded)},

@@ -26,6 +26,25 @@ bool isUnproved(const RecordingStamp& kept, const RecordingStamp& found) {
     return kept.digest.isEmpty() && !isOtherRecording(found, kept);
 }
 
+/// As far as it is the recording's own doing.
+DetectionOutcome keptOutcome(DetectionOutcome outcome) {
+    switch (outcome) {
+    case DetectionOutcome::Cancelled:
+    case DetectionOutcome::ReadFailed:
+    case DetectionOutcome::OutOfMemory:
+        return DetectionOutcome::Finished;
+    default:
+        return outcome;
+    }
+}
+
+/// Whether measuring it anew gives it again.
+bool canBeKept(const Measurement& measured, const MeasuringEnd& end) {
+    if (measured.series.times.size() >= mostKeptPictures)
+        return false;
+    return end.outcome == DetectionOutcome::Finished || end.isLasting;
+}
+
 } // namespace
 
 ValuesStore::ValuesStore(const ScanOptions& options, Messages& messages)
@@ -131,12 +150,22 @@ std::optional<KeptValues> ValuesStore::joined(const RecordingStamp& stamp, int c
     return std::move(whole.values);
 }
 
+KeptValues ValuesStore::valuesOf(const Measurement& measured, const MeasuringEnd& end) const {
+    KeptValues values;
+    values.settings = settings;
+    values.measurement = measured;
+    values.outcome = keptOutcome(end.outcome);
+    values.reason = end.error;
+    return values;
+}
+
 bool ValuesStore::keep(const Found& found, const Measurement& measured,
                        const MeasuringEnd& end) const {
     if (options.valuesDirectory.isEmpty() || !found.stamp || !canBeKept(measured, end))
         return true;
-    return write(keptValues(*found.stamp, settings, measured, end),
-                 valuesPath(options.valuesDirectory, found.stamp->path));
+    KeptValues values = valuesOf(measured, end);
+    values.recording = *found.stamp;
+    return write(values, valuesPath(options.valuesDirectory, found.stamp->path));
 }
 
 bool ValuesStore::keepPart(const Found& found, const PartDetection& detection, RecordingPart part,
@@ -144,8 +173,10 @@ bool ValuesStore::keepPart(const Found& found, const PartDetection& detection, R
     const MeasuringEnd end{outcome, detection.errorText(), detection.isLasting()};
     if (!found.stamp || !canBeKept(detection.measurement(), end))
         return true;
-    KeptValues values = keptValues(*found.stamp, settings, detection.measurement(), end);
-    values.part = keptPart(part, detection.facts());
+    KeptValues values = valuesOf(detection.measurement(), end);
+    values.recording = *found.stamp;
+    values.part = part;
+    values.partFacts = detection.facts();
     return write(values,
                  partPath(options.valuesDirectory, found.stamp->path, part.index, part.count));
 }

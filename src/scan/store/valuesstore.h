@@ -4,13 +4,21 @@
 
 #pragma once
 
-#include "keptmeasurement.h"
+#include "detection.h"
+#include "keptvalues.h"
 #include "messages.h"
 #include "partdetection.h"
 #include "partfiles.h"
 #include "scanoptions.h"
 
 #include <optional>
+
+/// How the measuring of a recording has ended; the fields as `Detection` has them.
+struct MeasuringEnd {
+    DetectionOutcome outcome;
+    QString error;
+    bool isLasting;
+};
 
 /// The kept values of the recordings of one call: found, judged and written. Any thread may call
 /// anything.
@@ -35,11 +43,11 @@ public:
     /// The same for one of its parts; the whole will do, too.
     Found findPart(int index, RecordingPart part) const;
 
-    /// What this call measures with.
-    const MeasureSettings& measureSettings() const { return settings; }
-
     /// Whether these values were measured as this call measures.
     bool areOfThisCall(const KeptValues& values) const { return values.settings == settings; }
+
+    /// What this call has measured, as if it had been kept.
+    KeptValues valuesOf(const Measurement& measured, const MeasuringEnd& end) const;
 
     /// Keeps what was measured, where values are to be kept and these can be. False, after a
     /// complaint, if they could not be written.
