@@ -29,7 +29,7 @@ struct DetectedClip {
     double start = 0.0;
     double end = 0.0;
     double snapshotTime = 0.0;
-    MotionScore strongestMotion; ///< the one for which the snapshot was chosen
+    MotionScore strongestMotion{}; ///< the one for which the snapshot was chosen
     QString snapshotFlaw{}; ///< why it cannot be had, for a person; empty if its format is to blame
 };
 
