@@ -24,20 +24,24 @@
 namespace {
 
 /// All that a client is told, in its order.
-class Account : public DetectionClient {
+class Account : public DetectionProgress, public DetectionFindings {
 public:
     bool isCancelled() override { return cancelAt >= 0 && framesSeen >= cancelAt; }
 
-    void opened(const QByteArray& codec, double length) override {
-        add("opened").append(codec + ' ' + QByteArray::number(length));
+    void opened(const StreamFacts& stream) override {
+        add("described")
+            .append(QByteArray::number(stream.description.size.width()) + ' ' +
+                    digits(stream.origin));
+        add("numbered").append(QByteArray::number(stream.frameRate));
+        add("opened").append(stream.codecName + ' ' + QByteArray::number(stream.duration));
+        add("empty region").append(QByteArray::number(int(stream.isRegionEmpty)));
     }
-    void numbered(double rate) override { add("numbered").append(QByteArray::number(rate)); }
-    void described(const StreamDescription& stream, double firstTime) override {
-        add("described").append(QByteArray::number(stream.size.width()) + ' ' + digits(firstTime));
+
+    void positionChanged(qint64 position, bool isAtEnd) override {
+        if (isAtEnd)
+            add("end");
+        positions.append(position);
     }
-    void regionIsEmpty() override { add("empty region"); }
-    void endReached() override { add("end"); }
-    void positionChanged(qint64 position) override { positions.append(position); }
 
     void frameProcessed(const FrameReport& frame) override {
         add("frame").append(QByteArray::number(frame.number) + ' ' + digits(frame.time) + ' ' +
@@ -98,9 +102,9 @@ struct Run {
     Run(const QString& path, DetectionOptions options, int threads, int cancelAt = -1) {
         options.threads = threads;
         account.cancelAt = cancelAt;
-        Detection detection(options, account);
-        outcome = detection.run(path);
-        error = detection.errorText();
+        const MeasuringEnd end = Detection(options, account, &account).run(path);
+        outcome = end.outcome;
+        error = end.error;
     }
 
     Account account;

@@ -32,15 +32,15 @@ namespace {
 const QStringList ffv1 = {"-c:v", "ffv1"};
 
 /// Writes down what it is told and answers as it is asked to.
-class Recorder : public DetectionClient {
+class Recorder : public DetectionProgress, public DetectionFindings {
 public:
     bool isCancelled() override { return cancel && cancel(*this); }
 
-    void opened(const QByteArray& codec, double length) override {
+    void opened(const StreamFacts& stream) override {
         isOpened = true;
         events.append("opened");
-        codecName = codec;
-        duration = length;
+        codecName = stream.codecName;
+        duration = stream.duration;
     }
 
     void frameProcessed(const FrameReport& frame) override {
@@ -49,12 +49,12 @@ public:
         framesSeen = frames.size();
     }
 
-    void positionChanged(qint64 bytePosition) override {
+    void positionChanged(qint64 bytePosition, bool isAtEnd) override {
+        if (isAtEnd)
+            events.append("end");
         events.append("position");
         positions.append(bytePosition);
     }
-
-    void endReached() override { events.append("end"); }
 
     void clipFound(const DetectedClip& clip) override {
         events.append("clip");
@@ -79,10 +79,11 @@ struct Run {
     explicit Run(const QString& fileName, const DetectionOptions& options = {},
                  std::function<bool(const Recorder&)> cancel = {}) {
         recorder.cancel = std::move(cancel);
-        Detection detection(options, recorder);
-        outcome = detection.run(fileName);
-        series = detection.motionSeries();
-        errorText = detection.errorText();
+        Detection detection(options, recorder, &recorder);
+        const MeasuringEnd end = detection.run(fileName);
+        outcome = end.outcome;
+        errorText = end.error;
+        series = detection.measurement().series;
     }
 
     QVector<float> motion() const {

@@ -3,13 +3,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "keptdetection.h"
-#include "missingpicture.h"
 #include "refinement.h"
 
 #include <QtTest>
-
-#include <algorithm>
-#include <cmath>
 
 class TestRefinement : public QObject {
     Q_OBJECT
@@ -34,23 +30,6 @@ Measurement keyFrames(double gap) {
     return looked;
 }
 
-/// From the first clip's start to the last one's end.
-class AllClips : public DetectionClient {
-public:
-    bool isCancelled() override { return false; }
-    void opened(const QByteArray&, double) override {}
-    void frameProcessed(const FrameReport&) override {}
-    void positionChanged(qint64) override {}
-    void endReached() override {}
-    void clipFound(const DetectedClip& clip) override {
-        from = std::min(from, clip.start);
-        to = std::max(to, clip.end);
-    }
-
-    double from = HUGE_VAL;
-    double to = 0.0;
-};
-
 SegmentationOptions margins() {
     SegmentationOptions segmentation;
     segmentation.prerecord = 1.0;
@@ -73,13 +52,13 @@ void TestRefinement::stretchesReachOverTheGap_data() {
 void TestRefinement::stretchesReachOverTheGap() {
     QFETCH(double, gap);
     const Measurement looked = keyFrames(gap);
-    AllClips found;
-    QVERIFY(decideAgain(looked, margins(), noPicture, found));
+    const QVector<DetectedClip> clips = clipsOf(looked, margins());
+    QVERIFY(!clips.isEmpty());
     const QVector<TimeRange> stretches = rangesToRefine(looked, margins(), {});
     QCOMPARE(stretches.size(), 1);
     const double ofAClip = 1.0 + 2.0 + 30.0;
-    QCOMPARE(stretches[0].from, found.from - ofAClip - gap);
-    QCOMPARE(stretches[0].to, found.to + ofAClip + gap);
+    QCOMPARE(stretches[0].from, clips.first().start - ofAClip - gap);
+    QCOMPARE(stretches[0].to, clips.last().end + ofAClip + gap);
 }
 
 void TestRefinement::stretchesEndWithTheRange() {

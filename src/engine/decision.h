@@ -4,17 +4,16 @@
 
 #pragma once
 
-#include "detectionclient.h"
-#include "measurement.h"
+#include "detectionfindings.h"
 
-/// Decides on the motion values of one recording, picture by picture, and tells the client. The
+/// Decides on the motion values of one recording, picture by picture, and tells what is found. The
 /// same code and the same calls whether the values are measured at the moment or were kept.
 class Decision {
 public:
-    /// Tells the client of the stream; `firstPicture` is that of `measurement.firstTime`. All must
+    /// Tells of the stream; `firstPicture` is that of `measurement.firstTime`. All must
     /// outlive the decision.
     Decision(const SegmentationOptions& options, const Measurement& measurement,
-             ClipPicturePointer firstPicture, DetectionClient& client);
+             ClipPicturePointer firstPicture, DetectionFindings& findings);
 
     /// The next picture: its motion and its time in seconds as the stream counts them.
     void add(MotionScore motion, double time, ClipPicturePointer picture);
@@ -25,7 +24,7 @@ public:
     const MotionSeries& series() const { return segmenter.motionSeries(); }
 
 private:
-    DetectionClient& client;
+    DetectionFindings& findings;
     ClipSegmenter segmenter;
     double origin;
     qint64 number;

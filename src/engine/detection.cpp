@@ -15,20 +15,7 @@
 
 #include <cmath>
 #include <memory>
-#include <new>
-
-bool selectsNothing(const RegionOfInterest& region, int width, int height) {
-    return width > 0 && height > 0 && prepareRegion(region, width, height).isEmpty();
-}
-
-StreamFacts streamFacts(const VideoDecoder& decoder) {
-    StreamFacts facts;
-    facts.codecName = decoder.codecName();
-    facts.isIntraOnly = decoder.isIntraOnly();
-    facts.duration = decoder.duration();
-    facts.description = decoder.description();
-    return facts;
-}
+#include <utility>
 
 namespace {
 
@@ -42,49 +29,36 @@ PictureComparisonMaker comparisonFor(const MeasureOptions& options) {
     };
 }
 
-/// Where chunks end, the last picture of them is decoded again to compare the next one with.
-MotionScore motionOf(MotionMeasure& measure, const TimedPicture& previous,
-                     const TimedPicture& current) {
-    if (current.chunked)
-        return measure.take(current.chunked->motion, current.width(), current.height());
-    if (previous.frame)
-        return measure.measure(*previous.frame, *current.frame);
-    const FramePointer again = decodeAgain(*previous.chunked);
-    if (!again)
-        throw std::bad_alloc();
-    return measure.measure(*again, *current.frame);
+MeasuringEnd withoutTimes() {
+    return {DetectionOutcome::NoUsableTimes, QStringLiteral("no usable times"), true};
 }
 
 } // namespace
 
-Detection::Detection(const DetectionOptions& options, DetectionClient& client)
+Detection::Detection(const DetectionOptions& options, DetectionProgress& progress,
+                     DetectionFindings* findings)
     : options(options)
-    , client(client) {}
+    , progress(progress)
+    , findings(findings) {}
 
-DetectionOutcome Detection::run(const QString& fileName) {
-    try {
+MeasuringEnd Detection::run(const QString& fileName) {
+    return endOfRun([&] {
         path = QFile::encodeName(fileName);
         return runFile();
-    } catch (const std::bad_alloc&) {
-        return failWithoutMemory();
-    }
+    });
 }
 
-DetectionOutcome Detection::runFile() {
+MeasuringEnd Detection::runFile() {
     VideoDecoder decoder(options.threads);
     decoder.setKeyframesOnly(options.isKeyframesOnly);
     if (mayBeCut())
         decoder.setChunks(comparisonFor(options.measure), keeperMaker());
-    decoder.setInterrupt([this] { return client.isCancelled(); });
-    DetectionOutcome outcome = DetectionOutcome::CannotOpen;
+    decoder.setInterrupt([this] { return progress.isCancelled(); });
     if (decoder.open(path.constData()))
-        outcome = runOpen(decoder);
-    else if (client.isCancelled()) // which cuts an open short
-        outcome = DetectionOutcome::Cancelled;
-    else
-        failToOpen(decoder);
-    decoder.close();
-    return outcome;
+        return runOpen(decoder);
+    if (progress.isCancelled()) // which cuts an open short
+        return {DetectionOutcome::Cancelled};
+    return {DetectionOutcome::CannotOpen, decoder.errorText(), decoder.isFileToBlame()};
 }
 
 /// Into chunks, that are decoded side by side.
@@ -95,28 +69,24 @@ bool Detection::mayBeCut() const {
 
 /// Makes small pictures on the threads that decode them, if anybody wants to see some.
 PictureKeeperMaker Detection::keeperMaker() const {
-    if (!options.areSnapshotsWanted)
+    if (!findings || !options.areSnapshotsWanted)
         return {};
     const float threshold = options.segmentation.motionThreshold;
     const int skip = options.measure.skip;
     return [threshold, skip] { return std::make_unique<LikelySnapshots>(threshold, skip); };
 }
 
-DetectionOutcome Detection::runOpen(VideoDecoder& decoder) {
-    const auto outcome = runOpened(decoder, skipAhead(decoder));
-    if (outcome)
-        return *outcome;
+MeasuringEnd Detection::runOpen(VideoDecoder& decoder) {
+    const auto end = runOpened(decoder, skipAhead(decoder));
+    if (end)
+        return *end;
     decoder.open(path.constData());
-    return runOpened(decoder, std::nullopt).value_or(DetectionOutcome::CannotOpen);
+    return *runOpened(decoder, std::nullopt);
 }
 
-std::optional<DetectionOutcome> Detection::runSkipped(VideoDecoder& decoder,
-                                                      const RecordingOrigin& origin) {
-    try {
-        return runOpened(decoder, origin);
-    } catch (const std::bad_alloc&) {
-        return failWithoutMemory();
-    }
+std::optional<MeasuringEnd> Detection::runSkipped(VideoDecoder& decoder,
+                                                  const RecordingOrigin& origin) {
+    return endOfRun([&] { return runOpened(decoder, origin); });
 }
 
 /// Goes to the range without decoding what lies before it. Answers the picture that all are counted
@@ -134,40 +104,45 @@ std::optional<RecordingOrigin> Detection::skipAhead(VideoDecoder& decoder) {
     return std::nullopt;
 }
 
-/// Nothing, before the client is told anything, if the file must be read from its start after all.
-std::optional<DetectionOutcome> Detection::runOpened(VideoDecoder& decoder,
-                                                     std::optional<RecordingOrigin> origin) {
+/// Nothing, before anybody is told anything, if the file must be read from its start after all.
+std::optional<MeasuringEnd> Detection::runOpened(VideoDecoder& decoder,
+                                                 std::optional<RecordingOrigin> origin) {
     measured.stream = streamFacts(decoder);
     PictureSource source(decoder, options.threads != 1, options.times);
     RangedPictures pictures(source, options.range, origin);
-    TimedPicture previous = pictures.next();
-    begin(previous, pictures, source.frameRate());
-    TimedPicture current = previous.isThere() ? pictures.next() : TimedPicture();
-    if (origin && (pictures.isInDoubt() || !current.isThere()) && !client.isCancelled())
+    PicturePair first{pictures.next(), {}};
+    begin(first, pictures);
+    if (first.previous.isThere())
+        first.current = pictures.next();
+    const bool hasBegun = first.current.isThere();
+    if (origin && (pictures.isInDoubt() || !hasBegun) && !progress.isCancelled())
         return std::nullopt;
-    if (!current.isThere())
-        return failToBegin(source, previous.isThere());
+    if (!hasBegun)
+        return failToBegin(source, first.previous.isThere());
     measured.hasPictures = true;
-    measured.stream.isRegionEmpty =
-        selectsNothing(options.measure.region, current.width(), current.height());
+    measured.stream.isRegionEmpty = selectsNothing(options.measure.region, first.current);
+    const MeasuringEnd end = measureAndDecide(std::move(first), pictures);
+    if (end.outcome != DetectionOutcome::Finished)
+        return end;
+    if (source.isStandingStill())
+        return withoutTimes();
+    findDamage(decoder);
+    return end;
+}
 
-    MotionMeasure measure(options.measure);
-    Decision decision(options.segmentation, measured, handleOf(previous), client);
-    DetectionOutcome outcome = DetectionOutcome::Cancelled;
-    while (current.isThere() && !client.isCancelled()) {
-        const MotionScore motion = motionOf(measure, previous, current);
-        decision.add(motion, current.time, handleOf(current));
-        previous = std::move(current);
-        current = pictures.next();
-        if (!current.isThere() && !client.isCancelled())
-            outcome = outcomeOf(source);
-        client.positionChanged(source.bytePosition());
-    }
+/// Or measures alone, where nobody wants to know what is found.
+MeasuringEnd Detection::measureAndDecide(PicturePair first, RangedPictures& pictures) {
+    const MotionMeasure measurer(options.measure);
+    if (!findings)
+        return measure(std::move(first), pictures, measurer, progress, sinkOf(measured.series));
+    Decision decision(options.segmentation, measured, handleOf(first.previous), *findings);
+    const auto decide = [&](MotionScore motion, const TimedPicture& picture) {
+        decision.add(motion, picture.time, handleOf(picture));
+    };
+    const MeasuringEnd end = measure(std::move(first), pictures, measurer, progress, decide);
     decision.finish();
     measured.series = decision.series();
-    if (outcome == DetectionOutcome::Finished)
-        findDamage(decoder);
-    return outcome;
+    return end;
 }
 
 ClipPicturePointer Detection::handleOf(const TimedPicture& picture) {
@@ -178,50 +153,29 @@ ClipPicturePointer Detection::handleOf(const TimedPicture& picture) {
     return std::make_shared<FramePicture>(picture.frame);
 }
 
-void Detection::begin(const TimedPicture& first, const RangedPictures& range, double frameRate) {
-    if (!first.isThere())
+void Detection::begin(const PicturePair& first, const RangedPictures& pictures) {
+    if (!first.previous.isThere())
         return;
-    measured.stream.frameRate = frameRate;
-    measured.stream.origin = range.originTime();
-    measured.firstNumber = range.number();
-    measured.firstTime = first.time;
+    measured.stream.frameRate = pictures.source().frameRate();
+    measured.stream.origin = pictures.originTime();
+    measured.firstNumber = pictures.number();
+    measured.firstTime = first.previous.time;
 }
 
-void Detection::failToOpen(const VideoDecoder& decoder) {
-    error = decoder.errorText();
-    isLastingFailure = decoder.isFileToBlame();
-}
-
-DetectionOutcome Detection::failToBegin(const PictureSource& pictures, bool hasPicture) {
-    if (client.isCancelled()) // which cuts a read short
-        return DetectionOutcome::Cancelled;
-    if (pictures.isFirstUseless())
-        return failWithoutTimes();
-    isLastingFailure = pictures.end().error.isEmpty();
-    if (!isLastingFailure)
-        error = pictures.end().error;
-    else if (options.range.from > 0.0 || std::isfinite(options.range.to))
+MeasuringEnd Detection::failToBegin(const PictureSource& source, bool hasPicture) {
+    if (progress.isCancelled()) // which cuts a read short
+        return {DetectionOutcome::Cancelled};
+    if (source.isFirstUseless())
+        return withoutTimes();
+    const QString& failure = source.end().error;
+    if (!failure.isEmpty())
+        return {DetectionOutcome::TooFewPictures, failure};
+    QString error = QStringLiteral("no picture could be decoded");
+    if (options.range.from > 0.0 || std::isfinite(options.range.to))
         error = QStringLiteral("fewer than two pictures lie in the range");
     else if (hasPicture)
         error = QStringLiteral("only one picture could be decoded");
-    else
-        error = QStringLiteral("no picture could be decoded");
-    return DetectionOutcome::TooFewPictures;
-}
-
-/// How a run has ended that nobody cancelled; tells the client.
-DetectionOutcome Detection::outcomeOf(const PictureSource& pictures) {
-    const ReadEnd& end = pictures.end();
-    if (end.cause == ReadEnd::Cause::OutOfMemory) {
-        error = end.error;
-        return DetectionOutcome::OutOfMemory;
-    }
-    client.endReached();
-    if (end.cause == ReadEnd::Cause::ReadError) {
-        error = QStringLiteral("cannot be read to its end: %1").arg(end.error);
-        return DetectionOutcome::ReadFailed;
-    }
-    return pictures.isStandingStill() ? failWithoutTimes() : DetectionOutcome::Finished;
+    return {DetectionOutcome::TooFewPictures, error, true};
 }
 
 /// Of what was read to its end. Key frames alone tell nothing of the others and of the length, and
@@ -234,19 +188,4 @@ void Detection::findDamage(const VideoDecoder& decoder) {
         signs.promised = 0.0;
     measured.damage =
         damageOf({measured.stream.origin, measured.firstTime}, measured.series, signs);
-}
-
-DetectionOutcome Detection::failWithoutMemory() {
-    error = QStringLiteral("out of memory");
-    return DetectionOutcome::OutOfMemory;
-}
-
-DetectionOutcome Detection::failWithoutTimes() {
-    error = QStringLiteral("no usable times");
-    isLastingFailure = true;
-    return DetectionOutcome::NoUsableTimes;
-}
-
-QString Detection::errorText() const {
-    return error;
 }

@@ -4,15 +4,18 @@
 
 #pragma once
 
-#include "detectionclient.h"
-#include "measurement.h"
+#include "detectionfindings.h"
 
 #include <functional>
 
 /// Makes the handle of picture `index` of a measurement, 0 for its first one. Never null.
 using PictureMaker = std::function<ClipPicturePointer(int index)>;
 
-/// Decides on what was measured before and tells the client what `Detection` would tell it. False
-/// if the client has cancelled that; an open clip was still reported.
+/// Decides on what was measured before and tells what `Detection` would tell. False if that was
+/// interrupted; an open clip was still reported.
 bool decideAgain(const Measurement& measurement, const SegmentationOptions& options,
-                 const PictureMaker& pictures, DetectionClient& client);
+                 const PictureMaker& pictures, const std::function<bool()>& isInterrupted,
+                 DetectionFindings& findings);
+
+/// The same for clips alone, without pictures.
+QVector<DetectedClip> clipsOf(const Measurement& measurement, const SegmentationOptions& options);

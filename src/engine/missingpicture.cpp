@@ -14,7 +14,7 @@ public:
 
 } // namespace
 
-ClipPicturePointer noPicture(int) {
+ClipPicturePointer noPicture() {
     static const ClipPicturePointer none = std::make_shared<MissingPicture>();
     return none;
 }

@@ -6,5 +6,5 @@
 
 #include "clippicture.h"
 
-/// A picture, whichever of a recording, where nobody wants to see it. Never null.
-ClipPicturePointer noPicture(int index = 0);
+/// Any picture of a recording where nobody wants to see it. Never null.
+ClipPicturePointer noPicture();

@@ -4,7 +4,6 @@
 
 #include "partdetection.h"
 
-#include "motionmeasure.h"
 #include "partreading.h"
 #include "picturesource.h"
 #include "videodecoder.h"
@@ -12,55 +11,51 @@
 #include <QFile>
 
 #include <algorithm>
-#include <new>
+#include <utility>
 
 PartDetection::PartDetection(const DetectionOptions& options, RecordingPart part,
-                             DetectionClient& client)
+                             DetectionProgress& progress)
     : options(options)
     , part(part)
-    , client(client) {}
+    , progress(progress) {}
 
-DetectionOutcome PartDetection::run(const QString& fileName) {
-    try {
-        return runOrFail(fileName);
-    } catch (const std::bad_alloc&) {
-        error = QStringLiteral("out of memory");
-        return DetectionOutcome::OutOfMemory;
-    }
+MeasuringEnd PartDetection::run(const QString& fileName) {
+    return endOfRun([&] { return runFile(fileName); });
 }
 
-DetectionOutcome PartDetection::runOrFail(const QString& fileName) {
+MeasuringEnd PartDetection::runFile(const QString& fileName) {
     path = QFile::encodeName(fileName);
     VideoDecoder decoder(options.threads);
-    decoder.setInterrupt([this] { return client.isCancelled(); });
+    decoder.setInterrupt([this] { return progress.isCancelled(); });
     // Where it cannot be opened, the other road tells why.
     if (!decoder.open(path.constData()))
         return measureWhole(fileName);
     measured.stream = streamFacts(decoder);
     const bool isCut = goToPart(decoder);
-    if (client.isCancelled())
-        return DetectionOutcome::Cancelled;
+    if (progress.isCancelled())
+        return {DetectionOutcome::Cancelled};
     if (isCut)
         return measureCut(decoder);
-    error = decoder.errorText().isEmpty() ? decoder.readEnd().error : decoder.errorText();
+    const QString error =
+        decoder.errorText().isEmpty() ? decoder.readEnd().error : decoder.errorText();
     decoder.close();
-    return error.isEmpty() ? measureUncut(fileName) : DetectionOutcome::ReadFailed;
+    if (!error.isEmpty())
+        return {DetectionOutcome::ReadFailed, error};
+    return measureUncut(fileName);
 }
 
-DetectionOutcome PartDetection::measureWhole(const QString& fileName) {
+MeasuringEnd PartDetection::measureWhole(const QString& fileName) {
     DetectionOptions whole = options;
     whole.range = TimeRange();
-    Detection detection(whole, client);
-    const DetectionOutcome outcome = detection.run(fileName);
+    Detection detection(whole, progress);
+    const MeasuringEnd end = detection.run(fileName);
     measured = detection.measurement();
-    error = detection.errorText();
-    isLastingFailure = detection.isLasting();
-    return outcome;
+    return end;
 }
 
-DetectionOutcome PartDetection::measureUncut(const QString& fileName) {
+MeasuringEnd PartDetection::measureUncut(const QString& fileName) {
     partFacts.kind = part.index == 1 ? PartFacts::Kind::Whole : PartFacts::Kind::Empty;
-    return part.index == 1 ? measureWhole(fileName) : DetectionOutcome::Finished;
+    return part.index == 1 ? measureWhole(fileName) : MeasuringEnd();
 }
 
 /// Whether it can be cut goes by what lies at its beginning, so that all parts agree on it.
@@ -74,27 +69,26 @@ bool PartDetection::goToPart(VideoDecoder& decoder) {
     return decoder.open(path.constData()) && decoder.beginPart(part, first->packet);
 }
 
-DetectionOutcome PartDetection::measureCut(VideoDecoder& decoder) {
+MeasuringEnd PartDetection::measureCut(VideoDecoder& decoder) {
     const PartReading& reading = *decoder.part();
     partFacts.delay = reading.delay();
     const bool isEmpty = reading.begin() == reading.end();
     if (isEmpty) {
         takeFacts(reading, true);
-        return DetectionOutcome::Finished;
+        return {};
     }
-    DetectionOutcome outcome = DetectionOutcome::Cancelled;
+    MeasuringEnd end;
     const qint64 errorsBefore = decoder.libavErrors();
     bool hasOwnTimes = true;
     {
         PictureSource pictures(decoder, options.threads != 1, options.times);
-        measurePictures(pictures, std::max<qint64>(reading.begin() - 1, 0));
-        outcome = outcomeOf(pictures);
+        end = measurePictures(pictures, std::max<qint64>(reading.begin() - 1, 0));
         hasOwnTimes = !pictures.isFirstUseless() && pictures.frameRate() == 0.0;
     }
     // Decoders conceal damage and depend on older pictures then, often without a mark on theirs.
     const bool isSound = decoder.libavErrors() == errorsBefore;
     takeFacts(reading, isSound && hasOwnTimes && reading.isRegular() && isWhole(decoder));
-    return outcome;
+    return end;
 }
 
 /// What is missing of a recording is told by who measures all of it.
@@ -107,42 +101,22 @@ bool PartDetection::isWhole(const VideoDecoder& decoder) const {
 }
 
 /// `firstNumber`: of the picture to begin with.
-void PartDetection::measurePictures(PictureSource& pictures, qint64 firstNumber) {
-    TimedPicture previous = pictures.next();
-    const qint64 delay = partFacts.delay;
-    while (previous.frame && previous.frame->packet - delay < firstNumber && !client.isCancelled())
-        previous = pictures.next();
-    if (!previous.frame)
-        return;
-    measured.hasPictures = true;
-    measured.firstNumber = firstNumber;
-    measured.firstTime = previous.time;
-    measured.stream.isRegionEmpty =
-        selectsNothing(options.measure.region, previous.width(), previous.height());
-    MotionMeasure measure(options.measure, firstNumber);
-    TimedPicture current = pictures.next();
-    while (current.frame && !client.isCancelled()) {
-        measured.series.scores.append(measure.measure(*previous.frame, *current.frame));
-        measured.series.times.append(current.time);
-        previous = std::move(current);
-        current = pictures.next();
-        client.positionChanged(pictures.bytePosition());
+MeasuringEnd PartDetection::measurePictures(PictureSource& source, qint64 firstNumber) {
+    RangedPictures pictures(source, TimeRange(), std::nullopt);
+    PicturePair first{pictures.next(), {}};
+    TimedPicture& begin = first.previous;
+    const qint64 firstPacket = firstNumber + partFacts.delay;
+    while (begin.isThere() && begin.packet() < firstPacket && !progress.isCancelled())
+        begin = pictures.next();
+    if (begin.isThere()) {
+        measured.hasPictures = true;
+        measured.firstNumber = firstNumber;
+        measured.firstTime = begin.time;
+        measured.stream.isRegionEmpty = selectsNothing(options.measure.region, begin);
+        first.current = pictures.next();
     }
-}
-
-DetectionOutcome PartDetection::outcomeOf(const PictureSource& pictures) {
-    if (client.isCancelled())
-        return DetectionOutcome::Cancelled;
-    const ReadEnd& end = pictures.end();
-    if (end.cause == ReadEnd::Cause::OutOfMemory) {
-        error = end.error;
-        return DetectionOutcome::OutOfMemory;
-    }
-    if (end.cause == ReadEnd::Cause::ReadError) {
-        error = QStringLiteral("cannot be read to its end: %1").arg(end.error);
-        return DetectionOutcome::ReadFailed;
-    }
-    return DetectionOutcome::Finished;
+    return measure(std::move(first), pictures, MotionMeasure(options.measure, firstNumber),
+                   progress, sinkOf(measured.series));
 }
 
 void PartDetection::takeFacts(const PartReading& reading, bool isRegular) {

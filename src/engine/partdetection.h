@@ -17,17 +17,10 @@ class PartReading;
 class PartDetection {
 public:
     /// Of `options` range and segmentation do not matter, and key frames alone are not an option.
-    /// The client is asked whether to cancel and told the position, nothing else.
-    PartDetection(const DetectionOptions& options, RecordingPart part, DetectionClient& client);
+    PartDetection(const DetectionOptions& options, RecordingPart part, DetectionProgress& progress);
 
     /// Reads what is needed of the file. Runs once per object.
-    DetectionOutcome run(const QString& fileName);
-
-    /// Why the file could not be read, for a person; empty unless the outcome is a failure.
-    const QString& errorText() const { return error; }
-
-    /// As `Detection::isLasting`.
-    bool isLasting() const { return isLastingFailure; }
+    MeasuringEnd run(const QString& fileName);
 
     /// What was measured: the last picture before the part, which is compared with, and its own.
     const Measurement& measurement() const { return measured; }
@@ -35,22 +28,19 @@ public:
     const PartFacts& facts() const { return partFacts; }
 
 private:
-    DetectionOutcome runOrFail(const QString& fileName);
-    DetectionOutcome measureWhole(const QString& fileName);
-    DetectionOutcome measureUncut(const QString& fileName);
+    MeasuringEnd runFile(const QString& fileName);
+    MeasuringEnd measureWhole(const QString& fileName);
+    MeasuringEnd measureUncut(const QString& fileName);
     bool goToPart(VideoDecoder& decoder);
-    DetectionOutcome measureCut(VideoDecoder& decoder);
+    MeasuringEnd measureCut(VideoDecoder& decoder);
     bool isWhole(const VideoDecoder& decoder) const;
-    void measurePictures(PictureSource& pictures, qint64 firstNumber);
-    DetectionOutcome outcomeOf(const PictureSource& pictures);
+    MeasuringEnd measurePictures(PictureSource& source, qint64 firstNumber);
     void takeFacts(const PartReading& part, bool isRegular);
 
     DetectionOptions options;
     RecordingPart part;
-    DetectionClient& client;
+    DetectionProgress& progress;
     QByteArray path; ///< of the recording, in the file system's bytes
     Measurement measured;
     PartFacts partFacts;
-    QString error;
-    bool isLastingFailure = false;
 };

@@ -5,6 +5,7 @@
 #include "picturefinder.h"
 
 #include "logging.h"
+#include "motionmeasure.h"
 #include "snapshotimage.h"
 
 #include <QFile>

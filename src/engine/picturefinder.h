@@ -5,7 +5,8 @@
 #pragma once
 
 #include "clippicture.h"
-#include "detection.h"
+#include "detectionoptions.h"
+#include "measurement.h"
 #include "picturesource.h"
 #include "videodecoder.h"
 

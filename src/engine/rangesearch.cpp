@@ -8,27 +8,26 @@
 
 #include <QFile>
 
-RangeSearch::RangeSearch(const DetectionOptions& options, DetectionClient& client)
+RangeSearch::RangeSearch(const DetectionOptions& options, DetectionProgress& progress,
+                         DetectionFindings& findings)
     : options(options)
-    , client(client) {}
+    , progress(progress)
+    , findings(findings) {}
 
-DetectionOutcome RangeSearch::run(const QString& name, const QVector<TimeRange>& ranges) {
+MeasuringEnd RangeSearch::run(const QString& name, const QVector<TimeRange>& ranges) {
     fileName = name;
     path = QFile::encodeName(fileName);
     VideoDecoder decoder(options.threads);
-    decoder.setInterrupt([this] { return client.isCancelled(); });
+    decoder.setInterrupt([this] { return progress.isCancelled(); });
     const auto origin = begin(decoder);
-    DetectionOutcome outcome = DetectionOutcome::Finished;
     for (const TimeRange& range : ranges) {
         options.range = range;
-        outcome = search(decoder, origin);
-        const bool isEmpty = outcome == DetectionOutcome::TooFewPictures && isLastingFailure;
-        if (!isEmpty && outcome != DetectionOutcome::Finished)
-            return outcome;
+        const MeasuringEnd end = search(decoder, origin);
+        const bool isEmpty = end.outcome == DetectionOutcome::TooFewPictures && end.isLasting;
+        if (!isEmpty && end.outcome != DetectionOutcome::Finished)
+            return end;
     }
-    error.clear();
-    isLastingFailure = false;
-    return DetectionOutcome::Finished;
+    return {};
 }
 
 /// The picture that all are counted from; nothing where each range is better read by itself.
@@ -41,18 +40,15 @@ std::optional<RecordingOrigin> RangeSearch::begin(VideoDecoder& decoder) {
     return RecordingOrigin{first->time, first->packet};
 }
 
-DetectionOutcome RangeSearch::search(VideoDecoder& decoder,
-                                     const std::optional<RecordingOrigin>& origin) {
-    Detection detection(options, client);
-    std::optional<DetectionOutcome> outcome;
+MeasuringEnd RangeSearch::search(VideoDecoder& decoder,
+                                 const std::optional<RecordingOrigin>& origin) {
+    Detection detection(options, progress, &findings);
+    std::optional<MeasuringEnd> end;
     if (origin && decoder.skipTo(origin->time + options.range.from))
-        outcome = detection.runSkipped(decoder, *origin);
-    if (!outcome) {
-        if (origin)
-            decoder.open(path.constData());
-        outcome = detection.run(fileName);
-    }
-    error = detection.errorText();
-    isLastingFailure = detection.isLasting();
-    return *outcome;
+        end = detection.runSkipped(decoder, *origin);
+    if (end)
+        return *end;
+    if (origin)
+        decoder.open(path.constData());
+    return detection.run(fileName);
 }

@@ -9,31 +9,25 @@
 #include <QVector>
 
 /// Detections of several ranges of one recording, which is read once as far as that goes. Each is
-/// what a detection of that range alone is, for the same client; clips and pictures are counted
+/// what a detection of that range alone is; clips and pictures are counted
 /// anew in each.
 class RangeSearch {
 public:
     /// Of `options` the range does not matter. All must outlive this object.
-    RangeSearch(const DetectionOptions& options, DetectionClient& client);
+    RangeSearch(const DetectionOptions& options, DetectionProgress& progress,
+                DetectionFindings& findings);
 
     /// The ranges must not overlap and come in their order. Ends with the first one that fails;
     /// those without pictures do not. Runs once per object.
-    DetectionOutcome run(const QString& fileName, const QVector<TimeRange>& ranges);
-
-    /// As `Detection::errorText`.
-    const QString& errorText() const { return error; }
-
-    /// As `Detection::isLasting`.
-    bool isLasting() const { return isLastingFailure; }
+    MeasuringEnd run(const QString& fileName, const QVector<TimeRange>& ranges);
 
 private:
     std::optional<RecordingOrigin> begin(VideoDecoder& decoder);
-    DetectionOutcome search(VideoDecoder& decoder, const std::optional<RecordingOrigin>& origin);
+    MeasuringEnd search(VideoDecoder& decoder, const std::optional<RecordingOrigin>& origin);
 
     DetectionOptions options;
-    DetectionClient& client;
+    DetectionProgress& progress;
+    DetectionFindings& findings;
     QString fileName;
     QByteArray path; ///< the same in the file system's bytes
-    QString error;
-    bool isLastingFailure = false;
 };

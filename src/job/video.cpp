@@ -18,15 +18,15 @@
 namespace {
 
 /// Keeps a job's progress fields and signals in step with its detection.
-class JobClient : public DetectionClient {
+class JobClient : public DetectionProgress, public DetectionFindings {
 public:
     explicit JobClient(Video& job)
         : job(job) {}
 
     bool isCancelled() override { return job.state != Video::Running; }
 
-    void opened(const QByteArray& codecName, double) override {
-        job.intraCodec = isIntraCodec(codecName);
+    void opened(const StreamFacts& stream) override {
+        job.intraCodec = isIntraCodec(stream.codecName);
         timer.start();
     }
 
@@ -34,9 +34,11 @@ public:
         job.elapsedSeconds = int(timer.elapsed() / 1000);
     }
 
-    void positionChanged(qint64 bytePosition) override { job.bytesRead = bytePosition; }
-
-    void endReached() override { job.state = Video::Finished; }
+    void positionChanged(qint64 bytePosition, bool isAtEnd) override {
+        if (isAtEnd)
+            job.state = Video::Finished;
+        job.bytesRead = bytePosition;
+    }
 
     void clipFound(const DetectedClip& clip) override {
         Q_EMIT job.newClip(clip.index, clip.snapshot, clip.start, clip.end, clip.snapshotTime);
@@ -111,14 +113,15 @@ void Video::detect() {
 
 void Video::runDetection() {
     JobClient client(*this);
-    Detection detection(detectionOptions(*this), client);
+    Detection detection(detectionOptions(*this), client, &client);
     // A pipe or device may have been chosen unseen, beside a file that was looked at.
-    const DetectionOutcome outcome =
-        QFileInfo(fileName).isFile() ? detection.run(fileName) : DetectionOutcome::CannotOpen;
+    const MeasuringEnd end = QFileInfo(fileName).isFile()
+                                 ? detection.run(fileName)
+                                 : MeasuringEnd{DetectionOutcome::CannotOpen};
     // A read error in the middle is an end like that of the file.
-    if (outcome != DetectionOutcome::Cancelled && state == Running)
+    if (end.outcome != DetectionOutcome::Cancelled && state == Running)
         state = Failed;
-    const MotionSeries& series = detection.motionSeries();
+    const MotionSeries& series = detection.measurement().series;
     motionValues.resize(series.scores.size());
     std::transform(series.scores.cbegin(), series.scores.cend(), motionValues.begin(),
                    [](MotionScore motion) { return motion.value; });

@@ -12,5 +12,5 @@ enum class DetectionOutcome {
     TooFewPictures, ///< fewer than two pictures could be decoded; nothing was reported
     NoUsableTimes,  ///< though they must be; found out at the first picture or at the end
     ReadFailed,     ///< in the middle of the file; an open clip was still reported
-    OutOfMemory     ///< the same, but `endReached` was not called
+    OutOfMemory     ///< the same, but nobody was told of an end
 };

@@ -49,28 +49,28 @@ ExitStatus PartScan::run() {
 ExitStatus PartScan::measure(const ValuesStore::Found& found) {
     const QString& video = options.videos[index];
     PartDetection detection(options.detection, *options.part, *this);
-    const DetectionOutcome outcome = detection.run(QFileInfo(video).absoluteFilePath());
+    const MeasuringEnd end = detection.run(QFileInfo(video).absoluteFilePath());
     if (isChanged(found)) {
         messages.complain(video, QStringLiteral("it was changed while it was measured"));
         return SomeFailed;
     }
-    const bool isKept = values.keepPart(found, detection, *options.part, outcome);
-    if (!detection.errorText().isEmpty())
-        messages.complain(video, detection.errorText());
-    else if (!found.stamp && outcome == DetectionOutcome::Finished)
+    const bool isKept = values.keepPart(found, detection, *options.part, end);
+    if (!end.error.isEmpty())
+        messages.complain(video, end.error);
+    else if (!found.stamp && end.outcome == DetectionOutcome::Finished)
         messages.complain(video, QStringLiteral("a part of what is no file cannot be kept"));
     if (!isKept || !found.stamp)
         return SomeFailed;
-    if (outcome == DetectionOutcome::Finished)
+    if (end.outcome == DetectionOutcome::Finished)
         return AllDone;
-    return detection.isLasting() ? SomeUnreadable : SomeFailed;
+    return end.isLasting ? SomeUnreadable : SomeFailed;
 }
 
 bool PartScan::isCancelled() {
     return isEnding();
 }
 
-void PartScan::positionChanged(qint64 bytePosition) {
+void PartScan::positionChanged(qint64 bytePosition, bool) {
     totals.setPosition(index, bytePosition);
     messages.showProgress(totals.progress());
 }

@@ -4,14 +4,14 @@
 
 #pragma once
 
-#include "detectionclient.h"
+#include "detectionprogress.h"
 #include "messages.h"
 #include "scanoptions.h"
 #include "totals.h"
 #include "valuesstore.h"
 
 /// One recording of a call of which one part is measured and kept, and nothing decided.
-class PartScan : public DetectionClient {
+class PartScan : public DetectionProgress {
 public:
     /// `index` is the recording's place in `options.videos`. All must outlive the scan.
     PartScan(int index, const ScanOptions& options, const ValuesStore& values, Messages& messages,
@@ -21,11 +21,7 @@ public:
     ExitStatus run();
 
     bool isCancelled() override;
-    void positionChanged(qint64 bytePosition) override;
-    void opened(const QByteArray&, double) override {}
-    void frameProcessed(const FrameReport&) override {}
-    void endReached() override {}
-    void clipFound(const DetectedClip&) override {}
+    void positionChanged(qint64 bytePosition, bool isAtEnd) override;
 
 private:
     ExitStatus measure(const ValuesStore::Found& found);

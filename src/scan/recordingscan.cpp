@@ -33,10 +33,6 @@ QString noTimesHint(bool isQuick) {
     return QStringLiteral("; with --fps N its pictures are taken to be N per second");
 }
 
-MeasuringEnd endOf(const Detection& detection, DetectionOutcome outcome) {
-    return {outcome, detection.errorText(), detection.isLasting()};
-}
-
 } // namespace
 
 RecordingScan::RecordingScan(int index, const ScanOptions& options, ScanOutputs& outputs)
@@ -159,34 +155,32 @@ QString RecordingScan::measure(const ValuesStore::Found& found) {
     DetectionOptions wanted = options.detection;
     wanted.areSnapshotsWanted = areSnapshotsWanted();
     isSearched = true;
-    Detection detection(wanted, *this);
+    Detection detection(wanted, *this, this);
     // An absolute path is a file to the media libraries, whatever colons its name has.
-    line.outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
-    isRecordingToBlame = detection.isLasting();
+    const MeasuringEnd end = detection.run(QFileInfo(line.video).absoluteFilePath());
+    line.outcome = end.outcome;
+    isRecordingToBlame = end.isLasting;
     line.damage = detection.measurement().damage;
-    const MeasuringEnd end = endOf(detection, line.outcome);
     if (isUnchanged() && !outputs.values.keep(found, detection.measurement(), end))
         isWritten = false;
-    return detection.errorText();
+    return end.error;
 }
 
 /// Decides when all is measured: what is said first depends on how far the key frames lie apart.
 QString RecordingScan::lookQuickly(const ValuesStore::Found& found) {
     line.isQuick = true;
     isSearched = true;
-    QuickLook look(*this);
-    Detection detection(options.detection, look);
-    const DetectionOutcome outcome = detection.run(QFileInfo(line.video).absoluteFilePath());
-    const MeasuringEnd end = endOf(detection, outcome);
+    Detection detection(options.detection, *this);
+    const MeasuringEnd end = detection.run(QFileInfo(line.video).absoluteFilePath());
     if (isUnchanged() && !outputs.values.keep(found, detection.measurement(), end))
         isWritten = false;
     const KeptValues looked = outputs.values.valuesOf(detection.measurement(), end);
     QString failure = decide(looked);
     if (line.outcome != looked.outcome)
         return failure;
-    line.outcome = outcome;
-    isRecordingToBlame = detection.isLasting();
-    return detection.errorText();
+    line.outcome = end.outcome;
+    isRecordingToBlame = end.isLasting;
+    return end.error;
 }
 
 /// The same from what was measured before.
@@ -203,8 +197,8 @@ QString RecordingScan::decide(const KeptValues& values) {
         return refine(segmentation);
     makeFinder(values);
     const auto pictures = [this](int picture) { return clipPicture(picture); };
-    const bool isWhole =
-        !measurement.hasPictures || decideAgain(measurement, segmentation, pictures, *this);
+    const bool isWhole = !measurement.hasPictures ||
+                         decideAgain(measurement, segmentation, pictures, isEnding, *this);
     if (!isWhole)
         line.outcome = DetectionOutcome::Cancelled;
     return isWhole ? values.reason : QString();
@@ -226,14 +220,15 @@ QString RecordingScan::refine(const SegmentationOptions& segmentation) {
                 .arg(line.video, plainSeconds(stretch.from), plainSeconds(stretch.to)));
     DetectionOptions exact = options.detection;
     exact.isKeyframesOnly = false;
-    RangeSearch search(exact, *this);
+    RangeSearch search(exact, *this, *this);
     nextLooked = 0;
     isSearched = isSearched || !stretches.isEmpty();
-    line.outcome = search.run(QFileInfo(line.video).absoluteFilePath(), stretches);
-    isRecordingToBlame = search.isLasting();
+    const MeasuringEnd end = search.run(QFileInfo(line.video).absoluteFilePath(), stretches);
+    line.outcome = end.outcome;
+    isRecordingToBlame = end.isLasting;
     if (line.outcome == DetectionOutcome::Finished)
         passLooked(std::numeric_limits<double>::infinity());
-    return search.errorText();
+    return end.error;
 }
 
 /// Between the stretches that are searched, the recording is as long and as lively as its key
@@ -283,23 +278,20 @@ bool RecordingScan::isCancelled() {
     return isEnding();
 }
 
-void RecordingScan::opened(const QByteArray& codecName, double) {
-    outputs.exports[std::size_t(index)].setCodec(codecName);
+void RecordingScan::opened(const StreamFacts& stream) {
+    played = {stream.description, stream.origin - stream.description.startTime};
+    if (stream.frameRate > 0.0)
+        numberPictures(stream.frameRate);
+    outputs.exports[std::size_t(index)].setCodec(stream.codecName);
     hasBegunAgain = true;
+    if (stream.isRegionEmpty)
+        outputs.messages.complain(
+            line.video,
+            QStringLiteral(
+                "warning: the region selects nothing of its pictures, so no motion is found"));
 }
 
-void RecordingScan::regionIsEmpty() {
-    outputs.messages.complain(
-        line.video,
-        QStringLiteral(
-            "warning: the region selects nothing of its pictures, so no motion is found"));
-}
-
-void RecordingScan::described(const StreamDescription& stream, double firstTime) {
-    played = {stream, firstTime - stream.startTime};
-}
-
-void RecordingScan::numbered(double frameRate) {
+void RecordingScan::numberPictures(double frameRate) {
     played.offset = 0.0;
     played.stream.frameRate = {int(std::lround(frameRate * 1000.0)), 1000};
     outputs.exports[std::size_t(index)].setFrameRate(frameRate);
@@ -324,13 +316,10 @@ void RecordingScan::frameProcessed(const FrameReport& frame) {
         pass(merger->passBy(frame.earliestStart));
 }
 
-void RecordingScan::positionChanged(qint64 bytePosition) {
+void RecordingScan::positionChanged(qint64 bytePosition, bool) {
     outputs.totals.setPosition(index, bytePosition);
     outputs.messages.showProgress(outputs.totals.progress());
 }
-
-// For the window's job, whose state changes before its last clip; here the outcome says it all.
-void RecordingScan::endReached() {}
 
 void RecordingScan::clipFound(const DetectedClip& clip) {
     DetectedClip numbered = clip;

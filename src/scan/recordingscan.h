@@ -14,7 +14,7 @@
 #include <memory>
 
 /// One recording of a call: follows its detection and reports it.
-class RecordingScan : public DetectionClient {
+class RecordingScan : public DetectionProgress, public DetectionFindings {
 public:
     /// `index` is the recording's place in `options.videos`. All must outlive the scan.
     RecordingScan(int index, const ScanOptions& options, ScanOutputs& outputs);
@@ -24,13 +24,9 @@ public:
     ExitStatus run();
 
     bool isCancelled() override;
-    void opened(const QByteArray& codecName, double duration) override;
-    void regionIsEmpty() override;
-    void described(const StreamDescription& stream, double firstTime) override;
-    void numbered(double frameRate) override;
+    void positionChanged(qint64 bytePosition, bool isAtEnd) override;
+    void opened(const StreamFacts& stream) override;
     void frameProcessed(const FrameReport& frame) override;
-    void positionChanged(qint64 bytePosition) override;
-    void endReached() override;
     void clipFound(const DetectedClip& clip) override;
 
 private:
@@ -47,6 +43,7 @@ private:
     bool isUnchanged();
     void judgeChange(QString& error);
     void passLooked(double time);
+    void numberPictures(double frameRate);
     SegmentationOptions segmentationOf(const KeptValues& values) const;
     void makeFinder(const KeptValues& values);
     ClipPicturePointer clipPicture(int picture);

@@ -4,26 +4,7 @@
 
 #include "refinement.h"
 
-#include "missingpicture.h"
-
 #include <algorithm>
-
-namespace {
-
-/// Takes down where clips are, and nothing else.
-class ClipTimes : public DetectionClient {
-public:
-    bool isCancelled() override { return false; }
-    void opened(const QByteArray&, double) override {}
-    void frameProcessed(const FrameReport&) override {}
-    void positionChanged(qint64) override {}
-    void endReached() override {}
-    void clipFound(const DetectedClip& clip) override { clips.append({clip.start, clip.end}); }
-
-    QVector<TimeRange> clips;
-};
-
-} // namespace
 
 double largestGap(const Measurement& measurement) {
     double gap = 0.0;
@@ -37,17 +18,15 @@ double largestGap(const Measurement& measurement) {
 
 QVector<TimeRange> rangesToRefine(const Measurement& quick, const SegmentationOptions& segmentation,
                                   const TimeRange& range) {
-    ClipTimes found;
-    decideAgain(quick, segmentation, noPicture, found);
     const double gap = largestGap(quick);
     const double margin =
         gap + segmentation.prerecord + segmentation.postrecord + segmentation.minimum;
     // To go on behind so short a gap, its packets would have to be read twice.
     const double shortest = 2.0 * gap;
     QVector<TimeRange> stretches;
-    for (const TimeRange& clip : found.clips) {
-        const TimeRange stretch{std::max(clip.from - margin, range.from),
-                                std::min(clip.to + margin, range.to)};
+    for (const DetectedClip& clip : clipsOf(quick, segmentation)) {
+        const TimeRange stretch{std::max(clip.start - margin, range.from),
+                                std::min(clip.end + margin, range.to)};
         if (!stretches.isEmpty() && stretch.from <= stretches.last().to + shortest)
             stretches.last().to = std::max(stretches.last().to, stretch.to);
         else

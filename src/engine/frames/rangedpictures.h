@@ -31,6 +31,8 @@ public:
     /// The number of the picture that `next` has answered last.
     qint64 number() const { return currentNumber; }
 
+    const PictureSource& source() const { return pictures; }
+
     double originTime() const { return origin ? origin->time : 0.0; }
 
     /// Whether packets did not each complete one picture, so that they tell no numbers.

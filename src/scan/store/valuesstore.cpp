@@ -169,8 +169,7 @@ bool ValuesStore::keep(const Found& found, const Measurement& measured,
 }
 
 bool ValuesStore::keepPart(const Found& found, const PartDetection& detection, RecordingPart part,
-                           DetectionOutcome outcome) const {
-    const MeasuringEnd end{outcome, detection.errorText(), detection.isLasting()};
+                           const MeasuringEnd& end) const {
     if (!found.stamp || !canBeKept(detection.measurement(), end))
         return true;
     KeptValues values = valuesOf(detection.measurement(), end);

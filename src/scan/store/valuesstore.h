@@ -4,21 +4,14 @@
 
 #pragma once
 
-#include "detection.h"
 #include "keptvalues.h"
+#include "measuringend.h"
 #include "messages.h"
 #include "partdetection.h"
 #include "partfiles.h"
 #include "scanoptions.h"
 
 #include <optional>
-
-/// How the measuring of a recording has ended; the fields as `Detection` has them.
-struct MeasuringEnd {
-    DetectionOutcome outcome;
-    QString error;
-    bool isLasting;
-};
 
 /// The kept values of the recordings of one call: found, judged and written. Any thread may call
 /// anything.
@@ -55,7 +48,7 @@ public:
 
     /// The same for one part of a recording.
     bool keepPart(const Found& found, const PartDetection& detection, RecordingPart part,
-                  DetectionOutcome outcome) const;
+                  const MeasuringEnd& end) const;
 
     /// Keeps the whole that was joined from its parts, where it was. False, after a complaint, if
     /// it could not be written.

@@ -1,0 +1,81 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "measuring.h"
+
+#include "videodecoder.h"
+
+#include <new>
+#include <utility>
+
+namespace {
+
+/// Where chunks end, the last picture of them is decoded again to compare the next one with.
+MotionScore motionOf(MotionMeasure& measure, const PicturePair& pair) {
+    const TimedPicture& current = pair.current;
+    if (current.chunked)
+        return measure.take(current.chunked->motion, current.width(), current.height());
+    if (pair.previous.frame)
+        return measure.measure(*pair.previous.frame, *current.frame);
+    const FramePointer again = decodeAgain(*pair.previous.chunked);
+    if (!again)
+        throw std::bad_alloc();
+    return measure.measure(*again, *current.frame);
+}
+
+MeasuringEnd endOf(const ReadEnd& end) {
+    if (end.cause == ReadEnd::Cause::OutOfMemory)
+        return {DetectionOutcome::OutOfMemory, end.error};
+    if (end.cause == ReadEnd::Cause::ReadError)
+        return {DetectionOutcome::ReadFailed,
+                QStringLiteral("cannot be read to its end: %1").arg(end.error)};
+    return {};
+}
+
+/// How it ends if `newest` is the last picture that is read.
+MeasuringEnd endAt(const TimedPicture& newest, const RangedPictures& pictures,
+                   DetectionProgress& progress) {
+    if (newest.isThere() || progress.isCancelled())
+        return {DetectionOutcome::Cancelled};
+    return endOf(pictures.source().end());
+}
+
+} // namespace
+
+MotionSink sinkOf(MotionSeries& series) {
+    return [&series](MotionScore motion, const TimedPicture& picture) {
+        series.scores.append(motion);
+        series.times.append(picture.time);
+    };
+}
+
+MeasuringEnd measure(PicturePair pair, RangedPictures& pictures, MotionMeasure measure,
+                     DetectionProgress& progress, const MotionSink& sink) {
+    MeasuringEnd end = endAt(pair.current, pictures, progress);
+    while (pair.current.isThere() && !progress.isCancelled()) {
+        sink(motionOf(measure, pair), pair.current);
+        pair.previous = std::move(pair.current);
+        pair.current = pictures.next();
+        end = endAt(pair.current, pictures, progress);
+        const bool isAtEnd = end.outcome == DetectionOutcome::Finished ||
+                             end.outcome == DetectionOutcome::ReadFailed;
+        progress.positionChanged(pictures.source().bytePosition(), isAtEnd);
+    }
+    return end;
+}
+
+StreamFacts streamFacts(const VideoDecoder& decoder) {
+    StreamFacts facts;
+    facts.codecName = decoder.codecName();
+    facts.isIntraOnly = decoder.isIntraOnly();
+    facts.duration = decoder.duration();
+    facts.description = decoder.description();
+    return facts;
+}
+
+bool selectsNothing(const RegionOfInterest& region, const TimedPicture& picture) {
+    const int width = picture.width();
+    const int height = picture.height();
+    return width > 0 && height > 0 && prepareRegion(region, width, height).isEmpty();
+}

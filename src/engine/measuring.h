@@ -1,0 +1,38 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "detectionprogress.h"
+#include "measurement.h"
+#include "measuringend.h"
+#include "motionmeasure.h"
+#include "rangedpictures.h"
+
+#include <functional>
+
+class VideoDecoder;
+
+/// A picture, and the one that is compared with it; neither is there where a file ends before.
+struct PicturePair {
+    TimedPicture previous;
+    TimedPicture current;
+};
+
+/// Takes the motion of a picture, and the picture.
+using MotionSink = std::function<void(MotionScore motion, const TimedPicture& picture)>;
+
+/// Appends values and times to a series, which must outlive the sink.
+MotionSink sinkOf(MotionSeries& series);
+
+/// Measures pictures one after the other, from `pair` on with those that follow it, and tells
+/// `progress` of each that is read.
+MeasuringEnd measure(PicturePair pair, RangedPictures& pictures, MotionMeasure measure,
+                     DetectionProgress& progress, const MotionSink& sink);
+
+/// What the headers of an open file say of its stream.
+StreamFacts streamFacts(const VideoDecoder& decoder);
+
+/// Whether the region selects no pixel of this picture, which may have none.
+bool selectsNothing(const RegionOfInterest& region, const TimedPicture& picture);
