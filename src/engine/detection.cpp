@@ -5,7 +5,7 @@
 #include "detection.h"
 
 #include "decision.h"
-#include "framepicture.h"
+#include "framesnapshot.h"
 #include "likelysnapshots.h"
 #include "missingpicture.h"
 #include "picturesource.h"
@@ -150,7 +150,7 @@ ClipPicturePointer Detection::handleOf(const TimedPicture& picture) {
         return noPicture();
     if (picture.chunked)
         return chunkSnapshots.handleOf(*picture.chunked);
-    return std::make_shared<FramePicture>(picture.frame);
+    return std::make_shared<FrameSnapshot>(picture.frame);
 }
 
 void Detection::begin(const PicturePair& first, const RangedPictures& pictures) {

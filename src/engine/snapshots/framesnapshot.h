@@ -9,9 +9,9 @@
 
 /// A decoded picture that can still become a snapshot. A very large one is kept as its small
 /// picture only.
-class FramePicture : public ClipPicture {
+class FrameSnapshot : public ClipPicture {
 public:
-    explicit FramePicture(std::shared_ptr<const DecodedFrame> frame);
+    explicit FrameSnapshot(std::shared_ptr<const DecodedFrame> frame);
 
     QImage snapshot() override;
     void shrink() override;

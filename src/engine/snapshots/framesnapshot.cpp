@@ -2,23 +2,23 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "framepicture.h"
+#include "framesnapshot.h"
 
 #include "framebudget.h"
 #include "snapshotimage.h"
 
-FramePicture::FramePicture(std::shared_ptr<const DecodedFrame> frame)
+FrameSnapshot::FrameSnapshot(std::shared_ptr<const DecodedFrame> frame)
     : frame(std::move(frame)) {
     if (this->frame->bytes() > largestKeptPicture)
         shrink();
 }
 
-QImage FramePicture::snapshot() {
+QImage FrameSnapshot::snapshot() {
     shrink();
     return small;
 }
 
-void FramePicture::shrink() {
+void FrameSnapshot::shrink() {
     if (!frame)
         return;
     small = snapshotImage(*frame);

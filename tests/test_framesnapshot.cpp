@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "framepicture.h"
+#include "framesnapshot.h"
 
 #include "frames.h"
 #include "snapshotimage.h"
@@ -24,7 +24,7 @@ std::shared_ptr<const DecodedFrame> greyFrame() {
 
 } // namespace
 
-class TestFramePicture : public QObject {
+class TestFrameSnapshot : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -35,10 +35,10 @@ private Q_SLOTS:
     void unreadablePictureBecomesANullImage();
 };
 
-void TestFramePicture::shrinkingLetsGoOfTheFrame() {
+void TestFrameSnapshot::shrinkingLetsGoOfTheFrame() {
     auto frame = greyFrame();
     const std::weak_ptr<const DecodedFrame> watched = frame;
-    FramePicture picture(std::move(frame));
+    FrameSnapshot picture(std::move(frame));
     QVERIFY(!watched.expired());
     picture.shrink();
     QVERIFY(watched.expired());
@@ -46,32 +46,32 @@ void TestFramePicture::shrinkingLetsGoOfTheFrame() {
     QCOMPARE(picture.snapshot().size(), QSize(320, 240));
 }
 
-void TestFramePicture::veryLargeFrameIsNotKept() {
+void TestFrameSnapshot::veryLargeFrameIsNotKept() {
     std::shared_ptr<const DecodedFrame> frame = media::libraryFrame(AV_PIX_FMT_GRAY8, 8000, 4500);
     const std::weak_ptr<const DecodedFrame> watched = frame;
     const QImage expected = snapshotImage(*frame);
-    FramePicture picture(std::move(frame));
+    FrameSnapshot picture(std::move(frame));
     QVERIFY(watched.expired());
     QCOMPARE(picture.snapshot(), expected);
 }
 
-void TestFramePicture::snapshotIsTheSmallPicture() {
+void TestFrameSnapshot::snapshotIsTheSmallPicture() {
     const auto frame = greyFrame();
-    FramePicture picture(frame);
+    FrameSnapshot picture(frame);
     QCOMPARE(picture.snapshot(), snapshotImage(*frame));
 }
 
-void TestFramePicture::snapshotIsMadeOnce() {
-    FramePicture picture(greyFrame());
+void TestFrameSnapshot::snapshotIsMadeOnce() {
+    FrameSnapshot picture(greyFrame());
     const QImage first = picture.snapshot();
     QCOMPARE(picture.snapshot().cacheKey(), first.cacheKey());
 }
 
-void TestFramePicture::unreadablePictureBecomesANullImage() {
-    FramePicture picture(media::libraryFrame(AV_PIX_FMT_GRAY8, 640, 1));
+void TestFrameSnapshot::unreadablePictureBecomesANullImage() {
+    FrameSnapshot picture(media::libraryFrame(AV_PIX_FMT_GRAY8, 640, 1));
     QVERIFY(picture.snapshot().isNull());
     QVERIFY(picture.snapshot().isNull());
 }
 
-QTEST_GUILESS_MAIN(TestFramePicture)
-#include "test_framepicture.moc"
+QTEST_GUILESS_MAIN(TestFrameSnapshot)
+#include "test_framesnapshot.moc"
