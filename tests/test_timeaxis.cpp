@@ -15,8 +15,6 @@ private Q_SLOTS:
     void marksAreRound_data();
     void marksAreRound();
     void marksTellTheClock();
-    void elapsedTimes_data();
-    void elapsedTimes();
 };
 
 void TestTimeAxis::marksAreRound_data() {
@@ -53,22 +51,6 @@ void TestTimeAxis::marksTellTheClock() {
     QCOMPARE(labels, QStringList({"22:00", "22:30", "23:00", "23:30", "2026-11-17", "00:30",
                                   "01:00", "01:30"}));
     QCOMPARE(marks.first().seconds, 1200.0);
-}
-
-void TestTimeAxis::elapsedTimes_data() {
-    QTest::addColumn<double>("seconds");
-    QTest::addColumn<QString>("text");
-    QTest::newRow("ordinary") << 3723.9 << "1:02:03";
-    QTest::newRow("before the first picture") << -61.5 << "-0:01:01";
-    QTest::newRow("absurd") << 1e300 << "277777777:46:40";
-    QTest::newRow("absurdly long ago") << -1e300 << "-277777777:46:40";
-    QTest::newRow("endless") << HUGE_VAL << "277777777:46:40";
-    QTest::newRow("no number") << std::nan("") << "0:00:00";
-}
-
-void TestTimeAxis::elapsedTimes() {
-    QFETCH(double, seconds);
-    QTEST(elapsedText(seconds), "text");
 }
 
 QTEST_GUILESS_MAIN(TestTimeAxis)

@@ -4,6 +4,8 @@
 
 #include "timecode.h"
 
+#include "clocktext.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -31,10 +33,6 @@ double countableRate(double rate) {
     return std::max(1.0, std::round(rate));
 }
 
-QByteArray twoDigits(qint64 number) {
-    return QByteArray::number(number).rightJustified(2, '0');
-}
-
 } // namespace
 
 Timecode::Timecode(double frameRate)
@@ -46,7 +44,7 @@ qint64 Timecode::frameAt(double seconds) const {
 }
 
 QByteArray Timecode::text(qint64 frame) const {
-    const qint64 second = frame / framesToTheSecond;
-    return twoDigits(second / 3600) + ':' + twoDigits(second / 60 % 60) + ':' +
-           twoDigits(second % 60) + ':' + twoDigits(frame % framesToTheSecond);
+    const QString seconds = clockText(frame / framesToTheSecond).rightJustified(8, '0');
+    const QString frames = QString::number(frame % framesToTheSecond).rightJustified(2, '0');
+    return (seconds + ':' + frames).toLatin1();
 }

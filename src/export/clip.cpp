@@ -4,6 +4,7 @@
 
 #include "clip.h"
 
+#include "clocktext.h"
 #include "cutrange.h"
 #include "encoderprocess.h"
 #include "encodingsettings.h"
@@ -97,16 +98,12 @@ const char* Clip::statusText(int status) {
 }
 
 void Clip::updateText() {
-    const int time = timeOfDay();
-    const QLatin1Char zero('0');
     // All at once: a file name may hold a "%1" of its own.
     const QString text =
-        tr("%1\n#%2 %3:%4:%5 (%6 sec) (%7)")
+        tr("%1\n#%2 %3 (%4 sec) (%5)")
             .arg(video ? video->shortFileName() : QString(), QString::number(index),
-                 QString::number(time / 3600),
-                 QStringLiteral("%1").arg(time / 60 % 60, 2, 10, zero),
-                 QStringLiteral("%1").arg(time % 60, 2, 10, zero),
-                 QString::number(truncatedToInt(end - start)), tr(statusText(status)));
+                 clockText(timeOfDay()), QString::number(truncatedToInt(end - start)),
+                 tr(statusText(status)));
     setData(Qt::DisplayRole, text);
 }
 

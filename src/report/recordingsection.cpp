@@ -4,10 +4,10 @@
 
 #include "recordingsection.h"
 
+#include "clocktext.h"
 #include "escaping.h"
 #include "htmltext.h"
 #include "stripdrawing.h"
-#include "timeaxis.h"
 
 #include <algorithm>
 

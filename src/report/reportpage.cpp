@@ -4,10 +4,10 @@
 
 #include "reportpage.h"
 
+#include "clocktext.h"
 #include "htmltext.h"
 #include "recordingsection.h"
 #include "stripdrawing.h"
-#include "timeaxis.h"
 
 #include <QFile>
 

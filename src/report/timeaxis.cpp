@@ -4,7 +4,8 @@
 
 #include "timeaxis.h"
 
-#include <algorithm>
+#include "clocktext.h"
+
 #include <array>
 #include <cmath>
 
@@ -41,10 +42,6 @@ double firstMark(const QDateTime& startTime, qint64 step) {
     return past == 0 ? 0.0 : double(round - past) / 1000.0;
 }
 
-QString twoDigits(qint64 number) {
-    return QStringLiteral("%1").arg(number, 2, 10, QLatin1Char('0'));
-}
-
 } // namespace
 
 QVector<TimeMark> timeMarks(double seconds, const QDateTime& startTime) {
@@ -59,16 +56,4 @@ QVector<TimeMark> timeMarks(double seconds, const QDateTime& startTime) {
         marks.append({at, startTime.isValid() ? clockLabel(time, step) : elapsedText(at)});
     }
     return marks;
-}
-
-double sensibleTime(double seconds) {
-    return std::isnan(seconds) ? 0.0 : std::clamp(seconds, -longest, longest);
-}
-
-QString elapsedText(double time) {
-    const double seconds = sensibleTime(time);
-    const qint64 whole = qint64(std::floor(std::abs(seconds)));
-    const QString sign = seconds <= -1.0 ? QStringLiteral("-") : QString();
-    return sign + QString::number(whole / 3600) + ':' + twoDigits(whole / 60 % 60) + ':' +
-           twoDigits(whole % 60);
 }

@@ -18,10 +18,3 @@ struct TimeMark {
 /// count from the first picture or, with a valid `startTime` of this picture, tell the time of the
 /// clock, and at midnight the date.
 QVector<TimeMark> timeMarks(double seconds, const QDateTime& startTime);
-
-/// A time that can be reckoned with whatever a recording's clock says: at most 1e12 seconds to
-/// either side, and 0 where it is no number.
-double sensibleTime(double seconds);
-
-/// "1:02:03" of a sensible time, rounded down to whole seconds.
-QString elapsedText(double time);

@@ -4,6 +4,7 @@
 
 #include "recordingscan.h"
 
+#include "clocktext.h"
 #include "interrupt.h"
 #include "keptdetection.h"
 #include "measuresettings.h"
@@ -12,7 +13,6 @@
 #include "rangesearch.h"
 #include "refinement.h"
 #include "shortestdigits.h"
-#include "timetext.h"
 
 #include <QFileInfo>
 
@@ -106,7 +106,7 @@ void RecordingScan::finish(const QString& error) {
     if (isRead)
         outputs.messages.summarise(
             QStringLiteral("%1: clips: %2, length: %3")
-                .arg(line.video, QString::number(line.clips), clockText(line.seconds)));
+                .arg(line.video, QString::number(line.clips), preciseClockText(line.seconds)));
 }
 
 void RecordingScan::watch(const ValuesStore::Found& found) {
@@ -133,7 +133,7 @@ void RecordingScan::judgeChange(QString& error) {
         outputs.messages.complain(line.video,
                                   QStringLiteral("it grew while it was searched; what came behind "
                                                  "%1 is left out")
-                                      .arg(clockText(line.seconds)));
+                                      .arg(preciseClockText(line.seconds)));
         return;
     }
     line.outcome = DetectionOutcome::ReadFailed;

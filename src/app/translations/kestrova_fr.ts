@@ -41,9 +41,9 @@
     </message>
     <message>
         <source>%1
-#%2 %3:%4:%5 (%6 sec) (%7)</source>
+#%2 %3 (%4 sec) (%5)</source>
         <translation>%1
-#%2 %3:%4:%5 (%6 s) (%7)</translation>
+#%2 %3 (%4 s) (%5)</translation>
     </message>
     <message>
         <source>a clip with these times cannot be cut out</source>

@@ -4,6 +4,7 @@
 
 #include "commandline.h"
 
+#include "clocktext.h"
 #include "namedvalues.h"
 #include "optiontable.h"
 #include "optiontext.h"
@@ -11,7 +12,6 @@
 #include "recordings.h"
 #include "regionoptions.h"
 #include "suggestion.h"
-#include "timetext.h"
 #include "versiontext.h"
 
 #include <QCommandLineParser>

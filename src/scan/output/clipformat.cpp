@@ -4,6 +4,7 @@
 
 #include "clipformat.h"
 
+#include "clocktext.h"
 #include "escaping.h"
 #include "listformats.h"
 #include "printable.h"
@@ -13,8 +14,6 @@
 
 #include <nlohmann/json.hpp>
 
-#include <cmath>
-
 namespace {
 
 class TextFormat : public ClipFormat {
@@ -22,10 +21,10 @@ public:
     QByteArray clip(const ClipLine& line) override {
         const DetectedClip& found = line.clip;
         // All at once: a file name may hold a "%2" of its own.
-        QString text =
-            QStringLiteral("%1  #%2  %3 - %4  %5 s")
-                .arg(printable(line.video), QString::number(found.index), clockText(found.start),
-                     clockText(found.end), QString::number(found.end - found.start, 'f', 1));
+        QString text = QStringLiteral("%1  #%2  %3 - %4  %5 s")
+                           .arg(printable(line.video), QString::number(found.index),
+                                preciseClockText(found.start), preciseClockText(found.end),
+                                QString::number(found.end - found.start, 'f', 1));
         if (!line.snapshotFile.isEmpty())
             text += QStringLiteral("  ") + printable(line.snapshotFile);
         if (line.isExported)
@@ -110,16 +109,15 @@ private:
         }
     }
 
+    static QString numberEscape(const QString& text, int place) {
+        if (!isSteering(text[place]))
+            return {};
+        return QStringLiteral("\\u%1").arg(text[place].unicode(), 4, 16, QLatin1Char('0'));
+    }
+
     static QByteArray written(const Json& object) {
         const std::string text = object.dump(-1, ' ', false, Json::error_handler_t::replace);
-        QString line;
-        for (const QChar character : QString::fromStdString(text)) {
-            if (isSteering(character))
-                line += QStringLiteral("\\u%1").arg(character.unicode(), 4, 16, QLatin1Char('0'));
-            else
-                line += character;
-        }
-        return line.toUtf8() + '\n';
+        return escaped(QString::fromStdString(text), numberEscape).toUtf8() + '\n';
     }
 
     bool withExports;
@@ -190,16 +188,6 @@ QString damageText(const Damage& damage) {
                      : QStringLiteral("%1 packets could not be decoded").arg(damage.packets);
     if (damage.promised > 0.0)
         parts += QStringLiteral("of the %1 that its headers promise, %2 could be read")
-                     .arg(clockText(damage.promised), clockText(damage.read));
+                     .arg(preciseClockText(damage.promised), preciseClockText(damage.read));
     return QStringLiteral("damaged: ") + parts.join(QStringLiteral("; "));
-}
-
-QString clockText(double seconds) {
-    const qint64 milliseconds = std::llround(std::abs(seconds) * 1000.0);
-    return QStringLiteral("%1%2:%3:%4.%5")
-        .arg(seconds < 0 && milliseconds > 0 ? QStringLiteral("-") : QString())
-        .arg(milliseconds / 3600000)
-        .arg(milliseconds / 60000 % 60, 2, 10, QLatin1Char('0'))
-        .arg(milliseconds / 1000 % 60, 2, 10, QLatin1Char('0'))
-        .arg(milliseconds % 1000, 3, 10, QLatin1Char('0'));
 }

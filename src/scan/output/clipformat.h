@@ -65,6 +65,3 @@ std::unique_ptr<ClipFormat> makeClipFormat(ReportFormat format, bool withExports
 
 /// What is missing of a recording, for a person.
 QString damageText(const Damage& damage);
-
-/// "0:01:02.345": hours, minutes, seconds, milliseconds (rounded); a minus sign where negative.
-QString clockText(double seconds);
