@@ -5,7 +5,6 @@
 // kestrova-archive on this machine; scripts/test-archive has the others.
 
 #include "files.h"
-#include "measuresettings.h"
 #include "media.h"
 #include "process.h"
 
@@ -39,7 +38,6 @@ private Q_SLOTS:
     void initTestCase();
     void printsWhatTheScannerPrints();
     void measuresWithWhatValuesDependOn();
-    void knowsWhatValuesDependOn();
     void goesOnWhereItEnded();
     void listsAnew();
     void aListThatCannotBeReadFailsAgain();
@@ -124,16 +122,6 @@ void TestArchive::measuresWithWhatValuesDependOn() {
              measure.constData());
     for (const QString& file : QDir(path("half")).entryList({"*.values"}))
         QVERIFY(readFile(path("half/" + file)).contains("# skip: 1\n"));
-}
-
-void TestArchive::knowsWhatValuesDependOn() {
-    const QString text =
-        QString::fromUtf8(readFile(KESTROVA_SOURCE "/src/archive/archive/scanner.py"));
-    const auto list = QRegularExpression("MEASURING = \\[([^]]*)\\]").match(text).captured(1);
-    QStringList names;
-    for (const QString& word : list.split(','))
-        names += word.trimmed().remove('"');
-    QCOMPARE(names, measureOptionNames());
 }
 
 void TestArchive::goesOnWhereItEnded() {
@@ -420,7 +408,7 @@ void TestArchive::askingHowFarItIsChangesNothing() {
     QVERIFY(QFile::copy(path("recordings/line\nbreak.mkv"), place + "/in/1.mkv"));
     useInScannersPlace(place, "cd '" + place +
                                   "'\ncase $* in *--names* | *--unmeasured* | *--threads=1* | "
-                                  "--help | --version) ;;\n*) cp in/1.mkv in/2.mkv; "
+                                  "--list-options | --version) ;;\n*) cp in/1.mkv in/2.mkv; "
                                   "./kestrova-archive --status --values kept in >asked;; esac\n"
                                   "exec '" +
                                   media::programDirectory() + "/kestrova-scan' \"$@\"\n");
@@ -434,13 +422,14 @@ void TestArchive::askingHowFarItIsChangesNothing() {
 void TestArchive::bashCompletesItsOptions() {
     if (QStandardPaths::findExecutable("bash").isEmpty())
         QSKIP("bash is not installed");
-    const QString ask = "_kestrova_scan() { COMPREPLY=(--names --merge --unmeasured --part); }\n"
-                        ". " KESTROVA_SOURCE "/src/archive/kestrova-archive.bash\n"
-                        "ask() { COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); COMPREPLY=()\n"
-                        "  _kestrova_archive 2>/dev/null; echo \"${COMPREPLY[*]}\"; }\n"
-                        "ask kestrova-archive --s\n"
-                        "ask kestrova-archive --split ''\n"
-                        "ask kestrova-archive --m\n";
+    const QString ask =
+        "_kestrova_scan() { COMPREPLY=(--names --merge --unmeasured --part --list-options); }\n"
+        ". " KESTROVA_SOURCE "/src/archive/kestrova-archive.bash\n"
+        "ask() { COMP_WORDS=(\"$@\"); COMP_CWORD=$(($# - 1)); COMPREPLY=()\n"
+        "  _kestrova_archive 2>/dev/null; echo \"${COMPREPLY[*]}\"; }\n"
+        "ask kestrova-archive --s\n"
+        "ask kestrova-archive --split ''\n"
+        "ask kestrova-archive --m\n";
     QCOMPARE(runProgram("/bin/bash", {"-c", ask}).output,
              QByteArray("--merge --slurm --slurm-args --split --status\n\n--merge\n"));
     const QByteArray completion = readFile(KESTROVA_SOURCE "/src/archive/kestrova-archive.bash");

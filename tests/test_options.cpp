@@ -4,6 +4,7 @@
 
 #include "commandline.h"
 #include "files.h"
+#include "measuresettings.h"
 #include "optiontable.h"
 #include "optiontext.h"
 
@@ -78,6 +79,12 @@ private Q_SLOTS:
     void rangesEndWhereTheySay();
     void wordsAreTakenAsTheyAre_data();
     void wordsAreTakenAsTheyAre();
+
+    void optionsKeepCompany_data();
+    void optionsKeepCompany();
+    void theTableNamesItsOwn();
+    void listIsForPrograms();
+    void valuesDependOnTheirOptions();
 
     void helpNamesEverything();
     void helpFitsATerminal();
@@ -182,6 +189,72 @@ void TestOptions::wordsAreTakenAsTheyAre() {
     QFETCH(QString, name);
     QFETCH(QString, value);
     QTEST(parse({"--export", "out", "--" + name, value}).text, "complaint");
+}
+
+void TestOptions::optionsKeepCompany_data() {
+    QTest::addColumn<QStringList>("options");
+    QTest::addColumn<QString>("complaint");
+    const auto row = [](const QStringList& options, const QString& complaint) {
+        QTest::addRow("%s", qPrintable(options.join(' '))) << options << complaint;
+    };
+    row({"--null"}, "--null needs --list");
+    row({"--refine"}, "--refine needs --quick");
+    row({"--refine", "--quick"}, "");
+    row({"--quick", "--fps", "25"}, "--quick and --fps exclude each other");
+    row({"--roi", "1,2,3,4", "--mask", "m.png"}, "--roi and --mask exclude each other");
+    row({"--bitrate", "2"}, "--bitrate needs --export");
+    row({"--start-time", "2026-11-16T09:05:00"}, "--start-time needs --export or --report");
+    row({"--start-time", "2026-11-16T09:05:00", "--report", "r"}, "");
+    row({"--unmeasured"}, "--unmeasured needs --values, and excludes --part");
+    row({"--unmeasured", "--values", "v", "--part", "1/2"},
+        "--unmeasured needs --values, and excludes --part");
+    row({"--part", "1/2"}, "--part needs --values");
+    row({"--part", "1/2", "--values", "v", "--merge", "1"},
+        "--part and --merge exclude each other");
+    row({"--snapshots="}, "--snapshots needs a name");
+    row({"--list", "l", "--list="}, "--list needs a name");
+}
+
+void TestOptions::optionsKeepCompany() {
+    QFETCH(QStringList, options);
+    QTEST(parse(options).text, "complaint");
+}
+
+void TestOptions::theTableNamesItsOwn() {
+    for (const ScanOption& option : scanOptions()) {
+        for (const QString& other : option.needs + option.excludes)
+            QVERIFY2(allNames().contains(other), qPrintable(option.name + ": " + other));
+    }
+}
+
+void TestOptions::listIsForPrograms() {
+    const CommandLine commandLine = parse({"--list-options"});
+    QCOMPARE(commandLine.action, CommandLine::Action::PrintText);
+    QStringList names;
+    QStringList measuring;
+    for (const QString& line : commandLine.text.split('\n', Qt::SkipEmptyParts)) {
+        const QStringList fields = line.split('\t');
+        QCOMPARE(fields.size(), 3);
+        names += fields[0];
+        if (fields[2] == "measuring")
+            measuring += fields[0];
+    }
+    QCOMPARE(names, allNames());
+    QCOMPARE(measuring, QStringList({"skip", "threshold-value", "fps", "quick", "from", "to", "roi",
+                                     "mask", "exclude"}));
+    for (const char* line :
+         {"quiet\tnone\t-\n", "skip\tnumber\tmeasuring\n", "format\tword\t-\n",
+          "mask\tfile\tmeasuring\n", "values\tfolder\t-\n", "from\ttext\tmeasuring\n"})
+        QVERIFY2(commandLine.text.contains(line), line);
+}
+
+void TestOptions::valuesDependOnTheirOptions() {
+    QStringList keys;
+    for (const HeadLine& line : measureSettings({}))
+        keys += line.key;
+    for (const ScanOption& option : scanOptions())
+        QVERIFY2(option.valuesKey.isEmpty() || keys.contains(option.valuesKey),
+                 qPrintable(option.name));
 }
 
 void TestOptions::helpNamesEverything() {

@@ -2,11 +2,11 @@
 #
 # SPDX-License-Identifier: GPL-3.0-or-later
 
-"""The command line: options of its own, and those of the scanner as its help names them."""
+"""The command line: options of its own, and those of the scanner as it lists them."""
 
 import argparse
+import dataclasses
 import os
-import re
 import shlex
 import shutil
 import subprocess
@@ -14,6 +14,9 @@ import sys
 
 # Beside the name under which this program was called, which may be a link.
 SCANNER = os.path.join(os.path.dirname(os.path.abspath(sys.argv[0])), "kestrova-scan")
+
+# Options of the scanner with which this program calls it itself, or that print something else.
+NOT_PASSED_ON = {"names", "unmeasured", "part", "values", "version", "help", "list-options"}
 
 DESCRIPTION = """Has many recordings measured, on all cores or on many machines, then prints what kestrova-scan
 prints. All other options are those of kestrova-scan. A second call goes on where the first one ended.
@@ -48,19 +51,35 @@ def own_options(parser):
     parser.add_argument("recordings", nargs="*", help=argparse.SUPPRESS)
 
 
+@dataclasses.dataclass
+class PassedOn:
+    """Names of the scanner's options that are passed on to it."""
+    all: set
+    measuring: list  # those of them that motion values depend on
+
+
+def add_scanner_options(parser):
+    listed = subprocess.run([SCANNER, "--list-options"], capture_output=True, check=True).stdout.decode()
+    passed_on = PassedOn(set(), [])
+    for name, kind, use, *_ in (line.split("\t") for line in listed.splitlines()):
+        if name in NOT_PASSED_ON:
+            continue
+        action = "store_true" if kind == "none" else "append"
+        parser.add_argument("--" + name, dest=name, action=action, help=argparse.SUPPRESS)
+        passed_on.all.add(name)
+        if use == "measuring":
+            passed_on.measuring.append(name)
+    return passed_on
+
+
 def parse():
-    """The arguments, and the names of those that are the scanner's."""
+    """The arguments, and which of them are the scanner's."""
     parser = argparse.ArgumentParser(
         prog="kestrova-archive", allow_abbrev=False, description=DESCRIPTION,
         formatter_class=argparse.RawDescriptionHelpFormatter,
         usage="%(prog)s [--hosts FILE | --slurm] --values DIR [OPTION]... RECORDING|FOLDER...")
     own_options(parser)
-    text = subprocess.run([SCANNER, "--help"], capture_output=True, check=True).stdout.decode()
-    own = "names|unmeasured|part|values|version|help"
-    options = dict(re.findall(rf"^  --(?!(?:{own})\b)([a-z-]+)( [A-Z])?", text, re.MULTILINE))
-    for name, value in options.items():
-        action = "append" if value else "store_true"
-        parser.add_argument("--" + name, dest=name, action=action, help=argparse.SUPPRESS)
+    options = add_scanner_options(parser)
     given = "\0".join(sys.argv[1:]).replace("--slurm-args\0", "--slurm-args=").split("\0")
     arguments = parser.parse_intermixed_args(given)  # in which a value may look like an option
     if arguments.split is not None and (arguments.split < 1 or words(arguments, ["quick", "from", "to"])):
@@ -69,7 +88,7 @@ def parse():
     for program in engine + ["ffprobe"] * bool(arguments.split):
         if not shutil.which(program):
             sys.exit(complain(f"{program} is missing; kestrova-archive(1) names its package"))
-    return arguments, set(options)
+    return arguments, options
 
 
 def words(arguments, names):

@@ -12,8 +12,6 @@ import tempfile
 
 from .commandline import SCANNER, words
 
-# Those of its options that motion values depend on.
-MEASURING = ["threshold-value", "skip", "fps", "roi", "mask", "exclude", "quick", "from", "to"]
 SAMPLE = 1000  # recordings among which the oldest is sought
 
 
@@ -22,9 +20,9 @@ class Scanner:
         self.arguments = arguments
         self.work = work
         self.inputs = [*words(arguments, ["list", "null"]), "--", *arguments.recordings]
-        self.options = words(arguments, sorted(options - {"list", "null", "jobs"}))
+        self.options = words(arguments, sorted(options.all - {"list", "null", "jobs"}))
         self.jobs = arguments.jobs or [len(os.sched_getaffinity(0))]
-        self.measuring = [f"--values={work.values}", *words(arguments, MEASURING)]
+        self.measuring = [f"--values={work.values}", *words(arguments, options.measuring)]
 
     def names(self):
         """All recordings, and 1 where a folder or a list could not be read, which has been said."""

@@ -20,7 +20,6 @@ import sys
 import time
 
 from .commandline import complain, words
-from .scanner import MEASURING
 
 # FIRST COUNT: so many of the jobs that are left, from that one on.
 GROUP = """cd {work} || exit 1
@@ -50,7 +49,7 @@ exit "$status"
 
 class WorkFolder:
     def __init__(self, arguments, options):
-        given = words(arguments, sorted(options & {*MEASURING, "list", "null"}))
+        given = words(arguments, sorted({*options.measuring, "list", "null"}))
         key = os.fsencode("\0".join([os.getcwd(), *given, "--", *arguments.recordings]))
         key += b"".join(pathlib.Path(mask).read_bytes() for mask in arguments.mask or []
                         if os.path.isfile(mask))

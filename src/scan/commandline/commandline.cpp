@@ -80,12 +80,6 @@ ExportOptions readExport(const QCommandLineParser& parser, OptionValues& values)
     options.encoding.bitrateOutput = values.number("bitrate");
     if (parser.isSet("start-time"))
         options.startDateTime = readStartTime(parser.value("start-time"), values);
-    for (const char* option : {"container", "transcode", "bitrate", "no-audio"}) {
-        if (parser.isSet(option) && !parser.isSet("export"))
-            values.reject(QStringLiteral("--%1 needs --export").arg(option));
-    }
-    if (parser.isSet("start-time") && !parser.isSet("export") && !parser.isSet("report"))
-        values.reject(QStringLiteral("--start-time needs --export or --report"));
     return options;
 }
 
@@ -148,7 +142,6 @@ TimeRange readRange(const QCommandLineParser& parser, OptionValues& values) {
     return range;
 }
 
-/// What a part is measured with, and where it is kept; all else is for the call that joins them.
 std::optional<RecordingPart> readPart(const QCommandLineParser& parser, OptionValues& values) {
     if (!parser.isSet("part"))
         return std::nullopt;
@@ -158,13 +151,6 @@ std::optional<RecordingPart> readPart(const QCommandLineParser& parser, OptionVa
     if (numbers.size() != 2 || part.index < 1 || part.index > part.count || part.count > mostParts)
         values.reject(QStringLiteral("--part takes one of up to 9999 parts, as in 2/3, not '%1'")
                           .arg(parser.value("part")));
-    if (!parser.isSet("values"))
-        values.reject(QStringLiteral("--part needs --values"));
-    for (const char* option :
-         {"quick", "from", "to", "merge", "format", "snapshots", "report", "trace", "export"}) {
-        if (parser.isSet(option))
-            values.reject(QStringLiteral("--part and --%1 exclude each other").arg(option));
-    }
     return part;
 }
 
@@ -181,8 +167,6 @@ DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& v
         options.times.frameRate = values.number("fps");
     options.range = readRange(parser, values);
     options.isKeyframesOnly = parser.isSet("quick");
-    if (options.isKeyframesOnly && parser.isSet("fps"))
-        values.reject(QStringLiteral("--quick and --fps exclude each other"));
     options.threads = values.integer("threads");
     options.measure.region = readRegion(parser, values);
     return options;
@@ -199,13 +183,13 @@ CommandLine parseCommandLine(const QStringList& arguments) {
         return {CommandLine::Action::PrintText, {}, helpText()};
     if (parser.isSet("version"))
         return {CommandLine::Action::PrintText, {}, versionText()};
+    if (parser.isSet("list-options"))
+        return {CommandLine::Action::PrintText, {}, optionList()};
 
     OptionValues values(parser);
     ScanOptions options;
     options.detection = readDetection(parser, values);
     options.isRefined = parser.isSet("refine");
-    if (options.isRefined && !parser.isSet("quick"))
-        values.reject(QStringLiteral("--refine needs --quick"));
     options.part = readPart(parser, values);
     if (parser.isSet("merge"))
         options.mergeGap = values.number("merge");
@@ -217,21 +201,13 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     options.valuesDirectory = parser.value("values");
     options.givenOptions = parser.optionNames();
     options.isMissingAsked = parser.isSet("unmeasured");
-    if (options.isMissingAsked && (options.part || !parser.isSet("values")))
-        values.reject(QStringLiteral("--unmeasured needs --values, and excludes --part"));
     options.jobs = values.integer("jobs");
     options.quiet = parser.isSet("quiet");
+    values.checkCompany();
     if (parser.positionalArguments().isEmpty() && !parser.isSet("list"))
         values.reject(QStringLiteral("no video named"));
     if (parser.positionalArguments().contains(QString()))
         values.reject(QStringLiteral("an empty name is no recording"));
-    if (parser.isSet("null") && !parser.isSet("list"))
-        values.reject(QStringLiteral("--null needs --list"));
-    for (const char* option :
-         {"list", "mask", "snapshots", "report", "export", "trace", "values"}) {
-        if (parser.isSet(option) && parser.values(option).contains(QString()))
-            values.reject(QStringLiteral("--%1 needs a name").arg(option));
-    }
     // A list on standard input is waited for, which nobody wants before an error.
     if (values.error.isEmpty())
         readRecordings(parser, options);

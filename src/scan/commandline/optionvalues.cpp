@@ -9,6 +9,8 @@
 
 #include <QCommandLineParser>
 
+#include <algorithm>
+
 OptionValues::OptionValues(const QCommandLineParser& parser)
     : parser(parser) {}
 
@@ -33,6 +35,35 @@ QString OptionValues::word(const QString& option) {
         reject(QStringLiteral("--%1 takes %2, not '%3'").arg(option, listed(words), value) +
                suggestion(value, words));
     return value;
+}
+
+void OptionValues::checkCompany() {
+    for (const ScanOption& option : scanOptions()) {
+        if (!parser.isSet(option.name))
+            continue;
+        const QString flaw = companyFlaw(option);
+        if (!flaw.isEmpty())
+            reject(flaw);
+        const bool isPath = option.kind == ValueKind::File || option.kind == ValueKind::Folder;
+        if (isPath && parser.values(option.name).contains(QString()))
+            reject(QStringLiteral("--%1 needs a name").arg(option.name));
+    }
+}
+
+/// Why an option that is given cannot go with the others; empty if it can.
+QString OptionValues::companyFlaw(const ScanOption& option) const {
+    const auto isGiven = [this](const QString& name) { return parser.isSet(name); };
+    const bool isAlone = !option.needs.isEmpty() &&
+                         std::none_of(option.needs.cbegin(), option.needs.cend(), isGiven);
+    const auto other = std::find_if(option.excludes.cbegin(), option.excludes.cend(), isGiven);
+    const bool isCrowded = other != option.excludes.cend();
+    if (!isAlone && !isCrowded)
+        return {};
+    if (!option.needs.isEmpty() && option.excludes.size() <= 1) // few enough to be told whole
+        return QStringLiteral("--%1 %2").arg(option.name, option.company());
+    if (isAlone)
+        return QStringLiteral("--%1 needs --%2").arg(option.name, option.needs.join(" or --"));
+    return QStringLiteral("--%1 and --%2 exclude each other").arg(option.name, *other);
 }
 
 void OptionValues::reject(const QString& message) {

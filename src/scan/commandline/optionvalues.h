@@ -7,6 +7,7 @@
 #include <QString>
 
 class QCommandLineParser;
+struct ScanOption;
 
 /// The values that a command line gives to the options of the table, checked against it.
 class OptionValues {
@@ -21,6 +22,10 @@ public:
     /// One of the option's words.
     QString word(const QString& option);
 
+    /// Rejects what is named by nothing, and what is given without others that it needs or with
+    /// some that it excludes.
+    void checkCompany();
+
     /// Something is wrong; what is rejected later is not told.
     void reject(const QString& message);
 
@@ -28,6 +33,7 @@ public:
 
 private:
     void check(const QString& option, double value, bool isNumber);
+    QString companyFlaw(const ScanOption& option) const;
 
     const QCommandLineParser& parser;
 };

@@ -47,9 +47,7 @@ void readMask(const QString& fileName, RegionOfInterest& region, OptionValues& v
 
 RegionOfInterest readRegion(const QCommandLineParser& parser, OptionValues& values) {
     RegionOfInterest region;
-    if (parser.isSet("roi") && parser.isSet("mask")) {
-        values.reject(QStringLiteral("--roi and --mask exclude each other"));
-    } else if (parser.isSet("roi")) {
+    if (parser.isSet("roi")) {
         region.kind = RegionOfInterest::Kind::Rectangle;
         region.rectangle = readRectangle("roi", parser.value("roi"), values);
     } else if (!parser.value("mask").isEmpty()) {

@@ -2,6 +2,7 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "escaping.h"
 #include "optionspelling.h"
 #include "optiontext.h"
 
@@ -20,11 +21,6 @@ QString bashReply(const ScanOption& option) {
     default:
         return QStringLiteral("COMPREPLY=()");
     }
-}
-
-/// Text in single quotes of a shell.
-QString quoted(QString text) {
-    return '\'' + text.replace('\'', QStringLiteral("'\\''")) + '\'';
 }
 
 QString zshAction(const ScanOption& option) {
@@ -50,7 +46,7 @@ QString zshArgument(const ScanOption& option) {
         argument += '[' + help + ']';
         if (!option.value.isEmpty())
             argument += ':' + option.value + ':' + zshAction(option);
-        lines += QStringLiteral("  ") + quoted(argument) + QStringLiteral(" \\\n");
+        lines += QStringLiteral("  ") + shellWord(argument) + QStringLiteral(" \\\n");
     }
     return lines;
 }
@@ -69,7 +65,7 @@ QString fishLine(const ScanOption& option) {
         line += QStringLiteral(" -x -a '(__fish_complete_directories)'");
         break;
     case ValueKind::Word:
-        line += QStringLiteral(" -x -a ") + quoted(option.words.join(' '));
+        line += QStringLiteral(" -x -a ") + shellWord(option.words.join(' '));
         break;
     default:
         line += QStringLiteral(" -x");

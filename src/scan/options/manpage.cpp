@@ -19,7 +19,10 @@ QString manOption(const ScanOption& option) {
               QStringLiteral("\\fR, ") + tag;
     if (!option.value.isEmpty())
         tag += QStringLiteral(" \\fI") + roff(option.value) + QStringLiteral("\\fR");
-    return QStringLiteral(".TP\n") + tag + '\n' + roff(sentence(option)) + '\n';
+    QString text = QStringLiteral(".TP\n") + tag + '\n' + roff(sentence(option)) + '\n';
+    if (!option.company().isEmpty())
+        text += QStringLiteral("It ") + roff(option.company()) + QStringLiteral(".\n");
+    return text;
 }
 
 QString manTagged(const QString& tag, const QString& text) {

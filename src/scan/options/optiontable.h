@@ -40,11 +40,18 @@ struct ScanOption {
     QString fallback;                 ///< the value that counts without the option; empty: none
     QString absence;                  ///< without a fallback: what happens without the option
     bool isRepeated = false;          ///< may be given several times
+    QStringList needs;                ///< one of these must be given with it; empty: none
+    QStringList excludes;             ///< none of these may be given with it
+    QString valuesKey;                ///< the line in the head of a values file that it decides;
+                                      ///< empty: motion values do not depend on it
     QChar letter;                     ///< a short form of one letter; null: none
     QString control;                  ///< what it is called in the window; empty: not there
 
     /// What it takes and what counts without it: "1 to 3600 (1)", "text, jsonl or csv (text)".
     QString limits() const;
+
+    /// What it goes with: "needs --values, and excludes --part". Empty: with all.
+    QString company() const;
 };
 
 /// All options, group by group.

@@ -12,6 +12,10 @@
 /// What `--help` prints: what the program does, its options group by group, exit statuses.
 QString helpText();
 
+/// What `--list-options` prints: a line for each option, its fields separated by tabs. Programs
+/// read it: new fields are put behind the others.
+QString optionList();
+
 /// The man page, in the macros of man(7). `version` and `date` ("2026-11-21") stand in its footer.
 QString manPage(const QString& version, const QString& date);
 

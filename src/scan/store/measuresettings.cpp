@@ -5,6 +5,7 @@
 #include "measuresettings.h"
 
 #include "measuredefinition.h"
+#include "optiontable.h"
 #include "shortestdigits.h"
 
 #include <QByteArrayList>
@@ -17,22 +18,6 @@ namespace {
 
 constexpr char picturesKey[] = "pictures";
 constexpr char keyPictures[] = "key";
-
-/// The options and the lines of the head that they decide.
-struct SettingOfOption {
-    const char* option;
-    const char* key;
-};
-
-constexpr SettingOfOption settingsOfOptions[] = {{"threshold-value", "threshold-value"},
-                                                 {"skip", "skip"},
-                                                 {"fps", "fps"},
-                                                 {"roi", "region"},
-                                                 {"mask", "region"},
-                                                 {"exclude", "exclude"},
-                                                 {"quick", picturesKey},
-                                                 {"from", "from"},
-                                                 {"to", "to"}};
 
 /// "1,2,3,4": corner, width, height.
 QByteArray rectangleText(const QRect& rectangle) {
@@ -110,22 +95,12 @@ QString disagreement(const QStringList& given, const MeasureSettings& asked,
                      const MeasureSettings& kept) {
     if (valueOf(asked, "measure") != valueOf(kept, "measure"))
         return QStringLiteral("its values were measured by another version of this program");
-    for (const SettingOfOption& setting : settingsOfOptions) {
-        const QByteArray value = valueOf(kept, setting.key);
-        if (given.contains(QLatin1String(setting.option)) && value != valueOf(asked, setting.key))
+    for (const ScanOption& option : scanOptions()) {
+        const QByteArray key = option.valuesKey.toLatin1();
+        const QByteArray value = valueOf(kept, key);
+        if (!key.isEmpty() && given.contains(option.name) && value != valueOf(asked, key))
             return QStringLiteral("--%1 does not fit its values, which were measured with %2 %3")
-                .arg(QLatin1String(setting.option), QLatin1String(setting.key),
-                     QString::fromUtf8(value));
+                .arg(option.name, option.valuesKey, QString::fromUtf8(value));
     }
     return {};
-}
-
-const QStringList& measureOptionNames() {
-    static const QStringList names = [] {
-        QStringList list;
-        for (const SettingOfOption& setting : settingsOfOptions)
-            list += QLatin1String(setting.option);
-        return list;
-    }();
-    return names;
 }

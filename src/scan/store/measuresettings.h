@@ -17,6 +17,3 @@ bool areOfKeyFrames(const MeasureSettings& settings);
 /// empty if none does. `asked` are the settings of all options.
 QString disagreement(const QStringList& given, const MeasureSettings& asked,
                      const MeasureSettings& kept);
-
-/// The names of the options that values depend on.
-const QStringList& measureOptionNames();
