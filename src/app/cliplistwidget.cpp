@@ -69,6 +69,14 @@ void ClipListWidget::doItemsLayout() {
     layoutDuration = timer.elapsed();
 }
 
+bool ClipListWidget::eventFilter(QObject* watched, QEvent* event) {
+    const bool isKey =
+        event->type() == QEvent::KeyRelease || event->type() == QEvent::ShortcutOverride;
+    if (isKey && watched == window())
+        recognizeHeldReturn(static_cast<QKeyEvent&>(*event));
+    return QListWidget::eventFilter(watched, event);
+}
+
 void ClipListWidget::changeEvent(QEvent* event) {
     if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
         keepSizes(0, count() - 1);
@@ -159,4 +167,16 @@ void ClipListWidget::layOutLater() {
     const qint64 pause = layoutDuration * pausePerDuration;
     if (!layoutTimer.isActive())
         layoutTimer.start(int(qMin<qint64>(pause, longestPauseMilliseconds)), this);
+}
+
+/// A window system may tell of a key that is held down as of one that is released and pressed again
+/// at the same instant, which does not always reach us marked as a repetition. Return then goes to
+/// the list, which has no use for it.
+void ClipListWidget::recognizeHeldReturn(QKeyEvent& event) {
+    if (event.key() != Qt::Key_Return)
+        return;
+    if (event.type() == QEvent::KeyRelease)
+        returnReleased = event.timestamp();
+    else if (event.timestamp() == returnReleased)
+        event.accept();
 }

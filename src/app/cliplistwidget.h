@@ -30,6 +30,9 @@ public:
     QRect visualRect(const QModelIndex& index) const override;
     void doItemsLayout() override;
 
+    /// For the window, whose Return opens clips.
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 protected:
     void changeEvent(QEvent* event) override;
     void dataChanged(const QModelIndex& topLeft, const QModelIndex& bottomRight,
@@ -44,9 +47,11 @@ protected:
 private:
     bool keepSizes(int first, int last);
     void layOutLater();
+    void recognizeHeldReturn(QKeyEvent& event);
 
     QBasicTimer layoutTimer;     ///< active while items have no place, or not their own
     int placed = 0;              ///< items that have one: the first ones
     qint64 layoutDuration = 0;   ///< of the last layout, milliseconds
+    ulong returnReleased = 0;    ///< when, in the window system's milliseconds
     QPersistentModelIndex focus; ///< current because the list got the focus, and not chosen yet
 };

@@ -24,7 +24,6 @@
 #include <QDesktopServices>
 #include <QDir>
 #include <QDragEnterEvent>
-#include <QKeyEvent>
 #include <QMessageBox>
 #include <QMimeData>
 
@@ -50,6 +49,7 @@ MainWindow::MainWindow(QWidget* parent)
     new ScreenFit(*this);
     ui->files->setItemDelegate(new CaptionDelegate(ui->files));
     ui->gridLayout->addWidget(new LeftOutBar(editMaskWindow), 1, 0);
+    installEventFilter(ui->files);
     setAcceptDrops(true);
     connect(&statusTimer, SIGNAL(timeout()), SLOT(updateStatus()));
     connect(&editMaskWindow, SIGNAL(newVideo()), SLOT(newVideo()));
@@ -68,24 +68,6 @@ MainWindow::~MainWindow() {
     Clip::leaveQueue(ui->files->clips());
     // The list outlives this part of the window, and its selection ends with its items.
     disconnect(ui->files, nullptr, this, nullptr);
-}
-
-bool MainWindow::event(QEvent* event) {
-    if (event->type() == QEvent::KeyRelease || event->type() == QEvent::ShortcutOverride)
-        recognizeHeldReturn(static_cast<QKeyEvent&>(*event));
-    return QMainWindow::event(event);
-}
-
-/// A window system may tell of a key that is held down as of one that is released and pressed again
-/// at the same instant, which does not always reach us marked as a repetition. Return, which opens
-/// clips, then goes to the list, which has no use for it.
-void MainWindow::recognizeHeldReturn(QKeyEvent& event) {
-    if (event.key() != Qt::Key_Return)
-        return;
-    if (event.type() == QEvent::KeyRelease)
-        returnReleased = event.timestamp();
-    else if (event.timestamp() == returnReleased)
-        event.accept();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -170,10 +152,6 @@ void MainWindow::newClip(int index, const QImage& snapshot, double start, double
         clip->exportClip(false);
 }
 
-void MainWindow::processQueue() {
-    queue.startNext();
-}
-
 void MainWindow::updateStatus() {
     queue.startNext(); // where there was no thread before
     showProgress();
@@ -228,10 +206,6 @@ void MainWindow::on_actionAddDirectory_triggered() {
 // Connected by its name, and empty on purpose: a click only selects.
 void MainWindow::on_files_clicked(const QModelIndex&) {}
 
-void MainWindow::on_files_itemSelectionChanged() {
-    updateActions();
-}
-
 // Empty, too: a double-click and the menu's Return open, each in a slot of its own.
 void MainWindow::on_files_activated(const QModelIndex&) {}
 
@@ -249,14 +223,6 @@ void MainWindow::on_actionSettings_triggered() {
     SettingsDialog().exec();
 }
 
-void MainWindow::on_pushButtonAddFiles_clicked() {
-    on_actionAddFiles_triggered();
-}
-
-void MainWindow::on_pushButtonDirrectory_clicked() {
-    on_actionAddDirectory_triggered();
-}
-
 void MainWindow::on_actionHelp_triggered() {
     const QString manual = QCoreApplication::applicationDirPath() + "/help/manual.pdf";
     if (!QDesktopServices::openUrl(fileUrl(manual)))
@@ -269,14 +235,6 @@ void MainWindow::on_actionAbout_triggered() {
 
 void MainWindow::on_files_itemDoubleClicked(QListWidgetItem* item) {
     static_cast<Clip*>(item)->openClip();
-}
-
-void MainWindow::on_pushButtonCancel_clicked() {
-    queue.cancel();
-}
-
-void MainWindow::on_actionCancel_triggered() {
-    on_pushButtonCancel_clicked();
 }
 
 void MainWindow::on_actionExport_selected_triggered() {

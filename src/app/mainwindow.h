@@ -17,7 +17,6 @@
 #include <memory>
 
 class BusyCursor;
-class QKeyEvent;
 class QListWidgetItem;
 class QModelIndex;
 
@@ -37,7 +36,6 @@ public:
     ~MainWindow() override;
 
 protected:
-    bool event(QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
@@ -46,29 +44,28 @@ protected:
 private Q_SLOTS:
     void newVideo();
     void newClip(int index, const QImage& snapshot, double start, double end, double snapshotTime);
-    void processQueue();
+    void processQueue() { queue.startNext(); }
     void updateStatus();
     void on_actionQuit_triggered();
     void on_actionAddFiles_triggered();
     void on_actionAddDirectory_triggered();
     void on_files_clicked(const QModelIndex& index);
-    void on_files_itemSelectionChanged();
+    void on_files_itemSelectionChanged() { updateActions(); }
     void on_files_activated(const QModelIndex& index);
     void on_actionRemoveSelected_triggered();
     void on_actionRemoveAll_triggered();
     void on_actionSettings_triggered();
-    void on_pushButtonAddFiles_clicked();
-    void on_pushButtonDirrectory_clicked();
+    void on_pushButtonAddFiles_clicked() { on_actionAddFiles_triggered(); }
+    void on_pushButtonDirrectory_clicked() { on_actionAddDirectory_triggered(); }
     void on_actionHelp_triggered();
     void on_actionAbout_triggered();
     void on_files_itemDoubleClicked(QListWidgetItem* item);
-    void on_pushButtonCancel_clicked();
-    void on_actionCancel_triggered();
+    void on_pushButtonCancel_clicked() { queue.cancel(); }
+    void on_actionCancel_triggered() { on_pushButtonCancel_clicked(); }
     void on_actionExport_selected_triggered();
     void on_actionOpen_selected_triggered();
 
 private:
-    void recognizeHeldReturn(QKeyEvent& event);
     void addCommandLineFiles(int milliseconds);
     void updateActions();
     void endUnseen(bool wasSetupClosed);
@@ -82,6 +79,5 @@ private:
     QStringList commandLineFiles; ///< still to be handed to job setup
     std::unique_ptr<BusyCursor> busyCursor;
     bool isSetupClosing = false;
-    ulong returnReleased = 0; ///< when, in the window system's milliseconds
     DetectionQueue queue;
 };
