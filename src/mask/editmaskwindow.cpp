@@ -5,18 +5,15 @@
 #include "editmaskwindow.h"
 
 #include "applicationicon.h"
-#include "datetimetyping.h"
+#include "joboptions.h"
 #include "leftoutfiles.h"
 #include "screenfit.h"
-#include "settingstable.h"
 #include "ui_editmaskwindow.h"
 #include "video.h"
 
-#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QKeyEvent>
-#include <QMessageBox>
 
 #include <initializer_list>
 #include <utility>
@@ -24,14 +21,12 @@
 EditMaskWindow::EditMaskWindow(QWidget* parent)
     : QWidget(parent)
     , ui(std::make_unique<Ui::EditMaskWindow>())
-    , startDirectory(QDir::currentPath())
     , leftOutFiles(std::make_unique<LeftOutFiles>()) {
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
     new ScreenFit(*this);
-    loadSettings();
+    options = std::make_unique<JobOptions>(*ui);
     on_checkBoxExportTimestamp_clicked();
-    prepareStartTime();
     connect(ui->maskEditor, SIGNAL(roiUpdated()), this, SLOT(roiUpdated()));
     ui->pushButtonClear->setEnabled(ui->maskEditor->hasRoi());
     connect(&pendingFiles, &PendingFiles::searching, this, &EditMaskWindow::setSearching);
@@ -43,10 +38,6 @@ EditMaskWindow::EditMaskWindow(QWidget* parent)
 
 EditMaskWindow::~EditMaskWindow() {
     qDeleteAll(readyVideos);
-}
-
-void EditMaskWindow::addFile(const QString& path) {
-    addFiles({path});
 }
 
 void EditMaskWindow::addFiles(const QStringList& paths) {
@@ -90,22 +81,22 @@ void EditMaskWindow::closeEvent(QCloseEvent*) {
 }
 
 void EditMaskWindow::on_pushButtonAdd_clicked() {
-    if (!isExportDirectoryGood())
+    if (!options->isExportDirectoryGood())
         return;
-    saveSettings();
-    createJob(pendingFiles.current());
+    options->save();
+    readyVideos.append(options->makeJob(pendingFiles.current(), nullptr));
     pendingFiles.showNext();
     Q_EMIT newVideo();
 }
 
 void EditMaskWindow::on_pushButtonAddAll_clicked() {
-    if (!isExportDirectoryGood())
+    if (!options->isExportDirectoryGood())
         return;
-    saveSettings();
+    options->save();
     ClipFolderNumbers numbers;
     const QStringList files = QStringList{pendingFiles.current()} + pendingFiles.takeAll();
     for (const QString& file : files)
-        createJob(file, &numbers);
+        readyVideos.append(options->makeJob(file, &numbers));
     pendingFiles.showNext();
     Q_EMIT newVideo();
 }
@@ -150,39 +141,6 @@ void EditMaskWindow::roiUpdated() {
     regionFile = pendingFiles.current();
     ui->labelOldRegion->hide();
     ui->pushButtonClear->setEnabled(ui->maskEditor->hasRoi());
-}
-
-/// Not in the form: a later change of the time spec would shift the bounds by the local offset, and
-/// designers sort properties as they like.
-void EditMaskWindow::prepareStartTime() {
-    ui->dateTimeEdit->setTimeSpec(Qt::UTC);
-    ui->dateTimeEdit->setDateTimeRange(QDateTime(QDate(1899, 12, 31), QTime(0, 0, 0), Qt::UTC),
-                                       QDateTime(QDate(2100, 12, 31), QTime(20, 59, 59), Qt::UTC));
-    ui->dateTimeEdit->setTimeRange(QTime(0, 0, 0), QTime(20, 59, 59));
-    ui->dateTimeEdit->setDateTime(QDateTime(QDate::currentDate(), QTime(0, 0, 0), Qt::UTC));
-    new DateTimeTyping(*ui->dateTimeEdit);
-}
-
-void EditMaskWindow::loadSettings() {
-    const QSettings store;
-    ui->lineEditDir->setText(settings::exportDirectory.read(store));
-    ui->spinBoxSkip->setValue(settings::skip.read(store));
-    ui->doubleSpinBoxPrerecord->setValue(settings::prerecord.read(store));
-    ui->doubleSpinBoxPostrecord->setValue(settings::postrecord.read(store));
-    ui->doubleSpinBoxMinimum->setValue(settings::minimum.read(store));
-    ui->checkBoxExport->setChecked(settings::automaticExport.read(store));
-    ui->checkBoxExportTimestamp->setChecked(settings::timestamps.read(store));
-}
-
-void EditMaskWindow::saveSettings() const {
-    QSettings store;
-    settings::exportDirectory.write(store, ui->lineEditDir->text());
-    settings::skip.write(store, ui->spinBoxSkip->value());
-    settings::prerecord.write(store, ui->doubleSpinBoxPrerecord->value());
-    settings::postrecord.write(store, ui->doubleSpinBoxPostrecord->value());
-    settings::minimum.write(store, ui->doubleSpinBoxMinimum->value());
-    settings::automaticExport.write(store, ui->checkBoxExport->isChecked());
-    settings::timestamps.write(store, ui->checkBoxExportTimestamp->isChecked());
 }
 
 void EditMaskWindow::showPicture(const QImage& picture) {
@@ -235,29 +193,4 @@ void EditMaskWindow::setUsable(QWidget& part, bool isUsable) {
 void EditMaskWindow::discardAll() {
     pendingFiles.takeAll();
     pendingFiles.showNext();
-}
-
-/// Empty if none is named. What a person writes in short means the same before and after an export.
-QString EditMaskWindow::exportDirectory() const {
-    const QString text = ui->lineEditDir->text();
-    return text.isEmpty() ? text : QDir(startDirectory).filePath(text);
-}
-
-bool EditMaskWindow::isExportDirectoryGood() const {
-    const QFileInfo directory(exportDirectory());
-    if (directory.isDir() && directory.isWritable())
-        return true;
-    QMessageBox::critical(nullptr, tr("Error"), tr("Please check export dir name and permissions"),
-                          QMessageBox::Ok);
-    return false;
-}
-
-void EditMaskWindow::createJob(const QString& path, ClipFolderNumbers* numbers) {
-    ui->maskEditor->dropStroke(); // it counts as a region already, and has none to show
-    readyVideos.append(
-        new Video(path, exportDirectory(), ui->doubleSpinBoxPrerecord->value(),
-                  ui->doubleSpinBoxPostrecord->value(), ui->doubleSpinBoxMinimum->value(),
-                  ui->spinBoxSkip->value(), ui->checkBoxExport->isChecked(), ui->maskEditor->mask(),
-                  ui->maskEditor->roiRect(), ui->checkBoxExportTimestamp->isChecked(),
-                  ui->dateTimeEdit->dateTime(), numbers));
 }

@@ -4,7 +4,6 @@
 
 #pragma once
 
-#include "clipfolder.h"
 #include "pendingfiles.h"
 
 #include <QList>
@@ -15,6 +14,7 @@
 
 #include <memory>
 
+class JobOptions;
 class LeftOutFiles;
 class Video;
 
@@ -41,7 +41,7 @@ public:
 
     /// Queues a file and shows the next one; the file shown until now is dropped. While a search
     /// goes on no file is shown, and the new one joins it.
-    void addFile(const QString& path);
+    void addFile(const QString& path) { addFiles({path}); }
 
     /// Queues files and shows the next one, as `addFile`; also with an empty list.
     void addFiles(const QStringList& paths);
@@ -79,21 +79,15 @@ private Q_SLOTS:
     void roiUpdated();
 
 private:
-    void prepareStartTime();
-    void loadSettings();
-    void saveSettings() const;
     void showPicture(const QImage& picture);
     void showPosition();
     void showOldRegion();
     void setSearching(bool isSearching);
     void setUsable(QWidget& part, bool isUsable);
     void discardAll();
-    QString exportDirectory() const;
-    bool isExportDirectoryGood() const;
-    void createJob(const QString& path, ClipFolderNumbers* numbers = nullptr);
 
     std::unique_ptr<Ui::EditMaskWindow> ui;
-    QString startDirectory; ///< the current directory, before any export changes it
+    std::unique_ptr<JobOptions> options;
     PendingFiles pendingFiles;
     QString regionFile; ///< on which the region was drawn last
     std::unique_ptr<LeftOutFiles> leftOutFiles;

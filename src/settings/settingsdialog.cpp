@@ -32,9 +32,9 @@ void SettingsDialog::on_buttonBox_clicked(QAbstractButton* button) {
 
 void SettingsDialog::load() {
     const QSettings store;
-    ui->spinBoxThreshold->setValue(settings::pixelThreshold.read(store));
-    ui->doubleSpinBoxMotion->setValue(settings::motionThreshold.read(store));
-    ui->doubleSpinBoxBitrate->setValue(settings::bitrate.read(store));
+    settings::pixelThreshold.show(*ui->spinBoxThreshold, store);
+    settings::motionThreshold.show(*ui->doubleSpinBoxMotion, store);
+    settings::bitrate.show(*ui->doubleSpinBoxBitrate, store);
     ui->comboBoxFormat->setCurrentIndex(settings::container.read(store));
     ui->checkBoxTranscoding->setChecked(settings::transcoding.read(store));
     ui->checkBoxDisableAudio->setChecked(settings::audioDisabledProposal.read(store));

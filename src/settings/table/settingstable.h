@@ -20,6 +20,13 @@ struct Setting {
         return store.value(QLatin1String(key), fallback).template value<Value>();
     }
     void write(QSettings& store, Value value) const { store.setValue(QLatin1String(key), value); }
+
+    /// Gives a spin box the range and what is stored, as far as that lies in it.
+    template<class SpinBox>
+    void show(SpinBox& box, const QSettings& store) const {
+        box.setRange(lowest, highest);
+        box.setValue(read(store));
+    }
 };
 
 /// A yes or no of the settings store.
