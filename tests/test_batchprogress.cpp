@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "batchprogress.h"
+#include "detectionqueue.h"
 #include "video.h"
 
 #include <QTemporaryDir>

@@ -7,6 +7,7 @@
 #include "video.h"
 
 #include <QElapsedTimer>
+#include <QSet>
 #include <QThread>
 #include <QtDebug>
 
@@ -29,6 +30,11 @@ Abandoned& abandoned() {
     return *lists;
 }
 
+/// Wraps: positions come out of files and can be anything.
+qint64 sum(qint64 left, qint64 right) {
+    return qint64(quint64(left) + quint64(right));
+}
+
 class WorkerThread : public QThread {
 protected:
     /// Cut off anywhere, the thread could leave locks taken and lists torn that the end of the
@@ -40,6 +46,29 @@ protected:
 };
 
 } // namespace
+
+int BatchProgress::percent() const {
+    return int(qint64(quint64(bytesRead) * 100U) / fileSize);
+}
+
+BatchProgress updateBatch(const QList<Video*>& videos, QList<Video*>& batch) {
+    BatchProgress progress;
+    const QSet<Video*> counted(batch.cbegin(), batch.cend());
+    for (Video* video : videos) {
+        const bool isUnfinished = !video->hasEnded();
+        const bool isInBatch = counted.contains(video);
+        if (!isInBatch && !isUnfinished)
+            continue;
+        if (!isInBatch)
+            batch.append(video);
+        progress.bytesRead = sum(progress.bytesRead, video->bytesRead);
+        progress.fileSize = sum(progress.fileSize, video->fileSize);
+        progress.isActive = progress.isActive || isUnfinished;
+    }
+    if (!progress.isActive)
+        batch.clear();
+    return progress;
+}
 
 DetectionQueue::DetectionQueue()
     : workerThread(std::make_unique<WorkerThread>()) {

@@ -77,18 +77,14 @@ Video::Video(const QString& fileName, const QString& exportDirectory, double pre
              const QRect* roiRect, bool exportTimestamps, const QDateTime& startDateTime,
              ClipFolderNumbers* numbers)
     : fileName(fileName)
-    , state(Waiting)
     , fileSize(QFileInfo(fileName).size())
-    , bytesRead(0)
     , prerecord(prerecord)
     , postrecord(postrecord)
     , minimum(minimum)
     , skip(skip)
-    , elapsedSeconds(0)
     , autoExport(autoExport)
     , mask(mask ? std::make_unique<QImage>(*mask) : nullptr)
     , roiRect(roiRect ? std::make_unique<QRect>(*roiRect) : nullptr)
-    , intraCodec(false)
     , exportTimestamps(exportTimestamps)
     , startDateTime(startDateTime) {
     clipDirectory = makeClipFolder(fileName, exportDirectory, numbers);

@@ -46,25 +46,25 @@ public:
     /// The file's name without its folder.
     QString shortFileName() const;
 
-    QVector<float> motionValues;     ///< one motion value per processed frame
-    QVector<double> frameTimes;      ///< the same frames' times, seconds
-    QString fileName;                ///< as passed to the constructor
-    QString clipDirectory;           ///< absolute path of the job's own export folder
-    std::atomic<int> state;          ///< a `State`; the GUI thread writes 2 to cancel
-    qint64 fileSize;                 ///< bytes
-    std::atomic<qint64> bytesRead;   ///< the demuxer's position; -1 when unknown
-    double prerecord;                ///< seconds
-    double postrecord;               ///< seconds
-    double minimum;                  ///< seconds
-    int skip;                        ///< frames between two measurements
-    std::atomic<int> elapsedSeconds; ///< wall-clock seconds since detection started
-    bool autoExport;                 ///< export every clip as soon as it is found
-    std::unique_ptr<QImage> mask;    ///< own copy, or null
-    std::unique_ptr<QRect> roiRect;  ///< own copy, or null
-    QMutex mutex;                    ///< the job's own; no operation takes it
-    std::atomic<bool> intraCodec;    ///< every picture stands alone; known once detection runs
-    bool exportTimestamps;           ///< burn the wall-clock time into exported clips
-    QDateTime startDateTime;         ///< wall-clock time of the first picture
+    QVector<float> motionValues;         ///< one motion value per processed frame
+    QVector<double> frameTimes;          ///< the same frames' times, seconds
+    QString fileName;                    ///< as passed to the constructor
+    QString clipDirectory;               ///< absolute path of the job's own export folder
+    std::atomic<int> state{Waiting};     ///< a `State`; the GUI thread writes 2 to cancel
+    qint64 fileSize;                     ///< bytes
+    std::atomic<qint64> bytesRead{0};    ///< the demuxer's position; -1 when unknown
+    double prerecord;                    ///< seconds
+    double postrecord;                   ///< seconds
+    double minimum;                      ///< seconds
+    int skip;                            ///< frames between two measurements
+    std::atomic<int> elapsedSeconds{0};  ///< wall-clock seconds since detection started
+    bool autoExport;                     ///< export every clip as soon as it is found
+    std::unique_ptr<QImage> mask;        ///< own copy, or null
+    std::unique_ptr<QRect> roiRect;      ///< own copy, or null
+    QMutex mutex;                        ///< the job's own; no operation takes it
+    std::atomic<bool> intraCodec{false}; ///< every picture stands alone; known once detection runs
+    bool exportTimestamps;               ///< burn the wall-clock time into exported clips
+    QDateTime startDateTime;             ///< wall-clock time of the first picture
 
 Q_SIGNALS:
     /// A clip was found. Times in seconds from the first picture.

@@ -18,11 +18,24 @@
 #include <initializer_list>
 #include <utility>
 
+namespace {
+
+// The same for all, so that what stands below each other begins at the same place.
+constexpr int marginLabelWidth = 150;
+constexpr int smallestButtonWidth = 104;
+
+} // namespace
+
 EditMaskWindow::EditMaskWindow(QWidget* parent)
     : QWidget(parent)
     , ui(std::make_unique<Ui::EditMaskWindow>())
     , leftOutFiles(std::make_unique<LeftOutFiles>()) {
     ui->setupUi(this);
+    for (QLabel* label : {ui->label_4, ui->label_5, ui->label_6})
+        label->setFixedWidth(marginLabelWidth);
+    for (QPushButton* button :
+         {ui->pushButtonAdd, ui->pushButtonAddAll, ui->pushButtonCancel, ui->pushButtonCancelAll})
+        button->setMinimumWidth(smallestButtonWidth);
     setWindowIcon(applicationIcon());
     new ScreenFit(*this);
     options = std::make_unique<JobOptions>(*ui);

@@ -43,23 +43,14 @@ protected:
     /// Without memory for one file it ends with that; who asked for it looks at the others.
     void run() override {
         try {
-            look();
+            while (picture.isNull() && tried < files.size() && !isInterruptionRequested())
+                grabPicture(files[tried++], &picture);
         } catch (const std::bad_alloc&) {
             qWarning("out of memory while looking for a picture");
         }
     }
 
 private:
-    void look() {
-        for (const QString& file : files) {
-            if (isInterruptionRequested())
-                return;
-            ++tried;
-            if (grabPicture(file, &picture))
-                return;
-        }
-    }
-
     const QStringList files;
 };
 
