@@ -8,7 +8,7 @@
 #include "mainwindowdriver.h"
 #include "media.h"
 #include "process.h"
-#include "toolkitthread.h"
+#include "toolkit.h"
 
 #include <QDir>
 #include <QMutex>
@@ -23,10 +23,6 @@
 namespace {
 
 constexpr int longMilliseconds = 60000;
-
-bool isEnded(const Video* job) {
-    return job->state >= Video::CancelRequested;
-}
 
 } // namespace
 
@@ -273,8 +269,8 @@ void TestQueueAndList::progressIsShownWhileJobsRun() {
     auto& bar = driver->part<QProgressBar>("progressBar");
     QTRY_VERIFY(bar.isVisible()); // within a tick of the timer
     QVERIFY(driver->part<QPushButton>("pushButtonCancel").isVisible());
-    QTRY_VERIFY(job->bytesRead * 100 / job->fileSize >= 3 || isEnded(job));
-    QVERIFY(!isEnded(job));
+    QTRY_VERIFY(job->bytesRead * 100 / job->fileSize >= 3 || job->hasEnded());
+    QVERIFY(!job->hasEnded());
     tick();
     const int value = bar.value();
     QVERIFY2(value >= 3 && value <= job->bytesRead * 100 / job->fileSize,
@@ -307,7 +303,7 @@ void TestQueueAndList::noThreadForTheWorker() {
         QCOMPARE(int(job->state), int(Video::Waiting));
     }
     driver->click("pushButtonCancel");
-    QVERIFY(isEnded(first) && isEnded(second));
+    QVERIFY(first->hasEnded() && second->hasEnded());
 
     Video* third = makeJob(shortRecording);
     driver->accept(third);

@@ -144,7 +144,7 @@ int main(int argc, char* argv[]) {
     auto* job = new Video("missing.mp4", folder.path(), 1.0, 1.0, 1.0, 0, false, nullptr, nullptr,
                           false, QDateTime());
     driver.accept(job);
-    while (job->state < Video::CancelRequested)
+    while (!job->hasEnded())
         QCoreApplication::processEvents();
     listClips(job, count);
     changeStatus(driver, count);

@@ -16,7 +16,7 @@
 // The end of the input ends the program like Quit. Settings come from the settings store.
 
 #include "mainwindowdriver.h"
-#include "toolkitthread.h"
+#include "toolkit.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>

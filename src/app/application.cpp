@@ -7,11 +7,10 @@
 #include "applicationicon.h"
 #include "commandlinepaths.h"
 #include "detectionqueue.h"
-#include "displayconnection.h"
 #include "filenamecodec.h"
 #include "mainwindow.h"
 #include "pendingfiles.h"
-#include "toolkitthread.h"
+#include "toolkit.h"
 #include "translation.h"
 
 #include <QApplication>

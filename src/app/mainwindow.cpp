@@ -188,10 +188,6 @@ void MainWindow::updateActions() {
     ui->actionRemoveAll->setEnabled(ui->files->count() > 0);
 }
 
-void MainWindow::on_actionQuit_triggered() {
-    QCoreApplication::quit();
-}
-
 void MainWindow::on_actionAddFiles_triggered() {
     const QStringList files = askForFiles(this, startDirectory);
     if (!files.isEmpty())

@@ -7,8 +7,8 @@
 #include "detectionqueue.h"
 #include "editmaskwindow.h"
 
+#include <QCoreApplication>
 #include <QImage>
-#include <QList>
 #include <QMainWindow>
 #include <QString>
 #include <QStringList>
@@ -46,7 +46,7 @@ private Q_SLOTS:
     void newClip(int index, const QImage& snapshot, double start, double end, double snapshotTime);
     void processQueue() { queue.startNext(); }
     void updateStatus();
-    void on_actionQuit_triggered();
+    void on_actionQuit_triggered() { QCoreApplication::quit(); }
     void on_actionAddFiles_triggered();
     void on_actionAddDirectory_triggered();
     void on_files_clicked(const QModelIndex& index);
@@ -79,5 +79,5 @@ private:
     QStringList commandLineFiles; ///< still to be handed to job setup
     std::unique_ptr<BusyCursor> busyCursor;
     bool isSetupClosing = false;
-    DetectionQueue queue;
+    DetectionQueue queue; ///< its worker ends before all else
 };

@@ -6,7 +6,6 @@
 
 #include "applicationicon.h"
 #include "joboptions.h"
-#include "leftoutfiles.h"
 #include "screenfit.h"
 #include "ui_editmaskwindow.h"
 #include "video.h"
@@ -28,8 +27,7 @@ constexpr int smallestButtonWidth = 104;
 
 EditMaskWindow::EditMaskWindow(QWidget* parent)
     : QWidget(parent)
-    , ui(std::make_unique<Ui::EditMaskWindow>())
-    , leftOutFiles(std::make_unique<LeftOutFiles>()) {
+    , ui(std::make_unique<Ui::EditMaskWindow>()) {
     ui->setupUi(this);
     for (QLabel* label : {ui->label_4, ui->label_5, ui->label_6})
         label->setFixedWidth(marginLabelWidth);
@@ -56,8 +54,8 @@ EditMaskWindow::~EditMaskWindow() {
 void EditMaskWindow::addFiles(const QStringList& paths) {
     const bool isSearching = pendingFiles.isSearching();
     if (isVisible() && !isSearching)
-        leftOutFiles->add(pendingFiles.current());
-    leftOutFiles->remove(paths);
+        leftOutFiles.add(pendingFiles.current());
+    leftOutFiles.remove(paths);
     pendingFiles.append(paths);
     if (!isSearching)
         pendingFiles.showNext();
@@ -89,10 +87,6 @@ void EditMaskWindow::keyPressEvent(QKeyEvent* event) {
     discardAll();
 }
 
-void EditMaskWindow::closeEvent(QCloseEvent*) {
-    discardAll();
-}
-
 void EditMaskWindow::on_pushButtonAdd_clicked() {
     if (!options->isExportDirectoryGood())
         return;
@@ -118,10 +112,6 @@ void EditMaskWindow::on_pushButtonAddAll_clicked() {
 void EditMaskWindow::on_pushButtonCancel_clicked() {
     pendingFiles.dropFirst();
     pendingFiles.showNext();
-}
-
-void EditMaskWindow::on_pushButtonCancelAll_clicked() {
-    discardAll();
 }
 
 void EditMaskWindow::on_pushButtonClear_clicked() {

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "leftoutfiles.h"
 #include "pendingfiles.h"
 
 #include <QList>
@@ -15,7 +16,6 @@
 #include <memory>
 
 class JobOptions;
-class LeftOutFiles;
 class Video;
 
 namespace Ui {
@@ -50,7 +50,7 @@ public:
     void queueFiles(const QStringList& paths);
 
     /// The files that `addFile` and `addFiles` have dropped.
-    LeftOutFiles& leftOut() const { return *leftOutFiles; }
+    LeftOutFiles& leftOut() { return leftOutFiles; }
 
     /// In front of the other windows, with the focus, also where it was minimised.
     void bringToFront();
@@ -64,13 +64,13 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void closeEvent(QCloseEvent* event) override;
+    void closeEvent(QCloseEvent*) override { discardAll(); }
 
 private Q_SLOTS:
     void on_pushButtonAdd_clicked();
     void on_pushButtonAddAll_clicked();
     void on_pushButtonCancel_clicked();
-    void on_pushButtonCancelAll_clicked();
+    void on_pushButtonCancelAll_clicked() { discardAll(); }
     void on_pushButtonClear_clicked();
     void on_pushButtonInvert_clicked();
     void on_pushButtonDir_clicked();
@@ -90,6 +90,6 @@ private:
     std::unique_ptr<JobOptions> options;
     PendingFiles pendingFiles;
     QString regionFile; ///< on which the region was drawn last
-    std::unique_ptr<LeftOutFiles> leftOutFiles;
+    LeftOutFiles leftOutFiles;
     QPointer<QWidget> focusBefore; ///< the part that had the focus when a search disabled it
 };

@@ -2,9 +2,10 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "displayconnection.h"
+#include "toolkit.h"
 
 #include <QStringList>
+#include <QThreadPool>
 
 #include <cstdio>
 #include <cstdlib>
@@ -39,4 +40,12 @@ std::unique_ptr<QApplication> connectToDisplay(int& count, char** arguments) {
         qWarning("%s", qPrintable(warning));
     warnings.clear();
     return application;
+}
+
+void keepToolkitThread() {
+    constexpr int forEver = -1;
+    QThreadPool* pool = QThreadPool::globalInstance();
+    pool->setMaxThreadCount(1);
+    pool->setExpiryTimeout(forEver);
+    pool->start([] {});
 }

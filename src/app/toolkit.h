@@ -13,3 +13,8 @@
 /// Where there is no display, this ends the program with status 1, and a line that says why and
 /// what needs none. The toolkit would abort it.
 std::unique_ptr<QApplication> connectToDisplay(int& count, char** arguments);
+
+/// The toolkit converts larger pictures on threads of its global pool, and waits for ever for one
+/// that the system does not give. From now on it uses a single one, which is made here and kept.
+/// Call it once, before the first picture; the application must exist.
+void keepToolkitThread();
