@@ -94,7 +94,7 @@ struct Found {
 Found segmented(const QVector<float>& values, const SegmentationOptions& options, double gap,
                 double firstTime) {
     Found found;
-    ClipSegmenter segmenter(options, firstTime, std::make_shared<NoPicture>());
+    ClipSegmenter segmenter(options, firstTime, firstTime, std::make_shared<NoPicture>());
     ClipMerger merger(gap);
     for (int i = 0; i < values.size(); ++i) {
         const double time = firstTime + (i + 1) / 25.0;

@@ -63,7 +63,8 @@ struct Run {
 Run segment(const QVector<TestFrame>& frames, const SegmentationOptions& options) {
     Run run;
     NumberedPicture::snapshots = 0;
-    ClipSegmenter segmenter(options, frames.first().time, std::make_shared<NumberedPicture>(0));
+    const double origin = frames.first().time;
+    ClipSegmenter segmenter(options, origin, origin, std::make_shared<NumberedPicture>(0));
     for (int number = 1; number < frames.size(); ++number) {
         const auto clip = segmenter.addFrame({frames[number].motion}, frames[number].time,
                                              std::make_shared<NumberedPicture>(number));

@@ -127,6 +127,7 @@ private Q_SLOTS:
     void readsBackWhatWasWritten();
     void looksAsItIsDescribed();
     void olderFormatIsRead();
+    void newerFormatSaysSo();
     void forgedOlderFormatIsFlawed_data();
     void forgedOlderFormatIsFlawed();
     void forgedFilesAreFlawed_data();
@@ -226,6 +227,14 @@ void TestValuesFile::olderFormatIsRead() {
     const MeasureSettings settings = {{"measure", "1"}, {"skip", "0"}};
     QCOMPARE(reading.values.settings, settings);
     QCOMPARE(reading.values.measurement.series.scores, (QVector<MotionScore>{{0.25F}}));
+}
+
+/// Of whatever program: it need not be damaged, and is not taken for that.
+void TestValuesFile::newerFormatSaysSo() {
+    const ValuesReading reading = readText("# kestrova values 3\n# scores: 2\n0 0 0 0\n");
+    QCOMPARE(reading.state, State::Flawed);
+    QCOMPARE(reading.flaw, QStringLiteral("its format is newer than this program"));
+    QCOMPARE(recordingNamedIn(path()), std::make_optional(QByteArray()));
 }
 
 void TestValuesFile::forgedOlderFormatIsFlawed_data() {

@@ -16,7 +16,7 @@ constexpr double leastGaps = 2.0;
 /// How long a recording is, and how its pictures lie in it; all in seconds.
 struct Extent {
     double length = 0.0;
-    double pace = 0.0;       ///< from one picture to the next, on average
+    double interval = 0.0;   ///< from one picture to the next, on average
     double longestGap = 0.0; ///< that is no hole
     double holes = 0.0;      ///< all together
 };
@@ -27,13 +27,13 @@ Extent extentOf(const MeasuredSpan& span, const MotionSeries& series, bool isDam
     for (const double time : series.times)
         farthest = std::max(farthest, time);
     extent.length = farthest - span.origin;
-    extent.pace = (farthest - span.begin) / std::max(int(series.times.size()), 1);
-    const double longest = std::max(leastSeconds, leastPictures * extent.pace);
+    extent.interval = (farthest - span.begin) / std::max(int(series.times.size()), 1);
+    const double longest = std::max(leastSeconds, leastPictures * extent.interval);
     farthest = span.begin;
     for (const double time : series.times) {
         const double gap = time - farthest;
         if (isDamaged && gap > longest)
-            extent.holes += gap - extent.pace;
+            extent.holes += gap - extent.interval;
         else
             extent.longestGap = std::max(extent.longestGap, gap);
         farthest = std::max(farthest, time);
@@ -48,8 +48,9 @@ Damage damageOf(const MeasuredSpan& span, const MotionSeries& series, const Read
     damage.packets = signs.undecodedPackets;
     const Extent extent = extentOf(span, series, signs.hasErrors || signs.undecodedPackets > 0);
     const double read = extent.length - extent.holes;
-    const double tolerated = std::max({leastSeconds, leastShare * signs.promised,
-                                       leastPictures * extent.pace, leastGaps * extent.longestGap});
+    const double tolerated =
+        std::max({leastSeconds, leastShare * signs.promised, leastPictures * extent.interval,
+                  leastGaps * extent.longestGap});
     if (signs.promised - read > tolerated) {
         damage.promised = signs.promised;
         damage.read = read;

@@ -27,6 +27,6 @@ struct MeasuredSpan {
 };
 
 /// `series`: of the pictures behind the span's first one, to the end. A recording is noticeably
-/// short by what neither its pictures' own pace nor a rough header explains. A gap between pictures
-/// is a hole only where there are other signs of damage: cameras make gaps, too.
+/// short by what neither its pictures' own intervals nor a rough header explains. A gap between
+/// pictures is a hole only where there are other signs of damage: cameras make gaps, too.
 Damage damageOf(const MeasuredSpan& span, const MotionSeries& series, const ReadingSigns& signs);

@@ -6,6 +6,8 @@
 
 #include <QTypeInfo>
 
+#include <type_traits>
+
 /// How much has moved from one picture to the next. There is one for each picture of a recording,
 /// so it is kept as small as it can be.
 struct MotionScore {
@@ -13,4 +15,5 @@ struct MotionScore {
 
     bool operator==(MotionScore other) const { return value == other.value; }
 };
+static_assert(std::is_trivially_copyable_v<MotionScore>, "lists of it are copied as bytes");
 Q_DECLARE_TYPEINFO(MotionScore, Q_PRIMITIVE_TYPE);

@@ -7,10 +7,6 @@
 #include <algorithm>
 #include <utility>
 
-ClipSegmenter::ClipSegmenter(const SegmentationOptions& options, double firstTime,
-                             ClipPicturePointer firstPicture)
-    : ClipSegmenter(options, firstTime, firstTime, std::move(firstPicture)) {}
-
 ClipSegmenter::ClipSegmenter(const SegmentationOptions& options, double origin, double firstTime,
                              ClipPicturePointer firstPicture)
     : options(options)

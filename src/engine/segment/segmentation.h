@@ -40,12 +40,8 @@ struct DetectedClip {
 /// seconds. Consecutive clips may overlap. Knows nothing of decoding and of threads.
 class ClipSegmenter {
 public:
-    /// `firstTime` (seconds) and `firstPicture` are those of the first picture of the recording.
-    ClipSegmenter(const SegmentationOptions& options, double firstTime,
-                  ClipPicturePointer firstPicture);
-
-    /// The same for a stretch of a recording: `firstTime` and `firstPicture` are those of the
-    /// stretch, `origin` (seconds) is the time of the recording's first picture.
+    /// `firstTime` and `firstPicture` are those of the first picture that is looked at, `origin` is
+    /// the time of the recording's first picture; seconds.
     ClipSegmenter(const SegmentationOptions& options, double origin, double firstTime,
                   ClipPicturePointer firstPicture);
     ClipSegmenter(const ClipSegmenter&) = delete;

@@ -21,9 +21,12 @@ bool isOtherRecording(const RecordingStamp& found, const RecordingStamp& kept) {
            (isComparable && found.digest != kept.digest);
 }
 
-/// Whether nothing but the content can tell them apart, and the older one does not say it.
-bool isUnproved(const RecordingStamp& kept, const RecordingStamp& found) {
-    return kept.digest.isEmpty() && !isOtherRecording(found, kept);
+/// What is asked for that files of an older format do not hold, for a person; empty: nothing.
+QString lackIn(const KeptValues& kept, const RecordingStamp& found) {
+    // Where nothing but the content can tell the recordings apart.
+    if (kept.recording.digest.isEmpty() && !isOtherRecording(found, kept.recording))
+        return QStringLiteral("no digest of the recording");
+    return {};
 }
 
 /// As far as it is the recording's own doing.
@@ -117,11 +120,12 @@ std::optional<KeptValues> ValuesStore::findKept(const QString& path,
         messages.complain(path, QStringLiteral("not used, measured anew: ") + flaw);
     if (!isGood || !flaw.isEmpty() || reading.values.settings != settings)
         return std::nullopt;
-    if (isUnproved(reading.values.recording, stamp))
+    const QString lack = lackIn(reading.values, stamp);
+    if (!lack.isEmpty())
         messages.summarise(
-            path + QStringLiteral(": of an older version, which kept no digest of the recording; "
-                                  "measured anew"));
-    const bool isProved = reading.values.recording == stamp && !stamp.digest.isEmpty();
+            path + QStringLiteral(": of an older version, which kept %1; measured anew").arg(lack));
+    const bool isProved =
+        lack.isEmpty() && reading.values.recording == stamp && !stamp.digest.isEmpty();
     return isProved ? std::make_optional(std::move(reading.values)) : std::nullopt;
 }
 
