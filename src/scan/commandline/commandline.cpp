@@ -163,8 +163,7 @@ DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& v
     options.measure.pixelThreshold = values.integer("threshold-value");
     options.measure.skip = values.integer("skip");
     options.times.mustBeUsable = true;
-    if (parser.isSet("fps"))
-        options.times.frameRate = values.number("fps");
+    options.times.frameRate = values.givenNumber("fps").value_or(0.0);
     options.range = readRange(parser, values);
     options.isKeyframesOnly = parser.isSet("quick");
     options.threads = values.integer("threads");
@@ -191,8 +190,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     options.detection = readDetection(parser, values);
     options.isRefined = parser.isSet("refine");
     options.part = readPart(parser, values);
-    if (parser.isSet("merge"))
-        options.mergeGap = values.number("merge");
+    options.mergeGap = values.givenNumber("merge");
     options.format = readFormat(values);
     options.snapshotDirectory = parser.value("snapshots");
     options.reportDirectory = parser.value("report");

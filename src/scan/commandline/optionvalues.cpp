@@ -28,6 +28,10 @@ int OptionValues::integer(const QString& option) {
     return value;
 }
 
+std::optional<double> OptionValues::givenNumber(const QString& option) {
+    return parser.isSet(option) ? std::optional<double>(number(option)) : std::nullopt;
+}
+
 QString OptionValues::word(const QString& option) {
     const QStringList& words = scanOption(option).words;
     QString value = parser.value(option);

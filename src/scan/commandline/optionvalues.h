@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <optional>
+
 class QCommandLineParser;
 struct ScanOption;
 
@@ -18,6 +20,9 @@ public:
     /// Of an option that takes numbers in a range.
     double number(const QString& option);
     int integer(const QString& option);
+
+    /// The same of one that counts only where it is given.
+    std::optional<double> givenNumber(const QString& option);
 
     /// One of the option's words.
     QString word(const QString& option);

@@ -11,7 +11,11 @@
 #include <optional>
 
 /// Everything that a person can be told about the scanner's command line, in one place. The parser,
-/// the help, the man page, the completions and the tables in docs/ are made from it.
+/// the help, the man page, the completions and the tables in docs/ are made from it, and
+/// kestrova-archive knows from it what it passes on.
+///
+/// A new option is an entry in optiontable.cpp and a field of ScanOptions, which commandline.cpp
+/// sets; scripts/options then writes the tables in docs/ anew.
 
 /// What an option is about. In the order in which the groups are listed.
 enum class OptionGroup { Input, Clips, Region, Output, Export, Running, Help };
