@@ -218,7 +218,7 @@ private:
 
 } // namespace
 
-class TestChunkes : public QObject {
+class TestChunks : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
@@ -227,6 +227,9 @@ private Q_SLOTS:
     void cleanupTestCase();
     void undamagedStreams_data();
     void undamagedStreams();
+    void falseKeyFlags();
+    void codecsWithoutAccessPoints_data();
+    void codecsWithoutAccessPoints();
     void optionsOfTheMeasure_data();
     void optionsOfTheMeasure();
     void streamsThatAreNotCut_data();
@@ -254,31 +257,29 @@ private:
     QTemporaryDir folder;
 };
 
-void TestChunkes::initTestCase() {
+void TestChunks::initTestCase() {
     QLoggingCategory::setFilterRules("kestrova.engine.debug=true");
     previousHandler = qInstallMessageHandler(countRoads);
 }
 
-void TestChunkes::init() {
+void TestChunks::init() {
     plans = 0;
     ends = 0;
     doubts = 0;
 }
 
-void TestChunkes::cleanupTestCase() {
+void TestChunks::cleanupTestCase() {
     qInstallMessageHandler(previousHandler);
 }
 
-QString TestChunkes::encoded(const QString& name, const QStringList& options, int seconds) {
+QString TestChunks::encoded(const QString& name, const QStringList& options, int seconds) {
     const QString path = folder.filePath(name);
     const QStringList format =
         options.contains("-pix_fmt") ? QStringList() : QStringList{"-pix_fmt", "yuv420p"};
-    const char* size = options.contains("h263") ? "176x144" : "128x96";
-    return media::encode(scene(seconds, size) + format + options + QStringList{path}) ? path
-                                                                                      : QString();
+    return media::encode(scene(seconds) + format + options + QStringList{path}) ? path : QString();
 }
 
-void TestChunkes::undamagedStreams_data() {
+void TestChunks::undamagedStreams_data() {
     QTest::addColumn<QString>("suffix");
     QTest::addColumn<QString>("options");
     QTest::addColumn<int>("seconds");
@@ -320,21 +321,12 @@ void TestChunkes::undamagedStreams_data() {
                 "-deadline realtime");
     row("mkv", "-c:v libsvtav1 -preset 12 -g 24");
     row("mp4", "-c:v libsvtav1 -preset 12 -g 48");
-    row("mkv", "-c:v ffv1 -level 3 -slices 4");
-    row("avi", "-c:v ffv1 -level 1 -g 12");
     row("avi", "-c:v huffyuv -pix_fmt yuv422p");
     row("avi", "-c:v utvideo");
     row("mov", "-c:v prores -pix_fmt yuv422p10le");
-    row("flv", "-c:v flv -g 12");
-    row("avi", "-c:v h263 -g 12"); // called key frames, all of them
-    row("3gp", "-c:v h263 -g 12");
-    row("avi", "-c:v msmpeg4v2 -g 12");
-    row("avi", "-c:v msmpeg4 -g 12");
-    row("asf", "-c:v wmv1 -g 12");
-    row("asf", "-c:v wmv2 -g 12");
 }
 
-void TestChunkes::undamagedStreams() {
+void TestChunks::undamagedStreams() {
     QFETCH(QString, suffix);
     QFETCH(QString, options);
     QFETCH(int, seconds);
@@ -349,7 +341,38 @@ void TestChunkes::undamagedStreams() {
     QCOMPARE(ends, 0);
 }
 
-void TestChunkes::optionsOfTheMeasure_data() {
+/// An MP4 file that does not list its key frames says that all are.
+void TestChunks::falseKeyFlags() {
+    const QString path = encoded("flags.mp4", {"-c:v", "mpeg4", "-bf", "0", "-g", "12"});
+    QVERIFY(!path.isEmpty());
+    QVERIFY(writeFile(path, readFile(path).replace("stss", "free")));
+    compareWithOneThread(path);
+    QCOMPARE(plans, 5);
+    QCOMPARE(ends, 0);
+}
+
+void TestChunks::codecsWithoutAccessPoints_data() {
+    QTest::addColumn<QString>("suffix");
+    QTest::addColumn<QString>("codec");
+    QTest::newRow("FFV1") << "mkv"
+                          << "ffv1";
+    QTest::newRow("Sorenson H.263") << "flv"
+                                    << "flv";
+    QTest::newRow("MS MPEG-4") << "avi"
+                               << "msmpeg4v2";
+}
+
+/// Those whose packets nobody looks into are not cut.
+void TestChunks::codecsWithoutAccessPoints() {
+    QFETCH(QString, suffix);
+    QFETCH(QString, codec);
+    const QString path = encoded("uncut." + suffix, {"-c:v", codec, "-g", "12"}, 12);
+    QVERIFY(!path.isEmpty());
+    compareWithOneThread(path);
+    QCOMPARE(plans, 0);
+}
+
+void TestChunks::optionsOfTheMeasure_data() {
     QTest::addColumn<int>("skip");
     QTest::addColumn<QRect>("rectangle");
     QTest::addColumn<bool>("isDrawnOnPixels");
@@ -362,7 +385,7 @@ void TestChunkes::optionsOfTheMeasure_data() {
     QTest::newRow("mask") << 1 << QRect() << false << true;
 }
 
-void TestChunkes::optionsOfTheMeasure() {
+void TestChunks::optionsOfTheMeasure() {
     QFETCH(int, skip);
     QFETCH(QRect, rectangle);
     QFETCH(bool, isDrawnOnPixels);
@@ -390,7 +413,7 @@ void TestChunkes::optionsOfTheMeasure() {
     QCOMPARE(ends, 0);
 }
 
-void TestChunkes::streamsThatAreNotCut_data() {
+void TestChunks::streamsThatAreNotCut_data() {
     QTest::addColumn<QString>("suffix");
     QTest::addColumn<QString>("options");
     QTest::addColumn<bool>("isDoubtful"); // a chunk is decoded for nothing
@@ -408,7 +431,7 @@ void TestChunkes::streamsThatAreNotCut_data() {
 }
 
 /// One group, groups that only seem to begin anew, and fields that count on what came before.
-void TestChunkes::streamsThatAreNotCut() {
+void TestChunks::streamsThatAreNotCut() {
     QFETCH(QString, suffix);
     QFETCH(QString, options);
     QFETCH(bool, isDoubtful);
@@ -423,7 +446,7 @@ void TestChunkes::streamsThatAreNotCut() {
     QCOMPARE(doubts > 0, isDoubtful);
 }
 
-void TestChunkes::unknownDelay_data() {
+void TestChunks::unknownDelay_data() {
     QTest::addColumn<QString>("options");
     QTest::newRow("no B pictures") << "keyint=12:bframes=0";
     QTest::newRow("B pictures") << "keyint=24:bframes=3:b-adapt=0:b-pyramid=none";
@@ -432,7 +455,7 @@ void TestChunkes::unknownDelay_data() {
 }
 
 /// The headers do not say how many pictures are held back.
-void TestChunkes::unknownDelay() {
+void TestChunks::unknownDelay() {
     QFETCH(QString, options);
     const QString path =
         encoded("unknown.mp4", {"-c:v", "libx264", "-preset", "veryfast", "-x264-params", options});
@@ -441,7 +464,7 @@ void TestChunkes::unknownDelay() {
     QCOMPARE(plans, 5);
 }
 
-void TestChunkes::longGroupInTheMiddle() {
+void TestChunks::longGroupInTheMiddle() {
     // Twenty seconds of short groups, twenty of one, and twenty of short ones again.
     const QString path =
         encoded("long.mp4",
@@ -454,7 +477,7 @@ void TestChunkes::longGroupInTheMiddle() {
     QCOMPARE(doubts, 0);
 }
 
-void TestChunkes::sizesThatChange() {
+void TestChunks::sizesThatChange() {
     QByteArray joined;
     for (const char* size : {"160x120", "320x240", "96x64"}) {
         const QString part = folder.filePath("part.ts");
@@ -473,7 +496,7 @@ void TestChunkes::sizesThatChange() {
     QCOMPARE(ends, 3);
 }
 
-void TestChunkes::parametersThatChange() {
+void TestChunks::parametersThatChange() {
     // Of one size; the second part holds back more pictures.
     QByteArray joined;
     for (const char* frames : {"0", "3", "0"}) {
@@ -489,7 +512,7 @@ void TestChunkes::parametersThatChange() {
     QCOMPARE(plans, 3);
 }
 
-void TestChunkes::cutInTheMiddleOfAGroup() {
+void TestChunks::cutInTheMiddleOfAGroup() {
     const QString whole =
         encoded("whole.ts", {"-c:v", "libx264", "-preset", "veryfast", "-g", "30", "-bf", "2"});
     QVERIFY(!whole.isEmpty());
@@ -505,7 +528,7 @@ void TestChunkes::cutInTheMiddleOfAGroup() {
     compareWithOneThread(path);
 }
 
-void TestChunkes::damagedFiles_data() {
+void TestChunks::damagedFiles_data() {
     QTest::addColumn<QString>("name");
     QTest::addColumn<QString>("options");
     const auto row = [](const char* title, const char* name, const QByteArray& options) {
@@ -525,7 +548,7 @@ void TestChunkes::damagedFiles_data() {
 }
 
 /// The same number of pictures with the same times, whatever is concealed in them.
-void TestChunkes::damagedFiles() {
+void TestChunks::damagedFiles() {
     QFETCH(QString, name);
     QFETCH(QString, options);
     if (!media::hasEncoder(options.split(' ').at(1)))
@@ -549,7 +572,7 @@ void TestChunkes::damagedFiles() {
 
 /// The last pictures of a chunk come with the first packets behind its end, or, where these are
 /// damaged, later.
-void TestChunkes::damageBehindKeyFrames() {
+void TestChunks::damageBehindKeyFrames() {
     const QString whole = encoded(
         "keys.mp4",
         {"-c:v", "libx264", "-preset", "veryfast", "-g", "12", "-bf", "2", "-sc_threshold", "0"},
@@ -571,14 +594,14 @@ void TestChunkes::damageBehindKeyFrames() {
     QVERIFY(keys >= 20);
 }
 
-void TestChunkes::cancelled_data() {
+void TestChunks::cancelled_data() {
     QTest::addColumn<int>("frames");
     QTest::newRow("at once") << 0;
     QTest::newRow("in the first chunk") << 5;
     QTest::newRow("in a later one") << 300;
 }
 
-void TestChunkes::cancelled() {
+void TestChunks::cancelled() {
     QFETCH(int, frames);
     const QString path =
         encoded("cancelled.mp4", {"-c:v", "libx264", "-preset", "veryfast", "-g", "12"});
@@ -590,7 +613,7 @@ void TestChunkes::cancelled() {
     QCOMPARE(run.account.events, expected.account.events);
 }
 
-void TestChunkes::snapshotsAreMadeWhileDecoding_data() {
+void TestChunks::snapshotsAreMadeWhileDecoding_data() {
     QTest::addColumn<int>("group");
     QTest::addColumn<int>("pixelThreshold");
     QTest::addColumn<int>("skip");
@@ -603,7 +626,7 @@ void TestChunkes::snapshotsAreMadeWhileDecoding_data() {
 }
 
 /// Which pictures can be chosen is known when they are decoded, but for a few.
-void TestChunkes::snapshotsAreMadeWhileDecoding() {
+void TestChunks::snapshotsAreMadeWhileDecoding() {
     QFETCH(int, group);
     QFETCH(int, pixelThreshold);
     QFETCH(int, skip);
@@ -627,7 +650,7 @@ void TestChunkes::snapshotsAreMadeWhileDecoding() {
 }
 
 /// Also of pictures that come with packets of the next chunk.
-void TestChunkes::whatIsKeptIsThereWhenItIsHandedOut() {
+void TestChunks::whatIsKeptIsThereWhenItIsHandedOut() {
     const QString path =
         encoded("kept.mp4", {"-c:v", "libx264", "-preset", "veryfast", "-g", "50", "-bf", "2"});
     QVERIFY(!path.isEmpty());
@@ -644,11 +667,11 @@ void TestChunkes::whatIsKeptIsThereWhenItIsHandedOut() {
     QVERIFY(pictures > 1000);
 }
 
-void TestChunkes::wholeRecordings_data() {
+void TestChunks::wholeRecordings_data() {
     addFoldersOfRecordings();
 }
 
-void TestChunkes::wholeRecordings() {
+void TestChunks::wholeRecordings() {
     QFETCH(QString, folder);
     QFETCH(int, count);
     KESTROVA_REQUIRE_FOLDER(folder);
@@ -658,5 +681,5 @@ void TestChunkes::wholeRecordings() {
         compareWithOneThread(folder + '/' + name);
 }
 
-QTEST_GUILESS_MAIN(TestChunkes)
+QTEST_GUILESS_MAIN(TestChunks)
 #include "test_chunks.moc"

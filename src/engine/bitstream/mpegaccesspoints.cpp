@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "mpegaccesspoints.h"
+#include "codecaccesspoints.h"
 
 #include "parametersets.h"
 
@@ -30,63 +30,83 @@ void forEachUpTo(int pictureCode, const PacketBytes& packet, const SectionTaker&
     }
 }
 
-class Mpeg12AccessPoints : public CodecAccessPoints {
-public:
-    PacketKind kindOf(const PacketBytes& packet, bool isKey) override;
+/// Start codes of ISO/IEC 13818-2 (6.2.1, Table 6-1) and ISO/IEC 11172-2, and what stands behind.
+namespace mpeg12 {
 
-private:
-    enum Code {
-        Picture = 0x00,
-        Sequence = 0xB3,
-        Extension = 0xB5,
-        SequenceEnd = 0xB7,
-        Group = 0xB8
-    };
-    enum PictureType { Intra = 1, Bidirectional = 3 };
-
-    ParameterSets sets{1 + 16}; ///< the sequence's and its extensions, which have four bits
+enum Code {
+    Picture = 0x00,
+    SequenceHeader = 0xB3,
+    Extension = 0xB5,
+    SequenceEnd = 0xB7,
+    GroupOfPictures = 0xB8
 };
 
-bool endsSequence(const PacketBytes& packet, int code) {
+enum PictureType { Intra = 1, Bidirectional = 3 }; // 6.3.9, Table 6-12
+
+constexpr int extensionIdBit = 8;      // of four bits (6.2.2.2.1)
+constexpr int closedGopBit = 8 + 25;   // behind time_code (6.2.2.6)
+constexpr int pictureTypeBit = 8 + 10; // of three bits, behind temporal_reference (6.2.3)
+
+bool endsSequence(const PacketBytes& packet) {
     for (std::int64_t at = packet.behindNextPrefix(0); at < packet.size();
          at = packet.behindNextPrefix(at)) {
-        if (packet.at(at) == code)
+        if (packet.at(at) == SequenceEnd)
             return true;
     }
     return false;
 }
 
-PacketKind Mpeg12AccessPoints::kindOf(const PacketBytes& packet, bool /*isKey*/) {
-    constexpr int closedBit = 8 + 25;
-    constexpr int typeBit = 8 + 10;
-    constexpr int extensionIdBit = 8;
+class AccessPoints : public CodecAccessPoints {
+public:
+    PacketKind kindOf(const PacketBytes& packet, bool isKey) override;
+
+private:
+    ParameterSets sets{1 + 16}; ///< the sequence header and its extensions
+};
+
+PacketKind AccessPoints::kindOf(const PacketBytes& packet, bool /*isKey*/) {
     bool hasSequence = false;
     bool isClosed = false;
     int type = 0;
     sets.beginPacket();
     forEachUpTo(Picture, packet, [&](const Section& section) {
         const int code = section.at(0);
-        if (code == Sequence)
+        if (code == SequenceHeader)
             sets.addOfPacket(code << 4, section);
         if (code == Extension)
             sets.addOfPacket(code << 4 | section.bits(extensionIdBit, 4), section);
-        hasSequence = hasSequence || code == Sequence;
-        if (code == Group)
-            isClosed = section.bit(closedBit) == 1;
+        hasSequence = hasSequence || code == SequenceHeader;
+        if (code == GroupOfPictures)
+            isClosed = section.bit(closedGopBit) == 1;
         if (code == Picture)
-            type = section.bits(typeBit, 3);
+            type = section.bits(pictureTypeBit, 3);
     });
     PacketKind kind;
     if (type == Intra && hasSequence && sets.areAllKnown())
         kind.access = isClosed ? PacketKind::Access::ClosedGop : PacketKind::Access::OpenGop;
     kind.isLeading = type == Bidirectional;
-    kind.isDiscontinuity =
-        sets.areChanged() || sets.areTooMany() || endsSequence(packet, SequenceEnd);
+    kind.isDiscontinuity = sets.areChanged() || sets.areTooMany() || endsSequence(packet);
     return kind;
 }
 
+} // namespace mpeg12
+
+/// Start codes of ISO/IEC 14496-2 (6.2.1, Table 6-3), and what stands behind.
+namespace mpeg4 {
+
+enum Code { SequenceEnd = 0xB1, GroupOfVop = 0xB3, Vop = 0xB6 };
+enum VopType { Intra = 0, Bidirectional = 2 }; // 6.3.5, Table 6-20
+
+constexpr int vopTypeBit = 8; // of two bits (6.2.5)
+
 // One stream has a handful of objects and layers, and encoders say one or two things of themselves.
-constexpr int mostMpeg4Sections = 64;
+constexpr int mostSections = 64;
+
+/// Layers, and what encoders say of themselves (user_data): decoders make up for what these do
+/// wrong.
+bool isParameter(int code) {
+    return code != GroupOfVop && code != Vop && code != SequenceEnd;
+}
 
 /// Numbers sections by their code and, as there can be several of user data, their place.
 class SectionIds {
@@ -97,11 +117,11 @@ private:
     std::map<int, int> counts;
 };
 
-class Mpeg4AccessPoints : public CodecAccessPoints {
+class AccessPoints : public CodecAccessPoints {
 public:
-    explicit Mpeg4AccessPoints(const PacketBytes& header) {
+    explicit AccessPoints(const PacketBytes& header) {
         SectionIds ids;
-        forEachUpTo(Picture, header, [&](const Section& section) {
+        forEachUpTo(Vop, header, [&](const Section& section) {
             if (isParameter(section.at(0)))
                 sets.addOfHeader(ids.next(section.at(0)), section);
         });
@@ -110,31 +130,22 @@ public:
     PacketKind kindOf(const PacketBytes& packet, bool isKey) override;
 
 private:
-    enum Code { SequenceEnd = 0xB1, Group = 0xB3, Picture = 0xB6 };
-    enum PictureType { Intra = 0, Bidirectional = 2 };
-
-    /// Layers, and what encoders say of themselves: decoders make up for what these do wrong.
-    static bool isParameter(int code) {
-        return code != Group && code != Picture && code != SequenceEnd;
-    }
-
-    ParameterSets sets{mostMpeg4Sections};
+    ParameterSets sets{mostSections};
 };
 
-PacketKind Mpeg4AccessPoints::kindOf(const PacketBytes& packet, bool /*isKey*/) {
-    // A picture that is not coded, standing where one would have been that an earlier packet holds.
+PacketKind AccessPoints::kindOf(const PacketBytes& packet, bool /*isKey*/) {
+    // A VOP that is not coded, standing where one would have been that an earlier packet holds.
     constexpr int largestPlaceholder = 8;
-    constexpr int typeBit = 8;
     int type = -1;
     PacketKind kind;
     SectionIds ids;
     sets.beginPacket();
-    forEachUpTo(Picture, packet, [&](const Section& section) {
+    forEachUpTo(Vop, packet, [&](const Section& section) {
         const int code = section.at(0);
         if (isParameter(code))
             sets.addOfPacket(ids.next(code), section);
-        if (code == Picture && section.size() > 1)
-            type = section.bits(typeBit, 2);
+        if (code == Vop && section.size() > 1)
+            type = section.bits(vopTypeBit, 2);
         kind.isDiscontinuity = kind.isDiscontinuity || code == SequenceEnd;
     });
     if (type == Intra && sets.areAllKnown())
@@ -145,12 +156,14 @@ PacketKind Mpeg4AccessPoints::kindOf(const PacketBytes& packet, bool /*isKey*/) 
     return kind;
 }
 
+} // namespace mpeg4
+
 } // namespace
 
-std::unique_ptr<CodecAccessPoints> mpeg12AccessPoints() {
-    return std::make_unique<Mpeg12AccessPoints>();
+std::unique_ptr<CodecAccessPoints> mpeg12AccessPoints(const PacketBytes& /*header*/) {
+    return std::make_unique<mpeg12::AccessPoints>();
 }
 
 std::unique_ptr<CodecAccessPoints> mpeg4AccessPoints(const PacketBytes& header) {
-    return std::make_unique<Mpeg4AccessPoints>(header);
+    return std::make_unique<mpeg4::AccessPoints>(header);
 }

@@ -74,28 +74,34 @@ void NalUnits::forEach(const PacketBytes& packet, const UnitTaker& take) const {
         forEachBehindPrefix(packet, take);
 }
 
+// ISO/IEC 14496-15, 5.3.3.1: configurationVersion, profile, compatibility and level in a byte each,
+// lengthSizeMinusOne in two bits, the number of sequence sets in five, these, the number of picture
+// sets in a byte, these.
 NalHeader h264Header(const PacketBytes& header) {
-    constexpr int fixedBytes = 5;
-    if (header.at(0) != 1)
+    constexpr int version = 1;
+    constexpr int sequenceSetsByte = 5;
+    if (header.at(0) != version)
         return prefixedHeader(header);
     NalHeader parsed;
     parsed.lengthBytes = (header.at(4) & 3) + 1;
-    const int sequenceSets = header.at(fixedBytes) & 31;
-    const std::int64_t end = addCounted(parsed, header, fixedBytes + 1, sequenceSets);
+    const int sequenceSets = header.at(sequenceSetsByte) & 31;
+    const std::int64_t end = addCounted(parsed, header, sequenceSetsByte + 1, sequenceSets);
     addCounted(parsed, header, end + 1, header.at(end));
     return parsed;
 }
 
+// ISO/IEC 14496-15, 8.3.3.1: lengthSizeMinusOne in the last two bits of byte 21, the number of
+// arrays in byte 22, these: a type in a byte, the number of units in two, the units.
 NalHeader hevcHeader(const PacketBytes& header) {
-    constexpr int fixedBytes = 22;
+    constexpr int arraysByte = 22;
     // Some writers leave the version 0; a prefix looks like no such header.
     const bool isPrefixed = header.at(0) == 0 && header.at(1) == 0 && header.at(2) <= 1;
-    if (isPrefixed || header.size() <= fixedBytes)
+    if (isPrefixed || header.size() <= arraysByte)
         return prefixedHeader(header);
     NalHeader parsed;
     parsed.lengthBytes = (header.at(21) & 3) + 1;
-    std::int64_t begin = fixedBytes + 1;
-    for (int i = 0; i < header.at(fixedBytes) && begin < header.size(); ++i)
+    std::int64_t begin = arraysByte + 1;
+    for (int i = 0; i < header.at(arraysByte) && begin < header.size(); ++i)
         begin = addCounted(parsed, header, begin + 3, header.bits((begin + 1) * 8, 16));
     return parsed;
 }

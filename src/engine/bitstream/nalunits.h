@@ -11,22 +11,24 @@
 
 using UnitTaker = std::function<bool(const PacketBytes& unit)>;
 
-/// Takes the units out of the packets of H.264 and HEVC.
+/// Takes the NAL units out of the packets of H.264 and HEVC.
 class NalUnits {
 public:
-    /// `lengthBytes`: how many bytes tell a unit's length, 1 to 4; 0: prefixes divide units.
+    /// `lengthBytes`: how many bytes tell a unit's length, 1 to 4 (ISO/IEC 14496-15); 0: start code
+    /// prefixes divide units (ITU-T H.264 and H.265, Annex B).
     explicit NalUnits(int lengthBytes)
         : lengthBytes(lengthBytes) {}
 
-    /// Gives `take` one after the other, none of them empty, without zeros at their ends, until it
-    /// answers false.
+    /// Gives `take` one after the other, none of them empty, without zeros at their ends, which are
+    /// none of theirs (B.1.1, trailing_zero_8bits), until it answers false.
     void forEach(const PacketBytes& packet, const UnitTaker& take) const;
 
 private:
     int lengthBytes;
 };
 
-/// What the extradata of a stream tells.
+/// What the extradata of a stream tells: a decoder configuration record (ISO/IEC 14496-15, 5.3.3.1
+/// and 8.3.3.1), or units that start code prefixes divide.
 struct NalHeader {
     int lengthBytes = 0;            ///< as for `NalUnits`
     std::vector<PacketBytes> units; ///< `mostHeaderUnits` at most

@@ -32,7 +32,8 @@ public:
     /// `length` bits, at most 24, from `index` on, as a number.
     int bits(std::int64_t index, int length) const;
 
-    /// The unsigned Exp-Golomb number that begins at bit `index`; any number where there is none.
+    /// The unsigned Exp-Golomb number, ue(v), that begins at bit `index` (ITU-T H.264, 9.1, and
+    /// H.265, 9.2); any number where there is none.
     int golomb(std::int64_t index) const;
 
     /// From `begin` up to `end`, both cut to what there is.
@@ -41,8 +42,9 @@ public:
     /// Without the zeros at its end.
     PacketBytes trimmed() const;
 
-    /// The index of the byte behind the next prefix 00 00 01 from `begin` on; `size` where there is
-    /// none with a byte behind it.
+    /// The index of the byte behind the next start code prefix 00 00 01 from `begin` on (ISO/IEC
+    /// 13818-2 and 14496-2, 6.2.1; ITU-T H.264, B.1.1); `size` where there is none with a byte
+    /// behind it.
     std::int64_t behindNextPrefix(std::int64_t begin) const;
 
 private:

@@ -20,7 +20,7 @@ struct AVPacket;
 /// The container's word is not enough: the packets are looked into. They may hold anything.
 class RandomAccessPoints {
 public:
-    /// `parameters` are the container's. Codecs that nobody has tried have no accessPoints.
+    /// `parameters` are the container's. `codecTable` says whose random access points are known.
     explicit RandomAccessPoints(const AVCodecParameters& parameters);
     ~RandomAccessPoints();
     RandomAccessPoints(RandomAccessPoints&& other) noexcept;
@@ -32,6 +32,5 @@ public:
 private:
     std::unique_ptr<CodecAccessPoints> accessPoints; ///< null where the codec has none
     qint64 count = 0;                                ///< of packets so far
-    bool isBehindOpen =
-        false; ///< nothing but leading packets since the last access point, an open one
+    bool isBehindOpen = false; ///< nothing but leading packets since the open GOP that began last
 };

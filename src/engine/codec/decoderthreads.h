@@ -4,14 +4,9 @@
 
 #pragma once
 
-struct AVCodecContext;
+#include "codectable.h"
 
-/// How a codec may use several threads without changing what comes out of it.
-enum class DecoderThreading {
-    One,   ///< on the calling thread only
-    Slice, ///< the parts of one picture at a time; a picture comes out with its packet as before
-    Frame  ///< several pictures at a time; pictures come out later than on one thread
-};
+struct AVCodecContext;
 
 /// The most threads that a decoder is given.
 constexpr int mostDecoderThreads = 16;
