@@ -8,6 +8,7 @@
 
 #include <array>
 #include <limits>
+#include <vector>
 
 class TestPacketBytes : public QObject {
     Q_OBJECT
@@ -56,10 +57,21 @@ void TestPacketBytes::partsAreCutToWhatThereIs() {
 void TestPacketBytes::prefixes() {
     const std::array<std::uint8_t, 9> data{0, 0, 1, 7, 0, 0, 1, 8, 0};
     const PacketBytes bytes(data.data(), 9);
-    QCOMPARE(bytes.behindNextPrefix(0), std::int64_t(3));
-    QCOMPARE(bytes.behindNextPrefix(-5), std::int64_t(3));
-    QCOMPARE(bytes.behindNextPrefix(3), std::int64_t(7));
-    QCOMPARE(bytes.behindNextPrefix(7), std::int64_t(9));
+    std::vector<int> firstBytes;
+    std::vector<std::int64_t> sizes;
+    bytes.forEachBehindPrefix([&](const PacketBytes& part) {
+        firstBytes.push_back(part.at(0));
+        sizes.push_back(part.size());
+        return true;
+    });
+    QCOMPARE(firstBytes, std::vector<int>({7, 8}));
+    QCOMPARE(sizes, std::vector<std::int64_t>({1, 1}));
+    int taken = 0;
+    bytes.forEachBehindPrefix([&taken](const PacketBytes& /*part*/) { return ++taken < 1; });
+    QCOMPARE(taken, 1);
+    // Behind a prefix at the very end there is nothing.
+    bytes.part(0, 7).forEachBehindPrefix([&taken](const PacketBytes& /*part*/) { return ++taken; });
+    QCOMPARE(taken, 2);
 }
 
 QTEST_GUILESS_MAIN(TestPacketBytes)

@@ -6,7 +6,6 @@
 
 #include "parametersets.h"
 
-#include <functional>
 #include <map>
 
 namespace {
@@ -14,20 +13,13 @@ namespace {
 /// What stands behind one start code, which is its first byte, up to the next one.
 using Section = PacketBytes;
 
-using SectionTaker = std::function<void(const Section&)>;
-
 /// Gives `take` those up to the first picture, the one that the packet is for, that one included.
+template<typename SectionTaker>
 void forEachUpTo(int pictureCode, const PacketBytes& packet, const SectionTaker& take) {
-    std::int64_t begin = packet.behindNextPrefix(0);
-    bool isPicture = false;
-    while (begin < packet.size() && !isPicture) {
-        const std::int64_t next = packet.behindNextPrefix(begin);
-        const std::int64_t end = next < packet.size() ? next - 3 : next;
-        const Section section = packet.part(begin, end).trimmed();
-        isPicture = section.at(0) == pictureCode;
+    packet.forEachBehindPrefix([&](const Section& section) {
         take(section);
-        begin = next;
-    }
+        return section.at(0) != pictureCode;
+    });
 }
 
 /// Start codes of ISO/IEC 13818-2 (6.2.1, Table 6-1) and ISO/IEC 11172-2, and what stands behind.
@@ -48,12 +40,12 @@ constexpr int closedGopBit = 8 + 25;   // behind time_code (6.2.2.6)
 constexpr int pictureTypeBit = 8 + 10; // of three bits, behind temporal_reference (6.2.3)
 
 bool endsSequence(const PacketBytes& packet) {
-    for (std::int64_t at = packet.behindNextPrefix(0); at < packet.size();
-         at = packet.behindNextPrefix(at)) {
-        if (packet.at(at) == SequenceEnd)
-            return true;
-    }
-    return false;
+    bool hasEnd = false;
+    packet.forEachBehindPrefix([&hasEnd](const Section& section) {
+        hasEnd = section.at(0) == SequenceEnd;
+        return !hasEnd;
+    });
+    return hasEnd;
 }
 
 class AccessPoints : public CodecAccessPoints {

@@ -40,13 +40,13 @@ public:
     PacketKind kindOf(const PacketBytes& packet, bool isKey) override;
 
 private:
-    NalUnits units;
+    int lengthBytes; ///< of a unit's length
     UnitReader read;
     ParameterSets sets;
 };
 
 NalAccessPoints::NalAccessPoints(const NalHeader& header, UnitReader read, int mostSets)
-    : units(header.lengthBytes)
+    : lengthBytes(header.lengthBytes)
     , read(read)
     , sets(mostSets) {
     if (header.isCut)
@@ -65,7 +65,7 @@ PacketKind NalAccessPoints::kindOf(const PacketBytes& packet, bool /*isKey*/) {
     bool hasSlice = false;
     bool hasEnd = false;
     sets.beginPacket();
-    units.forEach(packet, [&](const PacketBytes& bytes) {
+    forEachNalUnit(packet, lengthBytes, [&](const PacketBytes& bytes) {
         const UnitKind unit = read(bytes);
         if (unit.role == UnitKind::Role::ImpossibleSet)
             sets.refuse();

@@ -6,22 +6,7 @@
 
 namespace {
 
-bool giveUnit(const PacketBytes& unit, const UnitTaker& take) {
-    const PacketBytes trimmed = unit.trimmed();
-    return trimmed.size() == 0 || take(trimmed);
-}
-
-void forEachBehindPrefix(const PacketBytes& packet, const UnitTaker& take) {
-    std::int64_t begin = packet.behindNextPrefix(0);
-    bool isWanted = true;
-    while (isWanted && begin < packet.size()) {
-        const std::int64_t next = packet.behindNextPrefix(begin);
-        // The next prefix is no part of the unit.
-        const std::int64_t end = next < packet.size() ? next - 3 : next;
-        isWanted = giveUnit(packet.part(begin, end), take);
-        begin = next;
-    }
-}
+using UnitTaker = PacketBytes::PartTaker;
 
 void forEachBehindLength(const PacketBytes& packet, int lengthBytes, const UnitTaker& take) {
     std::int64_t begin = 0;
@@ -33,7 +18,7 @@ void forEachBehindLength(const PacketBytes& packet, int lengthBytes, const UnitT
         begin += lengthBytes;
         if (length > packet.size() - begin)
             return;
-        isWanted = giveUnit(packet.part(begin, begin + length), take);
+        isWanted = take(packet.part(begin, begin + length).trimmed());
         begin += length;
     }
 }
@@ -41,6 +26,8 @@ void forEachBehindLength(const PacketBytes& packet, int lengthBytes, const UnitT
 /// Takes units into a header for as long as it has room.
 UnitTaker into(NalHeader& header) {
     return [&header](const PacketBytes& unit) {
+        if (unit.size() == 0)
+            return true;
         header.isCut = header.units.size() >= mostHeaderUnits;
         if (!header.isCut)
             header.units.push_back(unit);
@@ -50,7 +37,7 @@ UnitTaker into(NalHeader& header) {
 
 NalHeader prefixedHeader(const PacketBytes& header) {
     NalHeader parsed;
-    forEachBehindPrefix(header, into(parsed));
+    header.forEachBehindPrefix(into(parsed));
     return parsed;
 }
 
@@ -59,7 +46,7 @@ std::int64_t addCounted(NalHeader& parsed, const PacketBytes& header, std::int64
                         int count) {
     for (int i = 0; i < count && begin < header.size() && !parsed.isCut; ++i) {
         const std::int64_t end = begin + 2 + header.bits(begin * 8, 16);
-        giveUnit(header.part(begin + 2, end), into(parsed));
+        into(parsed)(header.part(begin + 2, end).trimmed());
         begin = end;
     }
     return begin;
@@ -67,11 +54,14 @@ std::int64_t addCounted(NalHeader& parsed, const PacketBytes& header, std::int64
 
 } // namespace
 
-void NalUnits::forEach(const PacketBytes& packet, const UnitTaker& take) const {
+void forEachNalUnit(const PacketBytes& packet, int lengthBytes, const UnitTaker& take) {
+    const auto takeUnit = [&take](const PacketBytes& unit) {
+        return unit.size() == 0 || take(unit);
+    };
     if (lengthBytes > 0)
-        forEachBehindLength(packet, lengthBytes, take);
+        forEachBehindLength(packet, lengthBytes, takeUnit);
     else
-        forEachBehindPrefix(packet, take);
+        packet.forEachBehindPrefix(takeUnit);
 }
 
 // ISO/IEC 14496-15, 5.3.3.1: configurationVersion, profile, compatibility and level in a byte each,

@@ -36,8 +36,21 @@ PacketBytes PacketBytes::trimmed() const {
     return {first, end};
 }
 
+void PacketBytes::forEachBehindPrefix(const PartTaker& take) const {
+    std::int64_t begin = behindNextPrefix(0);
+    bool isWanted = true;
+    while (isWanted && begin < count) {
+        const std::int64_t next = behindNextPrefix(begin);
+        // The next prefix is no part of it.
+        isWanted = take(part(begin, next < count ? next - 3 : next).trimmed());
+        begin = next;
+    }
+}
+
+/// The index of the byte behind the next prefix from `begin` on; `count` where there is none with a
+/// byte behind it.
 std::int64_t PacketBytes::behindNextPrefix(std::int64_t begin) const {
-    std::int64_t at = std::max<std::int64_t>(begin, 0) + 2;
+    std::int64_t at = begin + 2;
     while (at + 1 < count) {
         const void* found = std::memchr(first + at, 1, std::size_t(count - at));
         if (!found)

@@ -5,12 +5,15 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 
 /// The bytes of a packet, or a part of them, that may hold anything. Nothing is read outside them.
 ///
 /// Places are counted in 64 bits: a packet can have more bits than an int counts.
 class PacketBytes {
 public:
+    using PartTaker = std::function<bool(const PacketBytes& part)>;
+
     PacketBytes() = default;
 
     /// `data` may be null where `size` is 0.
@@ -42,12 +45,14 @@ public:
     /// Without the zeros at its end.
     PacketBytes trimmed() const;
 
-    /// The index of the byte behind the next start code prefix 00 00 01 from `begin` on (ISO/IEC
-    /// 13818-2 and 14496-2, 6.2.1; ITU-T H.264, B.1.1); `size` where there is none with a byte
-    /// behind it.
-    std::int64_t behindNextPrefix(std::int64_t begin) const;
+    /// Gives `take` what stands behind each start code prefix 00 00 01, up to the next one and
+    /// without the zeros at its end, until it answers false (ISO/IEC 13818-2 and 14496-2, 6.2.1;
+    /// ITU-T H.264 and H.265, B.1). Parts can be empty.
+    void forEachBehindPrefix(const PartTaker& take) const;
 
 private:
+    std::int64_t behindNextPrefix(std::int64_t begin) const;
+
     const std::uint8_t* first = nullptr;
     std::int64_t count = 0;
 };

@@ -30,8 +30,6 @@ RandomAccessPoints::RandomAccessPoints(const AVCodecParameters& parameters) {
 }
 
 RandomAccessPoints::~RandomAccessPoints() = default;
-RandomAccessPoints::RandomAccessPoints(RandomAccessPoints&& other) noexcept = default;
-RandomAccessPoints& RandomAccessPoints::operator=(RandomAccessPoints&& other) noexcept = default;
 
 PacketKind RandomAccessPoints::next(const AVPacket& packet) {
     PacketKind kind;

@@ -23,8 +23,6 @@ public:
     /// `parameters` are the container's. `codecTable` says whose random access points are known.
     explicit RandomAccessPoints(const AVCodecParameters& parameters);
     ~RandomAccessPoints();
-    RandomAccessPoints(RandomAccessPoints&& other) noexcept;
-    RandomAccessPoints& operator=(RandomAccessPoints&& other) noexcept;
 
     /// Every packet of the stream in order, from its first on.
     PacketKind next(const AVPacket& packet);
