@@ -6,6 +6,7 @@
 
 #include "logging.h"
 #include "media.h"
+#include "mediafile.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -14,12 +15,13 @@ namespace {
 
 /// Everything in an open recording, cut.
 struct CutRecording {
-    CutRecording(const QString& path, const ChunkPlan& plan) {
-        isOpen = reader.open(path.toUtf8().constData());
+    CutRecording(const QString& path, const ChunkPlan& plan)
+        : file(path.toUtf8())
+        , isOpen(file.isOpen()) {
         if (!isOpen)
             return;
-        stream = std::make_shared<ChunkStream>(*reader.stream()->codecpar, memory);
-        cutter = std::make_unique<ChunkCutter>(reader, stream, plan);
+        stream = std::make_shared<ChunkStream>(*file.stream()->codecpar, memory);
+        cutter = std::make_unique<ChunkCutter>(file.packets(), stream, plan);
     }
 
     void readAll() {
@@ -27,11 +29,11 @@ struct CutRecording {
             hasBeenTooLong = hasBeenTooLong || cutter->isTooLong();
     }
 
-    PacketReader reader;
+    MediaFile file;
+    bool isOpen;
     FrameBudget memory;
     std::shared_ptr<ChunkStream> stream;
     std::unique_ptr<ChunkCutter> cutter;
-    bool isOpen = false;
     bool hasBeenTooLong = false;
 };
 

@@ -8,7 +8,7 @@
 #include "libavpointers.h"
 #include "logging.h"
 #include "media.h"
-#include "packetreader.h"
+#include "mediafile.h"
 
 #include <QRandomGenerator>
 #include <QTemporaryDir>
@@ -69,11 +69,11 @@ struct FoundPacket {
 
 QVector<FoundPacket> packetsOf(const QString& path) {
     QVector<FoundPacket> packets;
-    PacketReader reader;
-    if (!reader.open(path.toUtf8().constData()))
+    MediaFile file(path.toUtf8());
+    if (!file.isOpen())
         return packets;
-    RandomAccessPoints accessPoints(*reader.stream()->codecpar);
-    while (const auto packet = reader.read())
+    RandomAccessPoints accessPoints(*file.stream()->codecpar);
+    while (const auto packet = file.packets().read())
         packets.append({accessPoints.next(*packet->packet), packet->packet->pts,
                         (packet->packet->flags & AV_PKT_FLAG_KEY) != 0});
     return packets;

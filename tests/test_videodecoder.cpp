@@ -454,28 +454,28 @@ void TestVideoDecoder::knowsTheIntraCodecs() {
         QVERIFY(writeFile(path(name), content.replace(renamed.left(4), renamed.mid(4))));
     }
     VideoDecoder decoder;
-    QVERIFY(decoder.codecName().isEmpty());
+    QVERIFY(decoder.facts().codecName.isEmpty());
     QVERIFY2(openFile(decoder, name), qPrintable(decoder.errorText()));
-    QCOMPARE(isIntraCodec(decoder.codecName()), isIntra);
+    QCOMPARE(isIntraCodec(decoder.facts().codecName), isIntra);
     decoder.close();
-    QVERIFY(decoder.codecName().isEmpty());
+    QVERIFY(decoder.facts().codecName.isEmpty());
 }
 
 void TestVideoDecoder::knowsTheDuration() {
     QVERIFY(makeNumbered("h264.mp4", h264(0)));
     VideoDecoder decoder;
-    QCOMPARE(decoder.duration(), 0.0);
+    QCOMPARE(decoder.facts().duration, 0.0);
     QVERIFY(openFile(decoder, "h264.mp4"));
-    QCOMPARE(decoder.duration(), 0.8); // 20 pictures at 25 per second
+    QCOMPARE(decoder.facts().duration, 0.8); // 20 pictures at 25 per second
 }
 
 void TestVideoDecoder::describesThePictures() {
     VideoDecoder decoder;
-    QVERIFY(decoder.description().size.isEmpty());
+    QVERIFY(decoder.facts().description.size.isEmpty());
     QVERIFY(media::encode({"-f", "lavfi", "-i", "color=s=72x48:r=25/2:d=2,setsar=16/15", "-c:v",
                            "mpeg4", "-output_ts_offset", "3", folder.filePath("wide.mkv")}));
     QVERIFY(openFile(decoder, "wide.mkv"));
-    const StreamDescription wide = decoder.description();
+    const StreamDescription wide = decoder.facts().description;
     QCOMPARE(wide.size, QSize(72, 48));
     QCOMPARE(wide.pixelAspect.numerator * 15, wide.pixelAspect.denominator * 16);
     QCOMPARE(wide.frameRate.numerator * 2, wide.frameRate.denominator * 25);
@@ -569,7 +569,7 @@ void TestVideoDecoder::refusesWhatIsNoVideo() {
     else
         QCOMPARE(decoder.errorText(), reason);
     QVERIFY(!decoder.readFrame(true));
-    QVERIFY(decoder.codecName().isEmpty());
+    QVERIFY(decoder.facts().codecName.isEmpty());
     decoder.close();
     QCOMPARE(decoder.bytePosition(), qint64(-1));
 }

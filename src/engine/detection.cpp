@@ -107,7 +107,7 @@ std::optional<RecordingOrigin> Detection::skipAhead(VideoDecoder& decoder) {
 /// Nothing, before anybody is told anything, if the file must be read from its start after all.
 std::optional<MeasuringEnd> Detection::runOpened(VideoDecoder& decoder,
                                                  std::optional<RecordingOrigin> origin) {
-    measured.stream = streamFacts(decoder);
+    measured.stream = decoder.facts();
     PictureSource source(decoder, options.threads != 1, options.times);
     RangedPictures pictures(source, options.range, origin);
     PicturePair first{pictures.next(), {}};

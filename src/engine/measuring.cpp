@@ -4,8 +4,6 @@
 
 #include "measuring.h"
 
-#include "videodecoder.h"
-
 #include <new>
 #include <utility>
 
@@ -63,15 +61,6 @@ MeasuringEnd measure(PicturePair pair, RangedPictures& pictures, MotionMeasure m
         progress.positionChanged(pictures.source().bytePosition(), isAtEnd);
     }
     return end;
-}
-
-StreamFacts streamFacts(const VideoDecoder& decoder) {
-    StreamFacts facts;
-    facts.codecName = decoder.codecName();
-    facts.isIntraOnly = decoder.isIntraOnly();
-    facts.duration = decoder.duration();
-    facts.description = decoder.description();
-    return facts;
 }
 
 bool selectsNothing(const RegionOfInterest& region, const TimedPicture& picture) {

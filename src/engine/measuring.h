@@ -12,8 +12,6 @@
 
 #include <functional>
 
-class VideoDecoder;
-
 /// A picture, and the one that is compared with it; neither is there where a file ends before.
 struct PicturePair {
     TimedPicture previous;
@@ -30,9 +28,6 @@ MotionSink sinkOf(MotionSeries& series);
 /// `progress` of each that is read.
 MeasuringEnd measure(PicturePair pair, RangedPictures& pictures, MotionMeasure measure,
                      DetectionProgress& progress, const MotionSink& sink);
-
-/// What the headers of an open file say of its stream.
-StreamFacts streamFacts(const VideoDecoder& decoder);
 
 /// Whether the region selects no pixel of this picture, which may have none.
 bool selectsNothing(const RegionOfInterest& region, const TimedPicture& picture);

@@ -30,7 +30,7 @@ MeasuringEnd PartDetection::runFile(const QString& fileName) {
     // Where it cannot be opened, the other road tells why.
     if (!decoder.open(path.constData()))
         return measureWhole(fileName);
-    measured.stream = streamFacts(decoder);
+    measured.stream = decoder.facts();
     const bool isCut = goToPart(decoder);
     if (progress.isCancelled())
         return {DetectionOutcome::Cancelled};

@@ -22,7 +22,7 @@ ChunkCutter::ChunkCutter(PacketReader& reader, std::shared_ptr<ChunkStream> stre
     : reader(reader)
     , stream(std::move(stream))
     , plan(plan)
-    , accessPoints(*reader.stream()->codecpar) {}
+    , accessPoints(*reader.stream().codecpar) {}
 
 bool ChunkCutter::read() {
     auto packet = reader.read();

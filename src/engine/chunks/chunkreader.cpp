@@ -19,10 +19,10 @@ ChunkReader::ChunkReader(PacketReader& reader, FrameBudget& memory, CodecContext
                          const PictureKeeperMaker& keeperMaker)
     : reader(reader)
     , plan(plan)
-    , stream(std::make_shared<ChunkStream>(*reader.stream()->codecpar, memory))
+    , stream(std::make_shared<ChunkStream>(*reader.stream().codecpar, memory))
     , cutter(reader, stream, plan)
     , order(maker(), keeperMaker ? keeperMaker() : nullptr)
-    , hasTimes(reader.stream()->start_time != AV_NOPTS_VALUE)
+    , hasTimes(reader.stream().start_time != AV_NOPTS_VALUE)
     , workers(plan.workers, stream, std::move(context), maker, keeperMaker,
               [&reader] { return reader.isInterrupted(); }) {}
 
@@ -124,7 +124,7 @@ void ChunkReader::readMarksUpTo(qint64 number) {
 }
 
 void ChunkReader::makePictures(const ChunkPointer& chunk, const std::vector<qint64>& numbers) {
-    const AVRational& timeBase = reader.stream()->time_base;
+    const AVRational& timeBase = reader.stream().time_base;
     for (std::size_t i = 0; i < numbers.size(); ++i) {
         // Those that no packet completes are never handed out.
         const PacketMark* mark = cutter.mark(numbers[i]);

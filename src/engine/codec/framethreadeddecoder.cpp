@@ -20,12 +20,13 @@ bool isPlaceholder(const AVPacket& packet, AVCodecID codec) {
 } // namespace
 
 FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context, const PacketReader& reader,
-                                           PacketPointer firstPacket, qint64 lastNumber)
+                                           PacketPointer firstPacket, qint64 lastNumber,
+                                           bool areKeysBelieved)
     : context(std::move(context))
     , pacing(*this->context)
-    , accessPoints(*reader.stream()->codecpar)
+    , accessPoints(*reader.stream().codecpar)
     , firstPacket(std::move(firstPacket))
-    , areKeysBelieved(!reader.canReopen())
+    , areKeysBelieved(areKeysBelieved)
     , delays{{-1, this->context->has_b_frames}}
     , lastNumber(lastNumber) {
     restart.handedOut(lastNumber);

@@ -49,9 +49,10 @@ public:
 
     /// `context` must be open with frame threads for the stream of `reader`, whose first packet is
     /// `firstPacket` unless it is still to come. Pictures that packets up to `lastNumber` complete
-    /// are not handed out.
+    /// are not handed out. `areKeysBelieved`: of the container, since there is no way back to the
+    /// start of the file.
     FrameThreadedDecoder(CodecContextPointer context, const PacketReader& reader,
-                         PacketPointer firstPacket, qint64 lastNumber);
+                         PacketPointer firstPacket, qint64 lastNumber, bool areKeysBelieved);
 
     Result next(PacketReader& reader);
 
@@ -90,7 +91,7 @@ private:
     RestartPackets restart;
     RandomAccessPoints accessPoints;
     PacketPointer firstPacket; ///< of the stream; null if it has not been seen
-    bool areKeysBelieved;      ///< of the container: there is no way back to the start of the file
+    bool areKeysBelieved;
     bool hasAccessPoints = true;          ///< nothing has come that all that follows may depend on
     std::deque<DelayChange> delays;       ///< oldest first
     std::deque<CompletedPicture> waiting; ///< to be handed out, without their time stamps

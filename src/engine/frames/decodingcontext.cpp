@@ -20,21 +20,21 @@ constexpr int mostKeyDecoders = 8;
 
 } // namespace
 
-bool DecodingContext::open(const char* fileName, int mostThreads, bool isKeyframesOnly,
+bool DecodingContext::open(int mostThreads, bool isKeyframesOnly,
                            const PictureComparisonMaker& comparison) {
     threads = mostThreads;
-    if (!reader.open(fileName)) {
-        error = reader.errorText();
+    if (!file.isOpen()) {
+        error = file.errorText();
         return false;
     }
-    const AVCodecParameters& parameters = *reader.stream()->codecpar;
+    const AVCodecParameters& parameters = *reader.stream().codecpar;
     if (isKeyframesOnly) {
-        reader.readKeyFramesOnly();
+        reader.readKeyframesOnly();
         QMutexLocker lock(&ffmpegMutex());
         return openKeys();
     }
     // A pipe may have its packets come slowly; a chunk is read as a whole.
-    const bool mayCut = comparison && reader.canReopen();
+    const bool mayCut = comparison && file.canReopen();
     const ChunkPlan plan = mayCut ? planChunks(parameters, threads) : ChunkPlan();
     return plan.workers > 0 ? openChunks(plan, comparison) : openWhole(parameters, nullptr);
 }
@@ -43,8 +43,6 @@ OpenedCodec DecodingContext::openLocked(const AVCodecParameters& parameters, int
     QMutexLocker lock(&ffmpegMutex());
     OpenedCodec opened = openCodec(parameters, count, memory);
     error = opened.error;
-    if (opened.context)
-        codecName = avcodec_get_name(opened.context->codec_id);
     return opened;
 }
 
@@ -58,14 +56,15 @@ bool DecodingContext::openWhole(const AVCodecParameters& parameters, const AVPac
     if (opened.hasFrameThreads)
         threaded = std::make_unique<FrameThreadedDecoder>(
             std::move(opened.context), reader,
-            PacketPointer(firstPacket ? av_packet_clone(firstPacket) : nullptr), lastNumber);
+            PacketPointer(firstPacket ? av_packet_clone(firstPacket) : nullptr), lastNumber,
+            !file.canReopen());
     else
         serial = std::make_unique<SerialDecoder>(std::move(opened.context), memory);
     return true;
 }
 
 bool DecodingContext::openChunks(const ChunkPlan& plan, const PictureComparisonMaker& comparison) {
-    OpenedCodec opened = openLocked(*reader.stream()->codecpar, 1);
+    OpenedCodec opened = openLocked(*reader.stream().codecpar, 1);
     if (!opened.context)
         return false;
     qCDebug(engineLog, "chunks, %d at a time", plan.workers);
@@ -75,7 +74,7 @@ bool DecodingContext::openChunks(const ChunkPlan& plan, const PictureComparisonM
 }
 
 bool DecodingContext::openKeys() {
-    const AVCodecParameters& parameters = *reader.stream()->codecpar;
+    const AVCodecParameters& parameters = *reader.stream().codecpar;
     const qint64 bytes = pictureBytes(parameters.format, parameters.width, parameters.height);
     const int count = bytes > largestKeptPicture ? 1 : std::min(threads, mostKeyDecoders);
     std::vector<CodecContextPointer> contexts;
@@ -88,7 +87,6 @@ bool DecodingContext::openKeys() {
     }
     if (contexts.empty())
         return false;
-    codecName = avcodec_get_name(contexts.front()->codec_id);
     keys = std::make_unique<KeyframeDecoder>(std::move(contexts));
     return true;
 }
@@ -134,13 +132,13 @@ void DecodingContext::leaveChunks() {
 
 bool DecodingContext::goOn(ChunkReader::Rest rest) {
     lastNumber = rest.lastNumber;
-    if (rest.packets.empty() && !reader.reopen()) {
-        error = reader.errorText();
+    if (rest.packets.empty() && !file.reopen()) {
+        error = file.errorText();
         return false;
     }
     const bool isFromStart = rest.packets.empty() || rest.packets.front().number == 0;
     const ParametersPointer parameters(avcodec_parameters_alloc());
-    if (!parameters || avcodec_parameters_copy(parameters.get(), reader.stream()->codecpar) < 0) {
+    if (!parameters || avcodec_parameters_copy(parameters.get(), reader.stream().codecpar) < 0) {
         error = QStringLiteral("out of memory");
         return false;
     }
@@ -201,13 +199,11 @@ bool DecodingContext::goSerial() {
     threaded.reset();
     lock.unlock();
     memory.tryAgain();
-    if (replay.empty() && !reader.reopen()) {
-        end = {ReadEnd::Cause::ReadError, reader.errorText()};
+    if (replay.empty() && !file.reopen()) {
+        end = {ReadEnd::Cause::ReadError, file.errorText()};
         return false;
     }
-    if (part)
-        watchPart();
-    OpenedCodec opened = openLocked(*reader.stream()->codecpar, 1);
+    OpenedCodec opened = openLocked(*reader.stream().codecpar, 1);
     if (!opened.context) {
         end = {ReadEnd::Cause::OutOfMemory, opened.error};
         return false;
@@ -229,7 +225,7 @@ bool DecodingContext::skipTo(std::int64_t dts) {
         serial.reset();
         lock.unlock();
         replay.clear();
-        if (!openWhole(*reader.stream()->codecpar, nullptr))
+        if (!openWhole(*reader.stream().codecpar, nullptr))
             return false;
     }
     std::deque<NumberedPacket> packets = ::skipTo(reader, dts);
@@ -239,11 +235,11 @@ bool DecodingContext::skipTo(std::int64_t dts) {
 }
 
 bool DecodingContext::beginPart(RecordingPart wanted, qint64 delay) {
-    const qint64 bytes = reader.fileBytes();
+    const qint64 bytes = file.bytes();
     if (bytes <= 0)
         return false;
-    part.emplace(*reader.stream()->codecpar, wanted, bytes, delay);
-    watchPart();
+    part.emplace(*reader.stream().codecpar, wanted, bytes, delay);
+    reader.setWatch([this](const NumberedPacket& packet) { part->add(packet); });
     std::deque<NumberedPacket> packets = skipToPart(reader, *part);
     if (!part->hasBegun())
         part->endReached();
@@ -252,16 +248,11 @@ bool DecodingContext::beginPart(RecordingPart wanted, qint64 delay) {
         return true;
     }
     part->runUpFromStart();
-    if (!reader.reopen()) {
-        error = reader.errorText();
+    if (!file.reopen()) {
+        error = file.errorText();
         return false;
     }
-    watchPart();
     return true;
-}
-
-void DecodingContext::watchPart() {
-    reader.setWatch([this](const NumberedPacket& packet) { part->add(packet); });
 }
 
 namespace {
@@ -294,9 +285,8 @@ bool DecodingContext::seekBefore(std::int64_t dts) {
 /// A key frame at or before `latest`, the last one if the container knows; reading goes on behind
 /// it.
 std::optional<NumberedPacket> DecodingContext::seekToKey(std::int64_t latest) {
-    const AVStream* stream = reader.stream();
     std::int64_t back = 0;
-    const std::int64_t second = av_rescale_q(1, {1, 1}, stream->time_base);
+    const std::int64_t second = av_rescale_q(1, {1, 1}, reader.stream().time_base);
     // Containers without a list of key frames lead to some place before the time.
     constexpr int mostTries = 12;
     for (int i = 0; i < mostTries && reader.seek(latest - back); ++i) {

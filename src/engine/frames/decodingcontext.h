@@ -7,7 +7,7 @@
 #include "chunkreader.h"
 #include "framethreadeddecoder.h"
 #include "keyframedecoder.h"
-#include "packetreader.h"
+#include "mediafile.h"
 #include "partreading.h"
 #include "serialdecoder.h"
 
@@ -18,7 +18,8 @@
 
 /// One open file. Exactly one of the four decoders is there once the file is open.
 struct DecodingContext {
-    PacketReader reader;
+    MediaFile file;
+    PacketReader& reader = file.packets();
     FrameBudget memory; ///< outlives the decoders
     std::unique_ptr<FrameThreadedDecoder> threaded;
     std::unique_ptr<SerialDecoder> serial;
@@ -28,16 +29,17 @@ struct DecodingContext {
     std::deque<NumberedPacket> replay; ///< packets that the serial decoder takes before reading on
     qint64 lastNumber = -1;            ///< packet that completed the last picture handed out
     int threads = 1;                   ///< that may decode
-    QByteArray codecName;              ///< empty until a decoder is open
     QString error;
     ReadEnd end;                     ///< where the reader does not know it
     std::optional<PartReading> part; ///< where only one is read
     qint64 undecodedPackets = 0;     ///< behind the first picture, but for the last one so far
 
+    explicit DecodingContext(const char* fileName, const std::function<bool()>& isInterrupted)
+        : file(fileName, isInterrupted) {}
+
     /// False if it cannot be opened; `error` tells why. With a `comparison` the file is decoded in
     /// chunks where that is exact and pays.
-    bool open(const char* fileName, int threads, bool isKeyframesOnly,
-              const PictureComparisonMaker& comparison);
+    bool open(int threads, bool isKeyframesOnly, const PictureComparisonMaker& comparison);
 
     /// Nothing at the end; `end` or the reader's tells why. Not while there are chunks.
     std::optional<CompletedPicture> nextPicture();
@@ -56,7 +58,6 @@ struct DecodingContext {
     bool seekBefore(std::int64_t dts);
 
 private:
-    void watchPart();
     bool openKeys();
     bool openChunks(const ChunkPlan& plan, const PictureComparisonMaker& comparison);
     bool openWhole(const AVCodecParameters& parameters, const AVPacket* firstPacket);

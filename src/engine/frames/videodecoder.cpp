@@ -6,7 +6,6 @@
 
 #include "decodingcontext.h"
 #include "ffmpegmutex.h"
-#include "logging.h"
 
 #include <QMutexLocker>
 #include <QThread>
@@ -16,11 +15,6 @@
 
 namespace {
 
-Ratio ratioOf(const AVRational& first, const AVRational& second) {
-    const AVRational& known = first.num > 0 && first.den > 0 ? first : second;
-    return {known.num, known.den};
-}
-
 double timeOf(std::int64_t dts, const AVRational& timeBase) {
     // A missing decoding time is the smallest 64-bit number, which a double holds exactly.
     return double(dts) * (double(timeBase.num) / double(timeBase.den));
@@ -29,9 +23,7 @@ double timeOf(std::int64_t dts, const AVRational& timeBase) {
 } // namespace
 
 VideoDecoder::VideoDecoder(int threads)
-    : threads(threads > 0 ? threads : qMax(1, QThread::idealThreadCount())) {
-    routeLibavLog();
-}
+    : threads(threads > 0 ? threads : qMax(1, QThread::idealThreadCount())) {}
 
 VideoDecoder::~VideoDecoder() {
     close();
@@ -43,10 +35,9 @@ void VideoDecoder::setInterrupt(std::function<bool()> isInterrupted) {
 
 bool VideoDecoder::open(const char* fileName) {
     close();
-    context = std::make_unique<DecodingContext>();
-    context->reader.setInterrupt(interrupt);
+    context = std::make_unique<DecodingContext>(fileName, interrupt);
     context->chunkKeeper = chunkKeeper;
-    return context->open(fileName, threads, isKeyframesOnly, chunkComparison);
+    return context->open(threads, isKeyframesOnly, chunkComparison);
 }
 
 void VideoDecoder::setChunks(PictureComparisonMaker maker, PictureKeeperMaker keeperMaker) {
@@ -74,7 +65,7 @@ DecodedFrame* VideoDecoder::readFrame(bool clone) {
         context->end = {ReadEnd::Cause::OutOfMemory, QStringLiteral("out of memory")};
         return nullptr;
     }
-    const AVStream* stream = context->reader.stream();
+    const AVStream* stream = context->file.stream();
     return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture, completed->number,
                             completed->dts == AV_NOPTS_VALUE};
 }
@@ -103,12 +94,12 @@ bool VideoDecoder::isInPart(const CompletedPicture& picture) {
 }
 
 bool VideoDecoder::canReadAgain() const {
-    return context && context->reader.canReopen();
+    return context && context->file.canReopen();
 }
 
 /// The stream's time stamp of a time that was read from it.
 std::optional<std::int64_t> VideoDecoder::stampOf(double time) const {
-    const AVStream* stream = context ? context->reader.stream() : nullptr;
+    const AVStream* stream = context ? context->file.stream() : nullptr;
     const double dts = stream ? time / av_q2d(stream->time_base) : 0.0;
     constexpr double farthest = 1e18; // where a double still leads to a 64-bit number
     if (!stream || !(std::abs(dts) < farthest))
@@ -127,7 +118,7 @@ DecodedFrame* VideoDecoder::takeHeldFrame() {
         context && context->serial ? context->serial->takeHeld() : AVFramePointer();
     if (!picture)
         return nullptr;
-    const AVStream* stream = context->reader.stream();
+    const AVStream* stream = context->file.stream();
     return new DecodedFrame{timeOf(AV_NOPTS_VALUE, stream->time_base), picture.release(), -1, true};
 }
 
@@ -141,56 +132,35 @@ void VideoDecoder::close() {
 }
 
 qint64 VideoDecoder::bytePosition() const {
-    return context ? context->reader.bytePosition() : -1;
+    return context ? context->file.bytePosition() : -1;
 }
 
 int VideoDecoder::videoStreamIndex() const {
-    const AVStream* stream = context ? context->reader.stream() : nullptr;
+    const AVStream* stream = context ? context->file.stream() : nullptr;
     return stream ? stream->index : -1;
 }
 
-QByteArray VideoDecoder::codecName() const {
-    return context ? context->codecName : QByteArray();
-}
-
-bool VideoDecoder::isIntraOnly() const {
-    const AVStream* stream = context ? context->reader.stream() : nullptr;
-    const AVCodecDescriptor* codec =
-        stream ? avcodec_descriptor_get(stream->codecpar->codec_id) : nullptr;
-    return codec && (codec->props & AV_CODEC_PROP_INTRA_ONLY) != 0;
+StreamFacts VideoDecoder::facts() const {
+    return context ? context->file.facts() : StreamFacts();
 }
 
 double VideoDecoder::headerFrameRate() const {
-    const AVStream* stream = context ? context->reader.stream() : nullptr;
+    const AVStream* stream = context ? context->file.stream() : nullptr;
     if (!stream || stream->start_time != AV_NOPTS_VALUE || context->keys || context->chunks)
         return 0.0;
     return context->threaded ? context->threaded->frameRate() : context->serial->frameRate();
 }
 
-double VideoDecoder::duration() const {
-    return context ? context->reader.duration() : 0.0;
-}
-
-StreamDescription VideoDecoder::description() const {
-    const AVStream* stream = context ? context->reader.stream() : nullptr;
-    if (!stream)
-        return {};
-    const AVCodecParameters& codec = *stream->codecpar;
-    return {QSize(codec.width, codec.height),
-            ratioOf(stream->sample_aspect_ratio, codec.sample_aspect_ratio),
-            ratioOf(stream->avg_frame_rate, stream->r_frame_rate), context->reader.startTime()};
-}
-
 ReadingSigns VideoDecoder::readingSigns() const {
     if (!context)
         return {};
-    return {context->undecodedPackets, context->reader.hasReadingErrors(),
-            context->reader.promisedLength()};
+    return {context->undecodedPackets, context->file.hasReadingErrors(),
+            context->file.promisedLength()};
 }
 
 qint64 VideoDecoder::libavErrors() const {
     const qint64 own =
-        context ? context->reader.libavErrors() + context->memory.libavErrors.load() : 0;
+        context ? context->file.libavErrors() + context->memory.libavErrors.load() : 0;
     return own + unownedLibavErrors();
 }
 
@@ -199,5 +169,5 @@ QString VideoDecoder::errorText() const {
 }
 
 bool VideoDecoder::isFileToBlame() const {
-    return context && context->reader.isFileToBlame();
+    return context && context->file.isFileToBlame();
 }

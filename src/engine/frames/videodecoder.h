@@ -6,14 +6,13 @@
 
 #include "chunkframe.h"
 #include "decodedframe.h"
+#include "measurement.h"
 #include "picturecomparison.h"
 #include "picturekeeper.h"
 #include "readend.h"
 #include "readingsigns.h"
 #include "recordingpart.h"
-#include "streamdescription.h"
 
-#include <QByteArray>
 #include <QString>
 #include <QtGlobal>
 
@@ -107,22 +106,13 @@ public:
     /// Index of the chosen stream in the file, -1 if nothing is open or it has no video stream.
     int videoStreamIndex() const;
 
-    /// The media libraries' name for the codec, as in "h264"; empty if nothing is open.
-    QByteArray codecName() const;
-
-    /// Whether every picture of the stream stands alone, whoever wrote it.
-    bool isIntraOnly() const;
+    /// What the headers say of the stream; nothing while nothing is open.
+    StreamFacts facts() const;
 
     /// Pictures per second as the stream's own headers tell, where no picture has a time: 0 if they
     /// do not, if key frames alone are read, or if times were seen while the file was opened. Once
     /// a picture has been read.
     double headerFrameRate() const;
-
-    /// Length of the file in seconds as its header says, 0 if unknown.
-    double duration() const;
-
-    /// What the headers say of the pictures; nothing if nothing is open.
-    StreamDescription description() const;
 
     /// What tells of damage in the open file. Not while another thread reads.
     ReadingSigns readingSigns() const;

@@ -4,17 +4,16 @@
 
 #include "containername.h"
 
-#include "packetreader.h"
+#include "demuxer.h"
 
 #include <QFile>
 
 ContainerName containerNameOf(const QString& fileName, std::function<bool()> isInterrupted) {
-    PacketReader reader;
-    reader.setInterrupt(std::move(isInterrupted));
-    const AVInputFormat* demuxer = reader.demuxerOf(QFile::encodeName(fileName).constData());
-    if (!demuxer)
-        return {{}, reader.errorText()};
-    return {programName(*demuxer), {}};
+    Demuxer demuxer(QFile::encodeName(fileName), std::move(isInterrupted));
+    const AVInputFormat* format = demuxer.findFormat();
+    if (!format)
+        return {{}, demuxer.errorText()};
+    return {programName(*format), {}};
 }
 
 QString programName(const AVInputFormat& demuxer) {
