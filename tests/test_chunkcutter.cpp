@@ -100,7 +100,7 @@ void TestChunkCutter::everyPacketIsInOneChunk() {
         for (const ChunkPointer& chunk : cut.cutter->whole) {
             QCOMPARE(chunk->index, index++);
             QCOMPARE(chunk->isLast, chunk == cut.cutter->whole.back());
-            QVERIFY(!chunk->isInDoubt);
+            QVERIFY(!chunk->hasMismatch);
             for (const NumberedPacket& packet : chunk->packets)
                 QCOMPARE(packet.number, next++);
         }

@@ -81,8 +81,8 @@ private Q_SLOTS:
     void leadingPicturesCountWithTheChunkBefore();
     void packetsWithoutPictures();
     void accessPointIsCompared();
-    void doubts_data();
-    void doubts();
+    void mismatches_data();
+    void mismatches();
 };
 
 void TestChunkOrder::withoutDelay() {
@@ -155,14 +155,14 @@ void TestChunkOrder::accessPointIsCompared() {
     QVERIFY(!first.last && !second.first); // nobody needs them any more
 }
 
-void TestChunkOrder::doubts_data() {
+void TestChunkOrder::mismatches_data() {
     QTest::addColumn<int>("delay");
     QTest::addColumn<bool>("isFirst");
     QTest::addColumn<Change>("change");
     const auto row = [](const char* name, int delay, bool isFirst, const Change& change) {
         QTest::newRow(name) << delay << isFirst << change;
     };
-    row("its own", 0, false, [](Chunk& chunk) { chunk.isInDoubt = true; });
+    row("its own", 0, false, [](Chunk& chunk) { chunk.hasMismatch = true; });
     row("another delay", 2, false, [](Chunk& chunk) { chunk.delay = 3; });
     row("one picture less", 2, false, [](Chunk& chunk) { chunk.results.pop_back(); });
     row("one picture more", 2, false, [](Chunk& chunk) { chunk.results.push_back({-1, {}}); });
@@ -180,7 +180,7 @@ void TestChunkOrder::doubts_data() {
     row("leading pictures out of nowhere", 0, false, [](Chunk& chunk) { chunk.leading = 1; });
 }
 
-void TestChunkOrder::doubts() {
+void TestChunkOrder::mismatches() {
     QFETCH(int, delay);
     QFETCH(bool, isFirst);
     QFETCH(Change, change);

@@ -39,7 +39,7 @@ void TestChunkSnapshot::saysWhyItCannotBeDecodedAgain() {
         std::fill_n(packet->data, packet->size, std::uint8_t(0));
         chunk->add({i, std::move(packet)});
     }
-    ChunkFrame place;
+    Frame place;
     place.chunk = chunk;
     ChunkSnapshot picture(place, std::make_shared<ChunkCandidates>());
     QCOMPARE(picture.flaw(), QString());

@@ -47,24 +47,24 @@ void TestDecodeAhead::givesWhatTheDecoderGives() {
     DecodeAhead pictures(decoder, isAhead);
     int count = 0;
     while (const FramePointer expected{plain.readFrame(true)}) {
-        const ReadPicture found = pictures.next();
-        QVERIFY(found.frame);
-        QCOMPARE(found.frame->time, expected->time);
+        const Frame found = pictures.next();
+        QVERIFY(found.isThere());
+        QCOMPARE(found.time, expected->time);
         QCOMPARE(found.bytePosition, plain.bytePosition());
         ++count;
     }
     QVERIFY(count > 60);
-    QVERIFY(!pictures.next().frame);
+    QVERIFY(!pictures.next().isThere());
 }
 
 void TestDecodeAhead::staysAtTheEnd() {
     VideoDecoder decoder(1);
     QVERIFY(decoder.open(video.constData()));
     DecodeAhead pictures(decoder, true);
-    while (pictures.next().frame) {
+    while (pictures.next().isThere()) {
     }
     for (int i = 0; i < 3; ++i)
-        QVERIFY(!pictures.next().frame);
+        QVERIFY(!pictures.next().isThere());
 }
 
 void TestDecodeAhead::canBeLeftAtAnyTime() {
@@ -73,7 +73,7 @@ void TestDecodeAhead::canBeLeftAtAnyTime() {
         QVERIFY(decoder.open(video.constData()));
         DecodeAhead pictures(decoder, true);
         for (int i = 0; i < taken; ++i)
-            QVERIFY(pictures.next().frame);
+            QVERIFY(pictures.next().isThere());
     }
 }
 

@@ -4,7 +4,7 @@
 
 #include "framebudget.h"
 
-#include "libavpointers.h"
+#include "codeccontext.h"
 
 extern "C" {
 #include <libavutil/pixfmt.h>

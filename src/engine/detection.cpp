@@ -95,11 +95,11 @@ std::optional<RecordingOrigin> Detection::skipAhead(VideoDecoder& decoder) {
     const bool isSlow = options.range.from > 0.0 && !options.isKeyframesOnly;
     if (!isSlow || options.times.frameRate > 0.0 || !decoder.canReadAgain())
         return std::nullopt;
-    const FramePointer first(decoder.readFrame(true));
-    const bool isTimed = first && !first->isTimeMissing;
+    const Frame first = decoder.next();
+    const bool isTimed = first.isThere() && !first.isTimeMissing;
     if (isTimed && decoder.open(path.constData()) &&
-        decoder.skipTo(first->time + options.range.from))
-        return RecordingOrigin{first->time, first->packet};
+        decoder.skipTo(first.time + options.range.from))
+        return RecordingOrigin{first.time, first.packet};
     decoder.open(path.constData());
     return std::nullopt;
 }
@@ -115,7 +115,7 @@ std::optional<MeasuringEnd> Detection::runOpened(VideoDecoder& decoder,
     if (first.previous.isThere())
         first.current = pictures.next();
     const bool hasBegun = first.current.isThere();
-    if (origin && (pictures.isInDoubt() || !hasBegun) && !progress.isCancelled())
+    if (origin && (pictures.hasMismatch() || !hasBegun) && !progress.isCancelled())
         return std::nullopt;
     if (!hasBegun)
         return failToBegin(source, first.previous.isThere());
@@ -136,7 +136,7 @@ MeasuringEnd Detection::measureAndDecide(PicturePair first, RangedPictures& pict
     if (!findings)
         return measure(std::move(first), pictures, measurer, progress, sinkOf(measured.series));
     Decision decision(options.segmentation, measured, handleOf(first.previous), *findings);
-    const auto decide = [&](MotionScore motion, const TimedPicture& picture) {
+    const auto decide = [&](MotionScore motion, const Frame& picture) {
         decision.add(motion, picture.time, handleOf(picture));
     };
     const MeasuringEnd end = measure(std::move(first), pictures, measurer, progress, decide);
@@ -145,12 +145,12 @@ MeasuringEnd Detection::measureAndDecide(PicturePair first, RangedPictures& pict
     return end;
 }
 
-ClipPicturePointer Detection::handleOf(const TimedPicture& picture) {
+ClipPicturePointer Detection::handleOf(const Frame& picture) {
     if (!options.areSnapshotsWanted)
         return noPicture();
-    if (picture.chunked)
-        return chunkSnapshots.handleOf(*picture.chunked);
-    return std::make_shared<FrameSnapshot>(picture.frame);
+    if (picture.chunk)
+        return chunkSnapshots.handleOf(picture);
+    return std::make_shared<FrameSnapshot>(picture.picture);
 }
 
 void Detection::begin(const PicturePair& first, const RangedPictures& pictures) {

@@ -31,7 +31,7 @@ public:
 private:
     bool mayBeCut() const;
     PictureKeeperMaker keeperMaker() const;
-    ClipPicturePointer handleOf(const TimedPicture& picture);
+    ClipPicturePointer handleOf(const Frame& picture);
     std::optional<RecordingOrigin> skipAhead(VideoDecoder& decoder);
     MeasuringEnd runFile();
     MeasuringEnd runOpen(VideoDecoder& decoder);

@@ -4,6 +4,8 @@
 
 #include "measuring.h"
 
+#include "chunkpictures.h"
+
 #include <new>
 #include <utility>
 
@@ -11,15 +13,15 @@ namespace {
 
 /// Where chunks end, the last picture of them is decoded again to compare the next one with.
 MotionScore motionOf(MotionMeasure& measure, const PicturePair& pair) {
-    const TimedPicture& current = pair.current;
-    if (current.chunked)
-        return measure.take(current.chunked->motion, current.width(), current.height());
-    if (pair.previous.frame)
-        return measure.measure(*pair.previous.frame, *current.frame);
-    const FramePointer again = decodeAgain(*pair.previous.chunked);
+    const Frame& current = pair.current;
+    if (current.chunk)
+        return measure.take(current.motion, current.width, current.height);
+    if (pair.previous.picture)
+        return measure.measure(*pair.previous.picture, *current.picture);
+    const FramePointer again = decodeAgain(pair.previous);
     if (!again)
         throw std::bad_alloc();
-    return measure.measure(*again, *current.frame);
+    return measure.measure(*again, *current.picture);
 }
 
 MeasuringEnd endOf(const ReadEnd& end) {
@@ -32,7 +34,7 @@ MeasuringEnd endOf(const ReadEnd& end) {
 }
 
 /// How it ends if `newest` is the last picture that is read.
-MeasuringEnd endAt(const TimedPicture& newest, const RangedPictures& pictures,
+MeasuringEnd endAt(const Frame& newest, const RangedPictures& pictures,
                    DetectionProgress& progress) {
     if (newest.isThere() || progress.isCancelled())
         return {DetectionOutcome::Cancelled};
@@ -42,7 +44,7 @@ MeasuringEnd endAt(const TimedPicture& newest, const RangedPictures& pictures,
 } // namespace
 
 MotionSink sinkOf(MotionSeries& series) {
-    return [&series](MotionScore motion, const TimedPicture& picture) {
+    return [&series](MotionScore motion, const Frame& picture) {
         series.scores.append(motion);
         series.times.append(picture.time);
     };
@@ -63,8 +65,8 @@ MeasuringEnd measure(PicturePair pair, RangedPictures& pictures, MotionMeasure m
     return end;
 }
 
-bool selectsNothing(const RegionOfInterest& region, const TimedPicture& picture) {
-    const int width = picture.width();
-    const int height = picture.height();
+bool selectsNothing(const RegionOfInterest& region, const Frame& picture) {
+    const int width = picture.width;
+    const int height = picture.height;
     return width > 0 && height > 0 && prepareRegion(region, width, height).isEmpty();
 }

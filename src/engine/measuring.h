@@ -14,12 +14,12 @@
 
 /// A picture, and the one that is compared with it; neither is there where a file ends before.
 struct PicturePair {
-    TimedPicture previous;
-    TimedPicture current;
+    Frame previous;
+    Frame current;
 };
 
 /// Takes the motion of a picture, and the picture.
-using MotionSink = std::function<void(MotionScore motion, const TimedPicture& picture)>;
+using MotionSink = std::function<void(MotionScore motion, const Frame& picture)>;
 
 /// Appends values and times to a series, which must outlive the sink.
 MotionSink sinkOf(MotionSeries& series);
@@ -30,4 +30,4 @@ MeasuringEnd measure(PicturePair pair, RangedPictures& pictures, MotionMeasure m
                      DetectionProgress& progress, const MotionSink& sink);
 
 /// Whether the region selects no pixel of this picture, which may have none.
-bool selectsNothing(const RegionOfInterest& region, const TimedPicture& picture);
+bool selectsNothing(const RegionOfInterest& region, const Frame& picture);

@@ -62,11 +62,11 @@ MeasuringEnd PartDetection::measureUncut(const QString& fileName) {
 bool PartDetection::goToPart(VideoDecoder& decoder) {
     if (options.times.frameRate > 0.0 || !decoder.canReadAgain())
         return false;
-    const FramePointer first(decoder.readFrame(true));
-    if (!first || first->isTimeMissing)
+    const Frame first = decoder.next();
+    if (!first.isThere() || first.isTimeMissing)
         return false;
-    measured.stream.origin = first->time;
-    return decoder.open(path.constData()) && decoder.beginPart(part, first->packet);
+    measured.stream.origin = first.time;
+    return decoder.open(path.constData()) && decoder.beginPart(part, first.packet);
 }
 
 MeasuringEnd PartDetection::measureCut(VideoDecoder& decoder) {
@@ -104,9 +104,9 @@ bool PartDetection::isWhole(const VideoDecoder& decoder) const {
 MeasuringEnd PartDetection::measurePictures(PictureSource& source, qint64 firstNumber) {
     RangedPictures pictures(source, TimeRange(), std::nullopt);
     PicturePair first{pictures.next(), {}};
-    TimedPicture& begin = first.previous;
+    Frame& begin = first.previous;
     const qint64 firstPacket = firstNumber + partFacts.delay;
-    while (begin.isThere() && begin.packet() < firstPacket && !progress.isCancelled())
+    while (begin.isThere() && begin.packet < firstPacket && !progress.isCancelled())
         begin = pictures.next();
     if (begin.isThere()) {
         measured.hasPictures = true;

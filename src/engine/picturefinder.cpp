@@ -93,16 +93,16 @@ QImage PictureFinder::snapshotFromStart(int index) {
     const qint64 number = measurement.firstNumber + index;
     if ((!pictures || nextNumber > number) && !openLinear())
         return {};
-    TimedPicture picture;
+    Frame picture;
     for (; nextNumber <= number; ++nextNumber) {
         picture = pictures->next();
-        if (!picture.frame) {
+        if (!picture.isThere()) {
             error = QStringLiteral("cannot be read again up to a clip's picture");
             pictures.reset();
             return {};
         }
     }
-    return snapshotImage(*picture.frame);
+    return snapshotImage(*picture.picture);
 }
 
 bool PictureFinder::openSeeking() {

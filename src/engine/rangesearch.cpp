@@ -34,10 +34,10 @@ MeasuringEnd RangeSearch::run(const QString& name, const QVector<TimeRange>& ran
 std::optional<RecordingOrigin> RangeSearch::begin(VideoDecoder& decoder) {
     if (options.times.frameRate > 0.0 || !decoder.open(path.constData()) || !decoder.canReadAgain())
         return std::nullopt;
-    const FramePointer first(decoder.readFrame(true));
-    if (!first || first->isTimeMissing || !decoder.open(path.constData()))
+    const Frame first = decoder.next();
+    if (!first.isThere() || first.isTimeMissing || !decoder.open(path.constData()))
         return std::nullopt;
-    return RecordingOrigin{first->time, first->packet};
+    return RecordingOrigin{first.time, first.packet};
 }
 
 MeasuringEnd RangeSearch::search(VideoDecoder& decoder,

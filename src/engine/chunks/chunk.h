@@ -66,9 +66,9 @@ struct Chunk {
     bool isLast = false;             ///< the stream ends with it
 
     // What decoding it gives.
-    bool isInDoubt = false; ///< one decoder that never stopped may give something else
-    bool isDamaged = false; ///< a reason for doubt that several threads would stumble over, too
-    int delay = 0;          ///< pictures that the decoder holds back to put them in order
+    bool hasMismatch = false;     ///< one decoder that never stopped may give something else
+    bool isDamaged = false;       ///< of a kind that several threads would stumble over, too
+    int delay = 0;                ///< pictures that the decoder holds back to put them in order
     double headerFrameRate = 0.0; ///< as `frameRateOf` says at its first picture
     int width = 0;                ///< pixels, of all its pictures
     int height = 0;

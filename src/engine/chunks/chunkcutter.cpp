@@ -58,7 +58,7 @@ void ChunkCutter::add(NumberedPacket packet, const PacketKind& kind) {
             endOpenGop();
     }
     Chunk& target = next ? *next : *current;
-    target.isInDoubt = target.isInDoubt || kind.isDiscontinuity;
+    target.hasMismatch = target.hasMismatch || kind.isDiscontinuity;
     target.isDamaged = target.isDamaged || (packet.packet->flags & AV_PKT_FLAG_CORRUPT) != 0;
     target.add(std::move(packet));
 }
@@ -69,7 +69,7 @@ void ChunkCutter::addLeading(NumberedPacket packet, bool isDiscontinuity) {
     if (current->tail.empty())
         current->tail.push_back(referenceTo(*next->packets.front().packet));
     current->tail.push_back(referenceTo(*packet.packet));
-    current->isInDoubt = current->isInDoubt || isDiscontinuity;
+    current->hasMismatch = current->hasMismatch || isDiscontinuity;
     ++next->leading;
     next->add(std::move(packet));
 }

@@ -4,10 +4,7 @@
 
 #include "chunkdecoder.h"
 
-#include "ffmpegmutex.h"
 #include "libavversions.h"
-
-#include <QMutexLocker>
 
 #include <new>
 
@@ -41,15 +38,9 @@ ChunkDecoder::ChunkDecoder(std::shared_ptr<ChunkStream> stream, CodecContextPoin
     , keeper(std::move(keeper))
     , isInterrupted(std::move(isInterrupted)) {}
 
-ChunkDecoder::~ChunkDecoder() {
-    QMutexLocker lock(&ffmpegMutex());
-    context.reset();
-}
-
 bool ChunkDecoder::open() {
     if (context)
         return true;
-    QMutexLocker lock(&ffmpegMutex());
     if (stream->parameters)
         context = openCodec(*stream->parameters, 1, stream->memory).context;
     return context != nullptr;
@@ -66,13 +57,13 @@ bool ChunkDecoder::prepare(const Chunk& chunk) {
 }
 
 void ChunkDecoder::decode(Chunk& chunk) {
-    if (chunk.isInDoubt)
+    if (chunk.hasMismatch)
         return;
-    chunk.isInDoubt = true;
+    chunk.hasMismatch = true;
     if (!prepare(chunk))
         return;
     const int delayBefore = context->has_b_frames;
-    chunk.isInDoubt = false;
+    chunk.hasMismatch = false;
     if (keeper)
         keeper->begin(chunk.firstPicture());
     feedAll(chunk);
@@ -81,7 +72,7 @@ void ChunkDecoder::decode(Chunk& chunk) {
     chunk.delay = context->has_b_frames;
     // At the beginning the decoder may still learn of it.
     if (chunk.index > 0 && chunk.delay != delayBefore)
-        chunk.isInDoubt = true;
+        chunk.hasMismatch = true;
     avcodec_flush_buffers(context.get());
 }
 
@@ -89,13 +80,13 @@ void ChunkDecoder::feedAll(Chunk& chunk) {
     int place = 0;
     FramePacing pacing(*context);
     for (const AVPacket* packet : chunk.decodedPackets()) {
-        chunk.isInDoubt = isInterrupted() || !feed(chunk, packet, place++, pacing);
-        if (chunk.isInDoubt)
+        chunk.hasMismatch = isInterrupted() || !feed(chunk, packet, place++, pacing);
+        if (chunk.hasMismatch)
             return;
     }
     // What is held back at the end of the stream is never handed out.
     if (!chunk.isLast)
-        chunk.isInDoubt = !feed(chunk, nullptr, none, pacing);
+        chunk.hasMismatch = !feed(chunk, nullptr, none, pacing);
 }
 
 /// False at the first sign that this is not all there is to it.

@@ -16,7 +16,7 @@ void prime(AVCodecContext& context, const AVPacket& firstPacket);
 /// their pictures.
 ///
 /// One that has never stopped gives the same where every packet does what is expected of it. At the
-/// first sign of anything else the chunk is left, in doubt.
+/// first sign of anything else the chunk is left as a mismatch.
 class ChunkDecoder {
 public:
     /// `context`: for one thread, newly opened, or null: one is opened then. `isInterrupted` is
@@ -24,7 +24,7 @@ public:
     ChunkDecoder(std::shared_ptr<ChunkStream> stream, CodecContextPointer context,
                  PictureComparison compare, std::unique_ptr<PictureKeeper> keeper,
                  std::function<bool()> isInterrupted);
-    ~ChunkDecoder();
+    ~ChunkDecoder() = default;
     ChunkDecoder(const ChunkDecoder&) = delete;
     ChunkDecoder& operator=(const ChunkDecoder&) = delete;
 

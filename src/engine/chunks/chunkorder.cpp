@@ -16,7 +16,7 @@ bool standsAlone(const AVFrame& picture) {
 } // namespace
 
 std::optional<std::vector<qint64>> ChunkOrder::add(Chunk& chunk) {
-    if (chunk.isInDoubt)
+    if (chunk.hasMismatch)
         return std::nullopt;
     if (chunk.index == 0 && !chunk.results.empty()) {
         delay = chunk.delay;

@@ -20,8 +20,8 @@ public:
         , keeper(std::move(keeper)) {}
 
     /// Takes the next chunk, once it is decoded. Answers for each of its pictures the number of
-    /// the packet that completes it, which can lie behind the chunk; nothing in doubt. Compares
-    /// the first picture with the last one of the chunk before.
+    /// the packet that completes it, which can lie behind the chunk; nothing at a mismatch.
+    /// Compares the first picture with the last one of the chunk before.
     std::optional<std::vector<qint64>> add(Chunk& chunk);
 
     /// How many pictures the decoder holds back, as the recording has shown.

@@ -4,10 +4,7 @@
 
 #include "chunkworkers.h"
 
-#include "ffmpegmutex.h"
 #include "logging.h"
-
-#include <QMutexLocker>
 
 #include <algorithm>
 #include <exception>
@@ -28,10 +25,6 @@ ChunkWorkers::ChunkWorkers(int count, std::shared_ptr<ChunkStream> stream,
                 [this, first, i] { work(i == 0 ? std::move(*first) : CodecContextPointer()); });
     } catch (const std::exception& error) {
         qCDebug(engineLog, "%d threads for chunks: %s", int(threads.size()), error.what());
-    }
-    if (threads.empty()) {
-        QMutexLocker lock(&ffmpegMutex());
-        first->reset();
     }
 }
 
@@ -84,7 +77,7 @@ void ChunkWorkers::work(CodecContextPointer context) {
     }
 }
 
-/// Null without memory: all that the thread takes is then left in doubt.
+/// Null without memory: all that the thread takes is then a mismatch.
 std::unique_ptr<ChunkDecoder> ChunkWorkers::makeDecoder(CodecContextPointer context) {
     try {
         return std::make_unique<ChunkDecoder>(stream, std::move(context), maker(),
@@ -102,8 +95,8 @@ void ChunkWorkers::decode(ChunkDecoder* decoder, Chunk& chunk) {
         if (decoder)
             decoder->decode(chunk);
         else
-            chunk.isInDoubt = true;
+            chunk.hasMismatch = true;
     } catch (...) {
-        chunk.isInDoubt = true;
+        chunk.hasMismatch = true;
     }
 }

@@ -31,7 +31,7 @@ public:
     /// Has a chunk decoded, which is theirs until `wait` for it has returned.
     void add(ChunkPointer chunk);
 
-    /// Waits until the chunk is decoded, or left in doubt.
+    /// Waits until the chunk is decoded, or left as a mismatch.
     void wait(const Chunk& chunk);
 
 private:

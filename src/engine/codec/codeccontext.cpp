@@ -5,7 +5,10 @@
 #include "codeccontext.h"
 
 #include "decoderthreads.h"
-#include "packetreader.h"
+#include "demuxer.h"
+#include "ffmpegmutex.h"
+
+#include <QMutexLocker>
 
 namespace {
 
@@ -34,6 +37,7 @@ OpenedCodec openWith(const AVCodec& codec, const AVCodecParameters& parameters, 
         memory.watch(*context);
         if (codec.id == AV_CODEC_ID_AV1)
             context->max_pixels = mostAv1Pixels;
+        QMutexLocker lock(&ffmpegMutex());
         result = avcodec_open2(context.get(), &codec, nullptr);
     }
     if (result < 0)
@@ -44,6 +48,11 @@ OpenedCodec openWith(const AVCodec& codec, const AVCodecParameters& parameters, 
 }
 
 } // namespace
+
+void CodecContextDeleter::operator()(AVCodecContext* context) const {
+    QMutexLocker lock(&ffmpegMutex());
+    avcodec_free_context(&context);
+}
 
 OpenedCodec openCodec(const AVCodecParameters& parameters, int threads, FrameBudget& memory) {
     const AVCodec* codec = avcodec_find_decoder(parameters.codec_id);

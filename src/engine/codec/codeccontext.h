@@ -9,6 +9,13 @@
 
 #include <QString>
 
+/// Closes a decoder; holds `ffmpegMutex` for that.
+struct CodecContextDeleter {
+    void operator()(AVCodecContext* context) const;
+};
+
+using CodecContextPointer = std::unique_ptr<AVCodecContext, CodecContextDeleter>;
+
 /// A decoder for one stream, or why there is none.
 struct OpenedCodec {
     CodecContextPointer context; ///< null after a failure
@@ -18,7 +25,7 @@ struct OpenedCodec {
 
 /// Opens a decoder for `parameters` that uses up to `threads` threads (1 or more), or, where they
 /// cannot be had, one. Its pictures are counted by `memory`, which must outlive it; fails where
-/// they are known to be too large.
+/// they are known to be too large. Holds `ffmpegMutex` for moments.
 OpenedCodec openCodec(const AVCodecParameters& parameters, int threads, FrameBudget& memory);
 
 /// Pictures per second as the decoder has read in the stream's headers; 0 if it has not, or not

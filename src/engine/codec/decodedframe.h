@@ -11,12 +11,10 @@
 
 struct AVFrame;
 
-/// One decoded picture with its time. Owned by whoever read it; released with `freeFrame` only.
+/// One decoded picture with its time. Owned by whoever has it; released with `freeFrame` only.
 struct DecodedFrame {
-    double time;        ///< seconds; the decoding time of the packet that completed the picture
-    AVFrame* frame;     ///< the picture; owned
-    qint64 packet = -1; ///< place in the stream of the packet that completed it; -1 if unknown
-    bool isTimeMissing = false; ///< the packet has none; `time` is a very large negative number
+    double time;    ///< seconds; the decoding time of the packet that completed the picture
+    AVFrame* frame; ///< the picture; owned
 
     const std::uint8_t* data() const; ///< first byte of the top row of plane 0; may be null
     int stride() const; ///< bytes from one row of plane 0 to the next; negative if stored bottom-up

@@ -19,50 +19,60 @@ bool isPlaceholder(const AVPacket& packet, AVCodecID codec) {
 
 } // namespace
 
-FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context, const PacketReader& reader,
-                                           PacketPointer firstPacket, qint64 lastNumber,
-                                           bool areKeysBelieved)
+FrameThreadedDecoder::FrameThreadedDecoder(CodecContextPointer context, PacketReader& reader,
+                                           const FrameBudget& memory, PacketPointer firstPacket,
+                                           qint64 lastNumber, bool areKeysBelieved)
     : context(std::move(context))
+    , reader(reader)
+    , memory(memory)
     , pacing(*this->context)
     , accessPoints(*reader.stream().codecpar)
     , firstPacket(std::move(firstPacket))
     , areKeysBelieved(areKeysBelieved)
     , delays{{-1, this->context->has_b_frames}}
     , lastNumber(lastNumber) {
-    restart.handedOut(lastNumber);
+    recent.handedOut(lastNumber);
 }
 
-FrameThreadedDecoder::Result FrameThreadedDecoder::next(PacketReader& reader) {
+FrameDecoder::Result FrameThreadedDecoder::next() {
     while (!isNextComplete()) {
         AVFramePointer picture(av_frame_alloc());
         const int result =
             picture ? avcodec_receive_frame(context.get(), picture.get()) : AVERROR_EOF;
         if (result == AVERROR_EOF)
-            return {Outcome::End, {}};
+            return atEnd();
         if (result == AVERROR(EAGAIN)) {
             const bool goesOn = feed(reader.read());
             if (reader.isInterrupted())
-                return {Outcome::End, {}};
+                return atEnd();
             if (!goesOn)
-                return {Outcome::Unsafe, {}};
+                return {Outcome::Fallback, {}};
             continue;
         }
         if (result < 0 || isUnsafe(*picture))
-            return {Outcome::Unsafe, {}};
+            return {Outcome::Fallback, {}};
         add(std::move(picture));
     }
-    return {Outcome::Picture, takeNext()};
+    return {Outcome::Frame, takeNext()};
+}
+
+/// Where many threads found no room, one may.
+FrameDecoder::Result FrameThreadedDecoder::atEnd() const {
+    return {memory.hasFailed() ? Outcome::Fallback : Outcome::End, {}};
 }
 
 /// What the decoder has learnt of the delay from packets that are decoded once more it must learn
 /// from them again.
-FrameThreadedDecoder::Restart FrameThreadedDecoder::takeRestart() {
-    Restart found{restart.take(), std::move(firstPacket), delays.front().delay};
+Restart FrameThreadedDecoder::takeRestart() {
+    Restart restart;
+    restart.packets = recent.take();
+    restart.firstPacket = std::move(firstPacket);
+    restart.reorderDelay = delays.front().delay;
     for (const DelayChange& change : delays) {
-        if (!found.packets.empty() && change.number < found.packets.front().number)
-            found.reorderDelay = change.delay;
+        if (!restart.packets.empty() && change.number < restart.packets.front().number)
+            restart.reorderDelay = change.delay;
     }
-    return found;
+    return restart;
 }
 
 /// Gives the decoder its next packet, or the end of the stream. False at a sign of damage, also
@@ -92,7 +102,7 @@ void FrameThreadedDecoder::keep(const NumberedPacket& packet) {
     hasAccessPoints = hasAccessPoints && !kind.isDiscontinuity;
     const bool isAccessPoint = hasAccessPoints && kind.access != PacketKind::Access::None;
     const bool isKey = areKeysBelieved && (packet.packet->flags & AV_PKT_FLAG_KEY) != 0;
-    restart.add(packet, isAccessPoint || isKey);
+    recent.add(packet, isAccessPoint || isKey);
 }
 
 void FrameThreadedDecoder::noteDelay(qint64 number) {
@@ -113,7 +123,7 @@ void FrameThreadedDecoder::add(AVFramePointer picture) {
     noteDelay(picture->pkt_dts);
     const auto number = pacing.placeOf(picture->pkt_dts);
     if (number && *number > lastNumber)
-        waiting.push_back({*number, AV_NOPTS_VALUE, std::move(picture)});
+        waiting.push_back({*number, std::move(picture)});
 }
 
 /// A picture can come with a packet that has not been read.
@@ -121,15 +131,14 @@ bool FrameThreadedDecoder::isNextComplete() const {
     return !waiting.empty() && waiting.front().number < firstStamp + qint64(stamps.size());
 }
 
-CompletedPicture FrameThreadedDecoder::takeNext() {
-    CompletedPicture next = std::move(waiting.front());
+Frame FrameThreadedDecoder::takeNext() {
+    Completed next = std::move(waiting.front());
     waiting.pop_front();
     lastNumber = next.number;
     while (firstStamp < lastNumber) {
         stamps.pop_front();
         ++firstStamp;
     }
-    restart.handedOut(lastNumber);
-    next.dts = stamps.front();
-    return next;
+    recent.handedOut(lastNumber);
+    return frameOf(std::move(next.picture), next.number, stamps.front(), reader.stream().time_base);
 }

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "codeccontext.h"
+#include "framedecoder.h"
 #include "framepacing.h"
 #include "packetreader.h"
 #include "randomaccesspoints.h"
@@ -13,13 +14,6 @@
 #include <cstdint>
 #include <deque>
 #include <optional>
-
-/// A picture and the packet that completed it.
-struct CompletedPicture {
-    qint64 number = -1;                ///< of the packet
-    std::int64_t dts = AV_NOPTS_VALUE; ///< of the packet; AV_NOPTS_VALUE if it has none
-    AVFramePointer picture;
-};
 
 /// Decodes several pictures at a time and hands out what one thread would hand out.
 ///
@@ -33,44 +27,28 @@ struct CompletedPicture {
 ///
 /// This is exact for undamaged, progressive streams without packed B pictures of the codecs that
 /// `setUpThreads` gives frame threads. At the first sign that a stream is something else, `next`
-/// answers Unsafe and the caller goes on with one thread.
-class FrameThreadedDecoder {
+/// falls back.
+class FrameThreadedDecoder : public FrameDecoder {
 public:
-    enum class Outcome {
-        Picture, ///< `picture` holds the next one
-        End,     ///< end of file, error of the file, or interrupted
-        Unsafe   ///< what comes next may not be what one thread would hand out
-    };
-
-    struct Result {
-        Outcome outcome;
-        CompletedPicture picture;
-    };
-
     /// `context` must be open with frame threads for the stream of `reader`, whose first packet is
-    /// `firstPacket` unless it is still to come. Pictures that packets up to `lastNumber` complete
-    /// are not handed out. `areKeysBelieved`: of the container, since there is no way back to the
-    /// start of the file.
-    FrameThreadedDecoder(CodecContextPointer context, const PacketReader& reader,
-                         PacketPointer firstPacket, qint64 lastNumber, bool areKeysBelieved);
+    /// `firstPacket` unless it is still to come. `memory` counts its pictures. Frames that packets
+    /// up to `lastNumber` complete are not handed out. `areKeysBelieved`: of the container, since
+    /// there is no way back to the start of the file.
+    FrameThreadedDecoder(CodecContextPointer context, PacketReader& reader,
+                         const FrameBudget& memory, PacketPointer firstPacket, qint64 lastNumber,
+                         bool areKeysBelieved);
 
-    Result next(PacketReader& reader);
-
-    /// Where one thread begins.
-    struct Restart {
-        /// Up to the last one read. Empty: it must be the start of the file.
-        std::deque<NumberedPacket> packets;
-        PacketPointer firstPacket; ///< of the stream; null if it was never seen
-        int reorderDelay = 0; ///< pictures that the decoder held back there to put them in order
-    };
-
-    /// After Unsafe.
-    Restart takeRestart();
-
-    /// Pictures per second as the stream's headers say, 0 if unknown.
-    double frameRate() const { return frameRateOf(*context); }
+    Result next() override;
+    Restart takeRestart() override;
+    double headerFrameRate() const override { return frameRateOf(*context); }
 
 private:
+    /// A picture and the packet that completed it.
+    struct Completed {
+        qint64 number;
+        AVFramePointer picture;
+    };
+
     /// How many pictures the decoder holds back once packet `number` is decoded.
     struct DelayChange {
         qint64 number;
@@ -84,17 +62,20 @@ private:
     bool isUnsafe(const AVFrame& picture) const;
     void add(AVFramePointer picture);
     bool isNextComplete() const;
-    CompletedPicture takeNext();
+    Frame takeNext();
+    Result atEnd() const;
 
     CodecContextPointer context;
+    PacketReader& reader;
+    const FrameBudget& memory;
     FramePacing pacing;
-    RestartPackets restart;
+    RestartPackets recent;
     RandomAccessPoints accessPoints;
     PacketPointer firstPacket; ///< of the stream; null if it has not been seen
     bool areKeysBelieved;
-    bool hasAccessPoints = true;          ///< nothing has come that all that follows may depend on
-    std::deque<DelayChange> delays;       ///< oldest first
-    std::deque<CompletedPicture> waiting; ///< to be handed out, without their time stamps
+    bool hasAccessPoints = true;     ///< nothing has come that all that follows may depend on
+    std::deque<DelayChange> delays;  ///< oldest first
+    std::deque<Completed> waiting;   ///< to be handed out
     std::deque<std::int64_t> stamps; ///< decoding time stamps of the packets from `firstStamp` on
     qint64 firstStamp = 0;
     qint64 lastNumber; ///< packet that the last picture handed out came with

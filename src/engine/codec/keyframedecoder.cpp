@@ -25,21 +25,26 @@ std::int64_t shownAt(const AVPacket& packet) {
 
 } // namespace
 
-KeyframeDecoder::KeyframeDecoder(std::vector<CodecContextPointer> contexts)
-    : contexts(std::move(contexts)) {}
+KeyframeDecoder::KeyframeDecoder(std::vector<CodecContextPointer> contexts, PacketReader& reader,
+                                 const FrameBudget& memory)
+    : contexts(std::move(contexts))
+    , reader(reader)
+    , memory(memory) {}
 
-std::optional<CompletedPicture> KeyframeDecoder::next(PacketReader& reader) {
-    while (pictures.empty()) {
-        if (reader.isInterrupted() || !decodeSome(reader))
-            return std::nullopt;
+FrameDecoder::Result KeyframeDecoder::next() {
+    while (frames.empty() && !reader.isInterrupted() && decodeSome()) {
     }
-    CompletedPicture picture = std::move(pictures.front());
-    pictures.pop_front();
-    return picture;
+    if (memory.hasFailed())
+        return {Outcome::OutOfMemory, {}};
+    if (frames.empty())
+        return {Outcome::End, {}};
+    Frame frame = std::move(frames.front());
+    frames.pop_front();
+    return {Outcome::Frame, std::move(frame)};
 }
 
 /// One packet for each decoder. False at the end of the stream.
-bool KeyframeDecoder::decodeSome(PacketReader& reader) {
+bool KeyframeDecoder::decodeSome() {
     std::vector<NumberedPacket> packets;
     while (packets.size() < contexts.size()) {
         auto packet = reader.read();
@@ -58,8 +63,8 @@ bool KeyframeDecoder::decodeSome(PacketReader& reader) {
     for (std::size_t i = 0; i < packets.size(); ++i) {
         AVFramePointer picture = decoded[i].get();
         if (picture)
-            pictures.push_back(
-                {packets[i].number, shownAt(*packets[i].packet), std::move(picture)});
+            frames.push_back(frameOf(std::move(picture), packets[i].number,
+                                     shownAt(*packets[i].packet), reader.stream().time_base));
     }
     return !packets.empty();
 }

@@ -4,7 +4,9 @@
 
 #pragma once
 
-#include "framethreadeddecoder.h"
+#include "codeccontext.h"
+#include "framedecoder.h"
+#include "packetreader.h"
 
 #include <vector>
 
@@ -12,19 +14,21 @@
 ///
 /// Their time is the one at which they are shown, where the stream knows it: what a picture among
 /// all others gets as the time of the packet that completed it, but for rare streams.
-class KeyframeDecoder {
+class KeyframeDecoder : public FrameDecoder {
 public:
     /// As many are decoded at a time as there are `contexts`, one or more, which must be open and
-    /// use one thread each.
-    explicit KeyframeDecoder(std::vector<CodecContextPointer> contexts);
+    /// use one thread each. `memory` counts their pictures. Both must outlive this object.
+    KeyframeDecoder(std::vector<CodecContextPointer> contexts, PacketReader& reader,
+                    const FrameBudget& memory);
 
-    /// The next key frame; nothing at the end of the stream and once interrupted. Those that the
-    /// decoder refuses are left out.
-    std::optional<CompletedPicture> next(PacketReader& reader);
+    /// Those that the decoder refuses are left out.
+    Result next() override;
 
 private:
-    bool decodeSome(PacketReader& reader);
+    bool decodeSome();
 
     std::vector<CodecContextPointer> contexts;
-    std::deque<CompletedPicture> pictures; ///< not yet handed out
+    PacketReader& reader;
+    const FrameBudget& memory;
+    std::deque<Frame> frames; ///< not yet handed out
 };

@@ -6,11 +6,40 @@
 
 #include <cerrno>
 
-SerialDecoder::SerialDecoder(CodecContextPointer context, FrameBudget& memory)
+SerialDecoder::SerialDecoder(CodecContextPointer context, PacketReader& reader, FrameBudget& memory,
+                             qint64 lastNumber)
     : context(std::move(context))
+    , reader(reader)
     , memory(memory)
-    , pacing(*this->context) {}
+    , pacing(*this->context)
+    , lastNumber(lastNumber) {}
 
+FrameDecoder::Result SerialDecoder::next() {
+    while (!reader.isInterrupted()) {
+        const auto packet = reader.read();
+        if (!packet)
+            break;
+        AVFramePointer found = decode(*packet->packet);
+        countUndecoded(packet->number);
+        if (memory.hasFailed())
+            return {Outcome::OutOfMemory, {}};
+        if (!found || packet->number <= lastNumber)
+            continue;
+        lastNumber = packet->number;
+        return {Outcome::Frame, frameOf(std::move(found), packet->number, packet->packet->dts,
+                                        reader.stream().time_base)};
+    }
+    return {Outcome::End, {}};
+}
+
+/// Several threads have come to one at the first packet that is refused: all count the same.
+void SerialDecoder::countUndecoded(qint64 packet) {
+    undecoded += isLastUndecoded ? 1 : 0;
+    isLastUndecoded = isRefused && lastNumber >= 0 && packet > lastNumber;
+}
+
+/// What the decoder thinks of the packet does not matter: a damaged one can complete a picture,
+/// too, and a good one need not.
 AVFramePointer SerialDecoder::decode(const AVPacket& packet) {
     errno = 0;
     isRefused = false;
@@ -56,10 +85,11 @@ AVFramePointer SerialDecoder::takeHeld() {
     return isTaken ? std::move(held) : nullptr;
 }
 
-void SerialDecoder::flush() {
+bool SerialDecoder::flush() {
     waiting.clear();
     pacing.restart();
     avcodec_flush_buffers(context.get());
+    return true;
 }
 
 /// Decoders that find no room for what they keep beside the pictures often answer that the data is

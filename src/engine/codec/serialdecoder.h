@@ -5,44 +5,42 @@
 #pragma once
 
 #include "codeccontext.h"
+#include "framedecoder.h"
 #include "framepacing.h"
+#include "packetreader.h"
 
 #include <deque>
 
 /// Decodes packets one at a time: what a packet completes comes out before the next one goes in.
-class SerialDecoder {
+class SerialDecoder : public FrameDecoder {
 public:
     /// `context` must be open and must not thread across pictures. `memory` counts its pictures and
-    /// is told where the decoder runs out of it; it must outlive this object.
-    SerialDecoder(CodecContextPointer context, FrameBudget& memory);
+    /// is told where the decoder runs out of it. Frames that packets up to `lastNumber` complete
+    /// are not handed out. All must outlive this object.
+    SerialDecoder(CodecContextPointer context, PacketReader& reader, FrameBudget& memory,
+                  qint64 lastNumber);
 
-    /// The picture that comes with the packet, as `FramePacing` says; null if there is none. What
-    /// the decoder thinks of the packet does not matter: a damaged one can complete a picture, too,
-    /// and a good one need not.
-    AVFramePointer decode(const AVPacket& packet);
-
-    /// Whether the decoder has refused what it was given last.
-    bool hasRefused() const { return isRefused; }
-
-    /// The first of the pictures that the decoder still holds; null if it holds none. Nothing can
-    /// be decoded from then on.
-    AVFramePointer takeHeld();
-
-    /// Forgets all packets so far.
-    void flush();
-
-    /// Pictures per second as the stream's headers say, 0 if unknown.
-    double frameRate() const { return frameRateOf(*context); }
+    Result next() override;
+    double headerFrameRate() const override { return frameRateOf(*context); }
+    qint64 undecodedPackets() const override { return undecoded; }
+    AVFramePointer takeHeld() override;
+    bool flush() override;
 
 private:
+    AVFramePointer decode(const AVPacket& packet);
     AVFramePointer nextWaiting();
     void noteRefusal(int result);
+    void countUndecoded(qint64 packet);
 
     CodecContextPointer context;
+    PacketReader& reader;
     FrameBudget& memory;
     FramePacing pacing;
+    qint64 lastNumber;                  ///< of the packet that completed the last frame
     qint64 packets = 0;                 ///< so far
+    qint64 undecoded = 0;               ///< of them, but for the last one
     bool isRefused = false;             ///< the last one
+    bool isLastUndecoded = false;       ///< it counts, too
     AVFramePointer picture;             ///< reused until the decoder has filled it
     std::deque<AVFramePointer> waiting; ///< to be handed out, one for each packet
 };

@@ -8,8 +8,6 @@
 #include "logging.h"
 #include "videodecoder.h"
 
-#include <new>
-
 namespace {
 
 // Enough to even out pictures that take longer; with those that the measure and the segmentation
@@ -40,9 +38,9 @@ DecodeAhead::~DecodeAhead() {
     thread.join();
 }
 
-ReadPicture DecodeAhead::next() {
+Frame DecodeAhead::next() {
     if (!thread.joinable())
-        return readOrFail();
+        return decoder.next();
     std::unique_lock<std::mutex> lock(mutex);
     isWanted = true;
     changed.notify_all();
@@ -50,29 +48,12 @@ ReadPicture DecodeAhead::next() {
     isWanted = false;
     if (queue.empty())
         std::rethrow_exception(thrown);
-    ReadPicture picture = queue.front();
-    if (picture.frame)
+    Frame frame = queue.front();
+    if (frame.isThere())
         queue.pop_front();
     lock.unlock();
     changed.notify_all();
-    return picture;
-}
-
-ReadPicture DecodeAhead::readOne() {
-    FramePointer frame(decoder.readFrame(true));
-    const ReadEnd end = frame ? ReadEnd() : decoder.readEnd();
-    const double rate = frame ? decoder.headerFrameRate() : 0.0;
-    return {std::move(frame), decoder.bytePosition(), rate, end};
-}
-
-ReadPicture DecodeAhead::readOrFail() {
-    try {
-        return readOne();
-    } catch (const std::bad_alloc&) {
-        ReadPicture none;
-        none.end = {ReadEnd::Cause::OutOfMemory, QStringLiteral("out of memory")};
-        return none;
-    }
+    return frame;
 }
 
 /// The thread. Nothing may leave it but by way of who waits.
@@ -94,11 +75,11 @@ void DecodeAhead::readOrThrow() {
         if (isStopping)
             return;
         lock.unlock();
-        ReadPicture picture = readOrFail();
+        Frame frame = decoder.next();
         lock.lock();
-        isAtEnd = !picture.frame;
-        areSmall = picture.frame && picture.frame->bytes() <= largestKeptPicture;
-        queue.push_back(std::move(picture));
+        isAtEnd = !frame.isThere();
+        areSmall = !isAtEnd && frame.picture->bytes() <= largestKeptPicture;
+        queue.push_back(std::move(frame));
         changed.notify_all();
     }
 }

@@ -4,79 +4,84 @@
 
 #include "decodingcontext.h"
 
-#include "codeccontext.h"
-#include "ffmpegmutex.h"
+#include "chunkreader.h"
+#include "framethreadeddecoder.h"
+#include "keyframedecoder.h"
 #include "logging.h"
 #include "packetskip.h"
-
-#include <QMutexLocker>
+#include "serialdecoder.h"
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
 // Each holds a few pictures of its own.
-constexpr int mostKeyDecoders = 8;
+constexpr int mostKeyframeDecoders = 8;
+
+ReadEnd outOfMemory(const QString& error = QStringLiteral("out of memory")) {
+    return {ReadEnd::Cause::OutOfMemory, error};
+}
 
 } // namespace
 
-bool DecodingContext::open(int mostThreads, bool isKeyframesOnly,
-                           const PictureComparisonMaker& comparison) {
-    threads = mostThreads;
-    if (!file.isOpen()) {
-        error = file.errorText();
-        return false;
-    }
-    const AVCodecParameters& parameters = *reader.stream().codecpar;
-    if (isKeyframesOnly) {
-        reader.readKeyframesOnly();
-        QMutexLocker lock(&ffmpegMutex());
-        return openKeys();
-    }
+DecodingContext::DecodingContext(MediaFile& file, DecodingOptions options)
+    : file(file)
+    , reader(file.packets())
+    , options(std::move(options)) {
+    open();
+}
+
+bool DecodingContext::open() {
+    if (options.isKeyframesOnly)
+        return openKeyframes();
     // A pipe may have its packets come slowly; a chunk is read as a whole.
-    const bool mayCut = comparison && file.canReopen();
-    const ChunkPlan plan = mayCut ? planChunks(parameters, threads) : ChunkPlan();
-    return plan.workers > 0 ? openChunks(plan, comparison) : openWhole(parameters, nullptr);
+    const bool mayCut = options.comparison && file.canReopen();
+    const AVCodecParameters& parameters = *reader.stream().codecpar;
+    const ChunkPlan plan = mayCut ? planChunks(parameters, options.threads) : ChunkPlan();
+    Restart none;
+    return plan.workers > 0 ? openChunks(plan) : openWhole(parameters, options.threads, none);
 }
 
-OpenedCodec DecodingContext::openLocked(const AVCodecParameters& parameters, int count) {
-    QMutexLocker lock(&ffmpegMutex());
-    OpenedCodec opened = openCodec(parameters, count, memory);
+bool DecodingContext::openWhole(const AVCodecParameters& parameters, int threads, Restart& from) {
+    OpenedCodec opened = openCodec(parameters, threads, memory);
     error = opened.error;
-    return opened;
-}
-
-/// Primed with `firstPacket`, if there is one.
-bool DecodingContext::openWhole(const AVCodecParameters& parameters, const AVPacket* firstPacket) {
-    OpenedCodec opened = openLocked(parameters, threads);
     if (!opened.context)
         return false;
-    if (firstPacket)
-        prime(*opened.context, *firstPacket);
+    // From the start of the file the decoder learns all of it anew, as it did the first time.
+    if (from.isFromStart())
+        from.firstPacket.reset();
+    else if (!opened.hasFrameThreads)
+        opened.context->has_b_frames = from.reorderDelay;
+    if (from.firstPacket)
+        prime(*opened.context, *from.firstPacket);
     if (opened.hasFrameThreads)
-        threaded = std::make_unique<FrameThreadedDecoder>(
-            std::move(opened.context), reader,
-            PacketPointer(firstPacket ? av_packet_clone(firstPacket) : nullptr), lastNumber,
-            !file.canReopen());
+        decoder = std::make_unique<FrameThreadedDecoder>(std::move(opened.context), reader, memory,
+                                                         std::move(from.firstPacket), lastNumber,
+                                                         !file.canReopen());
     else
-        serial = std::make_unique<SerialDecoder>(std::move(opened.context), memory);
+        decoder =
+            std::make_unique<SerialDecoder>(std::move(opened.context), reader, memory, lastNumber);
     return true;
 }
 
-bool DecodingContext::openChunks(const ChunkPlan& plan, const PictureComparisonMaker& comparison) {
-    OpenedCodec opened = openLocked(*reader.stream().codecpar, 1);
+bool DecodingContext::openChunks(const ChunkPlan& plan) {
+    OpenedCodec opened = openCodec(*reader.stream().codecpar, 1, memory);
+    error = opened.error;
     if (!opened.context)
         return false;
     qCDebug(engineLog, "chunks, %d at a time", plan.workers);
-    chunks = std::make_unique<ChunkReader>(reader, memory, std::move(opened.context), plan,
-                                           comparison, chunkKeeper);
+    decoder = std::make_unique<ChunkReader>(reader, memory, std::move(opened.context), plan,
+                                            options.comparison, options.keeper);
+    areChunks = true;
     return true;
 }
 
-bool DecodingContext::openKeys() {
+bool DecodingContext::openKeyframes() {
     const AVCodecParameters& parameters = *reader.stream().codecpar;
     const qint64 bytes = pictureBytes(parameters.format, parameters.width, parameters.height);
-    const int count = bytes > largestKeptPicture ? 1 : std::min(threads, mostKeyDecoders);
+    const int count =
+        bytes > largestKeptPicture ? 1 : std::min(options.threads, mostKeyframeDecoders);
     std::vector<CodecContextPointer> contexts;
     while (int(contexts.size()) < count) {
         OpenedCodec opened = openCodec(parameters, 1, memory);
@@ -87,145 +92,81 @@ bool DecodingContext::openKeys() {
     }
     if (contexts.empty())
         return false;
-    keys = std::make_unique<KeyframeDecoder>(std::move(contexts));
+    reader.readKeyframesOnly();
+    decoder = std::make_unique<KeyframeDecoder>(std::move(contexts), reader, memory);
     return true;
 }
 
-std::optional<CompletedPicture> DecodingContext::nextPicture() {
-    if (!end.error.isEmpty())
-        return std::nullopt;
-    if (keys)
-        return nextKeyPicture();
-    if (threaded) {
-        FrameThreadedDecoder::Result result = threaded->next(reader);
-        // Where many threads found no room, one may.
-        if (result.outcome == FrameThreadedDecoder::Outcome::End && !memory.hasFailed())
-            return std::nullopt;
-        if (result.outcome == FrameThreadedDecoder::Outcome::Picture) {
-            lastNumber = result.picture.number;
-            return std::move(result.picture);
+Frame DecodingContext::next() {
+    Frame frame;
+    try {
+        frame = nextFrame();
+    } catch (const std::bad_alloc&) {
+        ownEnd = outOfMemory();
+    }
+    if (frame.isThere())
+        lastNumber = frame.packet;
+    else if (wantedPart)
+        wantedPart->endReached();
+    if (!frame.chunk)
+        frame.bytePosition = file.bytePosition();
+    // Times were seen while the file was opened.
+    if (file.hasTimes())
+        frame.headerFrameRate = 0.0;
+    if (frame.picture && wantedPart &&
+        !wantedPart->isInside(*frame.picture->frame, frame.packet, !frame.isTimeMissing))
+        frame.picture.reset();
+    return frame;
+}
+
+Frame DecodingContext::nextFrame() {
+    while (decoder && ownEnd.error.isEmpty()) {
+        FrameDecoder::Result result = decoder->next();
+        switch (result.outcome) {
+        case FrameDecoder::Outcome::Frame:
+            if (!areChunks)
+                result.frame.headerFrameRate = decoder->headerFrameRate();
+            return std::move(result.frame);
+        case FrameDecoder::Outcome::End:
+            return {};
+        case FrameDecoder::Outcome::OutOfMemory:
+            ownEnd = outOfMemory(memory.errorText());
+            break;
+        case FrameDecoder::Outcome::Fallback:
+            restart(decoder->takeRestart());
         }
-        if (!goSerial())
-            return std::nullopt;
     }
-    return serial ? nextSerialPicture() : std::nullopt;
+    return {};
 }
 
-std::optional<ChunkFrame> DecodingContext::nextChunkFrame() {
-    auto picture = chunks->next();
-    if (!picture && chunks->isInDoubt() && !reader.isInterrupted())
-        leaveChunks();
-    return picture;
-}
-
-/// Goes on as if there had been no chunks, just behind the last picture that was handed out.
-void DecodingContext::leaveChunks() {
-    ChunkReader::Rest rest = chunks->takeRest();
-    qCDebug(engineLog, "no chunks from packet %lld on", static_cast<long long>(rest.lastNumber));
-    chunks.reset();
-    if (rest.isDamaged)
-        threads = 1;
+/// Goes on just behind the last frame that was handed out, as if another decoder had never been
+/// there.
+void DecodingContext::restart(Restart from) {
+    qCDebug(engineLog,
+            areChunks ? "no chunks from packet %lld on" : "one thread from packet %lld on",
+            static_cast<long long>(lastNumber));
+    decoder.reset();
+    areChunks = false;
     memory.tryAgain();
-    if (!goOn(std::move(rest)))
-        end = {ReadEnd::Cause::OutOfMemory, error};
-}
-
-bool DecodingContext::goOn(ChunkReader::Rest rest) {
-    lastNumber = rest.lastNumber;
-    if (rest.packets.empty() && !file.reopen()) {
-        error = file.errorText();
-        return false;
+    if (from.packets.empty() && !file.reopen()) {
+        ownEnd = {ReadEnd::Cause::ReadError, file.errorText()};
+        return;
     }
-    const bool isFromStart = rest.packets.empty() || rest.packets.front().number == 0;
     const ParametersPointer parameters(avcodec_parameters_alloc());
-    if (!parameters || avcodec_parameters_copy(parameters.get(), reader.stream().codecpar) < 0) {
-        error = QStringLiteral("out of memory");
-        return false;
-    }
-    if (!isFromStart)
-        parameters->video_delay = rest.reorderDelay;
-    reader.putBack(std::move(rest.packets));
-    return openWhole(*parameters, isFromStart ? nullptr : rest.firstPacket.get());
-}
-
-std::optional<CompletedPicture> DecodingContext::nextKeyPicture() {
-    auto picture = keys->next(reader);
-    if (memory.hasFailed()) {
-        end = {ReadEnd::Cause::OutOfMemory, memory.errorText()};
-        return std::nullopt;
-    }
-    return picture;
-}
-
-std::optional<CompletedPicture> DecodingContext::nextSerialPicture() {
-    while (auto next = nextSerialPacket()) {
-        AVFramePointer picture = serial->decode(*next->packet);
-        noteRefusal(next->number);
-        if (memory.hasFailed()) {
-            end = {ReadEnd::Cause::OutOfMemory, memory.errorText()};
-            return std::nullopt;
-        }
-        // Up to that packet the frame threads have already handed everything out.
-        if (!picture || next->number <= lastNumber)
-            continue;
-        lastNumber = next->number;
-        return CompletedPicture{next->number, next->packet->dts, std::move(picture)};
-    }
-    return std::nullopt;
-}
-
-/// Several threads have come to one at the first packet that is refused: all count the same.
-void DecodingContext::noteRefusal(qint64 packet) {
-    undecodedPackets += isLastUndecoded ? 1 : 0;
-    isLastUndecoded = serial->hasRefused() && lastNumber >= 0 && packet > lastNumber;
-}
-
-std::optional<NumberedPacket> DecodingContext::nextSerialPacket() {
-    if (reader.isInterrupted())
-        return std::nullopt;
-    if (replay.empty())
-        return reader.read();
-    NumberedPacket packet = std::move(replay.front());
-    replay.pop_front();
-    return packet;
-}
-
-/// Goes on with one thread, just behind the last picture that was handed out.
-bool DecodingContext::goSerial() {
-    qCDebug(engineLog, "one thread from packet %lld on", static_cast<long long>(lastNumber));
-    FrameThreadedDecoder::Restart restart = threaded->takeRestart();
-    replay = std::move(restart.packets);
-    QMutexLocker lock(&ffmpegMutex());
-    threaded.reset();
-    lock.unlock();
-    memory.tryAgain();
-    if (replay.empty() && !file.reopen()) {
-        end = {ReadEnd::Cause::ReadError, file.errorText()};
-        return false;
-    }
-    OpenedCodec opened = openLocked(*reader.stream().codecpar, 1);
-    if (!opened.context) {
-        end = {ReadEnd::Cause::OutOfMemory, opened.error};
-        return false;
-    }
-    // From the start of the file the decoder learns all of it anew, as it did the first time.
-    if (!replay.empty() && replay.front().number > 0) {
-        opened.context->has_b_frames = restart.reorderDelay;
-        if (restart.firstPacket)
-            prime(*opened.context, *restart.firstPacket);
-    }
-    serial = std::make_unique<SerialDecoder>(std::move(opened.context), memory);
-    return true;
+    if (!parameters || avcodec_parameters_copy(parameters.get(), reader.stream().codecpar) < 0)
+        throw std::bad_alloc();
+    if (!from.isFromStart())
+        parameters->video_delay = from.reorderDelay;
+    if (!openWhole(*parameters, from.isForOneThread ? 1 : options.threads, from))
+        ownEnd = outOfMemory(error);
+    reader.putBack(std::move(from.packets));
 }
 
 bool DecodingContext::skipTo(std::int64_t dts) {
+    Restart none;
     if (!reader.isAtStart()) {
-        QMutexLocker lock(&ffmpegMutex());
-        threaded.reset();
-        serial.reset();
-        lock.unlock();
-        replay.clear();
-        if (!openWhole(*reader.stream().codecpar, nullptr))
+        decoder.reset();
+        if (!openWhole(*reader.stream().codecpar, options.threads, none))
             return false;
     }
     std::deque<NumberedPacket> packets = ::skipTo(reader, dts);
@@ -238,70 +179,38 @@ bool DecodingContext::beginPart(RecordingPart wanted, qint64 delay) {
     const qint64 bytes = file.bytes();
     if (bytes <= 0)
         return false;
-    part.emplace(*reader.stream().codecpar, wanted, bytes, delay);
-    reader.setWatch([this](const NumberedPacket& packet) { part->add(packet); });
-    std::deque<NumberedPacket> packets = skipToPart(reader, *part);
-    if (!part->hasBegun())
-        part->endReached();
-    if (!packets.empty() || part->begin() == 0) {
+    wantedPart.emplace(*reader.stream().codecpar, wanted, bytes, delay);
+    reader.setWatch([this](const NumberedPacket& packet) { wantedPart->add(packet); });
+    std::deque<NumberedPacket> packets = skipToPart(reader, *wantedPart);
+    if (!wantedPart->hasBegun())
+        wantedPart->endReached();
+    if (!packets.empty() || wantedPart->begin() == 0) {
         reader.putBack(std::move(packets));
         return true;
     }
-    part->runUpFromStart();
-    if (!file.reopen()) {
-        error = file.errorText();
-        return false;
-    }
-    return true;
+    wantedPart->runUpFromStart();
+    if (file.reopen())
+        return true;
+    error = file.errorText();
+    return false;
 }
 
-namespace {
-
-/// Some containers give the first packets behind a seek no decoding time.
-std::int64_t seekTime(const AVPacket& packet) {
-    return packet.dts == AV_NOPTS_VALUE ? packet.pts : packet.dts;
-}
-
-} // namespace
-
-/// The key frame before the last one, where there is one: pictures between two key frames may need
-/// what lies before the first.
 bool DecodingContext::seekBefore(std::int64_t dts) {
-    replay.clear();
-    auto last = seekToKey(dts);
-    if (!serial || !last)
+    auto key = ::seekBefore(reader, dts);
+    if (!key || !decoder || !decoder->flush())
         return false;
-    auto first = seekToKey(seekTime(*last->packet) - 1);
-    if (!first)
-        first = seekToKey(dts);
-    if (!first)
-        return false;
-    serial->flush();
-    end = {};
-    replay.push_back(std::move(*first));
+    ownEnd = {};
+    std::deque<NumberedPacket> packets;
+    packets.push_back(std::move(*key));
+    reader.putBack(std::move(packets));
     return true;
 }
 
-/// A key frame at or before `latest`, the last one if the container knows; reading goes on behind
-/// it.
-std::optional<NumberedPacket> DecodingContext::seekToKey(std::int64_t latest) {
-    std::int64_t back = 0;
-    const std::int64_t second = av_rescale_q(1, {1, 1}, reader.stream().time_base);
-    // Containers without a list of key frames lead to some place before the time.
-    constexpr int mostTries = 12;
-    for (int i = 0; i < mostTries && reader.seek(latest - back); ++i) {
-        auto key = nextKey();
-        const std::int64_t time = key ? seekTime(*key->packet) : AV_NOPTS_VALUE;
-        if (time != AV_NOPTS_VALUE && time <= latest)
-            return key;
-        back = back == 0 ? second : back * 2;
-    }
-    return std::nullopt;
+ReadingSigns DecodingContext::readingSigns() const {
+    return {decoder ? decoder->undecodedPackets() : 0, file.hasReadingErrors(),
+            file.promisedLength()};
 }
 
-std::optional<NumberedPacket> DecodingContext::nextKey() {
-    auto packet = reader.read();
-    while (packet && (packet->packet->flags & AV_PKT_FLAG_KEY) == 0)
-        packet = reader.read();
-    return packet;
+qint64 DecodingContext::libavErrors() const {
+    return file.libavErrors() + memory.libavErrors.load() + unownedLibavErrors();
 }

@@ -4,73 +4,90 @@
 
 #pragma once
 
-#include "chunkreader.h"
-#include "framethreadeddecoder.h"
-#include "keyframedecoder.h"
+#include "framebudget.h"
+#include "framedecoder.h"
 #include "mediafile.h"
 #include "partreading.h"
-#include "serialdecoder.h"
+#include "picturecomparison.h"
+#include "picturekeeper.h"
 
-#include <cstdint>
-#include <deque>
-#include <memory>
 #include <optional>
 
-/// One open file. Exactly one of the four decoders is there once the file is open.
-struct DecodingContext {
-    MediaFile file;
-    PacketReader& reader = file.packets();
-    FrameBudget memory; ///< outlives the decoders
-    std::unique_ptr<FrameThreadedDecoder> threaded;
-    std::unique_ptr<SerialDecoder> serial;
-    std::unique_ptr<KeyframeDecoder> keys;
-    std::unique_ptr<ChunkReader> chunks; ///< gone where `ffmpegMutex` is held to close the rest
-    PictureKeeperMaker chunkKeeper;      ///< of `chunks`; may be null. Set before `open`.
-    std::deque<NumberedPacket> replay; ///< packets that the serial decoder takes before reading on
-    qint64 lastNumber = -1;            ///< packet that completed the last picture handed out
-    int threads = 1;                   ///< that may decode
-    QString error;
-    ReadEnd end;                     ///< where the reader does not know it
-    std::optional<PartReading> part; ///< where only one is read
-    qint64 undecodedPackets = 0;     ///< behind the first picture, but for the last one so far
+struct ChunkPlan;
 
-    explicit DecodingContext(const char* fileName, const std::function<bool()>& isInterrupted)
-        : file(fileName, isInterrupted) {}
+/// How the frames of a file are decoded.
+struct DecodingOptions {
+    int threads = 1;              ///< that may decode
+    bool isKeyframesOnly = false; ///< key frames alone, each with the time at which it is shown
 
-    /// False if it cannot be opened; `error` tells why. With a `comparison` the file is decoded in
-    /// chunks where that is exact and pays.
-    bool open(int threads, bool isKeyframesOnly, const PictureComparisonMaker& comparison);
+    /// Null, or has the file decoded in chunks side by side where that is exact and pays. Frames
+    /// are then compared where they are decoded, with what this makes for each thread.
+    PictureComparisonMaker comparison;
+    PictureKeeperMaker keeper; ///< of chunks; may be null
+};
 
-    /// Nothing at the end; `end` or the reader's tells why. Not while there are chunks.
-    std::optional<CompletedPicture> nextPicture();
+/// Decodes an open file with the decoder that suits it, and goes on with another one where that
+/// one falls back.
+class DecodingContext {
+public:
+    /// `file` must be open and outlive this object.
+    DecodingContext(MediaFile& file, DecodingOptions options);
 
-    /// The same of `chunks`, which must be there. They are gone once the rest is to be had from
-    /// `nextPicture`.
-    std::optional<ChunkFrame> nextChunkFrame();
+    /// Why there is no decoder, or no part, for a person; empty if there is.
+    const QString& errorText() const { return error; }
 
-    /// As `VideoDecoder::skipTo`, in the stream's time base.
+    /// The next frame; none at the end, and from then on.
+    Frame next();
+
+    /// Why there are no more.
+    const ReadEnd& end() const { return ownEnd.error.isEmpty() ? reader.readEnd() : ownEnd; }
+
+    /// The next frame is decoded in a chunk, unless the decoder falls back.
+    bool isInChunks() const { return areChunks; }
+
+    /// Goes on to `dts` without decoding, so far before it that the frames from there on are those
+    /// that come from the start on. False if that is not certain; the file must then be read from
+    /// its start.
     bool skipTo(std::int64_t dts);
 
-    /// As `VideoDecoder::beginPart`.
+    /// At the start of a file whose first frame packet `delay` completed: goes on, without
+    /// decoding, to one part of it. The frames are then those of the part, with some before them.
+    /// False if that cannot be done.
     bool beginPart(RecordingPart wanted, qint64 delay);
 
-    /// As `VideoDecoder::seekBefore`, in the stream's time base.
+    /// The part that is read; null if it is the whole file.
+    const PartReading* part() const { return wantedPart ? &*wantedPart : nullptr; }
+
+    /// With one thread: goes back or on to a key frame before the frame at `dts`, if it can, so far
+    /// before it that what comes out there is what comes out from the start on. That and the times
+    /// are the container's word; false if it has none.
     bool seekBefore(std::int64_t dts);
 
-private:
-    bool openKeys();
-    bool openChunks(const ChunkPlan& plan, const PictureComparisonMaker& comparison);
-    bool openWhole(const AVCodecParameters& parameters, const AVPacket* firstPacket);
-    OpenedCodec openLocked(const AVCodecParameters& parameters, int count);
-    void leaveChunks();
-    bool goOn(ChunkReader::Rest rest);
-    std::optional<NumberedPacket> seekToKey(std::int64_t latest);
-    std::optional<NumberedPacket> nextKey();
-    std::optional<CompletedPicture> nextKeyPicture();
-    std::optional<CompletedPicture> nextSerialPicture();
-    std::optional<NumberedPacket> nextSerialPacket();
-    bool goSerial();
-    void noteRefusal(qint64 packet);
+    /// Behind the end, with one thread: the first of the pictures that are still in the decoder;
+    /// null if there is none.
+    AVFramePointer takeHeld() { return decoder ? decoder->takeHeld() : nullptr; }
 
-    bool isLastUndecoded = false; ///< the last packet
+    ReadingSigns readingSigns() const;
+
+    /// That the libraries have told of the file; those whose file cannot be told count.
+    qint64 libavErrors() const;
+
+private:
+    bool open();
+    bool openKeyframes();
+    bool openChunks(const ChunkPlan& plan);
+    bool openWhole(const AVCodecParameters& parameters, int threads, Restart& from);
+    Frame nextFrame();
+    void restart(Restart from);
+
+    MediaFile& file;
+    PacketReader& reader;
+    DecodingOptions options;
+    FrameBudget memory;                    ///< outlives the decoder
+    std::unique_ptr<FrameDecoder> decoder; ///< null after a failure
+    bool areChunks = false;                ///< that `decoder` decodes
+    std::optional<PartReading> wantedPart; ///< where only one is read
+    qint64 lastNumber = -1;                ///< packet that completed the last frame
+    QString error;
+    ReadEnd ownEnd; ///< where the reader does not know it
 };

@@ -18,9 +18,9 @@ RangedPictures::RangedPictures(PictureSource& pictures, const TimeRange& range,
     , origin(origin)
     , isSkipped(origin.has_value()) {}
 
-TimedPicture RangedPictures::next() {
+Frame RangedPictures::next() {
     for (;;) {
-        TimedPicture picture = pictures.next();
+        Frame picture = pictures.next();
         if (!picture.isThere())
             return {};
         count(picture);
@@ -33,11 +33,11 @@ TimedPicture RangedPictures::next() {
     }
 }
 
-void RangedPictures::count(const TimedPicture& picture) {
+void RangedPictures::count(const Frame& picture) {
     if (!origin)
-        origin = RecordingOrigin{picture.time, picture.packet()};
+        origin = RecordingOrigin{picture.time, picture.packet};
     const qint64 last = currentNumber;
     const bool isByPacket = isSkipped && !hasBegun;
-    currentNumber = isByPacket ? picture.packet() - origin->packet : last + 1;
+    currentNumber = isByPacket ? picture.packet - origin->packet : last + 1;
     hasGap = hasGap || (last >= 0 && currentNumber != last + 1);
 }

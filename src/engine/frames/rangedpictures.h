@@ -26,7 +26,7 @@ public:
                    std::optional<RecordingOrigin> origin);
 
     /// The next one; null at the end of the range or the file.
-    TimedPicture next();
+    Frame next();
 
     /// The number of the picture that `next` has answered last.
     qint64 number() const { return currentNumber; }
@@ -36,10 +36,10 @@ public:
     double originTime() const { return origin ? origin->time : 0.0; }
 
     /// Whether packets did not each complete one picture, so that they tell no numbers.
-    bool isInDoubt() const { return hasGap; }
+    bool hasMismatch() const { return hasGap; }
 
 private:
-    void count(const TimedPicture& picture);
+    void count(const Frame& picture);
 
     PictureSource& pictures;
     TimeRange range;

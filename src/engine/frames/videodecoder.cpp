@@ -5,22 +5,12 @@
 #include "videodecoder.h"
 
 #include "decodingcontext.h"
-#include "ffmpegmutex.h"
 
-#include <QMutexLocker>
 #include <QThread>
 
 #include <cmath>
 #include <cstdint>
-
-namespace {
-
-double timeOf(std::int64_t dts, const AVRational& timeBase) {
-    // A missing decoding time is the smallest 64-bit number, which a double holds exactly.
-    return double(dts) * (double(timeBase.num) / double(timeBase.den));
-}
-
-} // namespace
+#include <utility>
 
 VideoDecoder::VideoDecoder(int threads)
     : threads(threads > 0 ? threads : qMax(1, QThread::idealThreadCount())) {}
@@ -35,9 +25,12 @@ void VideoDecoder::setInterrupt(std::function<bool()> isInterrupted) {
 
 bool VideoDecoder::open(const char* fileName) {
     close();
-    context = std::make_unique<DecodingContext>(fileName, interrupt);
-    context->chunkKeeper = chunkKeeper;
-    return context->open(threads, isKeyframesOnly, chunkComparison);
+    file = std::make_unique<MediaFile>(fileName, interrupt);
+    if (!file->isOpen())
+        return false;
+    context = std::make_unique<DecodingContext>(
+        *file, DecodingOptions{threads, isKeyframesOnly, chunkComparison, chunkKeeper});
+    return context->errorText().isEmpty();
 }
 
 void VideoDecoder::setChunks(PictureComparisonMaker maker, PictureKeeperMaker keeperMaker) {
@@ -45,39 +38,31 @@ void VideoDecoder::setChunks(PictureComparisonMaker maker, PictureKeeperMaker ke
     chunkKeeper = std::move(keeperMaker);
 }
 
-bool VideoDecoder::hasChunks() const {
-    return context && context->chunks;
+bool VideoDecoder::isInChunks() const {
+    return context && context->isInChunks();
 }
 
-std::optional<ChunkFrame> VideoDecoder::readChunked() {
-    return hasChunks() ? context->nextChunkFrame() : std::nullopt;
+Frame VideoDecoder::next() {
+    return context ? context->next() : Frame();
 }
 
 DecodedFrame* VideoDecoder::readFrame(bool clone) {
-    auto completed = context ? context->nextPicture() : std::nullopt;
-    if (!completed && context && context->part)
-        context->part->endReached();
-    if (!completed || !isInPart(*completed))
+    const Frame frame = next();
+    if (!frame.picture)
         return nullptr;
-    AVFrame* picture =
-        clone ? av_frame_clone(completed->picture.get()) : completed->picture.release();
-    if (!picture) {
-        context->end = {ReadEnd::Cause::OutOfMemory, QStringLiteral("out of memory")};
-        return nullptr;
-    }
-    const AVStream* stream = context->file.stream();
-    return new DecodedFrame{timeOf(completed->dts, stream->time_base), picture, completed->number,
-                            completed->dts == AV_NOPTS_VALUE};
+    AVFrame*& decoded = frame.picture->frame;
+    AVFrame* picture = clone ? av_frame_clone(decoded) : std::exchange(decoded, nullptr);
+    return picture ? new DecodedFrame{frame.time, picture} : nullptr;
 }
 
 bool VideoDecoder::seekBefore(double time) {
     const auto dts = stampOf(time);
-    return dts && context->seekBefore(*dts);
+    return dts && context && context->seekBefore(*dts);
 }
 
 bool VideoDecoder::skipTo(double time) {
     const auto dts = stampOf(time);
-    return dts && context->skipTo(*dts);
+    return dts && context && context->skipTo(*dts);
 }
 
 bool VideoDecoder::beginPart(RecordingPart part, qint64 delay) {
@@ -85,21 +70,16 @@ bool VideoDecoder::beginPart(RecordingPart part, qint64 delay) {
 }
 
 const PartReading* VideoDecoder::part() const {
-    return context && context->part ? &*context->part : nullptr;
-}
-
-bool VideoDecoder::isInPart(const CompletedPicture& picture) {
-    return !context->part ||
-           context->part->isInside(*picture.picture, picture.number, picture.dts != AV_NOPTS_VALUE);
+    return context ? context->part() : nullptr;
 }
 
 bool VideoDecoder::canReadAgain() const {
-    return context && context->file.canReopen();
+    return file && file->canReopen();
 }
 
 /// The stream's time stamp of a time that was read from it.
 std::optional<std::int64_t> VideoDecoder::stampOf(double time) const {
-    const AVStream* stream = context ? context->file.stream() : nullptr;
+    const AVStream* stream = file ? file->stream() : nullptr;
     const double dts = stream ? time / av_q2d(stream->time_base) : 0.0;
     constexpr double farthest = 1e18; // where a double still leads to a 64-bit number
     if (!stream || !(std::abs(dts) < farthest))
@@ -108,66 +88,43 @@ std::optional<std::int64_t> VideoDecoder::stampOf(double time) const {
 }
 
 ReadEnd VideoDecoder::readEnd() const {
-    if (!context)
-        return {};
-    return context->end.error.isEmpty() ? context->reader.readEnd() : context->end;
+    return context ? context->end() : ReadEnd();
 }
 
 DecodedFrame* VideoDecoder::takeHeldFrame() {
-    AVFramePointer picture =
-        context && context->serial ? context->serial->takeHeld() : AVFramePointer();
-    if (!picture)
-        return nullptr;
-    const AVStream* stream = context->file.stream();
-    return new DecodedFrame{timeOf(AV_NOPTS_VALUE, stream->time_base), picture.release(), -1, true};
+    AVFramePointer picture = context ? context->takeHeld() : nullptr;
+    return picture ? new DecodedFrame{0.0, picture.release()} : nullptr;
 }
 
 void VideoDecoder::close() {
-    if (!context)
-        return;
-    // Its threads take the mutex themselves.
-    context->chunks.reset();
-    QMutexLocker lock(&ffmpegMutex());
     context.reset();
+    file.reset();
 }
 
 qint64 VideoDecoder::bytePosition() const {
-    return context ? context->file.bytePosition() : -1;
+    return file ? file->bytePosition() : -1;
 }
 
 int VideoDecoder::videoStreamIndex() const {
-    const AVStream* stream = context ? context->file.stream() : nullptr;
-    return stream ? stream->index : -1;
+    return file && file->isOpen() ? file->stream()->index : -1;
 }
 
 StreamFacts VideoDecoder::facts() const {
-    return context ? context->file.facts() : StreamFacts();
-}
-
-double VideoDecoder::headerFrameRate() const {
-    const AVStream* stream = context ? context->file.stream() : nullptr;
-    if (!stream || stream->start_time != AV_NOPTS_VALUE || context->keys || context->chunks)
-        return 0.0;
-    return context->threaded ? context->threaded->frameRate() : context->serial->frameRate();
+    return context && context->errorText().isEmpty() ? file->facts() : StreamFacts();
 }
 
 ReadingSigns VideoDecoder::readingSigns() const {
-    if (!context)
-        return {};
-    return {context->undecodedPackets, context->file.hasReadingErrors(),
-            context->file.promisedLength()};
+    return context ? context->readingSigns() : ReadingSigns();
 }
 
 qint64 VideoDecoder::libavErrors() const {
-    const qint64 own =
-        context ? context->file.libavErrors() + context->memory.libavErrors.load() : 0;
-    return own + unownedLibavErrors();
+    return context ? context->libavErrors() : 0;
 }
 
 QString VideoDecoder::errorText() const {
-    return context ? context->error : QString();
+    return context ? context->errorText() : file ? file->errorText() : QString();
 }
 
 bool VideoDecoder::isFileToBlame() const {
-    return context && context->file.isFileToBlame();
+    return file && file->isFileToBlame();
 }

@@ -4,8 +4,7 @@
 
 #pragma once
 
-#include "chunkframe.h"
-#include "decodedframe.h"
+#include "frame.h"
 #include "measurement.h"
 #include "picturecomparison.h"
 #include "picturekeeper.h"
@@ -20,9 +19,9 @@
 #include <memory>
 #include <optional>
 
+class DecodingContext;
+class MediaFile;
 class PartReading;
-struct CompletedPicture;
-struct DecodingContext;
 
 /// Reads one video file picture by picture: the first video stream by index, decoded in order.
 ///
@@ -48,19 +47,19 @@ public:
     void setKeyframesOnly(bool areWanted) { isKeyframesOnly = areWanted; }
 
     /// Has the files that are opened from now on decoded in chunks side by side where that is
-    /// exact and pays. Their pictures are compared where they are decoded, with what `maker` makes
-    /// for each thread, and come from `readChunked`.
+    /// exact and pays. Their frames are compared where they are decoded, with what `maker` makes
+    /// for each thread, and come without them.
     void setChunks(PictureComparisonMaker maker, PictureKeeperMaker keeperMaker = {});
 
     /// Opens the file at the path `fileName` (UTF-8) and never any other, closing what was open.
     /// False if there is no readable video stream or no decoder for it; `errorText` then says why.
     bool open(const char* fileName);
 
-    /// The next picture of a file that is decoded in chunks. Nothing at the end, for which
-    /// `readEnd` tells the reason, and where there are none or no more: while `hasChunks` is
-    /// false the pictures come from `readFrame`.
-    std::optional<ChunkFrame> readChunked();
-    bool hasChunks() const;
+    /// The next frame; none at the end, for which `readEnd` tells the reason.
+    Frame next();
+
+    /// The next frame is decoded in a chunk, unless the decoder falls back.
+    bool isInChunks() const;
 
     /// The next picture, or null at end of file and on any read error; `readEnd` tells which.
     ///
@@ -109,11 +108,6 @@ public:
     /// What the headers say of the stream; nothing while nothing is open.
     StreamFacts facts() const;
 
-    /// Pictures per second as the stream's own headers tell, where no picture has a time: 0 if they
-    /// do not, if key frames alone are read, or if times were seen while the file was opened. Once
-    /// a picture has been read.
-    double headerFrameRate() const;
-
     /// What tells of damage in the open file. Not while another thread reads.
     ReadingSigns readingSigns() const;
 
@@ -128,9 +122,9 @@ public:
     bool isFileToBlame() const;
 
 private:
-    bool isInPart(const CompletedPicture& picture);
     std::optional<std::int64_t> stampOf(double time) const;
 
+    std::unique_ptr<MediaFile> file;          ///< null while nothing is open
     std::unique_ptr<DecodingContext> context; ///< null while nothing is open
     std::function<bool()> interrupt;
     int threads;

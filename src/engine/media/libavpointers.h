@@ -20,18 +20,12 @@ struct AVFrameDeleter {
     void operator()(AVFrame* picture) const { av_frame_free(&picture); }
 };
 
-struct CodecContextDeleter {
-    void operator()(AVCodecContext* context) const { avcodec_free_context(&context); }
-};
-
 struct ParametersDeleter {
     void operator()(AVCodecParameters* parameters) const { avcodec_parameters_free(&parameters); }
 };
 
 using PacketPointer = std::unique_ptr<AVPacket, PacketDeleter>;
 using AVFramePointer = std::unique_ptr<AVFrame, AVFrameDeleter>;
-using CodecContextPointer = std::unique_ptr<AVCodecContext, CodecContextDeleter>;
-
 using ParametersPointer = std::unique_ptr<AVCodecParameters, ParametersDeleter>;
 
 /// A packet of the chosen stream and its place in it, counted from 0.

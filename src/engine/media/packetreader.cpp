@@ -18,6 +18,12 @@ void PacketReader::setWatch(std::function<void(const NumberedPacket&)> newWatch)
     watch = std::move(newWatch);
 }
 
+void PacketReader::putBack(std::deque<NumberedPacket> packets) {
+    for (NumberedPacket& later : returned)
+        packets.push_back(std::move(later));
+    returned = std::move(packets);
+}
+
 std::optional<NumberedPacket> PacketReader::read() {
     if (!returned.empty()) {
         NumberedPacket packet = std::move(returned.front());
@@ -64,6 +70,7 @@ void PacketReader::readKeyframesOnly() {
 
 bool PacketReader::seek(std::int64_t dts) {
     const LibavErrorScope scope(demuxer.errors);
+    returned.clear();
     hasEnded = false;
     end = {};
     return demuxer.canReopen() &&

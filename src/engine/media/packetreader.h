@@ -48,7 +48,7 @@ public:
     void setWatch(std::function<void(const NumberedPacket&)> newWatch);
 
     /// Has `packets` read again before what follows them.
-    void putBack(std::deque<NumberedPacket> packets) { returned = std::move(packets); }
+    void putBack(std::deque<NumberedPacket> packets);
 
     /// Once `read` has answered nothing: why.
     const ReadEnd& readEnd() const { return end; }

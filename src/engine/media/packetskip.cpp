@@ -68,3 +68,44 @@ std::deque<NumberedPacket> skipTo(PacketReader& reader, std::int64_t dts) {
     }
     return {};
 }
+
+namespace {
+
+/// Some containers give the first packets behind a seek no decoding time.
+std::int64_t seekTime(const AVPacket& packet) {
+    return packet.dts == AV_NOPTS_VALUE ? packet.pts : packet.dts;
+}
+
+std::optional<NumberedPacket> nextKey(PacketReader& reader) {
+    auto packet = reader.read();
+    while (packet && !isKey(*packet))
+        packet = reader.read();
+    return packet;
+}
+
+/// A key frame at or before `latest`, the last one if the container knows; reading goes on behind
+/// it.
+std::optional<NumberedPacket> seekToKey(PacketReader& reader, std::int64_t latest) {
+    std::int64_t back = 0;
+    const std::int64_t second = av_rescale_q(1, {1, 1}, reader.stream().time_base);
+    // Containers without a list of key frames lead to some place before the time.
+    constexpr int mostTries = 12;
+    for (int i = 0; i < mostTries && reader.seek(latest - back); ++i) {
+        auto key = nextKey(reader);
+        const std::int64_t time = key ? seekTime(*key->packet) : AV_NOPTS_VALUE;
+        if (time != AV_NOPTS_VALUE && time <= latest)
+            return key;
+        back = back == 0 ? second : back * 2;
+    }
+    return std::nullopt;
+}
+
+} // namespace
+
+std::optional<NumberedPacket> seekBefore(PacketReader& reader, std::int64_t dts) {
+    const auto last = seekToKey(reader, dts);
+    if (!last)
+        return std::nullopt;
+    auto first = seekToKey(reader, seekTime(*last->packet) - 1);
+    return first ? std::move(first) : seekToKey(reader, dts);
+}

@@ -18,3 +18,8 @@ constexpr qint64 mostSkippedBytes = 256 * 1024 * 1024;
 /// Empty where that is in doubt: packets without times or with times that fall, key frames too far
 /// apart, or no packet at all that late.
 std::deque<NumberedPacket> skipTo(PacketReader& reader, std::int64_t dts);
+
+/// Seeks to a key frame before `dts`, and answers it; reading goes on behind it. It is the one
+/// before the last, where there is one: pictures between two key frames may need what lies before
+/// the first. Nothing where the container cannot tell.
+std::optional<NumberedPacket> seekBefore(PacketReader& reader, std::int64_t dts);

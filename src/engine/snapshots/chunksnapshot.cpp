@@ -16,7 +16,7 @@ constexpr qint64 mostKeptBytes = 64 * 1024 * 1024;
 
 } // namespace
 
-ChunkSnapshot::ChunkSnapshot(ChunkFrame chunked, std::shared_ptr<ChunkCandidates> candidates)
+ChunkSnapshot::ChunkSnapshot(Frame chunked, std::shared_ptr<ChunkCandidates> candidates)
     : picture(std::move(chunked))
     , candidates(std::move(candidates)) {
     (*this->candidates)[picture.index] = this;
@@ -76,7 +76,7 @@ void ChunkSnapshot::setSmall(QImage image) {
     candidates->erase(picture.index);
 }
 
-ClipPicturePointer ChunkSnapshots::handleOf(const ChunkFrame& picture) {
+ClipPicturePointer ChunkSnapshots::handleOf(const Frame& picture) {
     if (!candidates || chunk.lock() != picture.chunk) {
         chunk = picture.chunk;
         candidates = std::make_shared<ChunkCandidates>();

@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "chunkframe.h"
+#include "chunkpictures.h"
 #include "clippicture.h"
 
 #include <map>
@@ -21,7 +21,7 @@ using ChunkCandidates = std::map<int, ChunkSnapshot*>;
 class ChunkSnapshot : public ClipPicture {
 public:
     /// `candidates` are those of the same chunk.
-    ChunkSnapshot(ChunkFrame picture, std::shared_ptr<ChunkCandidates> candidates);
+    ChunkSnapshot(Frame picture, std::shared_ptr<ChunkCandidates> candidates);
     ~ChunkSnapshot() override;
     ChunkSnapshot(const ChunkSnapshot&) = delete;
     ChunkSnapshot& operator=(const ChunkSnapshot&) = delete;
@@ -38,7 +38,7 @@ private:
     void decodeAll();
     void setSmall(QImage image);
 
-    ChunkFrame picture; ///< without a chunk once the small picture is made
+    Frame picture; ///< without a chunk once the small picture is made
     std::shared_ptr<ChunkCandidates> candidates;
     QImage small;
     QString error;
@@ -47,7 +47,7 @@ private:
 /// Makes the handles of a recording's chunked pictures, in their order.
 class ChunkSnapshots {
 public:
-    ClipPicturePointer handleOf(const ChunkFrame& picture);
+    ClipPicturePointer handleOf(const Frame& picture);
 
 private:
     std::weak_ptr<const Chunk> chunk; ///< that of the last one
