@@ -47,10 +47,9 @@ QImage picture(int number) {
 /// Clips of `count` times in a night, evenly spread; the first begins a step into it.
 class Night {
 public:
-    Night(ScanReport& report, int recording, const QString& video)
+    Night(const ScanReport& report, Recording& recording)
         : report(report)
-        , recording(recording)
-        , video(video) {}
+        , recording(recording) {}
 
     void tell(const std::vector<float>& strengths) {
         const double step = nightSeconds / double(strengths.size() + 1);
@@ -59,21 +58,19 @@ public:
             const int clip = int(time / step) - 1;
             const bool isMoving = clip >= 0 && std::fmod(time, step) < lengthOf(clip);
             const float noise = 0.1F + 0.05F * float(std::sin(time * 3.0));
-            report.addValue(recording, time, {isMoving ? strengths[std::size_t(clip)] : noise});
+            recording.reported->add(time, {isMoving ? strengths[std::size_t(clip)] : noise});
         }
         for (int i = 0; i < int(strengths.size()); ++i)
             add(i, step * (i + 1), strengths[std::size_t(i)]);
-        report.finish(recording, DetectionOutcome::Finished, {});
+        recording.reported->state = SearchState::Done;
     }
 
 private:
     static double lengthOf(int clip) { return 5.0 + clip % 30; }
 
     void add(int index, double start, float strength) {
-        ClipLine line;
-        line.video = video;
-        line.recording = recording;
-        line.clip = {index,       picture(recording * mostClips + index),
+        ClipLine line{recording, {}, {}};
+        line.clip = {index,       picture(recording.place * mostClips + index),
                      start,       start + lengthOf(index),
                      start + 2.0, {strength}};
         const QString failure = report.addClip(line);
@@ -81,9 +78,8 @@ private:
             std::fprintf(stderr, "%s\n", qPrintable(failure));
     }
 
-    ScanReport& report;
-    int recording;
-    QString video;
+    const ScanReport& report;
+    Recording& recording;
 };
 
 ScanOptions optionsFor(const QString& folder, int nights) {
@@ -108,16 +104,19 @@ int main(int argc, char* argv[]) {
     const ScanOptions options = optionsFor(QString::fromLocal8Bit(argv[1]), nights);
     if (!prepareFolder(ScanReport::pictureFolder(options.reportDirectory)).isEmpty())
         return 1;
-    ScanReport report(options);
+    std::vector<Recording> recordings = recordingsOf(options.videos);
+    const ScanReport report(options, recordings);
     const std::vector<float> strengths = shuffledStrengths(clips);
     for (int i = 0; i < nights; ++i) {
         const auto first = strengths.begin() + std::ptrdiff_t(i) * mostClips;
         const auto end = strengths.begin() + std::min(clips, (i + 1) * mostClips);
-        Night(report, i, options.videos[i]).tell(std::vector<float>(first, end));
+        Night(report, recordings[std::size_t(i)]).tell(std::vector<float>(first, end));
     }
-    report.addValue(nights, 60.0, {0.2F});
-    report.finish(nights, DetectionOutcome::Finished, {});
-    report.finish(nights + 1, DetectionOutcome::CannotOpen,
-                  QStringLiteral("no recording <at all>"));
+    ReportedRecording& quiet = *recordings[std::size_t(nights)].reported;
+    quiet.add(60.0, {0.2F});
+    quiet.state = SearchState::Done;
+    ReportedRecording& unread = *recordings.back().reported;
+    unread.state = SearchState::Failed;
+    unread.reason = QStringLiteral("no recording <at all>");
     return report.write().isEmpty() ? 0 : 1;
 }

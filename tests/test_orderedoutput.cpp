@@ -44,6 +44,14 @@ private:
     qint64 room;
 };
 
+/// The sections of `count` recordings.
+std::vector<OrderedOutput::Section*> sectionsOf(OrderedOutput& output, int count) {
+    std::vector<OrderedOutput::Section*> sections;
+    for (int i = 0; i < count; ++i)
+        sections.push_back(&output.add());
+    return sections;
+}
+
 } // namespace
 
 class TestOrderedOutput : public QObject {
@@ -60,35 +68,38 @@ private Q_SLOTS:
 void TestOrderedOutput::firstRecordingIsWrittenAtOnce() {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    OrderedOutput output(buffer, 2, nothingFails);
-    output.write(0, "a\n");
+    OrderedOutput output(buffer, nothingFails);
+    const auto sections = sectionsOf(output, 2);
+    sections[0]->write("a\n");
     QCOMPARE(buffer.data(), QByteArray("a\n"));
 }
 
 void TestOrderedOutput::othersWaitForTheirTurn() {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    OrderedOutput output(buffer, 2, nothingFails);
-    output.write(1, "b\n");
+    OrderedOutput output(buffer, nothingFails);
+    const auto sections = sectionsOf(output, 2);
+    sections[1]->write("b\n");
     QCOMPARE(buffer.data(), QByteArray());
-    output.write(0, "a\n");
-    output.finish(0);
+    sections[0]->write("a\n");
+    sections[0]->finish();
     QCOMPARE(buffer.data(), QByteArray("a\nb\n"));
-    output.write(1, "c\n");
+    sections[1]->write("c\n");
     QCOMPARE(buffer.data(), QByteArray("a\nb\nc\n"));
 }
 
 void TestOrderedOutput::recordingsThatEndEarlyAreHeldBack() {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    OrderedOutput output(buffer, 3, nothingFails);
-    output.write(2, "c\n");
-    output.finish(2);
-    output.write(1, "b\n");
-    output.finish(1);
+    OrderedOutput output(buffer, nothingFails);
+    const auto sections = sectionsOf(output, 3);
+    sections[2]->write("c\n");
+    sections[2]->finish();
+    sections[1]->write("b\n");
+    sections[1]->finish();
     QCOMPARE(buffer.data(), QByteArray());
-    output.write(0, "a\n");
-    output.finish(0);
+    sections[0]->write("a\n");
+    sections[0]->finish();
     QCOMPARE(buffer.data(), QByteArray("a\nb\nc\n"));
 }
 
@@ -96,14 +107,15 @@ void TestOrderedOutput::threadsNeverTearLines() {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     constexpr int recordings = 8;
-    OrderedOutput output(buffer, recordings, nothingFails);
+    OrderedOutput output(buffer, nothingFails);
+    const auto sections = sectionsOf(output, recordings);
     std::vector<std::thread> threads;
     threads.reserve(recordings);
     for (int i = 0; i < recordings; ++i) {
-        threads.emplace_back([&output, i] {
+        threads.emplace_back([i, section = sections[std::size_t(i)]] {
             for (int line = 0; line < 500; ++line)
-                output.write(i, QByteArray::number(i) + ' ' + QByteArray::number(line) + '\n');
-            output.finish(i);
+                section->write(QByteArray::number(i) + ' ' + QByteArray::number(line) + '\n');
+            section->finish();
         });
     }
     for (std::thread& thread : threads)
@@ -119,16 +131,17 @@ void TestOrderedOutput::threadsNeverTearLines() {
 void TestOrderedOutput::firstFailureIsToldOnceAndEndsIt() {
     FullDisk disk(6);
     QStringList reasons;
-    OrderedOutput output(disk, 3, [&](const QString& reason) { reasons += reason; });
-    output.write(0, "first\n");
+    OrderedOutput output(disk, [&](const QString& reason) { reasons += reason; });
+    const auto sections = sectionsOf(output, 3);
+    sections[0]->write("first\n");
     QCOMPARE(reasons, QStringList());
-    output.write(1, "waits\n");
-    output.write(0, "second\n");
+    sections[1]->write("waits\n");
+    sections[0]->write("second\n");
     QCOMPARE(reasons, QStringList("the disk is full"));
-    output.write(0, "third\n");
-    output.write(2, "waits as well\n");
-    for (const int recording : {0, 1, 2})
-        output.finish(recording);
+    sections[0]->write("third\n");
+    sections[2]->write("waits as well\n");
+    for (OrderedOutput::Section* section : sections)
+        section->finish();
     QCOMPARE(reasons.size(), 1);
     QCOMPARE(disk.refusals, 1);
     QCOMPARE(disk.taken, QByteArray("first\n"));

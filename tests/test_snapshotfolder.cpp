@@ -22,30 +22,35 @@ private Q_SLOTS:
     void longNamesStayUnique();
 
 private:
-    QString name(const SnapshotFolder& folder, int recording, int index = 0) const {
-        return QFileInfo(folder.pathOf(recording, index)).fileName();
-    }
+    QStringList namesOf(const QStringList& videos) const;
 
     QTemporaryDir folder;
 };
 
+/// The names of the first clips' pictures, in one call.
+QStringList TestSnapshotFolder::namesOf(const QStringList& videos) const {
+    SnapshotFolder pictures(folder.path());
+    QStringList names;
+    for (const QString& video : videos)
+        names.append(QFileInfo(snapshotPath(pictures.next(video), 0)).fileName());
+    return names;
+}
+
 void TestSnapshotFolder::namesAfterTheRecording() {
-    const SnapshotFolder pictures(folder.path(), {"a/garden.mp4", "yard %1"});
-    QCOMPARE(pictures.pathOf(0, 0), folder.filePath("garden.mp4-0000.png"));
-    QCOMPARE(pictures.pathOf(0, 12345), folder.filePath("garden.mp4-12345.png"));
-    QCOMPARE(pictures.pathOf(1, 7), folder.filePath("yard %1-0007.png"));
+    SnapshotFolder pictures(folder.path());
+    const QString garden = pictures.next("a/garden.mp4");
+    QCOMPARE(snapshotPath(garden, 0), folder.filePath("garden.mp4-0000.png"));
+    QCOMPARE(snapshotPath(garden, 12345), folder.filePath("garden.mp4-12345.png"));
+    QCOMPARE(snapshotPath(pictures.next("yard %1"), 7), folder.filePath("yard %1-0007.png"));
 }
 
 void TestSnapshotFolder::sameNamesAreNumbered() {
-    const SnapshotFolder pictures(folder.path(), {"a/x.mp4", "b/x.mp4", "c/x.mp4"});
-    QCOMPARE(name(pictures, 0), QString("x.mp4-0000.png"));
-    QCOMPARE(name(pictures, 1), QString("x.mp4_1-0000.png"));
-    QCOMPARE(name(pictures, 2), QString("x.mp4_2-0000.png"));
+    QCOMPARE(namesOf({"a/x.mp4", "b/x.mp4", "c/x.mp4"}),
+             QStringList({"x.mp4-0000.png", "x.mp4_1-0000.png", "x.mp4_2-0000.png"}));
 }
 
 void TestSnapshotFolder::numberedNamesKeepClearOfOthers() {
-    const SnapshotFolder pictures(folder.path(), {"x_1", "x", "b/x"});
-    QCOMPARE(name(pictures, 2), QString("x_2-0000.png"));
+    QCOMPARE(namesOf({"x_1", "x", "b/x"})[2], QString("x_2-0000.png"));
 }
 
 void TestSnapshotFolder::longNamesLeaveRoom_data() {
@@ -58,36 +63,34 @@ void TestSnapshotFolder::longNamesLeaveRoom_data() {
 
 void TestSnapshotFolder::longNamesLeaveRoom() {
     QFETCH(QString, recording);
-    const SnapshotFolder pictures(folder.path(), {recording, "b/" + recording});
-    for (const int video : {0, 1}) {
+    SnapshotFolder pictures(folder.path());
+    for (const QString& video : {recording, "b/" + recording}) {
+        const QString beginning = pictures.next(video);
         for (const int index : {0, 2147483647}) {
             QVERIFY(QFileInfo(folder.path()).isDir());
-            const QString path = pictures.pathOf(video, index);
+            const QString path = snapshotPath(beginning, index);
             QVERIFY(QFileInfo(path).fileName().isValidUtf16());
             QFile file(path + ".XXXXXX"); // its name while it is being written
             QVERIFY2(file.open(QIODevice::WriteOnly), qPrintable(file.errorString()));
         }
     }
-    QVERIFY(name(pictures, 0).startsWith(recording.left(50)));
-    QVERIFY(name(pictures, 0) != name(pictures, 1));
+    const QStringList names = namesOf({recording, "b/" + recording});
+    QVERIFY(names[0].startsWith(recording.left(50)));
+    QVERIFY(names[0] != names[1]);
 }
 
 void TestSnapshotFolder::longNamesStayUnique() {
     const QString same(250, 'a');
     // Also where they are scanned by calls of their own.
-    const SnapshotFolder first(folder.path(), {same + "b.mp4"});
-    const SnapshotFolder second(folder.path(), {same + "c.mp4"});
-    QVERIFY(name(first, 0) != name(second, 0));
-    QCOMPARE(name(SnapshotFolder(folder.path(), {same + "b.mp4"}), 0), name(first, 0));
+    const QStringList first = namesOf({same + "b.mp4"});
+    QVERIFY(first != namesOf({same + "c.mp4"}));
+    QCOMPARE(namesOf({same + "b.mp4"}), first);
 
     QStringList many;
     for (int i = 0; i < 1200; ++i)
         many.append(QStringLiteral("%1/").arg(i) + same + "b.mp4");
-    const SnapshotFolder pictures(folder.path(), many);
-    QSet<QString> names;
-    for (int i = 0; i < many.size(); ++i)
-        names.insert(name(pictures, i));
-    QCOMPARE(names.size(), many.size());
+    const QStringList names = namesOf(many);
+    QCOMPARE(QSet<QString>(names.begin(), names.end()).size(), many.size());
 }
 
 QTEST_GUILESS_MAIN(TestSnapshotFolder)

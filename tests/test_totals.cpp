@@ -12,6 +12,7 @@ class TestTotals : public QObject {
 
 private Q_SLOTS:
     void initTestCase();
+    void init();
     void shareIsOfAllBytes();
     void positionsMayBeUnknownOrGoBack();
     void finishedRecordingsCountWhole();
@@ -20,7 +21,8 @@ private Q_SLOTS:
 
 private:
     QTemporaryDir folder;
-    QStringList videos; ///< of 100 and 300 bytes
+    QStringList videos;                ///< of 100 and 300 bytes
+    std::vector<Recording> recordings; ///< the same
 };
 
 void TestTotals::initTestCase() {
@@ -31,39 +33,44 @@ void TestTotals::initTestCase() {
     }
 }
 
+void TestTotals::init() {
+    recordings = recordingsOf(videos);
+}
+
 void TestTotals::shareIsOfAllBytes() {
-    Totals totals(videos);
+    Totals totals(recordings);
     QCOMPARE(totals.progress().share, 0.0);
-    totals.setPosition(0, 50);
-    totals.setPosition(1, 150);
+    totals.setPosition(recordings[0], 50);
+    totals.setPosition(recordings[1], 150);
     QCOMPARE(totals.progress().share, 0.5);
 }
 
 void TestTotals::positionsMayBeUnknownOrGoBack() {
-    Totals totals(videos);
-    totals.setPosition(1, 100);
-    totals.setPosition(1, -1);
-    totals.setPosition(1, 40);
+    Totals totals(recordings);
+    totals.setPosition(recordings[1], 100);
+    totals.setPosition(recordings[1], -1);
+    totals.setPosition(recordings[1], 40);
     QCOMPARE(totals.progress().share, 0.25);
 }
 
 void TestTotals::finishedRecordingsCountWhole() {
-    Totals totals(videos);
-    totals.setPosition(1, 120);
-    totals.finish(0); // not a byte of it could be read
+    Totals totals(recordings);
+    totals.setPosition(recordings[1], 120);
+    totals.finish(recordings[0]); // not a byte of it could be read
     QCOMPARE(totals.progress().share, 0.55);
-    totals.finish(1);
+    totals.finish(recordings[1]);
     QCOMPARE(totals.progress().share, 1.0);
 }
 
 void TestTotals::nothingToReadIsUnknown() {
-    Totals totals({folder.filePath("missing")});
-    totals.finish(0);
+    recordings = recordingsOf({folder.filePath("missing")});
+    Totals totals(recordings);
+    totals.finish(recordings[0]);
     QVERIFY(totals.progress().share < 0.0);
 }
 
 void TestTotals::sumsUp() {
-    Totals totals(videos);
+    Totals totals(recordings);
     totals.addClip();
     totals.addClip();
     totals.addSeconds(1.5);

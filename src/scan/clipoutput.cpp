@@ -5,37 +5,39 @@
 #include "clipoutput.h"
 
 #include "cutrange.h"
+#include "interrupt.h"
 #include "picturefile.h"
+#include "snapshotfolder.h"
 
-ClipOutput::ClipOutput(int index, const ScanOptions& options, ScanOutputs& outputs)
-    : index(index)
+ClipOutput::ClipOutput(Recording& recording, const ScanOptions& options, ScanOutputs& outputs)
+    : recording(recording)
     , options(options)
     , outputs(outputs)
-    , exporter(outputs.exports[std::size_t(index)]) {}
+    , exporter(recording, options.exporting, outputs.folders, isEnding) {}
 
-void ClipOutput::write(ClipLine& found, WatchedRecording* video) {
+void ClipOutput::write(ClipLine& found) {
     if (!options.snapshotDirectory.isEmpty())
         found.snapshotFile = writeSnapshot(found.clip);
-    exportClip(found, video);
+    exportClip(found);
     if (outputs.report)
         showInReport(found);
     print(outputs.format.clip(found));
 }
 
-void ClipOutput::exportClip(ClipLine& found, WatchedRecording* video) {
+void ClipOutput::exportClip(ClipLine& found) {
     if (!canBeCut(found.clip.start, found.clip.end)) {
         areAllWritten = false;
         outputs.messages.complain(
-            options.videos[index],
+            recording.video,
             QStringLiteral("the times of clip #%1 make no sense, it cannot be cut out")
                 .arg(found.clip.index));
         return;
     }
-    const QString failure = exporter.run(found, video);
+    const QString failure = exporter.run(found);
     if (failure.isEmpty())
         return;
     areAllWritten = false;
-    outputs.messages.complain(found.exportFile.isEmpty() ? options.videos[index] : found.exportFile,
+    outputs.messages.complain(found.exportFile.isEmpty() ? recording.video : found.exportFile,
                               failure);
 }
 
@@ -45,7 +47,7 @@ void ClipOutput::showInReport(const ClipLine& found) {
         return;
     if (!found.clip.snapshot.isNull()) {
         areAllWritten = false;
-        outputs.messages.complain(options.videos[index], failure);
+        outputs.messages.complain(recording.video, failure);
     } else if (options.snapshotDirectory.isEmpty()) { // else it has been said
         complainOfMissingPicture(found.clip);
     }
@@ -53,14 +55,14 @@ void ClipOutput::showInReport(const ClipLine& found) {
 
 void ClipOutput::print(const QByteArray& lines) {
     outputs.messages.makeRoom();
-    outputs.clips.write(index, lines);
+    recording.clips->write(lines);
 }
 
 /// One that cannot be scaled is the recording's own doing.
 void ClipOutput::complainOfMissingPicture(const DetectedClip& clip) {
     const bool isFailure = !clip.snapshotFlaw.isEmpty();
     areAllWritten = areAllWritten && !isFailure;
-    outputs.messages.complain(options.videos[index],
+    outputs.messages.complain(recording.video,
                               isFailure ? QStringLiteral("clip #%1 has no picture: %2")
                                               .arg(QString::number(clip.index), clip.snapshotFlaw)
                                         : QStringLiteral("its pictures cannot be scaled"));
@@ -68,7 +70,7 @@ void ClipOutput::complainOfMissingPicture(const DetectedClip& clip) {
 
 /// The path of the picture written, empty if there is none.
 QString ClipOutput::writeSnapshot(const DetectedClip& clip) {
-    QString path = outputs.snapshots.pathOf(index, clip.index);
+    QString path = snapshotPath(recording.snapshots, clip.index);
     if (clip.snapshot.isNull()) {
         complainOfMissingPicture(clip);
         return {};

@@ -4,17 +4,20 @@
 
 #pragma once
 
+#include "clipexport.h"
 #include "scanoutputs.h"
 
 /// Where the clips of one recording go: pictures, files, the report and standard output.
 class ClipOutput {
 public:
-    /// `index` is the recording's place in `options.videos`. All must outlive this object.
-    ClipOutput(int index, const ScanOptions& options, ScanOutputs& outputs);
+    /// All must outlive this object.
+    ClipOutput(Recording& recording, const ScanOptions& options, ScanOutputs& outputs);
 
-    /// Does with a clip whatever is asked for, and fills in what became of it. `video` is null
-    /// where it is no regular file.
-    void write(ClipLine& found, WatchedRecording* video);
+    /// Exports its clips.
+    ClipExport& exports() { return exporter; }
+
+    /// Does with a clip whatever is asked for, and fills in what became of it.
+    void write(ClipLine& found);
 
     void print(const QByteArray& lines); ///< on standard output
 
@@ -22,14 +25,14 @@ public:
     bool areWritten() const { return areAllWritten; }
 
 private:
-    void exportClip(ClipLine& found, WatchedRecording* video);
+    void exportClip(ClipLine& found);
     void showInReport(const ClipLine& found);
     QString writeSnapshot(const DetectedClip& clip);
     void complainOfMissingPicture(const DetectedClip& clip);
 
-    int index;
+    Recording& recording;
     const ScanOptions& options;
     ScanOutputs& outputs;
-    ClipExport& exporter;
+    ClipExport exporter;
     bool areAllWritten = true;
 };

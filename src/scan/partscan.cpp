@@ -4,73 +4,54 @@
 
 #include "partscan.h"
 
-#include "interrupt.h"
 #include "partdetection.h"
-#include "watchedrecording.h"
-
-#include <QFileInfo>
+#include "scanprogress.h"
 
 namespace {
 
-bool isChanged(const ValuesStore::Found& found) {
+bool isChanged(const Recording& recording) {
     using Watched = WatchedRecording;
-    return found.stamp &&
-           Watched(*found.stamp, Watched::Measured::Now).state() != Watched::State::Same;
+    return recording.stamp &&
+           Watched(*recording.stamp, Watched::Measured::Now).state() != Watched::State::Same;
 }
 
-} // namespace
-
-PartScan::PartScan(int index, const ScanOptions& options, const ValuesStore& values,
-                   Messages& messages, Totals& totals)
-    : index(index)
-    , options(options)
-    , values(values)
-    , messages(messages)
-    , totals(totals) {}
-
-ExitStatus PartScan::run() {
-    const QString& video = options.videos[index];
-    const ValuesStore::Found found = values.findPart(index, *options.part);
-    ExitStatus end = AllDone;
-    if (!found.values)
-        end = measure(found);
-    else if (found.values->outcome != DetectionOutcome::Finished) {
-        messages.complain(video, found.values->reason);
-        end = SomeUnreadable;
-    }
-    totals.finish(index);
-    if (end == AllDone)
-        messages.summarise(QStringLiteral("%1: part %2 of %3 is measured")
-                               .arg(video, QString::number(options.part->index),
-                                    QString::number(options.part->count)));
-    return end;
-}
-
-ExitStatus PartScan::measure(const ValuesStore::Found& found) {
-    const QString& video = options.videos[index];
-    PartDetection detection(options.detection, *options.part, *this);
-    const MeasuringEnd end = detection.run(QFileInfo(video).absoluteFilePath());
-    if (isChanged(found)) {
-        messages.complain(video, QStringLiteral("it was changed while it was measured"));
+ExitStatus measure(Recording& recording, const ScanOptions& options, ScanOutputs& outputs) {
+    ScanProgress progress(recording, outputs);
+    PartDetection detection(options.detection, *options.part, progress);
+    const MeasuringEnd end = detection.run(recording.path);
+    if (isChanged(recording)) {
+        outputs.messages.complain(recording.video,
+                                  QStringLiteral("it was changed while it was measured"));
         return SomeFailed;
     }
-    const bool isKept = values.keepPart(found, detection, *options.part, end);
+    const bool isKept = outputs.values.keepPart(recording, detection, *options.part, end);
     if (!end.error.isEmpty())
-        messages.complain(video, end.error);
-    else if (!found.stamp && end.outcome == DetectionOutcome::Finished)
-        messages.complain(video, QStringLiteral("a part of what is no file cannot be kept"));
-    if (!isKept || !found.stamp)
+        outputs.messages.complain(recording.video, end.error);
+    else if (!recording.stamp && end.outcome == DetectionOutcome::Finished)
+        outputs.messages.complain(recording.video,
+                                  QStringLiteral("a part of what is no file cannot be kept"));
+    if (!isKept || !recording.stamp)
         return SomeFailed;
     if (end.outcome == DetectionOutcome::Finished)
         return AllDone;
     return end.isLasting ? SomeUnreadable : SomeFailed;
 }
 
-bool PartScan::isCancelled() {
-    return isEnding();
-}
+} // namespace
 
-void PartScan::positionChanged(qint64 bytePosition, bool) {
-    totals.setPosition(index, bytePosition);
-    messages.showProgress(totals.progress());
+ExitStatus scanPart(Recording& recording, const ScanOptions& options, ScanOutputs& outputs) {
+    const ValuesStore::Found found = outputs.values.findPart(recording, *options.part);
+    ExitStatus end = AllDone;
+    if (!found.values)
+        end = measure(recording, options, outputs);
+    else if (found.values->outcome != DetectionOutcome::Finished) {
+        outputs.messages.complain(recording.video, found.values->reason);
+        end = SomeUnreadable;
+    }
+    outputs.totals.finish(recording);
+    if (end == AllDone)
+        outputs.messages.summarise(QStringLiteral("%1: part %2 of %3 is measured")
+                                       .arg(recording.video, QString::number(options.part->index),
+                                            QString::number(options.part->count)));
+    return end;
 }

@@ -16,13 +16,13 @@ namespace {
 
 /// The recordings that named values are of stand nowhere else. Values that somebody has forged may
 /// name a folder, and so all that lies below it.
-QStringList recordingsOfValues(const ScanOptions& options) {
-    QStringList recordings;
-    for (int i = 0; i < options.videos.size(); ++i) {
-        if (!options.valuesFiles[i].isEmpty() && QFileInfo(options.videos[i]).isFile())
-            recordings += options.videos[i];
+QStringList recordingsOfValues(const std::vector<Recording>& recordings) {
+    QStringList files;
+    for (const Recording& recording : recordings) {
+        if (!recording.valuesFile.isEmpty() && QFileInfo(recording.video).isFile())
+            files += recording.video;
     }
-    return recordings;
+    return files;
 }
 
 /// Only what is there can be granted, and values come as late as the end of the first recording.
@@ -32,9 +32,9 @@ void grantValues(const QString& folder, Grants& grants) {
     (isWritable ? grants.writable : grants.readable) += folder;
 }
 
-Grants grantsOf(const ScanOptions& options) {
+Grants grantsOf(const ScanOptions& options, const std::vector<Recording>& recordings) {
     Grants grants;
-    grants.readable = options.inputs + recordingsOfValues(options);
+    grants.readable = options.inputs + recordingsOfValues(recordings);
     for (const QString& folder :
          {options.snapshotDirectory, options.reportDirectory, options.exporting.directory}) {
         if (!folder.isEmpty())
@@ -49,8 +49,8 @@ Grants grantsOf(const ScanOptions& options) {
 
 } // namespace
 
-void confine(const ScanOptions& options) {
-    const Confinement confinement(grantsOf(options));
+void confine(const ScanOptions& options, const std::vector<Recording>& recordings) {
+    const Confinement confinement(grantsOf(options, recordings));
     const int error = confinement.apply();
     const QString failure = error != 0 ? qt_error_string(error) : confinement.failure();
     if (!failure.isEmpty())

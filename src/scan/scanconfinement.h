@@ -4,9 +4,10 @@
 
 #pragma once
 
+#include "recording.h"
 #include "scanoptions.h"
 
 /// Confines the program (`Confinement`), which must have one thread and have made its folders, to
 /// what a scan with these options opens from then on: the recordings that were named, its folders
 /// and the encoder. Where this fails it says so on standard error.
-void confine(const ScanOptions& options);
+void confine(const ScanOptions& options, const std::vector<Recording>& recordings);

@@ -8,9 +8,9 @@
 #include "foreignlink.h"
 #include "interrupt.h"
 #include "logging.h"
-#include "namedvalues.h"
 #include "partscan.h"
 #include "recordingscan.h"
+#include "snapshotfolder.h"
 #include "tracefile.h"
 #include "writing.h"
 
@@ -35,57 +35,52 @@ ScanOptions withSharedThreads(ScanOptions options) {
     return options;
 }
 
-/// Up to `count` threads that do `work`: as many as can be had.
-std::vector<std::thread> startThreads(int count, const std::function<void()>& work) {
+/// Does `work` on up to `count` threads, this one among them: as many as can be had.
+void runOnThreads(int count, const std::function<void()>& work) {
     std::vector<std::thread> threads;
     try {
-        while (int(threads.size()) < count)
+        while (int(threads.size()) < count - 1)
             threads.emplace_back(work);
     } catch (const std::exception&) {
-        // No thread or no memory for one. The others, and the one that waits for them, do all of
-        // it.
+        // No thread or no memory for one. The others and this one do all of it.
     }
-    return threads;
+    work();
+    for (std::thread& thread : threads)
+        thread.join();
 }
 
 /// One recording, or the part of it that is asked for.
-ExitStatus scanOne(int index, const ScanOptions& options, ScanOutputs& outputs) {
+ExitStatus scanOne(Recording& recording, const ScanOptions& options, ScanOutputs& outputs) {
     if (options.part)
-        return PartScan(index, options, outputs.values, outputs.messages, outputs.totals).run();
-    return RecordingScan(index, options, outputs).run();
+        return scanPart(recording, options, outputs);
+    return RecordingScan(recording, options, outputs).run();
 }
 
 /// Whether a recording could be measured and kept, and is not; also where memory is short to tell.
-bool isUnmeasured(const ValuesStore& values, int index) {
+bool isUnmeasured(const ValuesStore& values, Recording& recording) {
     try {
-        const ValuesStore::Found found = values.find(index);
-        return found.stamp && !found.values;
+        const ValuesStore::Found found = values.find(recording);
+        return recording.stamp && !found.values;
     } catch (const std::bad_alloc&) {
         return true;
     }
 }
 
 /// The recordings that could be measured and kept, and are not. What is no file cannot be kept.
-QStringList unmeasured(const ScanOptions& asked, Messages& messages) {
-    const ScanOptions options = withNamedValues(asked);
+QStringList unmeasured(const ScanOptions& options, Messages& messages) {
     const ValuesStore values(options, messages);
-    const int count = options.videos.size();
-    std::vector<char> isMissing(std::size_t(count), 0);
-    std::atomic<int> next{0};
+    std::vector<Recording> recordings = recordingsOf(options.videos);
+    std::vector<char> areMissing(recordings.size(), 0);
+    std::atomic<std::size_t> next{0};
     const auto work = [&] {
-        int index = 0;
-        while ((index = next++) < count) {
-            isMissing[std::size_t(index)] = isUnmeasured(values, index);
-        }
+        for (std::size_t i = next++; i < recordings.size(); i = next++)
+            areMissing[i] = isUnmeasured(values, recordings[i]);
     };
-    std::vector<std::thread> workers = startThreads(std::min(options.jobs, count) - 1, work);
-    work();
-    for (std::thread& worker : workers)
-        worker.join();
+    runOnThreads(std::min(options.jobs, options.videos.size()), work);
     QStringList names;
-    for (int i = 0; i < count; ++i) {
-        if (isMissing[std::size_t(i)])
-            names += asked.videos[i];
+    for (int i = 0; i < options.videos.size(); ++i) {
+        if (areMissing[std::size_t(i)])
+            names += options.videos[i];
     }
     return names;
 }
@@ -102,37 +97,35 @@ QString thrownText() {
 }
 
 /// The same as `scanOne`; nothing leaves the thread that it is done on.
-ExitStatus scanOneOrFail(int index, const ScanOptions& options, ScanOutputs& outputs) {
+ExitStatus scanOneOrFail(Recording& recording, const ScanOptions& options, ScanOutputs& outputs) {
     try {
-        return scanOne(index, options, outputs);
+        return scanOne(recording, options, outputs);
     } catch (const std::exception&) {
-        outputs.messages.complain(options.videos[index], thrownText());
+        outputs.messages.complain(recording.video, thrownText());
     }
     return SomeFailed;
 }
 
 /// Scans all recordings, `options.jobs` at a time; AllDone if nothing went wrong with any.
-ExitStatus scanAll(const ScanOptions& options, ScanOutputs& outputs) {
-    std::atomic<int> next{0};
+ExitStatus scanAll(std::vector<Recording>& recordings, const ScanOptions& options,
+                   ScanOutputs& outputs) {
+    std::atomic<std::size_t> next{0};
     std::atomic<bool> hasFailed{false};
     std::atomic<bool> isUnreadable{false};
     const auto work = [&] {
-        int index = 0;
-        while (!isEnding() && (index = next++) < options.videos.size()) {
-            const ExitStatus end = scanOneOrFail(index, options, outputs);
+        std::size_t i = 0;
+        while (!isEnding() && (i = next++) < recordings.size()) {
+            const ExitStatus end = scanOneOrFail(recordings[i], options, outputs);
             if (end == SomeFailed)
                 hasFailed = true;
             else if (end == SomeUnreadable)
                 isUnreadable = true;
-            outputs.clips.finish(index);
-            if (outputs.trace)
-                outputs.trace->finish(index);
+            recordings[i].clips->finish();
+            if (recordings[i].trace)
+                recordings[i].trace->finish();
         }
     };
-    std::vector<std::thread> workers = startThreads(options.jobs - 1, work);
-    work();
-    for (std::thread& worker : workers)
-        worker.join();
+    runOnThreads(options.jobs, work);
     if (hasFailed)
         return SomeFailed;
     return isUnreadable ? SomeUnreadable : AllDone;
@@ -148,11 +141,18 @@ bool complain(const QVector<InputComplaint>& complaints, Messages& messages) {
     return isGood;
 }
 
-/// Writes the end behind all recordings, of which an interrupted call has not begun them all.
-void writeFooter(ClipFormat& format, OrderedOutput& clips, int recordings) {
-    for (int i = 0; i < recordings; ++i)
-        clips.finish(i);
-    clips.write(recordings, format.footer());
+/// Gives each recording its place in what is written, and the names of what is written of it.
+void nameOutputs(std::vector<Recording>& recordings, const ScanOptions& options,
+                 OrderedOutput& clips, OrderedOutput* trace, ClipFolders& folders) {
+    SnapshotFolder snapshots(options.snapshotDirectory);
+    for (Recording& recording : recordings) {
+        recording.clips = &clips.add();
+        recording.trace = trace ? &trace->add() : nullptr;
+        if (!options.snapshotDirectory.isEmpty())
+            recording.snapshots = snapshots.next(recording.video);
+        if (!options.exporting.directory.isEmpty())
+            recording.clipFolder = folders.next(recording.video);
+    }
 }
 
 bool prepareFolders(const ScanOptions& options, Messages& messages) {
@@ -201,19 +201,18 @@ void prepareLibraries() {
 
 } // namespace
 
-ExitStatus scan(const ScanOptions& asked, QIODevice& output,
-                const std::function<void(const ScanOptions&)>& prepared) {
+ExitStatus scan(const ScanOptions& asked, QIODevice& output, const Prepared& prepared) {
     prepareLibraries();
-    const ScanOptions options = withSharedThreads(withNamedValues(asked));
+    const ScanOptions options = withSharedThreads(asked);
+    std::vector<Recording> recordings = recordingsOf(options.videos);
     Messages messages(options.quiet);
     QFile traceFile(options.traceFile);
     if (!prepareFolders(options, messages) || !openTrace(traceFile, messages))
         return BadCommandLine;
-    prepared(options);
+    prepared(options, recordings);
 
     std::atomic<bool> isWritten{true};
-    const int recordings = options.videos.size();
-    OrderedOutput clips(output, recordings + 1, [&](const QString& reason) {
+    OrderedOutput clips(output, [&](const QString& reason) {
         isWritten = false;
         messages.complain(QStringLiteral("standard output"), reason);
         endScan();
@@ -222,28 +221,26 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output,
         isWritten = false;
         messages.complain(options.traceFile, reason);
     };
-    OrderedOutput trace(traceFile, recordings, traceFailed);
+    OrderedOutput trace(traceFile, traceFailed);
 
-    const bool isExported = !options.exporting.directory.isEmpty();
-    const auto format = makeClipFormat(options.format, isExported);
-    const SnapshotFolder snapshots(options.snapshotDirectory, options.videos);
-    ClipFolders folders(options.exporting.directory, options.videos);
-    std::vector<ClipExport> exports;
-    exports.reserve(std::size_t(recordings));
-    for (int i = 0; i < recordings; ++i)
-        exports.emplace_back(options.videos[i], options.exporting, folders, i, isEnding);
-    Totals totals(options.videos);
+    const auto format = makeClipFormat(options.format, !options.exporting.directory.isEmpty());
+    ClipFolders folders(options.exporting.directory);
+    OrderedOutput::Section& header = clips.add();
+    nameOutputs(recordings, options, clips, traceFile.isOpen() ? &trace : nullptr, folders);
+    OrderedOutput::Section& footer = clips.add();
+    Totals totals(recordings);
     std::optional<ScanReport> report;
     if (!options.reportDirectory.isEmpty())
-        report.emplace(options);
+        report.emplace(options, recordings);
     const ValuesStore values(options, messages);
-    ScanOutputs outputs{*format,   clips,   traceFile.isOpen() ? &trace : nullptr,
-                        snapshots, exports, report ? &*report : nullptr,
-                        messages,  totals,  values};
-    clips.write(0, format->header());
+    ScanOutputs outputs{*format, folders, report ? &*report : nullptr, messages, totals, values};
+    header.write(format->header());
+    header.finish();
     const bool isFound = complain(options.complaints, messages);
-    const ExitStatus scanned = scanAll(options, outputs);
-    writeFooter(*format, clips, recordings);
+    const ExitStatus scanned = scanAll(recordings, options, outputs);
+    for (const Recording& recording : recordings) // of which an interrupted call has not begun all
+        recording.clips->finish();
+    footer.write(format->footer());
     messages.makeRoom();
     const QString syncFailure = traceFile.isOpen() && isWritten ? syncToDisk(traceFile) : QString();
     if (!syncFailure.isEmpty())

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "recording.h"
 #include "scanoptions.h"
 
 #include <QIODevice>
@@ -12,9 +13,9 @@
 
 /// Scans the videos, `options.jobs` of them side by side. Clips go to `output`, which must be open;
 /// everything else goes to standard error. `prepared` is called once, when the folders are made and
-/// before the first recording is read or a thread begun, with the options that count.
-ExitStatus scan(const ScanOptions& options, QIODevice& output,
-                const std::function<void(const ScanOptions&)>& prepared);
+/// before the first recording is read or a thread begun.
+using Prepared = std::function<void(const ScanOptions&, const std::vector<Recording>&)>;
+ExitStatus scan(const ScanOptions& options, QIODevice& output, const Prepared& prepared);
 
 /// Writes the names of the videos to `output` instead, each ended by a null byte.
 ExitStatus printNames(const ScanOptions& options, QIODevice& output);

@@ -104,8 +104,10 @@ void checkTrace(const ScanOptions& options, const QCommandLineParser& parser,
         if (isSameFile(trace, file))
             values.reject(QStringLiteral("--trace would overwrite the %1 '%2'").arg(what, file));
     };
-    for (const QString& video : options.videos + withNamedValues(options).videos)
+    for (const QString& video : options.videos)
         check("video", video);
+    for (const QString& values : options.videos)
+        check("video", recordingOfValues(values).value_or(values));
     check("mask", parser.value("mask"));
     for (const QString& list : listsOf(parser))
         check("list", list);

@@ -9,12 +9,9 @@
 
 #include <QFile>
 
-ScanOptions withNamedValues(ScanOptions options) {
-    for (QString& video : options.videos) {
-        const auto recording = isValuesName(video) ? recordingNamedIn(video) : std::nullopt;
-        options.valuesFiles.append(recording ? video : QString());
-        if (recording && !recording->isEmpty())
-            video = QFile::decodeName(*recording);
-    }
-    return options;
+std::optional<QString> recordingOfValues(const QString& name) {
+    const auto recording = isValuesName(name) ? recordingNamedIn(name) : std::nullopt;
+    if (!recording)
+        return std::nullopt;
+    return recording->isEmpty() ? name : QFile::decodeName(*recording);
 }

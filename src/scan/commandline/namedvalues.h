@@ -4,8 +4,10 @@
 
 #pragma once
 
-#include "scanoptions.h"
+#include <QString>
 
-/// `options` with the recordings themselves in the places of values files that were named, which
-/// then stand in `valuesFiles`.
-ScanOptions withNamedValues(ScanOptions options);
+#include <optional>
+
+/// The recording whose values are in the file `name`, or `name` itself where they do not say it;
+/// nothing where that is no file of values.
+std::optional<QString> recordingOfValues(const QString& name);

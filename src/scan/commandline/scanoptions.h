@@ -33,7 +33,8 @@ struct InputComplaint {
 
 /// What one call of the scanner is asked to do.
 struct ScanOptions {
-    QStringList videos; ///< as the person wrote them, or as lists name them and folders hold them
+    QStringList videos; ///< recordings and values in their place, as the person wrote them, or as
+                        ///< lists name them and folders hold them
     QStringList inputs; ///< files and folders in which these are
     QVector<InputComplaint> complaints; ///< about these lists and folders, not yet told
     DetectionOptions detection;
@@ -48,7 +49,6 @@ struct ScanOptions {
     QString valuesDirectory;     ///< empty: no motion values are kept
     bool isMissingAsked = false; ///< names are those of recordings without kept values
     QStringList givenOptions;    ///< names of those that a person gave
-    QStringList valuesFiles;     ///< one per video, empty where the recording itself was named
     int jobs = 1;                ///< recordings scanned side by side, 1 or more
     bool quiet = false;          ///< no progress and no summary on standard error
 };

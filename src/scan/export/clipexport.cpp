@@ -8,37 +8,33 @@
 #include "encoderrun.h"
 #include "timeofday.h"
 
-#include <QFileInfo>
-
 #include <utility>
 
-ClipExport::ClipExport(const QString& video, const ExportOptions& options, ClipFolders& folders,
-                       int recording, std::function<bool()> isEnding)
-    : options(options)
+ClipExport::ClipExport(Recording& recording, const ExportOptions& options, ClipFolders& folders,
+                       std::function<bool()> isEnding)
+    : recording(recording)
+    , options(options)
     , folders(folders)
-    , recording(recording)
     , isEnding(std::move(isEnding)) {
-    // The encoder runs in another directory.
-    source.fileName = QFileInfo(video).absoluteFilePath();
+    source.fileName = recording.path; // the encoder runs in another directory
     source.exportTimestamps = options.startDateTime.isValid();
     source.startDateTime = options.startDateTime;
 }
 
-QString ClipExport::run(ClipLine& line, WatchedRecording* video) {
+QString ClipExport::run(ClipLine& line) {
     if (options.directory.isEmpty() || isEnding())
         return {};
-    const QString reason = refusal(video);
+    const QString reason = refusal();
     if (!reason.isEmpty())
         return QStringLiteral("clip #%1 is not exported: %2")
             .arg(QString::number(line.clip.index), reason);
-    const ClipFolders::Made folder = folders.make(recording);
-    if (!folder.failure.isEmpty())
-        return QStringLiteral("cannot make a folder for its clips: ") + folder.failure;
-    source.clipDirectory = folder.path;
+    QString failure = source.clipDirectory.isEmpty() ? makeFolder() : QString();
+    if (!failure.isEmpty())
+        return QStringLiteral("cannot make a folder for its clips: ") + failure;
     const EncoderCall call = callFor(line.clip);
     line.exportFile = call.outputPath;
-    QString failure = runEncoder(call, isEnding);
-    if (failure.isEmpty() && video && !video->flaw().isEmpty())
+    failure = runEncoder(call, isEnding);
+    if (failure.isEmpty() && recording.watched && !recording.watched->flaw().isEmpty())
         failure = QStringLiteral("this may show something else: the recording was changed while it "
                                  "was cut out");
     line.isExported = failure.isEmpty();
@@ -47,13 +43,19 @@ QString ClipExport::run(ClipLine& line, WatchedRecording* video) {
 
 /// Why nothing can be cut out of the recording as it is now. Asked for each clip, but for what
 /// cannot change while the recording is the same.
-QString ClipExport::refusal(WatchedRecording* video) {
-    QString flaw = video ? video->flaw() : QString();
+QString ClipExport::refusal() {
+    QString flaw = recording.watched ? recording.watched->flaw() : QString();
     if (!flaw.isEmpty() || !source.inputFormat.isEmpty())
         return flaw;
     const ContainerName container = containerNameOf(source.fileName, isEnding);
     source.inputFormat = container.name;
     return container.error;
+}
+
+QString ClipExport::makeFolder() {
+    const ClipFolders::Made folder = folders.make(recording);
+    source.clipDirectory = folder.path;
+    return folder.failure;
 }
 
 EncoderCall ClipExport::callFor(const DetectedClip& clip) const {

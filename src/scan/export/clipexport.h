@@ -8,17 +8,15 @@
 #include "clipformat.h"
 #include "intracodec.h"
 #include "scanoptions.h"
-#include "watchedrecording.h"
 
 #include <functional>
 
 /// Exports the clips of one recording, one after the other, into a folder of their own.
 class ClipExport {
 public:
-    /// `recording` is the place of the recording among those of `folders`. All but `video` must
-    /// outlive the export. `isEnding` answers whether the scan is to end.
-    ClipExport(const QString& video, const ExportOptions& options, ClipFolders& folders,
-               int recording, std::function<bool()> isEnding);
+    /// All but `isEnding`, which answers whether the scan is to end, must outlive the export.
+    ClipExport(Recording& recording, const ExportOptions& options, ClipFolders& folders,
+               std::function<bool()> isEnding);
 
     /// The encoder seeks on decoded pictures where each of them stands alone.
     void setCodec(const QByteArray& codecName) { source.isIntraCodec = isIntraCodec(codecName); }
@@ -28,16 +26,17 @@ public:
 
     /// Exports the line's clip, after making the folder for the first one, and notes in the line
     /// what became of that. Answers why it failed; empty after a success, and where nothing was to
-    /// be exported. `video` is null where it is no regular file.
-    QString run(ClipLine& line, WatchedRecording* video);
+    /// be exported.
+    QString run(ClipLine& line);
 
 private:
-    QString refusal(WatchedRecording* video);
+    QString refusal();
+    QString makeFolder();
     EncoderCall callFor(const DetectedClip& clip) const;
 
+    Recording& recording;
     const ExportOptions& options;
     ClipFolders& folders;
-    int recording;
     std::function<bool()> isEnding;
     EncodedVideo source;
 };

@@ -6,6 +6,7 @@
 
 #include "clipfolder.h"
 #include "namelength.h"
+#include "recording.h"
 
 #include <QDir>
 #include <QFile>
@@ -13,32 +14,11 @@
 #include <cerrno>
 #include <sys/stat.h>
 
-ClipFolders::ClipFolders(const QString& directory, const QStringList& videos)
+ClipFolders::ClipFolders(const QString& directory)
     : directory(QDir(directory).absolutePath())
-    , videos(videos)
-    , areMade(videos.size(), false) {
-    if (directory.isEmpty())
-        return;
-    longestName = longestNameIn(directory);
-    for (const QString& video : videos)
-        names.append(nextFreeName(video));
-}
+    , longestName(directory.isEmpty() ? 0 : longestNameIn(directory)) {}
 
-ClipFolders::Made ClipFolders::make(int recording) {
-    const std::lock_guard<std::mutex> lock(mutex);
-    QString& name = names[recording];
-    while (!areMade[recording]) {
-        const QByteArray path = QFile::encodeName(QDir(directory).filePath(name));
-        areMade[recording] = mkdir(path.constData(), 0777) == 0;
-        if (!areMade[recording] && errno != EEXIST)
-            return {{}, qt_error_string(errno)};
-        if (!areMade[recording])
-            name = nextFreeName(videos[recording]);
-    }
-    return {QDir(directory).filePath(name), {}};
-}
-
-QString ClipFolders::nextFreeName(const QString& video) {
+QString ClipFolders::next(const QString& video) {
     int& number = nextNumber[clipFolderName(video, 0, longestName)];
     QString name;
     do {
@@ -46,4 +26,15 @@ QString ClipFolders::nextFreeName(const QString& video) {
     } while (taken.contains(name) || QDir(directory).exists(name));
     taken.insert(name);
     return name;
+}
+
+ClipFolders::Made ClipFolders::make(Recording& recording) {
+    const std::lock_guard<std::mutex> lock(mutex);
+    QString& name = recording.clipFolder;
+    while (mkdir(QFile::encodeName(QDir(directory).filePath(name)).constData(), 0777) != 0) {
+        if (errno != EEXIST)
+            return {{}, qt_error_string(errno)};
+        name = next(recording.video);
+    }
+    return {QDir(directory).filePath(name), {}};
 }

@@ -22,7 +22,7 @@ public:
         const DetectedClip& found = line.clip;
         // All at once: a file name may hold a "%2" of its own.
         QString text = QStringLiteral("%1  #%2  %3 - %4  %5 s")
-                           .arg(printable(line.video), QString::number(found.index),
+                           .arg(printable(line.recording.video), QString::number(found.index),
                                 preciseClockText(found.start), preciseClockText(found.end),
                                 QString::number(found.end - found.start, 'f', 1));
         if (!line.snapshotFile.isEmpty())
@@ -40,7 +40,7 @@ public:
 
     QByteArray clip(const ClipLine& line) override {
         Json object;
-        addName(object, "video", line.video);
+        addName(object, "video", line.recording.video);
         object["index"] = line.clip.index;
         object["start"] = line.clip.start;
         object["end"] = line.clip.end;
@@ -57,7 +57,7 @@ public:
 
     QByteArray videoEnd(const VideoLine& line) const override {
         Json object;
-        addName(object, "video", line.video);
+        addName(object, "video", line.recording.video);
         object["state"] = stateName(line.outcome);
         object["frames"] = line.frames;
         object["clips"] = line.clips;
@@ -136,12 +136,10 @@ public:
 
     QByteArray clip(const ClipLine& line) override {
         const DetectedClip& found = line.clip;
-        QByteArrayList fields = {quoted(line.video),
-                                 QByteArray::number(found.index),
-                                 shortestDigits(found.start),
-                                 shortestDigits(found.end),
-                                 shortestDigits(found.snapshotTime),
-                                 quoted(line.snapshotFile)};
+        QByteArrayList fields = {
+            quoted(line.recording.video),       QByteArray::number(found.index),
+            shortestDigits(found.start),        shortestDigits(found.end),
+            shortestDigits(found.snapshotTime), quoted(line.snapshotFile)};
         if (withExports)
             fields << quoted(line.exportFile) << (line.isExported ? "true" : "false");
         return fields.join(',') + "\r\n";

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "damage.h"
+#include "recording.h"
 #include "scanoptions.h"
 #include "segmentation.h"
 #include "streamdescription.h"
@@ -22,25 +23,24 @@ struct PlayedRecording {
 
 /// One clip as it is reported.
 struct ClipLine {
-    QString video;     ///< as the person wrote it
-    int recording = 0; ///< its place in the call, 0 for the first
+    Recording& recording;
     PlayedRecording played;
     DetectedClip clip;
-    QString snapshotFile;    ///< empty: none written
-    QString exportFile;      ///< empty: its export was not tried
     bool isQuick = false;    ///< found by a look at key frames alone
+    QString snapshotFile{};  ///< empty: none written
+    QString exportFile{};    ///< empty: its export was not tried
     bool isExported = false; ///< the file was written without a failure
 };
 
 /// The end of one recording.
 struct VideoLine {
-    QString video;
+    const Recording& recording;
     DetectionOutcome outcome = DetectionOutcome::Finished;
     qint64 frames = 0; ///< pictures decoded
     int clips = 0;
     bool isQuick = false; ///< key frames alone were looked at
     double seconds = 0.0; ///< of the recording, from its first to its last picture
-    Damage damage;        ///< of one that is finished
+    Damage damage{};      ///< of one that is finished
 };
 
 /// How clips are written down: whole lines, with their line ends. `clip` and `videoEnd` may be
@@ -57,7 +57,7 @@ public:
     virtual QByteArray footer() { return {}; }
 
     /// Why clips of this recording cannot be written down and are left out; empty if they can.
-    virtual QString refusal(const QString&) const { return {}; }
+    virtual QString refusal(const Recording&) const { return {}; }
 };
 
 /// `withExports`: lines tell what became of each clip's export.

@@ -29,29 +29,28 @@ bool hasClockOfStreamsInVlc(const QString& path) {
     return head.startsWith("\x1a\x45\xdf\xa3") || box == "ftyp" || box == "moov" || box == "mdat";
 }
 
-ListedRecording listed(const QString& video, const PlayedRecording& played) {
-    ListedRecording recording;
-    recording.path = QFileInfo(video).absoluteFilePath();
-    recording.name = printable(video);
-    recording.offset = played.offset;
-    recording.fileStart = played.stream.startTime;
-    if (recording.fileStart != 0.0 && hasClockOfStreamsInVlc(recording.path))
-        recording.vlcStart = recording.fileStart;
-    recording.size = played.stream.size;
+ListedRecording listed(const Recording& recording, const PlayedRecording& played) {
+    ListedRecording listed;
+    listed.path = recording.path;
+    listed.name = printable(recording.video);
+    listed.offset = played.offset;
+    listed.fileStart = played.stream.startTime;
+    if (listed.fileStart != 0.0 && hasClockOfStreamsInVlc(listed.path))
+        listed.vlcStart = listed.fileStart;
+    listed.size = played.stream.size;
     const auto take = [](const Ratio& ratio, int& numerator, int& denominator) {
         if (ratio.numerator <= 0 || ratio.denominator <= 0)
             return;
         numerator = ratio.numerator;
         denominator = ratio.denominator;
     };
-    take(played.stream.frameRate, recording.frameRateNumerator, recording.frameRateDenominator);
-    take(played.stream.pixelAspect, recording.pixelAspectNumerator,
-         recording.pixelAspectDenominator);
-    return recording;
+    take(played.stream.frameRate, listed.frameRateNumerator, listed.frameRateDenominator);
+    take(played.stream.pixelAspect, listed.pixelAspectNumerator, listed.pixelAspectDenominator);
+    return listed;
 }
 
 ListedClip listed(const ClipLine& line) {
-    return {listed(line.video, line.played), line.clip.index, line.clip.start, line.clip.end};
+    return {listed(line.recording, line.played), line.clip.index, line.clip.start, line.clip.end};
 }
 
 class PlaylistFormat : public ClipFormat {
@@ -81,10 +80,10 @@ public:
         : document(document) {}
 
     QByteArray clip(const ClipLine& line) override {
-        if (!canBeCut(line.clip.start, line.clip.end) || !refusal(line.video).isEmpty())
+        if (!canBeCut(line.clip.start, line.clip.end) || !refusal(line.recording).isEmpty())
             return {};
         const std::lock_guard<std::mutex> lock(mutex);
-        clips[line.recording].append(listed(line));
+        clips[line.recording.place].append(listed(line));
         return {};
     }
 
@@ -106,8 +105,8 @@ public:
     MltFormat()
         : EditFormat(mltDocument) {}
 
-    QString refusal(const QString& video) const override {
-        return canBeInXml(QFileInfo(video).absoluteFilePath())
+    QString refusal(const Recording& recording) const override {
+        return canBeInXml(recording.path)
                    ? QString()
                    : QStringLiteral("its clips cannot be listed, since XML cannot hold its name");
     }

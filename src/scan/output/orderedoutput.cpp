@@ -8,26 +8,29 @@
 
 #include <utility>
 
-OrderedOutput::OrderedOutput(QIODevice& output, int recordings, Failed failed)
-    : output(output)
-    , failed(std::move(failed))
-    , recordings(recordings) {}
-
-void OrderedOutput::write(int index, const QByteArray& lines) {
-    const std::lock_guard<std::mutex> lock(mutex);
-    if (index == current)
-        writeNow(lines);
-    else if (!hasFailed)
-        recordings[index].waiting += lines;
+void OrderedOutput::Section::write(const QByteArray& lines) {
+    const std::lock_guard<std::mutex> lock(output.mutex);
+    if (output.current < output.sections.size() && this == &output.sections[output.current])
+        output.writeNow(lines);
+    else if (!output.hasFailed)
+        waiting += lines;
 }
 
-void OrderedOutput::finish(int index) {
-    const std::lock_guard<std::mutex> lock(mutex);
-    recordings[index].isFinished = true;
-    while (current < recordings.size() && recordings[current].isFinished) {
+void OrderedOutput::Section::finish() {
+    const std::lock_guard<std::mutex> lock(output.mutex);
+    isFinished = true;
+    output.goOn();
+}
+
+OrderedOutput::OrderedOutput(QIODevice& output, Failed failed)
+    : output(output)
+    , failed(std::move(failed)) {}
+
+void OrderedOutput::goOn() {
+    while (current < sections.size() && sections[current].isFinished) {
         ++current;
-        if (current < recordings.size())
-            writeNow(std::exchange(recordings[current].waiting, {}));
+        if (current < sections.size())
+            writeNow(std::exchange(sections[current].waiting, {}));
     }
 }
 

@@ -6,37 +6,24 @@
 
 #include "picturefile.h"
 #include "reportpage.h"
+#include "snapshotfolder.h"
 #include "wholefile.h"
 
 #include <QDir>
 #include <QFileInfo>
 
-namespace {
-
-SearchState stateOf(DetectionOutcome outcome) {
-    switch (outcome) {
-    case DetectionOutcome::Finished:
-        return SearchState::Done;
-    case DetectionOutcome::Cancelled:
-        return SearchState::CutShort;
-    default:
-        return SearchState::Failed;
-    }
-}
-
-} // namespace
-
-ScanReport::ScanReport(const ScanOptions& options)
-    : pictures(pictureFolder(options.reportDirectory), options.videos)
-    , folder(options.reportDirectory) {
+ScanReport::ScanReport(const ScanOptions& options, std::vector<Recording>& recordings)
+    : folder(options.reportDirectory) {
     report.folder = QDir(folder).absolutePath();
     report.threshold = double(options.detection.segmentation.motionThreshold);
     report.startTime = options.exporting.startDateTime;
-    for (const QString& video : options.videos) {
-        ReportedRecording recording;
-        recording.name = video;
-        recording.path = QFileInfo(video).absoluteFilePath();
-        report.recordings.push_back(recording);
+    report.recordings.resize(recordings.size());
+    SnapshotFolder pictures(pictureFolder(folder));
+    for (Recording& recording : recordings) {
+        recording.reportPictures = pictures.next(recording.video);
+        recording.reported = &report.recordings[std::size_t(recording.place)];
+        recording.reported->name = recording.video;
+        recording.reported->path = recording.path;
     }
 }
 
@@ -44,11 +31,7 @@ QString ScanReport::pictureFolder(const QString& reportFolder) {
     return QDir(reportFolder).filePath(QStringLiteral("pictures"));
 }
 
-void ScanReport::addValue(int recording, double time, MotionScore motion) {
-    at(recording).add(time, motion);
-}
-
-QString ScanReport::addClip(const ClipLine& line) {
+QString ScanReport::addClip(const ClipLine& line) const {
     const DetectedClip& found = line.clip;
     ReportedClip clip;
     clip.index = found.index;
@@ -58,28 +41,23 @@ QString ScanReport::addClip(const ClipLine& line) {
     clip.strength = found.strongestMotion;
     if (line.isExported)
         clip.exportFile = QFileInfo(line.exportFile).absoluteFilePath();
-    QString failure = writePicture(found, line.recording, clip);
-    at(line.recording).offset = line.played.offset;
-    at(line.recording).clips.append(clip);
+    QString failure = writePicture(line, clip);
+    line.recording.reported->offset = line.played.offset;
+    line.recording.reported->clips.append(clip);
     return failure;
 }
 
-QString ScanReport::writePicture(const DetectedClip& found, int recording,
-                                 ReportedClip& clip) const {
-    if (found.snapshot.isNull())
+QString ScanReport::writePicture(const ClipLine& line, ReportedClip& clip) const {
+    const QImage& picture = line.clip.snapshot;
+    if (picture.isNull())
         return QStringLiteral("its pictures cannot be scaled");
-    const QString path = pictures.pathOf(recording, found.index);
-    const QString failure = writePictureFile(found.snapshot, path, FolderLink::Refused);
+    const QString path = snapshotPath(line.recording.reportPictures, line.clip.index);
+    const QString failure = writePictureFile(picture, path, FolderLink::Refused);
     if (!failure.isEmpty())
         return QStringLiteral("cannot write the picture %1: %2").arg(path, failure);
     clip.pictureFile = QDir(report.folder).relativeFilePath(QFileInfo(path).absoluteFilePath());
-    clip.pictureSize = found.snapshot.size();
+    clip.pictureSize = picture.size();
     return {};
-}
-
-void ScanReport::finish(int recording, DetectionOutcome outcome, const QString& reason) {
-    at(recording).state = stateOf(outcome);
-    at(recording).reason = reason;
 }
 
 QString ScanReport::pageFile() const {

@@ -11,8 +11,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QHash>
-#include <QSet>
 
 #include <cstring>
 
@@ -33,24 +31,21 @@ QString shortened(const QString& name, int longest) {
 
 } // namespace
 
-SnapshotFolder::SnapshotFolder(const QString& path, const QStringList& videos)
-    : path(path) {
-    const int longest = longestNameIn(path) - int(std::strlen(longestEnding));
-    QSet<QString> taken;
-    QHash<QString, int> next; // number to try next, by name
-    for (const QString& video : videos) {
-        const QString fileName = shortened(QFileInfo(video).fileName(), longest);
-        QString name = fileName;
-        for (int& number = next[fileName]; taken.contains(name);) {
-            const QString ending = QLatin1Char('_') + QString::number(++number);
-            name = shortened(fileName, longest - ending.size()) + ending;
-        }
-        taken.insert(name);
-        names.append(name);
+SnapshotFolder::SnapshotFolder(const QString& path)
+    : path(path)
+    , longest(longestNameIn(path) - int(std::strlen(longestEnding))) {}
+
+QString SnapshotFolder::next(const QString& video) {
+    const QString fileName = shortened(QFileInfo(video).fileName(), longest);
+    QString name = fileName;
+    for (int& number = nextNumber[fileName]; taken.contains(name);) {
+        const QString ending = QLatin1Char('_') + QString::number(++number);
+        name = shortened(fileName, longest - ending.size()) + ending;
     }
+    taken.insert(name);
+    return QDir(path).filePath(name);
 }
 
-QString SnapshotFolder::pathOf(int recording, int index) const {
-    return QDir(path).filePath(
-        QStringLiteral("%1-%2.png").arg(names[recording], clipNumber(index)));
+QString snapshotPath(const QString& beginning, int index) {
+    return QStringLiteral("%1-%2.png").arg(beginning, clipNumber(index));
 }

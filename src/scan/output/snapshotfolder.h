@@ -4,22 +4,28 @@
 
 #pragma once
 
+#include <QHash>
+#include <QSet>
 #include <QString>
-#include <QStringList>
 
-/// The folder that clips' pictures are written into, as NAME-0000.png and so on.
+/// Names the pictures of clips in one folder: NAME-0000.png and so on.
 ///
 /// NAME is the recording's file name; where recordings of several folders share it, the second one
 /// becomes NAME_1, the third NAME_2. Where the file system takes no name so long, NAME's end
 /// becomes a short sum of all of it, the same in every call.
 class SnapshotFolder {
 public:
-    SnapshotFolder(const QString& path, const QStringList& videos);
+    explicit SnapshotFolder(const QString& path);
 
-    /// The path of the picture of clip `index` (0 or more) of the recording at `recording`.
-    QString pathOf(int recording, int index) const;
+    /// What the paths of the next recording's pictures begin with.
+    QString next(const QString& video);
 
 private:
     QString path;
-    QStringList names;
+    int longest; ///< bytes of NAME
+    QSet<QString> taken;
+    QHash<QString, int> nextNumber; ///< to be tried, by name
 };
+
+/// The path of the picture of clip `index` (0 or more), where those of its recording begin so.
+QString snapshotPath(const QString& beginning, int index);

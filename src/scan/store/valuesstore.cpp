@@ -29,18 +29,6 @@ QString lackIn(const KeptValues& kept, const RecordingStamp& found) {
     return {};
 }
 
-/// As far as it is the recording's own doing.
-DetectionOutcome keptOutcome(DetectionOutcome outcome) {
-    switch (outcome) {
-    case DetectionOutcome::Cancelled:
-    case DetectionOutcome::ReadFailed:
-    case DetectionOutcome::OutOfMemory:
-        return DetectionOutcome::Finished;
-    default:
-        return outcome;
-    }
-}
-
 /// Whether measuring it anew gives it again.
 bool canBeKept(const Measurement& measured, const MeasuringEnd& end) {
     if (measured.series.times.size() >= mostKeptPictures)
@@ -56,41 +44,42 @@ ValuesStore::ValuesStore(const ScanOptions& options, Messages& messages)
     , settings(::measureSettings(options.detection))
     , parts(options.valuesDirectory) {}
 
-ValuesStore::Found ValuesStore::find(int index) const {
-    const QString& named = options.valuesFiles[index];
-    if (!named.isEmpty())
-        return findNamed(named, options.videos[index]);
+ValuesStore::Found ValuesStore::find(Recording& recording) const {
+    if (!recording.valuesFile.isEmpty())
+        return findNamed(recording);
     Found found;
-    found.stamp = stampOf(options.videos[index]);
-    if (!found.stamp || options.valuesDirectory.isEmpty())
+    recording.stamp = stampOf(recording.video);
+    if (!recording.stamp || options.valuesDirectory.isEmpty())
         return found;
-    found.values = findKept(valuesPath(options.valuesDirectory, found.stamp->path), *found.stamp);
+    const RecordingStamp& stamp = *recording.stamp;
+    found.values = findKept(valuesPath(options.valuesDirectory, stamp.path), stamp);
     if (found.values)
         return found;
-    found.values = findParts(*found.stamp);
+    found.values = findParts(stamp);
     found.areJoined = found.values.has_value();
     return found;
 }
 
-ValuesStore::Found ValuesStore::findPart(int index, RecordingPart part) const {
+ValuesStore::Found ValuesStore::findPart(Recording& recording, RecordingPart part) const {
     Found found;
-    found.stamp = stampOf(options.videos[index]);
-    if (!found.stamp)
+    recording.stamp = stampOf(recording.video);
+    if (!recording.stamp)
         return found;
-    const QByteArray& recording = found.stamp->path;
+    const RecordingStamp& stamp = *recording.stamp;
     const QString& folder = options.valuesDirectory;
-    found.values = findKept(valuesPath(folder, recording), *found.stamp);
+    found.values = findKept(valuesPath(folder, stamp.path), stamp);
     if (!found.values)
-        found.values = findKept(partPath(folder, recording, part.index, part.count), *found.stamp);
+        found.values = findKept(partPath(folder, stamp.path, part.index, part.count), stamp);
     return found;
 }
 
-ValuesStore::Found ValuesStore::findNamed(const QString& path, const QString& video) const {
+ValuesStore::Found ValuesStore::findNamed(const Recording& recording) const {
+    const QString& path = recording.valuesFile;
     ValuesReading reading = readValues(path);
     Found found;
     QString flaw = reading.flaw;
     if (reading.state == ValuesReading::State::Good &&
-        QFile::decodeName(reading.values.recording.path) != video)
+        QFile::decodeName(reading.values.recording.path) != recording.video)
         flaw = QStringLiteral("it is of another recording now");
     else if (reading.state == ValuesReading::State::Good)
         flaw = disagreement(options.givenOptions, settings, reading.values.settings);
@@ -154,39 +143,40 @@ std::optional<KeptValues> ValuesStore::joined(const RecordingStamp& stamp, int c
     return std::move(whole.values);
 }
 
-KeptValues ValuesStore::valuesOf(const Measurement& measured, const MeasuringEnd& end) const {
+/// Of a whole recording that can be kept (canBeKept).
+KeptValues ValuesStore::valuesOf(const Recording& recording, const Measurement& measured,
+                                 const MeasuringEnd& end) const {
     KeptValues values;
+    values.recording = *recording.stamp;
     values.settings = settings;
     values.measurement = measured;
-    values.outcome = keptOutcome(end.outcome);
+    values.outcome = end.outcome;
     values.reason = end.error;
     return values;
 }
 
-bool ValuesStore::keep(const Found& found, const Measurement& measured,
+bool ValuesStore::keep(const Recording& recording, const Measurement& measured,
                        const MeasuringEnd& end) const {
-    if (options.valuesDirectory.isEmpty() || !found.stamp || !canBeKept(measured, end))
+    if (options.valuesDirectory.isEmpty() || !recording.stamp || !canBeKept(measured, end))
         return true;
-    KeptValues values = valuesOf(measured, end);
-    values.recording = *found.stamp;
-    return write(values, valuesPath(options.valuesDirectory, found.stamp->path));
+    return write(valuesOf(recording, measured, end),
+                 valuesPath(options.valuesDirectory, recording.stamp->path));
 }
 
-bool ValuesStore::keepPart(const Found& found, const PartDetection& detection, RecordingPart part,
-                           const MeasuringEnd& end) const {
-    if (!found.stamp || !canBeKept(detection.measurement(), end))
+bool ValuesStore::keepPart(const Recording& recording, const PartDetection& detection,
+                           RecordingPart part, const MeasuringEnd& end) const {
+    if (!recording.stamp || !canBeKept(detection.measurement(), end))
         return true;
-    KeptValues values = valuesOf(detection.measurement(), end);
-    values.recording = *found.stamp;
+    KeptValues values = valuesOf(recording, detection.measurement(), end);
     values.part = part;
     values.partFacts = detection.facts();
     return write(values,
-                 partPath(options.valuesDirectory, found.stamp->path, part.index, part.count));
+                 partPath(options.valuesDirectory, recording.stamp->path, part.index, part.count));
 }
 
 bool ValuesStore::keepJoined(const Found& found) const {
     return !found.areJoined ||
-           write(*found.values, valuesPath(options.valuesDirectory, found.stamp->path));
+           write(*found.values, valuesPath(options.valuesDirectory, found.values->recording.path));
 }
 
 bool ValuesStore::write(const KeptValues& values, const QString& path) const {

@@ -9,6 +9,7 @@
 #include "messages.h"
 #include "partdetection.h"
 #include "partfiles.h"
+#include "recording.h"
 #include "scanoptions.h"
 
 #include <optional>
@@ -22,32 +23,28 @@ public:
 
     /// What there is of one recording.
     struct Found {
-        std::optional<KeptValues> values;    ///< to be used; nothing: it is to be measured
-        std::optional<RecordingStamp> stamp; ///< of the recording before that; nothing: no file,
-                                             ///< or its values were named in its place
-        bool isRefused = false; ///< its values were named in its place and are of no use
-        bool areJoined = false; ///< from its parts; the whole is not kept yet
+        std::optional<KeptValues> values; ///< to be used; nothing: it is to be measured
+        bool isRefused = false;           ///< its values were named in its place and are of no use
+        bool areJoined = false;           ///< from its parts; the whole is not kept yet
     };
 
-    /// Looks for the values of recording `index`, as a whole or in parts. Complains about those
-    /// that cannot be trusted.
-    Found find(int index) const;
+    /// Looks for the values of a recording, as a whole or in parts, and notes its stamp. Complains
+    /// about those that cannot be trusted.
+    Found find(Recording& recording) const;
 
     /// The same for one of its parts; the whole will do, too.
-    Found findPart(int index, RecordingPart part) const;
+    Found findPart(Recording& recording, RecordingPart part) const;
 
     /// Whether these values were measured as this call measures.
     bool areOfThisCall(const KeptValues& values) const { return values.settings == settings; }
 
-    /// What this call has measured, as if it had been kept.
-    KeptValues valuesOf(const Measurement& measured, const MeasuringEnd& end) const;
-
     /// Keeps what was measured, where values are to be kept and these can be. False, after a
     /// complaint, if they could not be written.
-    bool keep(const Found& found, const Measurement& measured, const MeasuringEnd& end) const;
+    bool keep(const Recording& recording, const Measurement& measured,
+              const MeasuringEnd& end) const;
 
     /// The same for one part of a recording.
-    bool keepPart(const Found& found, const PartDetection& detection, RecordingPart part,
+    bool keepPart(const Recording& recording, const PartDetection& detection, RecordingPart part,
                   const MeasuringEnd& end) const;
 
     /// Keeps the whole that was joined from its parts, where it was. False, after a complaint, if
@@ -55,11 +52,12 @@ public:
     bool keepJoined(const Found& found) const;
 
 private:
-    /// `video`: the recording that the file named when the call began.
-    Found findNamed(const QString& path, const QString& video) const;
+    Found findNamed(const Recording& recording) const;
     std::optional<KeptValues> findKept(const QString& path, const RecordingStamp& stamp) const;
     std::optional<KeptValues> findParts(const RecordingStamp& stamp) const;
     std::optional<KeptValues> joined(const RecordingStamp& stamp, int count) const;
+    KeptValues valuesOf(const Recording& recording, const Measurement& measured,
+                        const MeasuringEnd& end) const;
     bool write(const KeptValues& values, const QString& path) const;
 
     const ScanOptions& options;

@@ -4,27 +4,22 @@
 
 #include "totals.h"
 
-#include <QFileInfo>
-
 #include <algorithm>
 
-Totals::Totals(const QStringList& videos)
-    : positions(videos.size(), 0) {
-    for (const QString& video : videos) {
-        sizes.append(QFileInfo(video).size());
-        bytes += sizes.last();
-    }
+Totals::Totals(const std::vector<Recording>& recordings) {
+    for (const Recording& recording : recordings)
+        bytes += recording.bytes;
 }
 
-void Totals::finish(int recording) {
+void Totals::finish(Recording& recording) {
     // Also where less was read: of a file that is none, or that was cut short.
-    setPosition(recording, sizes[recording]);
+    setPosition(recording, recording.bytes);
 }
 
-void Totals::setPosition(int recording, qint64 bytePosition) {
+void Totals::setPosition(Recording& recording, qint64 bytePosition) {
     const std::lock_guard<std::mutex> lock(mutex);
-    const qint64 more = std::max<qint64>(bytePosition - positions[recording], 0);
-    positions[recording] += more;
+    const qint64 more = std::max<qint64>(bytePosition - recording.read, 0);
+    recording.read += more;
     read += more;
 }
 

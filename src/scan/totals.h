@@ -5,20 +5,17 @@
 #pragma once
 
 #include "progressline.h"
-#include "scanoptions.h"
-
-#include <QVector>
+#include "recording.h"
 
 #include <mutex>
 
 /// The sums over all recordings of one call, for the progress line. Any thread may call anything.
 class Totals {
 public:
-    /// Looks up the sizes of `videos`.
-    explicit Totals(const QStringList& videos);
+    explicit Totals(const std::vector<Recording>& recordings);
 
-    void setPosition(int recording, qint64 bytePosition); ///< bytes; -1 if unknown
-    void finish(int recording);                           ///< nothing more is read of it
+    void setPosition(Recording& recording, qint64 bytePosition); ///< bytes; -1 if unknown
+    void finish(Recording& recording);                           ///< nothing more is read of it
     void addSeconds(double seconds);
     void addClip();
 
@@ -26,10 +23,8 @@ public:
 
 private:
     mutable std::mutex mutex;
-    QVector<qint64> sizes; ///< bytes
-    QVector<qint64> positions;
     qint64 bytes = 0; ///< of all recordings
-    qint64 read = 0;  ///< of these, the sum of the positions
+    qint64 read = 0;  ///< of these
     double seconds = 0.0;
     int clips = 0;
 };

@@ -1,0 +1,157 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "recordingoutput.h"
+
+#include "clocktext.h"
+#include "motionreport.h"
+#include "shortestdigits.h"
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+QByteArray traceLine(const FrameReport& frame) {
+    return QByteArray::number(frame.number) + '\t' + shortestDigits(frame.time) + '\t' +
+           shortestDigits(frame.motion.value) + '\n';
+}
+
+QString noTimesHint(bool isQuick) {
+    if (isQuick)
+        return QStringLiteral(", without which there is no quick look");
+    return QStringLiteral("; with --fps N its pictures are taken to be N per second");
+}
+
+SearchState stateOf(DetectionOutcome outcome) {
+    switch (outcome) {
+    case DetectionOutcome::Finished:
+        return SearchState::Done;
+    case DetectionOutcome::Cancelled:
+        return SearchState::CutShort;
+    default:
+        return SearchState::Failed;
+    }
+}
+
+} // namespace
+
+RecordingOutput::RecordingOutput(Recording& recording, const ScanOptions& options,
+                                 ScanOutputs& outputs)
+    : recording(recording)
+    , options(options)
+    , outputs(outputs)
+    , clips(recording, options, outputs)
+    , line{recording} {
+    if (options.mergeGap)
+        merger.emplace(*options.mergeGap);
+}
+
+void RecordingOutput::opened(const StreamFacts& stream) {
+    played = {stream.description, stream.origin - stream.description.startTime};
+    if (stream.frameRate > 0.0)
+        numberPictures(stream.frameRate);
+    clips.exports().setCodec(stream.codecName);
+    hasBegunAgain = true;
+    if (stream.isRegionEmpty)
+        outputs.messages.complain(
+            recording.video,
+            QStringLiteral(
+                "warning: the region selects nothing of its pictures, so no motion is found"));
+}
+
+void RecordingOutput::numberPictures(double frameRate) {
+    played.offset = 0.0;
+    played.stream.frameRate = {int(std::lround(frameRate * 1000.0)), 1000};
+    clips.exports().setFrameRate(frameRate);
+    if (options.detection.times.frameRate == 0.0)
+        outputs.messages.summarise(
+            QStringLiteral("%1: no times; taken to be %2 pictures per second, as its headers say")
+                .arg(recording.video, shortestDigits(frameRate)));
+}
+
+void RecordingOutput::frameProcessed(const FrameReport& frame) {
+    if (hasBegunAgain && looked)
+        passLooked(frame.time);
+    outputs.totals.addSeconds(frame.time - line.seconds);
+    line.frames += hasBegunAgain ? 2 : 1; // the first one is reported with the second
+    hasBegunAgain = false;
+    line.seconds = frame.time;
+    if (recording.trace)
+        recording.trace->write(traceLine(frame));
+    if (recording.reported)
+        recording.reported->add(frame.time, frame.motion);
+    if (merger)
+        pass(merger->passBy(frame.earliestStart));
+}
+
+void RecordingOutput::clipFound(const DetectedClip& clip) {
+    DetectedClip numbered = clip;
+    numbered.index = foundClips++;
+    pass(merger ? merger->add(numbered) : numbered);
+}
+
+void RecordingOutput::endClips() {
+    if (merger)
+        pass(merger->finish());
+}
+
+/// Does with a clip, if there is one, whatever is asked for.
+void RecordingOutput::pass(const std::optional<DetectedClip>& clip) {
+    if (!clip)
+        return;
+    ++line.clips;
+    outputs.totals.addClip();
+    ClipLine found{recording, played, *clip, line.isQuick && !options.isRefined};
+    clips.write(found);
+}
+
+void RecordingOutput::beginStretches(const Measurement& measurement) {
+    looked = &measurement;
+    nextLooked = 0;
+}
+
+void RecordingOutput::endStretches() {
+    passLooked(std::numeric_limits<double>::infinity());
+}
+
+/// The key frames before `time`.
+void RecordingOutput::passLooked(double time) {
+    const QVector<double>& times = looked->series.times;
+    for (; nextLooked < times.size(); ++nextLooked) {
+        const double at = times[nextLooked] - looked->stream.origin;
+        if (at >= time)
+            return;
+        if (at <= line.seconds)
+            continue;
+        outputs.totals.addSeconds(at - line.seconds);
+        line.seconds = at;
+        if (recording.reported)
+            recording.reported->add(at, looked->series.scores[nextLooked]);
+    }
+}
+
+void RecordingOutput::finish(DetectionOutcome outcome, const QString& error, const Damage& damage) {
+    outputs.totals.finish(recording);
+    const bool isRead = outcome == DetectionOutcome::Finished;
+    const bool isHinted = outcome == DetectionOutcome::NoUsableTimes;
+    line.outcome = outcome;
+    line.damage = isRead ? damage : Damage();
+    const QString flaw = line.damage.isThere() ? damageText(line.damage) : QString();
+    if (!error.isEmpty())
+        outputs.messages.complain(recording.video,
+                                  isHinted ? error + noTimesHint(line.isQuick) : error);
+    if (!flaw.isEmpty())
+        outputs.messages.complain(recording.video, flaw);
+    if (recording.reported) {
+        recording.reported->isQuick = line.isQuick;
+        recording.reported->state = stateOf(outcome);
+        recording.reported->reason = flaw.isEmpty() ? error : flaw;
+    }
+    clips.print(outputs.format.videoEnd(line));
+    if (isRead)
+        outputs.messages.summarise(
+            QStringLiteral("%1: clips: %2, length: %3")
+                .arg(recording.video, QString::number(line.clips), preciseClockText(line.seconds)));
+}

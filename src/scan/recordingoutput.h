@@ -1,0 +1,55 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "clipmerger.h"
+#include "clipoutput.h"
+#include "detectionfindings.h"
+
+/// Follows the detections of one recording, and passes on what they tell: clips, the trace, the
+/// report, and at last how it has ended.
+class RecordingOutput : public DetectionFindings {
+public:
+    /// All must outlive this object.
+    RecordingOutput(Recording& recording, const ScanOptions& options, ScanOutputs& outputs);
+
+    /// Key frames alone tell where motion is, or where it is searched exactly.
+    void setQuick(bool isQuick) { line.isQuick = isQuick; }
+
+    /// What is told from now on is of stretches of the recording. Between them it is as long and as
+    /// lively as its key frames say, `looked`, which must outlive this object.
+    void beginStretches(const Measurement& looked);
+    void endStretches(); ///< after the last one
+
+    void endClips(); ///< nothing more comes that a clip could be merged with
+
+    /// Says how it has ended; `error` is why it could not be read, empty if it could, `damage` what
+    /// is missing of one that is finished.
+    void finish(DetectionOutcome outcome, const QString& error, const Damage& damage);
+
+    double seconds() const { return line.seconds; } ///< of the recording, that were told of
+    bool areClipsWritten() const { return clips.areWritten(); }
+
+    void opened(const StreamFacts& stream) override;
+    void frameProcessed(const FrameReport& frame) override;
+    void clipFound(const DetectedClip& clip) override;
+
+private:
+    void numberPictures(double frameRate);
+    void pass(const std::optional<DetectedClip>& clip);
+    void passLooked(double time);
+
+    Recording& recording;
+    const ScanOptions& options;
+    ScanOutputs& outputs;
+    ClipOutput clips;
+    std::optional<ClipMerger> merger; ///< where clips are merged
+    VideoLine line;
+    PlayedRecording played;
+    int foundClips = 0;                  ///< before any are merged, in all stretches
+    bool hasBegunAgain = true;           ///< the next picture is the first that is compared
+    const Measurement* looked = nullptr; ///< null: no stretches
+    int nextLooked = 0;                  ///< of its values, to be passed
+};
