@@ -11,9 +11,9 @@ class TestRefinement : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void stretchesReachOverTheGap_data();
-    void stretchesReachOverTheGap();
-    void stretchesEndWithTheRange();
+    void rangesReachOverTheGap_data();
+    void rangesReachOverTheGap();
+    void rangesEndWithTheRange();
 };
 
 namespace {
@@ -41,7 +41,7 @@ SegmentationOptions margins() {
 
 } // namespace
 
-void TestRefinement::stretchesReachOverTheGap_data() {
+void TestRefinement::rangesReachOverTheGap_data() {
     QTest::addColumn<double>("gap");
     QTest::newRow("a second") << 1.0;
     QTest::newRow("ten seconds") << 10.0;
@@ -49,23 +49,23 @@ void TestRefinement::stretchesReachOverTheGap_data() {
 
 /// What begins to move right behind a key frame shows in the next one only: motion may begin a gap
 /// before the clip that key frames give, and end a gap behind it.
-void TestRefinement::stretchesReachOverTheGap() {
+void TestRefinement::rangesReachOverTheGap() {
     QFETCH(double, gap);
     const Measurement looked = keyFrames(gap);
     const QVector<DetectedClip> clips = clipsOf(looked, margins());
     QVERIFY(!clips.isEmpty());
-    const QVector<TimeRange> stretches = rangesToRefine(looked, margins(), {});
-    QCOMPARE(stretches.size(), 1);
+    const QVector<TimeRange> ranges = rangesToRefine(looked, margins(), {});
+    QCOMPARE(ranges.size(), 1);
     const double ofAClip = 1.0 + 2.0 + 30.0;
-    QCOMPARE(stretches[0].from, clips.first().start - ofAClip - gap);
-    QCOMPARE(stretches[0].to, clips.last().end + ofAClip + gap);
+    QCOMPARE(ranges[0].from, clips.first().start - ofAClip - gap);
+    QCOMPARE(ranges[0].to, clips.last().end + ofAClip + gap);
 }
 
-void TestRefinement::stretchesEndWithTheRange() {
-    const QVector<TimeRange> stretches = rangesToRefine(keyFrames(10.0), margins(), {590.0, 650.0});
-    QCOMPARE(stretches.size(), 1);
-    QCOMPARE(stretches[0].from, 590.0);
-    QCOMPARE(stretches[0].to, 650.0);
+void TestRefinement::rangesEndWithTheRange() {
+    const QVector<TimeRange> ranges = rangesToRefine(keyFrames(10.0), margins(), {590.0, 650.0});
+    QCOMPARE(ranges.size(), 1);
+    QCOMPARE(ranges[0].from, 590.0);
+    QCOMPARE(ranges[0].to, 650.0);
 }
 
 QTEST_GUILESS_MAIN(TestRefinement)

@@ -26,31 +26,24 @@ void ClipOutput::write(ClipLine& found) {
 
 void ClipOutput::exportClip(ClipLine& found) {
     if (!canBeCut(found.clip.start, found.clip.end)) {
-        areAllWritten = false;
-        outputs.messages.complain(
-            recording.video,
-            QStringLiteral("the times of clip #%1 make no sense, it cannot be cut out")
-                .arg(found.clip.index));
+        fail(recording.video,
+             QStringLiteral("the times of clip #%1 make no sense, it cannot be cut out")
+                 .arg(found.clip.index));
         return;
     }
     const QString failure = exporter.run(found);
-    if (failure.isEmpty())
-        return;
-    areAllWritten = false;
-    outputs.messages.complain(found.exportFile.isEmpty() ? recording.video : found.exportFile,
-                              failure);
+    if (!failure.isEmpty())
+        fail(found.exportFile.isEmpty() ? recording.video : found.exportFile, failure);
 }
 
 void ClipOutput::showInReport(const ClipLine& found) {
     const QString failure = outputs.report->addClip(found);
     if (failure.isEmpty())
         return;
-    if (!found.clip.snapshot.isNull()) {
-        areAllWritten = false;
-        outputs.messages.complain(recording.video, failure);
-    } else if (options.snapshotDirectory.isEmpty()) { // else it has been said
-        complainOfMissingPicture(found.clip);
-    }
+    if (!found.clip.snapshot.isNull())
+        fail(recording.video, failure);
+    else if (options.snapshotDirectory.isEmpty()) // else it has been said
+        tellOfMissingPicture(found.clip);
 }
 
 void ClipOutput::print(const QByteArray& lines) {
@@ -59,26 +52,29 @@ void ClipOutput::print(const QByteArray& lines) {
 }
 
 /// One that cannot be scaled is the recording's own doing.
-void ClipOutput::complainOfMissingPicture(const DetectedClip& clip) {
-    const bool isFailure = !clip.snapshotFlaw.isEmpty();
-    areAllWritten = areAllWritten && !isFailure;
-    outputs.messages.complain(recording.video,
-                              isFailure ? QStringLiteral("clip #%1 has no picture: %2")
-                                              .arg(QString::number(clip.index), clip.snapshotFlaw)
-                                        : QStringLiteral("its pictures cannot be scaled"));
+void ClipOutput::tellOfMissingPicture(const DetectedClip& clip) {
+    if (clip.snapshotFlaw.isEmpty())
+        outputs.messages.warn(recording.video, QStringLiteral("its pictures cannot be scaled"));
+    else
+        fail(recording.video, QStringLiteral("clip #%1 has no picture: %2")
+                                  .arg(QString::number(clip.index), clip.snapshotFlaw));
 }
 
 /// The path of the picture written, empty if there is none.
 QString ClipOutput::writeSnapshot(const DetectedClip& clip) {
-    QString path = snapshotPath(recording.snapshots, clip.index);
     if (clip.snapshot.isNull()) {
-        complainOfMissingPicture(clip);
+        tellOfMissingPicture(clip);
         return {};
     }
+    QString path = snapshotPath(recording.snapshots, clip.index);
     const QString failure = writePictureFile(clip.snapshot, path, FolderLink::Followed);
     if (failure.isEmpty())
         return path;
-    areAllWritten = false;
-    outputs.messages.complain(path, QStringLiteral("cannot write the picture: %1").arg(failure));
+    fail(path, QStringLiteral("cannot write the picture: %1").arg(failure));
     return {};
+}
+
+void ClipOutput::fail(const QString& subject, const QString& reason) {
+    areAllWritten = false;
+    outputs.messages.complain(subject, reason);
 }

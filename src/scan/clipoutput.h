@@ -28,7 +28,8 @@ private:
     void exportClip(ClipLine& found);
     void showInReport(const ClipLine& found);
     QString writeSnapshot(const DetectedClip& clip);
-    void complainOfMissingPicture(const DetectedClip& clip);
+    void fail(const QString& subject, const QString& reason);
+    void tellOfMissingPicture(const DetectedClip& clip);
 
     Recording& recording;
     const ScanOptions& options;

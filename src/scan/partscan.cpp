@@ -50,8 +50,8 @@ ExitStatus scanPart(Recording& recording, const ScanOptions& options, ScanOutput
     }
     outputs.totals.finish(recording);
     if (end == AllDone)
-        outputs.messages.summarise(QStringLiteral("%1: part %2 of %3 is measured")
-                                       .arg(recording.video, QString::number(options.part->index),
-                                            QString::number(options.part->count)));
+        outputs.messages.note(QStringLiteral("%1: part %2 of %3 is measured")
+                                  .arg(recording.video, QString::number(options.part->index),
+                                       QString::number(options.part->count)));
     return end;
 }

@@ -55,7 +55,7 @@ void RecordingOutput::opened(const StreamFacts& stream) {
     clips.exports().setCodec(stream.codecName);
     hasBegunAgain = true;
     if (stream.isRegionEmpty)
-        outputs.messages.complain(
+        outputs.messages.warn(
             recording.video,
             QStringLiteral(
                 "warning: the region selects nothing of its pictures, so no motion is found"));
@@ -66,7 +66,7 @@ void RecordingOutput::numberPictures(double frameRate) {
     played.stream.frameRate = {int(std::lround(frameRate * 1000.0)), 1000};
     clips.exports().setFrameRate(frameRate);
     if (options.detection.times.frameRate == 0.0)
-        outputs.messages.summarise(
+        outputs.messages.note(
             QStringLiteral("%1: no times; taken to be %2 pictures per second, as its headers say")
                 .arg(recording.video, shortestDigits(frameRate)));
 }
@@ -107,12 +107,12 @@ void RecordingOutput::pass(const std::optional<DetectedClip>& clip) {
     clips.write(found);
 }
 
-void RecordingOutput::beginStretches(const Measurement& measurement) {
+void RecordingOutput::beginRanges(const Measurement& measurement) {
     looked = &measurement;
     nextLooked = 0;
 }
 
-void RecordingOutput::endStretches() {
+void RecordingOutput::endRanges() {
     passLooked(std::numeric_limits<double>::infinity());
 }
 
@@ -143,7 +143,7 @@ void RecordingOutput::finish(DetectionOutcome outcome, const QString& error, con
         outputs.messages.complain(recording.video,
                                   isHinted ? error + noTimesHint(line.isQuick) : error);
     if (!flaw.isEmpty())
-        outputs.messages.complain(recording.video, flaw);
+        outputs.messages.warn(recording.video, flaw);
     if (recording.reported) {
         recording.reported->isQuick = line.isQuick;
         recording.reported->state = stateOf(outcome);
@@ -151,7 +151,7 @@ void RecordingOutput::finish(DetectionOutcome outcome, const QString& error, con
     }
     clips.print(outputs.format.videoEnd(line));
     if (isRead)
-        outputs.messages.summarise(
+        outputs.messages.note(
             QStringLiteral("%1: clips: %2, length: %3")
                 .arg(recording.video, QString::number(line.clips), preciseClockText(line.seconds)));
 }

@@ -18,10 +18,10 @@ public:
     /// Key frames alone tell where motion is, or where it is searched exactly.
     void setQuick(bool isQuick) { line.isQuick = isQuick; }
 
-    /// What is told from now on is of stretches of the recording. Between them it is as long and as
+    /// What is told from now on is of ranges of the recording. Between them it is as long and as
     /// lively as its key frames say, `looked`, which must outlive this object.
-    void beginStretches(const Measurement& looked);
-    void endStretches(); ///< after the last one
+    void beginRanges(const Measurement& looked);
+    void endRanges(); ///< after the last one
 
     void endClips(); ///< nothing more comes that a clip could be merged with
 
@@ -48,8 +48,8 @@ private:
     std::optional<ClipMerger> merger; ///< where clips are merged
     VideoLine line;
     PlayedRecording played;
-    int foundClips = 0;                  ///< before any are merged, in all stretches
+    int foundClips = 0;                  ///< before any are merged, in all ranges
     bool hasBegunAgain = true;           ///< the next picture is the first that is compared
-    const Measurement* looked = nullptr; ///< null: no stretches
+    const Measurement* looked = nullptr; ///< null: no ranges
     int nextLooked = 0;                  ///< of its values, to be passed
 };

@@ -133,7 +133,7 @@ MeasuringEnd RecordingScan::decide(const MeasuringEnd& measured, bool isQuick, b
     SegmentationOptions segmentation = options.detection.segmentation;
     if (isQuick) {
         segmentation.fewestCompared = fewestQuickComparisons;
-        outputs.messages.complain(recording.video, quickNote(measurement, segmentation.minimum));
+        outputs.messages.warn(recording.video, quickNote(measurement, segmentation.minimum));
     }
     MeasuringEnd end{DetectionOutcome::Finished, {}, false};
     if (isQuick && options.isRefined && !measured.isLasting)
@@ -160,24 +160,24 @@ bool RecordingScan::decideOnAll(const SegmentationOptions& segmentation, bool is
 
 /// Searches exactly around what key frames show.
 MeasuringEnd RecordingScan::refine(const SegmentationOptions& segmentation) {
-    const QVector<TimeRange> stretches =
+    const QVector<TimeRange> ranges =
         rangesToRefine(measurement, segmentation, options.detection.range);
-    const bool isChangeFatal = recording.watched && !stretches.isEmpty();
+    const bool isChangeFatal = recording.watched && !ranges.isEmpty();
     const QString flaw = isChangeFatal ? recording.watched->flaw() : QString();
     if (!flaw.isEmpty())
         return {DetectionOutcome::ReadFailed, flaw, false};
-    for (const TimeRange& stretch : stretches)
-        outputs.messages.summarise(
+    for (const TimeRange& searched : ranges)
+        outputs.messages.note(
             QStringLiteral("%1: searched exactly from %2 to %3 s")
-                .arg(recording.video, plainSeconds(stretch.from), plainSeconds(stretch.to)));
+                .arg(recording.video, plainSeconds(searched.from), plainSeconds(searched.to)));
     DetectionOptions exact = options.detection;
     exact.isKeyframesOnly = false;
     RangeSearch search(exact, progress, output);
-    output.beginStretches(measurement);
-    isSearched = isSearched || !stretches.isEmpty();
-    MeasuringEnd end = search.run(recording.path, stretches);
+    output.beginRanges(measurement);
+    isSearched = isSearched || !ranges.isEmpty();
+    MeasuringEnd end = search.run(recording.path, ranges);
     if (end.outcome == DetectionOutcome::Finished)
-        output.endStretches();
+        output.endRanges();
     return end;
 }
 

@@ -23,14 +23,14 @@ QVector<TimeRange> rangesToRefine(const Measurement& quick, const SegmentationOp
         gap + segmentation.prerecord + segmentation.postrecord + segmentation.minimum;
     // To go on behind so short a gap, its packets would have to be read twice.
     const double shortest = 2.0 * gap;
-    QVector<TimeRange> stretches;
+    QVector<TimeRange> ranges;
     for (const DetectedClip& clip : clipsOf(quick, segmentation)) {
-        const TimeRange stretch{std::max(clip.start - margin, range.from),
-                                std::min(clip.end + margin, range.to)};
-        if (!stretches.isEmpty() && stretch.from <= stretches.last().to + shortest)
-            stretches.last().to = std::max(stretches.last().to, stretch.to);
+        const TimeRange searched{std::max(clip.start - margin, range.from),
+                                 std::min(clip.end + margin, range.to)};
+        if (!ranges.isEmpty() && searched.from <= ranges.last().to + shortest)
+            ranges.last().to = std::max(ranges.last().to, searched.to);
         else
-            stretches.append(stretch);
+            ranges.append(searched);
     }
-    return stretches;
+    return ranges;
 }

@@ -135,7 +135,10 @@ ExitStatus scanAll(std::vector<Recording>& recordings, const ScanOptions& option
 bool complain(const QVector<InputComplaint>& complaints, Messages& messages) {
     bool isGood = true;
     for (const InputComplaint& complaint : complaints) {
-        messages.complain(complaint.subject, complaint.reason);
+        if (complaint.isFailure)
+            messages.complain(complaint.subject, complaint.reason);
+        else
+            messages.warn(complaint.subject, complaint.reason);
         isGood = isGood && !complaint.isFailure;
     }
     return isGood;
@@ -255,7 +258,7 @@ ExitStatus printNames(const ScanOptions& options, QIODevice& output) {
     Messages messages(options.quiet);
     const bool isFound = complain(options.complaints, messages);
     if (options.format != ReportFormat::Text)
-        messages.summarise(
+        messages.note(
             QStringLiteral("--names prints names and no clips, so that --format changes nothing"));
     QByteArray names;
     for (const QString& video :

@@ -25,15 +25,15 @@ void Messages::makeRoom() {
     line.clear();
 }
 
-void Messages::complain(const QString& subject, const QString& reason) {
+void Messages::tell(const QString& subject, const QString& text) {
     QStringList lines;
-    for (const QString& line : reason.split(QLatin1Char('\n')))
+    for (const QString& line : text.split(QLatin1Char('\n')))
         lines += printable(line);
     write(QStringLiteral("kestrova-scan: %1: %2\n")
               .arg(printable(subject), lines.join(QStringLiteral("\n    "))));
 }
 
-void Messages::summarise(const QString& text) {
+void Messages::note(const QString& text) {
     if (!isQuiet)
         write(printable(text) + '\n');
 }

@@ -10,11 +10,14 @@
 
 #include <mutex>
 
-/// Everything that goes to standard error: progress, complaints and summaries. Any thread may call
-/// anything; lines are never torn, and nothing in them steers a terminal.
+/// Everything that goes to standard error: how far the scan is, and what it says in words.
+///
+/// It complains of failures, which the exit status tells, too; it warns where something is not what
+/// one would take it for, but all was done; and it notes what goes as it should. Any thread may
+/// call anything; lines are never torn, and nothing in them steers a terminal.
 class Messages {
 public:
-    /// `isQuiet`: complaints only.
+    /// `isQuiet`: complaints and warnings only.
     explicit Messages(bool isQuiet);
 
     /// How far the scan as a whole is.
@@ -23,12 +26,16 @@ public:
     /// Makes room for a line on standard output, where both are the same terminal.
     void makeRoom();
 
-    /// What is wrong with `subject`. `reason` may have several lines.
-    void complain(const QString& subject, const QString& reason);
+    /// What has failed with `subject`. `reason` may have several lines.
+    void complain(const QString& subject, const QString& reason) { tell(subject, reason); }
 
-    void summarise(const QString& text);
+    /// What is odd about `subject`. Only its words tell it from a complaint.
+    void warn(const QString& subject, const QString& text) { tell(subject, text); }
+
+    void note(const QString& text);
 
 private:
+    void tell(const QString& subject, const QString& text);
     void write(const QString& text);
 
     std::mutex mutex;

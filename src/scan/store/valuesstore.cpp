@@ -90,7 +90,7 @@ ValuesStore::Found ValuesStore::findNamed(const Recording& recording) const {
     }
     const auto stamp = stampOf(QFile::decodeName(reading.values.recording.path));
     if (stamp && isOtherRecording(*stamp, reading.values.recording))
-        messages.complain(
+        messages.warn(
             path,
             QStringLiteral("warning: the recording has changed since its values were measured"));
     found.values = std::move(reading.values);
@@ -106,12 +106,12 @@ std::optional<KeptValues> ValuesStore::findKept(const QString& path,
     if (isGood && reading.values.recording.path != stamp.path)
         flaw = QStringLiteral("it is of another recording");
     if (!flaw.isEmpty())
-        messages.complain(path, QStringLiteral("not used, measured anew: ") + flaw);
+        messages.warn(path, QStringLiteral("not used, measured anew: ") + flaw);
     if (!isGood || !flaw.isEmpty() || reading.values.settings != settings)
         return std::nullopt;
     const QString lack = lackIn(reading.values, stamp);
     if (!lack.isEmpty())
-        messages.summarise(
+        messages.note(
             path + QStringLiteral(": of an older version, which kept %1; measured anew").arg(lack));
     const bool isProved =
         lack.isEmpty() && reading.values.recording == stamp && !stamp.digest.isEmpty();
@@ -136,10 +136,10 @@ std::optional<KeptValues> ValuesStore::joined(const RecordingStamp& stamp, int c
     }
     JoinedParts whole = joinParts(all);
     if (!whole.values)
-        messages.complain(QFile::decodeName(stamp.path),
-                          QStringLiteral("its %1 parts are not used, measured anew: %2")
-                              .arg(count)
-                              .arg(whole.flaw));
+        messages.warn(QFile::decodeName(stamp.path),
+                      QStringLiteral("its %1 parts are not used, measured anew: %2")
+                          .arg(count)
+                          .arg(whole.flaw));
     return std::move(whole.values);
 }
 

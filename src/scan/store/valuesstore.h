@@ -28,8 +28,8 @@ public:
         bool areJoined = false;           ///< from its parts; the whole is not kept yet
     };
 
-    /// Looks for the values of a recording, as a whole or in parts, and notes its stamp. Complains
-    /// about those that cannot be trusted.
+    /// Looks for the values of a recording, as a whole or in parts, and notes its stamp. Warns of
+    /// those that cannot be trusted.
     Found find(Recording& recording) const;
 
     /// The same for one of its parts; the whole will do, too.
