@@ -86,9 +86,9 @@ ScanOptions optionsFor(const QString& folder, int nights) {
     ScanOptions options;
     options.reportDirectory = folder;
     for (int i = 0; i < nights; ++i)
-        options.videos += QStringLiteral("camera %1/<b>night &\"day\".mp4").arg(i);
-    options.videos += QStringLiteral("camera/quiet.mp4");
-    options.videos += QFile::decodeName("camera/unread\xff</script>.mp4");
+        options.inputs.videos += QStringLiteral("camera %1/<b>night &\"day\".mp4").arg(i);
+    options.inputs.videos += QStringLiteral("camera/quiet.mp4");
+    options.inputs.videos += QFile::decodeName("camera/unread\xff</script>.mp4");
     return options;
 }
 
@@ -104,7 +104,7 @@ int main(int argc, char* argv[]) {
     const ScanOptions options = optionsFor(QString::fromLocal8Bit(argv[1]), nights);
     if (!prepareFolder(ScanReport::pictureFolder(options.reportDirectory)).isEmpty())
         return 1;
-    std::vector<Recording> recordings = recordingsOf(options.videos);
+    std::vector<Recording> recordings = recordingsOf(options.inputs.videos);
     const ScanReport report(options, recordings);
     const std::vector<float> strengths = shuffledStrengths(clips);
     for (int i = 0; i < nights; ++i) {

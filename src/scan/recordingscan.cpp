@@ -162,8 +162,8 @@ bool RecordingScan::decideOnAll(const SegmentationOptions& segmentation, bool is
 MeasuringEnd RecordingScan::refine(const SegmentationOptions& segmentation) {
     const QVector<TimeRange> ranges =
         rangesToRefine(measurement, segmentation, options.detection.range);
-    const bool isChangeFatal = recording.watched && !ranges.isEmpty();
-    const QString flaw = isChangeFatal ? recording.watched->flaw() : QString();
+    const bool isRead = recording.watched && !ranges.isEmpty();
+    const QString flaw = isRead ? recording.watched->flaw() : QString();
     if (!flaw.isEmpty())
         return {DetectionOutcome::ReadFailed, flaw, false};
     for (const TimeRange& searched : ranges)

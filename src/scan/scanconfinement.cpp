@@ -34,7 +34,7 @@ void grantValues(const QString& folder, Grants& grants) {
 
 Grants grantsOf(const ScanOptions& options, const std::vector<Recording>& recordings) {
     Grants grants;
-    grants.readable = options.inputs + recordingsOfValues(recordings);
+    grants.readable = options.inputs.places + recordingsOfValues(recordings);
     for (const QString& folder :
          {options.snapshotDirectory, options.reportDirectory, options.exporting.directory}) {
         if (!folder.isEmpty())

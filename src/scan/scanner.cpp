@@ -29,7 +29,7 @@ namespace {
 
 /// The cores divided among the recordings that are scanned side by side.
 ScanOptions withSharedThreads(ScanOptions options) {
-    options.jobs = std::min(options.jobs, options.videos.size());
+    options.jobs = std::min(options.jobs, options.inputs.videos.size());
     if (options.jobs > 1 && options.detection.threads == 0)
         options.detection.threads = std::max(1, QThread::idealThreadCount() / options.jobs);
     return options;
@@ -69,18 +69,18 @@ bool isUnmeasured(const ValuesStore& values, Recording& recording) {
 /// The recordings that could be measured and kept, and are not. What is no file cannot be kept.
 QStringList unmeasured(const ScanOptions& options, Messages& messages) {
     const ValuesStore values(options, messages);
-    std::vector<Recording> recordings = recordingsOf(options.videos);
+    std::vector<Recording> recordings = recordingsOf(options.inputs.videos);
     std::vector<char> areMissing(recordings.size(), 0);
     std::atomic<std::size_t> next{0};
     const auto work = [&] {
         for (std::size_t i = next++; i < recordings.size(); i = next++)
             areMissing[i] = isUnmeasured(values, recordings[i]);
     };
-    runOnThreads(std::min(options.jobs, options.videos.size()), work);
+    runOnThreads(std::min(options.jobs, options.inputs.videos.size()), work);
     QStringList names;
-    for (int i = 0; i < options.videos.size(); ++i) {
+    for (int i = 0; i < options.inputs.videos.size(); ++i) {
         if (areMissing[std::size_t(i)])
-            names += options.videos[i];
+            names += options.inputs.videos[i];
     }
     return names;
 }
@@ -207,7 +207,7 @@ void prepareLibraries() {
 ExitStatus scan(const ScanOptions& asked, QIODevice& output, const Prepared& prepared) {
     prepareLibraries();
     const ScanOptions options = withSharedThreads(asked);
-    std::vector<Recording> recordings = recordingsOf(options.videos);
+    std::vector<Recording> recordings = recordingsOf(options.inputs.videos);
     Messages messages(options.quiet);
     QFile traceFile(options.traceFile);
     if (!prepareFolders(options, messages) || !openTrace(traceFile, messages))
@@ -239,7 +239,7 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output, const Prepared& pre
     ScanOutputs outputs{*format, folders, report ? &*report : nullptr, messages, totals, values};
     header.write(format->header());
     header.finish();
-    const bool isFound = complain(options.complaints, messages);
+    const bool isFound = complain(options.inputs.complaints, messages);
     const ExitStatus scanned = scanAll(recordings, options, outputs);
     for (const Recording& recording : recordings) // of which an interrupted call has not begun all
         recording.clips->finish();
@@ -256,13 +256,13 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output, const Prepared& pre
 
 ExitStatus printNames(const ScanOptions& options, QIODevice& output) {
     Messages messages(options.quiet);
-    const bool isFound = complain(options.complaints, messages);
+    const bool isFound = complain(options.inputs.complaints, messages);
     if (options.format != ReportFormat::Text)
         messages.note(
             QStringLiteral("--names prints names and no clips, so that --format changes nothing"));
     QByteArray names;
     for (const QString& video :
-         options.isMissingAsked ? unmeasured(options, messages) : options.videos)
+         options.isMissingAsked ? unmeasured(options, messages) : options.inputs.videos)
         names += QFile::encodeName(video) + '\0';
     if (writeAll(output, names))
         return isFound ? AllDone : SomeFailed;

@@ -5,11 +5,11 @@
 #include "commandline.h"
 
 #include "clocktext.h"
+#include "inputs.h"
 #include "namedvalues.h"
 #include "optiontable.h"
 #include "optiontext.h"
 #include "optionvalues.h"
-#include "recordings.h"
 #include "regionoptions.h"
 #include "suggestion.h"
 #include "versiontext.h"
@@ -104,24 +104,22 @@ void checkTrace(const ScanOptions& options, const QCommandLineParser& parser,
         if (isSameFile(trace, file))
             values.reject(QStringLiteral("--trace would overwrite the %1 '%2'").arg(what, file));
     };
-    for (const QString& video : options.videos)
+    for (const QString& video : options.inputs.videos)
         check("video", video);
-    for (const QString& values : options.videos)
+    for (const QString& values : options.inputs.videos)
         check("video", recordingOfValues(values).value_or(values));
     check("mask", parser.value("mask"));
     for (const QString& list : listsOf(parser))
         check("list", list);
 }
 
-void readRecordings(const QCommandLineParser& parser, ScanOptions& options) {
-    Recordings recordings;
+Inputs readInputs(const QCommandLineParser& parser) {
+    Inputs inputs;
     for (const QString& path : parser.positionalArguments())
-        addNamed(path, recordings);
+        addNamed(path, inputs);
     for (const QString& list : listsOf(parser))
-        addListed(list, parser.isSet("null") ? '\0' : '\n', recordings);
-    options.videos = recordings.videos;
-    options.inputs = recordings.inputs;
-    options.complaints = recordings.complaints;
+        addListed(list, parser.isSet("null") ? '\0' : '\n', inputs);
+    return inputs;
 }
 
 void readTime(const QCommandLineParser& parser, const char* option, double& seconds,
@@ -210,7 +208,7 @@ CommandLine parseCommandLine(const QStringList& arguments) {
         values.reject(QStringLiteral("an empty name is no recording"));
     // A list on standard input is waited for, which nobody wants before an error.
     if (values.error.isEmpty())
-        readRecordings(parser, options);
+        options.inputs = readInputs(parser);
     checkTrace(options, parser, values);
     if (!values.error.isEmpty())
         return {CommandLine::Action::Reject, {}, values.error};

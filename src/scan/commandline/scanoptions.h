@@ -31,12 +31,17 @@ struct InputComplaint {
     bool isFailure = true; ///< false: a warning, no reason to fail
 };
 
+/// Recordings, told by files, folders and lists.
+struct Inputs {
+    QStringList videos; ///< they, or values in their place: as the person wrote them, or as lists
+                        ///< name them and folders hold them, those of one folder sorted by bytes
+    QStringList places; ///< files and folders in which these are, after all links
+    QVector<InputComplaint> complaints; ///< about lists and folders, not yet told
+};
+
 /// What one call of the scanner is asked to do.
 struct ScanOptions {
-    QStringList videos; ///< recordings and values in their place, as the person wrote them, or as
-                        ///< lists name them and folders hold them
-    QStringList inputs; ///< files and folders in which these are
-    QVector<InputComplaint> complaints; ///< about these lists and folders, not yet told
+    Inputs inputs;
     DetectionOptions detection;
     bool isRefined = false;            ///< what key frames show is searched exactly
     std::optional<RecordingPart> part; ///< is measured alone, of each; empty: all of it

@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "recordings.h"
+#include "inputs.h"
 
 #include "videoname.h"
 
@@ -85,17 +85,17 @@ private:
     std::vector<fs::path> folders; ///< to be looked into
 };
 
-void addFolder(const QString& path, Recordings& recordings) {
+void addFolder(const QString& path, Inputs& inputs) {
     FolderSearch search(QFile::encodeName(path).toStdString());
     search.run();
     for (const std::string& video : search.videos)
-        recordings.videos.append(QFile::decodeName(video.c_str()));
-    recordings.inputs.append(path);
+        inputs.videos.append(QFile::decodeName(video.c_str()));
+    inputs.places.append(path);
     for (const std::string& link : search.links)
-        recordings.inputs.append(QFile::decodeName(link.c_str()));
-    recordings.complaints += search.complaints;
+        inputs.places.append(QFile::decodeName(link.c_str()));
+    inputs.complaints += search.complaints;
     if (search.videos.empty() && search.complaints.isEmpty())
-        recordings.complaints.append(
+        inputs.complaints.append(
             {path, QStringLiteral("warning: no file below this folder is named like a video"),
              false});
 }
@@ -108,28 +108,28 @@ bool openList(QFile& file) {
 
 } // namespace
 
-void addNamed(const QString& path, Recordings& recordings) {
+void addNamed(const QString& path, Inputs& inputs) {
     std::error_code none;
     if (fs::is_directory(QFile::encodeName(path).toStdString(), none)) {
-        addFolder(path, recordings);
+        addFolder(path, inputs);
     } else {
-        recordings.videos.append(path);
-        recordings.inputs.append(path);
+        inputs.videos.append(path);
+        inputs.places.append(path);
     }
 }
 
-void addListed(const QString& list, char separator, Recordings& recordings) {
+void addListed(const QString& list, char separator, Inputs& inputs) {
     QFile file(list);
     QByteArray names;
     if (openList(file))
         names = file.readAll();
     if (file.error() != QFileDevice::NoError) {
-        recordings.complaints.append(
+        inputs.complaints.append(
             {list, QStringLiteral("cannot read this list: ") + file.errorString(), true});
         return;
     }
     if (separator != '\0' && names.contains('\0')) {
-        recordings.complaints.append(
+        inputs.complaints.append(
             {list,
              QStringLiteral("this is no list: it has null bytes, which end names with --null only"),
              true});
@@ -145,12 +145,12 @@ void addListed(const QString& list, char separator, Recordings& recordings) {
             continue;
         }
         isEmpty = false;
-        addNamed(QFile::decodeName(name), recordings);
+        addNamed(QFile::decodeName(name), inputs);
     }
     if (!isEmpty && separator == '\0' && emptyNames > 0)
-        recordings.complaints.append(
+        inputs.complaints.append(
             {list, QStringLiteral("warning: empty names are left out: %1").arg(emptyNames), false});
     if (isEmpty)
-        recordings.complaints.append(
+        inputs.complaints.append(
             {list, QStringLiteral("warning: this list names no recording"), false});
 }
