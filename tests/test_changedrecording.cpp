@@ -8,7 +8,9 @@
 #include "files.h"
 #include "heldtrace.h"
 #include "media.h"
+#include "process.h"
 #include "recordingstamp.h"
+#include "scannerstand.h"
 #include "valuesreader.h"
 #include "valueswriter.h"
 
@@ -26,30 +28,13 @@
 
 namespace {
 
-struct Scan {
-    int status = -1;
-    QByteArray output;
-    QByteArray errors;
-
+struct Scan : ProcessResult {
     QJsonObject clip() const { return jsonLines(output).value(0); }
     QString state() const { return jsonLines(output).last()["state"].toString(); }
 };
 
-const QStringList oneClip = {"--quiet", "--format",  "jsonl", "--prerecord", "1.5", "--postrecord",
-                             "2",       "--minimum", "2"};
-
-QString scannerPath() {
-    return QCoreApplication::applicationDirPath() + "/kestrova-scan";
-}
-
-Scan endOf(QProcess& process) {
-    Scan scan;
-    if (process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit)
-        scan.status = process.exitCode();
-    scan.output = process.readAllStandardOutput();
-    scan.errors = process.readAllStandardError();
-    return scan;
-}
+const QStringList jsonLine = QStringList{"--format", "jsonl"} + oneClip;
+const QStringList quietly = QStringList{"--quiet"} + jsonLine;
 
 /// As cp -p, and cameras without a clock.
 bool setTime(const QString& file, const struct stat& like) {
@@ -105,7 +90,6 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase();
 
     void valuesNamedLikeAVideoAreNone_data();
     void valuesNamedLikeAVideoAreNone();
@@ -135,6 +119,7 @@ private:
     QString path(const QString& name) const { return folder->filePath(name); }
     QString clipsFolder() const { return path("clips"); }
 
+    ScannerStand scanner;
     QTemporaryDir recordings;
     QString video;       ///< 20 s; a box crosses from second 7 to second 13
     QByteArray content;  ///< of the video
@@ -146,14 +131,9 @@ private:
 };
 
 void TestChangedRecording::initTestCase() {
-    QFile::remove(scannerPath());
-    QVERIFY(QFile::copy(media::programDirectory() + "/kestrova-scan", scannerPath()));
     const auto made = [this](const QString& name, int from, int to) {
         const QString file = recordings.filePath(name);
-        const bool isMade =
-            media::encode(media::crossingBox(20, from, to, "160x120") +
-                          QStringList{"-c:v", "libx264", "-preset", "ultrafast", "-g", "25", file});
-        return isMade ? readFile(file) : QByteArray();
+        return encodeVisit(file, from, to) ? readFile(file) : QByteArray();
     };
     content = made("garden.mp4", 7, 13);
     other = made("other.mp4", 2, 8);
@@ -179,14 +159,8 @@ void TestChangedRecording::cleanup() {
     folder.reset();
 }
 
-void TestChangedRecording::cleanupTestCase() {
-    QFile::remove(scannerPath());
-}
-
 Scan TestChangedRecording::scan(const QStringList& arguments) const {
-    QProcess process;
-    process.start(scannerPath(), oneClip + arguments);
-    return endOf(process);
+    return {runProgram(ScannerStand::path(), quietly + arguments)};
 }
 
 /// A values file in which everything is right but, perhaps, whose values they are.
@@ -304,8 +278,8 @@ void TestChangedRecording::pipesAreNotExported() {
     writer.setStandardOutputFile(QProcess::nullDevice());
     writer.start("/bin/sh", {"-c", "cat > \"$0\"", pipe});
     QProcess scanner;
-    scanner.start(scannerPath(), oneClip + QStringList{"--export", clipsFolder(), pipe});
-    const Scan found = endOf(scanner);
+    scanner.start(ScannerStand::path(), quietly + QStringList{"--export", clipsFolder(), pipe});
+    const Scan found{endOf(scanner)};
     writer.kill();
     writer.waitForFinished();
     QCOMPARE(found.status, 1);
@@ -406,8 +380,9 @@ void TestChangedRecording::oddNamesAreExported() {
     encoder->useRealEncoder();
     QProcess process;
     process.setWorkingDirectory(folder->path());
-    process.start(scannerPath(), oneClip + QStringList{"--export", clipsFolder(), "--", name});
-    const Scan found = endOf(process);
+    process.start(ScannerStand::path(),
+                  quietly + QStringList{"--export", clipsFolder(), "--", name});
+    const Scan found{endOf(process)};
     QVERIFY2(found.status == 0, found.errors.constData());
     QCOMPARE(found.clip()["exported"].toBool(false), true);
 }
@@ -430,8 +405,8 @@ void TestChangedRecording::changedWhileScanned() {
     const struct stat before = statusOf(own);
     HeldTrace trace(path("trace"));
     QProcess process;
-    process.start(scannerPath(),
-                  oneClip + QStringList{"--threads", "1", "--export", clipsFolder(), "--values",
+    process.start(ScannerStand::path(),
+                  quietly + QStringList{"--threads", "1", "--export", clipsFolder(), "--values",
                                         path("kept"), "--trace", trace.path(), own});
     QTRY_VERIFY_WITH_TIMEOUT(trace.isHolding(), 30000);
     if (kind == "replaced")
@@ -447,7 +422,7 @@ void TestChangedRecording::changedWhileScanned() {
     if (kind == "removed")
         QVERIFY(QFile::remove(own));
     trace.letGo();
-    const Scan found = endOf(process);
+    const Scan found{endOf(process)};
     QCOMPARE(found.status, 1);
     QCOMPARE(found.state(), QString("failed"));
     QVERIFY(encoder->calls().isEmpty());
@@ -471,11 +446,11 @@ void TestChangedRecording::changedBetweenPicturesOfKeptValues() {
     encoder->hold();
     QProcess process;
     // With the defaults one visit gives several clips.
-    process.start(scannerPath(), QStringList{"--quiet", "--format", "jsonl"} + keeping);
+    process.start(ScannerStand::path(), QStringList{"--quiet", "--format", "jsonl"} + keeping);
     QTRY_COMPARE_WITH_TIMEOUT(encoder->calls().size(), 2, 30000);
     QVERIFY(replace(own, other));
     encoder->release();
-    const Scan found = endOf(process);
+    const Scan found{endOf(process)};
     QCOMPARE(found.status, 1);
     const QList<QJsonObject> lines = jsonLines(found.output);
     QVERIFY(lines.size() > 2);
@@ -494,11 +469,11 @@ void TestChangedRecording::changedBetweenPicturesOfKeptValues() {
 void TestChangedRecording::changedWhileExported() {
     encoder->hold();
     QProcess process;
-    process.start(scannerPath(), oneClip + QStringList{"--export", clipsFolder(), own});
+    process.start(ScannerStand::path(), quietly + QStringList{"--export", clipsFolder(), own});
     QTRY_COMPARE_WITH_TIMEOUT(encoder->calls().size(), 1, 30000);
     QVERIFY(overwrite(own, other));
     encoder->release();
-    const Scan found = endOf(process);
+    const Scan found{endOf(process)};
     QCOMPARE(found.status, 1);
     QCOMPARE(found.clip()["exported"].toBool(true), false);
     const QString file = clipsFolder() + "/own_mp4_0/0000.avi";
@@ -515,13 +490,13 @@ void TestChangedRecording::growingRecording() {
     QVERIFY(writeFile(growing, streamed));
     HeldTrace trace(path("trace"));
     QProcess process;
-    process.start(scannerPath(),
-                  oneClip + QStringList{"--threads", "1", "--export", clipsFolder(), "--values",
+    process.start(ScannerStand::path(),
+                  quietly + QStringList{"--threads", "1", "--export", clipsFolder(), "--values",
                                         path("kept"), "--trace", trace.path(), growing});
     QTRY_VERIFY_WITH_TIMEOUT(trace.isHolding(), 30000);
     QVERIFY(append(growing, streamed.left(188 * 20)));
     trace.letGo();
-    const Scan found = endOf(process);
+    const Scan found{endOf(process)};
     QCOMPARE(found.status, 1);
     QCOMPARE(found.clip()["exported"].toBool(false), true);
     QCOMPARE(found.state(), QString("finished"));
@@ -545,12 +520,13 @@ void TestChangedRecording::sameSizeAndTimeIsMeasuredAnew() {
 void TestChangedRecording::touchedWithoutAChange() {
     HeldTrace trace(path("trace"));
     QProcess process;
-    process.start(scannerPath(), oneClip + QStringList{"--threads", "1", "--export", clipsFolder(),
-                                                       "--trace", trace.path(), own});
+    process.start(ScannerStand::path(),
+                  quietly + QStringList{"--threads", "1", "--export", clipsFolder(), "--trace",
+                                        trace.path(), own});
     QTRY_VERIFY_WITH_TIMEOUT(trace.isHolding(), 30000);
     QVERIFY(QFile::setPermissions(own, QFile::ReadOwner));
     trace.letGo();
-    const Scan found = endOf(process);
+    const Scan found{endOf(process)};
     QVERIFY2(found.status == 0, found.errors.constData());
     QCOMPARE(encoder->calls().size(), 1);
 }
@@ -564,8 +540,8 @@ void TestChangedRecording::olderValuesAreMeasuredAnew() {
     QVERIFY(writeFile(file, olderFormat(values)));
     QCOMPARE(readValues(file).flaw, QString());
     QProcess process;
-    process.start(scannerPath(), oneClip.mid(1) + keeping); // not quiet
-    const Scan anew = endOf(process);
+    process.start(ScannerStand::path(), jsonLine + keeping); // not quiet
+    const Scan anew{endOf(process)};
     QCOMPARE(anew.status, 0);
     QCOMPARE(anew.output, fresh.output);
     QVERIFY2(anew.errors.startsWith(file.toUtf8() +

@@ -7,10 +7,9 @@
 
 #include "encoderstand.h"
 #include "files.h"
-#include "media.h"
 #include "process.h"
+#include "scannerstand.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QProcess>
@@ -22,8 +21,7 @@
 
 namespace {
 
-const QStringList oneClip = {"--quiet", "--prerecord", "1.5", "--postrecord",
-                             "2",       "--minimum",   "2"};
+const QStringList quietly = QStringList{"--quiet"} + oneClip;
 const QByteArray refused = ": Permission denied\n";
 
 bool isOffered(const QByteArray& protection) {
@@ -38,7 +36,6 @@ class TestConfinement : public QObject {
 private Q_SLOTS:
     void initTestCase();
     void init();
-    void cleanupTestCase();
 
     void versionSaysWhatThereIs();
     void scannerOpensNothingElse();
@@ -54,12 +51,10 @@ private Q_SLOTS:
 private:
     ProcessResult trespass(const QStringList& more = {});
     QByteArray scan(const QStringList& arguments, const QByteArray& list = {});
-    QString besideProgram(const QString& name) const {
-        return QCoreApplication::applicationDirPath() + '/' + name;
-    }
     QString path(const QString& name) const { return results->filePath(name); }
     QString secret() const { return elsewhere->filePath("secret"); }
 
+    ScannerStand scanner;
     QTemporaryDir recordings;
     QString recording; ///< one clip with `oneClip`
     std::unique_ptr<QTemporaryDir> results;
@@ -67,23 +62,14 @@ private:
 };
 
 void TestConfinement::initTestCase() {
-    QFile::remove(besideProgram("kestrova-scan"));
-    QVERIFY(
-        QFile::copy(media::programDirectory() + "/kestrova-scan", besideProgram("kestrova-scan")));
     recording = recordings.filePath("garden.mp4");
-    QVERIFY(media::encode(
-        media::crossingBox(20, 7, 13, "160x120") +
-        QStringList{"-c:v", "libx264", "-preset", "ultrafast", "-g", "25", recording}));
+    QVERIFY(encodeVisit(recording));
 }
 
 void TestConfinement::init() {
     results = std::make_unique<QTemporaryDir>();
     elsewhere = std::make_unique<QTemporaryDir>();
     QVERIFY(writeFile(secret(), "do not tell\n"));
-}
-
-void TestConfinement::cleanupTestCase() {
-    QFile::remove(besideProgram("kestrova-scan"));
 }
 
 /// A scan that keeps values, with a trespasser in it.
@@ -99,19 +85,20 @@ ProcessResult TestConfinement::trespass(const QStringList& more) {
     environment.insert("ASAN_OPTIONS",
                        environment.value("ASAN_OPTIONS") + ":verify_asan_link_order=0");
     return runProgramIn(environment, "kestrova-scan",
-                        oneClip + QStringList{"--values", path("values"), copy} + more);
+                        quietly + QStringList{"--values", path("values"), copy} + more);
 }
 
 /// What it prints, from the folder of the results.
 QByteArray TestConfinement::scan(const QStringList& arguments, const QByteArray& list) {
     QProcess process;
     process.setWorkingDirectory(results->path());
-    process.start(besideProgram("kestrova-scan"), oneClip + arguments);
+    process.start(ScannerStand::path(), quietly + arguments);
     process.write(list);
     process.closeWriteChannel();
-    if (!process.waitForFinished(120000) || process.exitCode() != 0)
-        qWarning("%s", process.readAllStandardError().constData());
-    return process.readAllStandardOutput();
+    const ProcessResult result = endOf(process);
+    if (result.status != 0)
+        qWarning("%s", result.errors.constData());
+    return result.output;
 }
 
 void TestConfinement::versionSaysWhatThereIs() {

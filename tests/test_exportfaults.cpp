@@ -8,7 +8,7 @@
 #include "encoderstand.h"
 #include "faults.h"
 #include "files.h"
-#include "media.h"
+#include "scannerstand.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -22,8 +22,7 @@
 namespace {
 
 /// One clip per recording, of 4 to 9 seconds.
-const QStringList options = {"--quiet", "--format",  "jsonl", "--prerecord", "1.5", "--postrecord",
-                             "2",       "--minimum", "2"};
+const QStringList options = QStringList{"--quiet", "--format", "jsonl"} + oneClip;
 
 } // namespace
 
@@ -34,7 +33,6 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase();
 
     void fullDisk_data();
     void fullDisk();
@@ -50,13 +48,11 @@ private:
     void run(const QStringList& arguments);
     void useEncoder(const QByteArray& script);
     QString path(const QString& name) const { return clips->filePath(name); }
-    QString besideProgram(const QString& name) const {
-        return QCoreApplication::applicationDirPath() + '/' + name;
-    }
     QString clipPath(const QString& container) const {
         return path("garden_mp4_0/0000." + container);
     }
 
+    ScannerStand scanner;
     QTemporaryDir recordings;
     QString recording;
     std::unique_ptr<QTemporaryDir> clips;
@@ -67,13 +63,8 @@ private:
 };
 
 void TestExportFaults::initTestCase() {
-    QFile::remove(besideProgram("kestrova-scan"));
-    QVERIFY(
-        QFile::copy(media::programDirectory() + "/kestrova-scan", besideProgram("kestrova-scan")));
     recording = recordings.filePath("garden.mp4");
-    QVERIFY(media::encode(
-        media::crossingBox(20, 7, 13, "160x120") +
-        QStringList{"-c:v", "libx264", "-preset", "ultrafast", "-g", "25", recording}));
+    QVERIFY(encodeVisit(recording));
 }
 
 void TestExportFaults::init() {
@@ -88,21 +79,13 @@ void TestExportFaults::cleanup() {
     encoder.reset();
 }
 
-void TestExportFaults::cleanupTestCase() {
-    QFile::remove(besideProgram("kestrova-scan"));
-}
-
 /// The next exports have this shell script for an encoder; "$output" is their file.
 void TestExportFaults::useEncoder(const QByteArray& script) {
-    encoder->useNone();
-    QFile file(besideProgram("ffmpeg"));
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write("#!/bin/sh\nfor output; do :; done\n" + script);
-    file.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    encoder->useScript("for output; do :; done\n" + script);
 }
 
 void TestExportFaults::run(const QStringList& arguments) {
-    process->start(besideProgram("kestrova-scan"),
+    process->start(ScannerStand::path(),
                    options + QStringList{"--export", clips->path()} + arguments);
     QVERIFY(process->waitForFinished(120000));
     QCOMPARE(process->exitStatus(), QProcess::NormalExit);
@@ -212,7 +195,7 @@ void TestExportFaults::longLogIsNotHeld() {
     process->setProcessEnvironment(environment);
     const auto marker = [this](const QString& name) { return path("garden_mp4_0/" + name); };
     const auto touch = [&](const char* name) { QFile(marker(name)).open(QIODevice::WriteOnly); };
-    process->start(besideProgram("kestrova-scan"),
+    process->start(ScannerStand::path(),
                    options + QStringList{"--export", clips->path(), recording});
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(marker("started")), 60000);
     const int before = peakMegabytes();
@@ -229,7 +212,7 @@ void TestExportFaults::longLogIsNotHeld() {
 void TestExportFaults::endOfTheProgramEndsTheEncoder() {
     useEncoder("trap 'touch \"$output.ended\"; exit' TERM\n"
                "touch \"$output\"; while :; do sleep 0.01; done");
-    process->start(besideProgram("kestrova-scan"),
+    process->start(ScannerStand::path(),
                    options + QStringList{"--export", clips->path(), recording});
     QTRY_VERIFY_WITH_TIMEOUT(QFileInfo::exists(clipPath("avi")), 60000);
     process->kill();

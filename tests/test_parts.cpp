@@ -20,15 +20,11 @@
 namespace {
 
 /// What one call leaves behind.
-struct Scan {
-    int status = -1;
-    QByteArray output;
-    QByteArray errors;
+struct Scan : ProcessResult {
     QByteArray trace;
 
     bool operator==(const Scan& other) const {
-        return status == other.status && output == other.output && errors == other.errors &&
-               trace == other.trace;
+        return ProcessResult::operator==(other) && trace == other.trace;
     }
 };
 
@@ -116,7 +112,7 @@ Scan TestParts::scanned(const QStringList& options, const QString& named,
                         const QProcessEnvironment& environment) {
     const ProcessResult result = runProgramIn(
         environment, "kestrova-scan", options + QStringList{"--trace", path("trace"), named});
-    return {result.status, result.output, result.errors, readFile(path("trace"))};
+    return {result, readFile(path("trace"))};
 }
 
 void TestParts::measureParts(const QString& video, int count, const QStringList& options) {

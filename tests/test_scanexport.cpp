@@ -9,6 +9,8 @@
 #include "files.h"
 #include "heldtrace.h"
 #include "media.h"
+#include "process.h"
+#include "scannerstand.h"
 
 #include <QDir>
 #include <QElapsedTimer>
@@ -22,21 +24,6 @@
 #include <unistd.h>
 
 namespace {
-
-struct ScanResult {
-    int status = -1;
-    QByteArray output;
-    QByteArray errors;
-};
-
-/// With these the box is one clip: half of 2 s is filled at about second 8, so that it starts
-/// at 4.5.
-const QStringList oneClip = {"--prerecord", "1.5", "--postrecord", "2", "--minimum", "2"};
-
-/// The copy of the scanner beside this test's own program, and so beside its encoder.
-QString scannerPath() {
-    return QCoreApplication::applicationDirPath() + "/kestrova-scan";
-}
 
 /// The one of the `times` (like "09:05:04") that stands in the overlay: the one that it looks most
 /// like when it is drawn by itself.
@@ -76,7 +63,6 @@ private Q_SLOTS:
     void initTestCase();
     void init();
     void cleanup();
-    void cleanupTestCase();
 
     void exportsEachClip();
     void relativeFolderIsOfTheCaller();
@@ -108,10 +94,11 @@ private Q_SLOTS:
     void usageErrors();
 
 private:
-    ScanResult scan(const QStringList& arguments) const;
+    ProcessResult scan(const QStringList& arguments) const;
     QStringList argumentsOf(const QStringList& options);
     QString path(const QString& name) const { return clips->filePath(name); }
 
+    ScannerStand scanner;
     QTemporaryDir recordings;
     QString recording; ///< 20 s; a box crosses from second 7 to second 13
     std::unique_ptr<QTemporaryDir> clips;
@@ -119,12 +106,8 @@ private:
 };
 
 void TestScanExport::initTestCase() {
-    QFile::remove(scannerPath());
-    QVERIFY(QFile::copy(media::programDirectory() + "/kestrova-scan", scannerPath()));
     recording = recordings.filePath("garden.mp4");
-    QVERIFY(media::encode(
-        media::crossingBox(20, 7, 13, "160x120") +
-        QStringList{"-c:v", "libx264", "-preset", "ultrafast", "-g", "25", recording}));
+    QVERIFY(encodeVisit(recording));
 }
 
 void TestScanExport::init() {
@@ -137,20 +120,11 @@ void TestScanExport::cleanup() {
     clips.reset();
 }
 
-void TestScanExport::cleanupTestCase() {
-    QFile::remove(scannerPath());
-}
-
-ScanResult TestScanExport::scan(const QStringList& arguments) const {
+ProcessResult TestScanExport::scan(const QStringList& arguments) const {
     QProcess process;
     process.setWorkingDirectory(recordings.path());
-    process.start(scannerPath(), oneClip + arguments);
-    ScanResult result;
-    if (process.waitForFinished(120000) && process.exitStatus() == QProcess::NormalExit)
-        result.status = process.exitCode();
-    result.output = process.readAllStandardOutput();
-    result.errors = process.readAllStandardError();
-    return result;
+    process.start(ScannerStand::path(), oneClip + arguments);
+    return endOf(process);
 }
 
 /// The encoder's arguments behind "-t" and its value.
@@ -163,7 +137,7 @@ QStringList TestScanExport::argumentsOf(const QStringList& options) {
 
 void TestScanExport::exportsEachClip() {
     encoder->useRealEncoder();
-    const ScanResult result =
+    const ProcessResult result =
         scan({"--export", path("new/folder"), "--format", "jsonl", "garden.mp4"});
     QCOMPARE(result.status, 0);
     const QList<QJsonObject> lines = jsonLines(result.output);
@@ -181,7 +155,7 @@ void TestScanExport::exportsEachClip() {
 
 void TestScanExport::relativeFolderIsOfTheCaller() {
     encoder->useRealEncoder(); // which runs elsewhere
-    const ScanResult result = scan({"--export", "relative", "--format", "jsonl", "garden.mp4"});
+    const ProcessResult result = scan({"--export", "relative", "--format", "jsonl", "garden.mp4"});
     QCOMPARE(result.status, 0);
     const QString file = recordings.filePath("relative/garden_mp4_0/0000.avi");
     QCOMPARE(jsonLines(result.output)[0]["file"].toString(), file);
@@ -206,8 +180,9 @@ void TestScanExport::foldersAreNamedInOrder_data() {
 void TestScanExport::foldersAreNamedInOrder() {
     QFETCH(QString, jobs);
     QVERIFY(QDir(clips->path()).mkdir("garden_mp4_1"));
-    const ScanResult result = scan({"--export", clips->path(), "--format", "jsonl", "--jobs", jobs,
-                                    recording, path("missing/garden.mp4"), recording, recording});
+    const ProcessResult result =
+        scan({"--export", clips->path(), "--format", "jsonl", "--jobs", jobs, recording,
+              path("missing/garden.mp4"), recording, recording});
     QCOMPARE(result.status, 1);
     QStringList files;
     for (const QJsonObject& line : jsonLines(result.output)) {
@@ -220,8 +195,8 @@ void TestScanExport::foldersAreNamedInOrder() {
 }
 
 void TestScanExport::recordingsWithoutClipsGetNoFolder() {
-    const ScanResult result = scan({"--export", path("out"), "--minimum", "20", recording,
-                                    path("missing.mp4"), recordings.path()});
+    const ProcessResult result = scan({"--export", path("out"), "--minimum", "20", recording,
+                                       path("missing.mp4"), recordings.path()});
     QCOMPARE(result.status, 1);
     QCOMPARE(result.output, QByteArray());
     QVERIFY(QFileInfo(path("out")).isDir());
@@ -231,7 +206,7 @@ void TestScanExport::recordingsWithoutClipsGetNoFolder() {
 void TestScanExport::folderThatIsTakenMeanwhile() {
     HeldTrace trace(path("trace"));
     QProcess process;
-    process.start(scannerPath(),
+    process.start(ScannerStand::path(),
                   oneClip + QStringList{"--export", path("out"), "--format", "jsonl", "--trace",
                                         trace.path(), recording, recording});
     QTRY_VERIFY(trace.isHolding());
@@ -252,9 +227,10 @@ void TestScanExport::namesOfAnyBytes() {
     QVERIFY(link(recording.toUtf8().constData(), name.constData()) == 0);
     QVERIFY(qputenv("NAME", name) && qputenv("OUT", out));
     QProcess process;
-    process.start("/bin/sh", QStringList{"-c", "exec \"$0\" \"$@\" --export \"$OUT\" \"$NAME\"",
-                                         scannerPath(), "--start-time", "2026-11-16T09:05:00"} +
-                                 oneClip);
+    process.start("/bin/sh",
+                  QStringList{"-c", "exec \"$0\" \"$@\" --export \"$OUT\" \"$NAME\"",
+                              ScannerStand::path(), "--start-time", "2026-11-16T09:05:00"} +
+                      oneClip);
     QVERIFY(process.waitForFinished());
     unlink(name.constData());
     QCOMPARE(process.exitCode(), 0);
@@ -267,7 +243,7 @@ void TestScanExport::longestNames() {
     encoder->useRealEncoder();
     const QString name = recordings.filePath(QString(251, 'a') + ".mp4");
     QVERIFY(QFile::copy(recording, name));
-    const ScanResult result = scan({"--export", clips->path(), "--format", "jsonl", name, name});
+    const ProcessResult result = scan({"--export", clips->path(), "--format", "jsonl", name, name});
     QVERIFY2(result.status == 0, result.errors.constData());
     QCOMPARE(QDir(clips->path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 2);
     QVERIFY(QFile::remove(name));
@@ -334,8 +310,8 @@ void TestScanExport::startTimeIsTheClockOnTheWall() {
 
 void TestScanExport::overlayIsWritten() {
     encoder->useRealEncoder();
-    const ScanResult result = scan({"--export", clips->path(), "--start-time",
-                                    "2026-11-16T09:05:00", "--container", "mp4", recording});
+    const ProcessResult result = scan({"--export", clips->path(), "--start-time",
+                                       "2026-11-16T09:05:00", "--container", "mp4", recording});
     QVERIFY2(result.status == 0, result.errors.constData());
     QVERIFY(hasOverlay(firstPicture(path("garden_mp4_0/0000.mp4"))));
     QVERIFY(!hasOverlay(firstPicture(recording)));
@@ -364,7 +340,7 @@ void TestScanExport::writtenTimeIsTheClock() {
     encoder->useRealEncoder();
     const QString wide = path("wide.avi");
     QVERIFY(media::encode(media::crossingBox(20, 7, 13, "480x120") + codec + QStringList{wide}));
-    const ScanResult result =
+    const ProcessResult result =
         scan({"--export", clips->path(), "--start-time", startTime, "--container", "mp4", wide});
     QVERIFY2(result.status == 0, result.errors.constData());
     QStringList times;
@@ -382,7 +358,7 @@ void TestScanExport::csvHasColumnsForIt() {
 }
 
 void TestScanExport::textNamesTheFile() {
-    const ScanResult result = scan({"--export", clips->path(), recording});
+    const ProcessResult result = scan({"--export", clips->path(), recording});
     QVERIFY(result.output.endsWith("  " + path("garden_mp4_0/0000.avi").toUtf8() + "\n"));
 }
 
@@ -394,7 +370,7 @@ void TestScanExport::withoutExportNothingIsMade() {
 
 void TestScanExport::failedEncoderIsNamed() {
     encoder->setEnd("1");
-    const ScanResult failed =
+    const ProcessResult failed =
         scan({"--export", clips->path(), "--format", "jsonl", recording, recording});
     QCOMPARE(failed.status, 1);
     const QList<QJsonObject> lines = jsonLines(failed.output);
@@ -409,14 +385,14 @@ void TestScanExport::failedEncoderIsNamed() {
 
 void TestScanExport::crashedEncoderIsNamed() {
     encoder->setEnd("crash");
-    const ScanResult result = scan({"--export", clips->path(), recording});
+    const ProcessResult result = scan({"--export", clips->path(), recording});
     QCOMPARE(result.status, 1);
     QVERIFY2(result.errors.contains("0000.avi: the encoder crashed\n"), result.errors.constData());
 }
 
 void TestScanExport::missingEncoderIsNamed() {
     encoder->useNone();
-    const ScanResult result = scan({"--export", clips->path(), "--format", "jsonl", recording});
+    const ProcessResult result = scan({"--export", clips->path(), "--format", "jsonl", recording});
     QCOMPARE(result.status, 1);
     QVERIFY2(result.errors.contains("0000.avi: the encoder cannot be started: "),
              result.errors.constData());
@@ -426,7 +402,7 @@ void TestScanExport::missingEncoderIsNamed() {
 void TestScanExport::interruptEndsTheEncoder() {
     encoder->hold();
     QProcess process;
-    process.start(scannerPath(),
+    process.start(ScannerStand::path(),
                   oneClip + QStringList{"--export", clips->path(), "--format", "jsonl", recording});
     QTRY_COMPARE(encoder->calls().size(), 1);
     QElapsedTimer timer;
@@ -444,7 +420,7 @@ void TestScanExport::interruptEndsTheEncoder() {
 void TestScanExport::recordingsAreExportedSideBySide() {
     encoder->hold();
     QProcess process;
-    process.start(scannerPath(),
+    process.start(ScannerStand::path(),
                   oneClip + QStringList{"--export", clips->path(), "--format", "jsonl", "--jobs",
                                         "2", recording, recording, recording});
     QTRY_COMPARE_WITH_TIMEOUT(encoder->calls().size(), 2, 30000);
@@ -485,7 +461,7 @@ void TestScanExport::usageErrors_data() {
 void TestScanExport::usageErrors() {
     QFETCH(QStringList, arguments);
     QFETCH(QByteArray, message);
-    const ScanResult result = scan(arguments + QStringList{recording});
+    const ProcessResult result = scan(arguments + QStringList{recording});
     QCOMPARE(result.status, 2);
     QVERIFY2(result.errors.contains(message), result.errors.constData());
     QCOMPARE(result.output, QByteArray());

@@ -31,16 +31,13 @@ namespace {
 const QStringList someClips = {"--minimum", "2", "--postrecord", "1"};
 
 /// All that a call leaves behind.
-struct Scan {
-    int status = -1;
-    QByteArray output;
-    QByteArray errors;
+struct Scan : ProcessResult {
     QByteArray trace;
     QMap<QString, QByteArray> pictures;
 
     bool operator==(const Scan& other) const {
-        return status == other.status && output == other.output && errors == other.errors &&
-               trace == other.trace && pictures == other.pictures;
+        return ProcessResult::operator==(other) && trace == other.trace &&
+               pictures == other.pictures;
     }
 };
 
@@ -140,7 +137,7 @@ Scan TestValues::scanned(const QStringList& options, const QString& named,
                          const QProcessEnvironment& environment) {
     const ProcessResult result = runProgramIn(
         environment, "kestrova-scan", options + QStringList{"--trace", path("trace"), named});
-    Scan scan{result.status, result.output, result.errors, readFile(path("trace")), {}};
+    Scan scan{result, readFile(path("trace")), {}};
     QDir pictures(path("pictures"));
     for (const QString& name : pictures.entryList(QDir::Files))
         scan.pictures[name] = readFile(pictures.filePath(name));

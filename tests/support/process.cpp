@@ -9,6 +9,20 @@
 #include <QDir>
 #include <QProcess>
 
+ProcessResult endOf(QProcess& process, int timeoutMilliseconds) {
+    const bool hasEnded = process.waitForFinished(timeoutMilliseconds);
+    ProcessResult result;
+    result.output = process.readAllStandardOutput();
+    result.errors = process.readAllStandardError();
+    if (!hasEnded) {
+        process.kill();
+        process.waitForFinished();
+    } else if (process.exitStatus() == QProcess::NormalExit) {
+        result.status = process.exitCode();
+    }
+    return result;
+}
+
 ProcessResult runProgram(const QString& name, const QStringList& arguments,
                          int timeoutMilliseconds) {
     return runProgramIn(QProcessEnvironment::systemEnvironment(), name, arguments,
@@ -21,15 +35,5 @@ ProcessResult runProgramIn(const QProcessEnvironment& environment, const QString
     process.setProcessEnvironment(environment);
     process.setStandardInputFile(QProcess::nullDevice());
     process.start(QDir(media::programDirectory()).filePath(name), arguments);
-    const bool hasEnded = process.waitForFinished(timeoutMilliseconds);
-    ProcessResult result;
-    result.output = process.readAllStandardOutput();
-    result.errors = process.readAllStandardError();
-    if (!hasEnded) {
-        process.kill();
-        process.waitForFinished();
-    } else if (process.exitStatus() == QProcess::NormalExit) {
-        result.status = process.exitCode();
-    }
-    return result;
+    return endOf(process, timeoutMilliseconds);
 }

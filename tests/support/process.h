@@ -9,11 +9,20 @@
 #include <QString>
 #include <QStringList>
 
+class QProcess;
+
 struct ProcessResult {
     int status = -1; ///< exit status; -1 if it did not start, crashed or outran its time
     QByteArray output;
     QByteArray errors;
+
+    bool operator==(const ProcessResult& other) const {
+        return status == other.status && output == other.output && errors == other.errors;
+    }
 };
+
+/// Waits for the end of a program that was started, and ends one that outruns its time.
+ProcessResult endOf(QProcess& process, int timeoutMilliseconds = 120000);
 
 /// Runs a program of the program directory, or one named by its absolute path, to its end, without
 /// standard input.
