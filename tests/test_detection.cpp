@@ -154,6 +154,7 @@ private Q_SLOTS:
 
     void measuresEveryPictureAgainstTheOneBefore();
     void tellsInOrder();
+    void withoutFindingsItMeasuresAlone();
     void findsTheClip();
     void reportsTheClipBeforeTheFrame();
     void openClipEndsWithTheFile();
@@ -213,6 +214,18 @@ void TestDetection::tellsInOrder() {
     const Run run(path("three.mkv"));
     QCOMPARE(run.recorder.events,
              QStringList({"opened", "frame 1", "position", "frame 2", "end", "position"}));
+}
+
+void TestDetection::withoutFindingsItMeasuresAlone() {
+    const Run run(path("burst.mkv"), oneSecond());
+    Recorder recorder;
+    Detection detection(oneSecond(), recorder);
+    QCOMPARE(detection.run(path("burst.mkv")).outcome, DetectionOutcome::Finished);
+    QCOMPARE(detection.measurement().series.scores, run.series.scores);
+    QCOMPARE(detection.measurement().series.times, run.series.times);
+    QCOMPARE(recorder.events.count("end"), 1);
+    QCOMPARE(recorder.events.count("position"), 149);
+    QCOMPARE(recorder.events.size(), 150); // and of nothing else
 }
 
 void TestDetection::findsTheClip() {
