@@ -4,8 +4,8 @@
 
 // Which packet each picture comes with.
 
+#include "codeccontext.h"
 #include "framepacing.h"
-#include "libavpointers.h"
 
 #include <QtTest>
 
