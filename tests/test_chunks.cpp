@@ -9,9 +9,9 @@
 #include "chunkpictures.h"
 #include "files.h"
 #include "footage.h"
+#include "framestream.h"
 #include "h264header.h"
 #include "media.h"
-#include "videodecoder.h"
 
 #include <QCryptographicHash>
 #include <QLoggingCategory>
@@ -655,13 +655,16 @@ void TestChunks::whatIsKeptIsThereWhenItIsHandedOut() {
     const QString path =
         encoded("kept.mp4", {"-c:v", "libx264", "-preset", "veryfast", "-g", "50", "-bf", "2"});
     QVERIFY(!path.isEmpty());
-    VideoDecoder decoder(2);
-    const auto alike = [](const DecodedFrame&, const DecodedFrame&) { return MotionScore(); };
-    decoder.setChunks([alike] { return alike; }, [] { return std::make_unique<KeepsAll>(); });
-    QVERIFY(decoder.open(QFile::encodeName(path).constData()));
-    QVERIFY(decoder.next().isThere()); // which nothing was compared with
+    FramePlan plan;
+    plan.threads = 2;
+    plan.comparison = [] {
+        return [](const DecodedFrame&, const DecodedFrame&) { return MotionScore{1.0F}; };
+    };
+    plan.keeper = [] { return std::make_unique<KeepsAll>(); };
+    FrameStream frames(QFile::encodeName(path), plan);
+    QVERIFY(frames.next().isThere()); // which nothing was compared with
     int pictures = 0;
-    for (Frame frame = decoder.next(); frame.isThere(); frame = decoder.next()) {
+    for (Frame frame = frames.next(); frame.chunk; frame = frames.next()) {
         QVERIFY2(!keptPicture(frame).isNull(), qPrintable(QString::number(frame.packet)));
         ++pictures;
     }

@@ -4,8 +4,8 @@
 
 #include "decodeahead.h"
 
+#include "decodingcontext.h"
 #include "media.h"
-#include "videodecoder.h"
 
 #include <QTemporaryDir>
 #include <QtTest>
@@ -40,40 +40,42 @@ void TestDecodeAhead::givesWhatTheDecoderGives_data() {
 
 void TestDecodeAhead::givesWhatTheDecoderGives() {
     QFETCH(bool, isAhead);
-    VideoDecoder plain(1);
-    QVERIFY(plain.open(video.constData()));
-    VideoDecoder decoder(1);
-    QVERIFY(decoder.open(video.constData()));
-    DecodeAhead pictures(decoder, isAhead);
+    MediaFile plainFile(video);
+    DecodingContext plain(plainFile, {});
+    MediaFile file(video);
+    DecodingContext decoder(file, {});
+    DecodeAhead frames(decoder, isAhead);
     int count = 0;
-    while (const FramePointer expected{plain.readFrame(true)}) {
-        const Frame found = pictures.next();
+    for (Frame expected = plain.next(); expected.isThere(); expected = plain.next()) {
+        const Frame found = frames.next();
         QVERIFY(found.isThere());
-        QCOMPARE(found.time, expected->time);
-        QCOMPARE(found.bytePosition, plain.bytePosition());
+        QCOMPARE(found.time, expected.time);
+        QCOMPARE(found.bytePosition, plainFile.bytePosition());
         ++count;
     }
     QVERIFY(count > 60);
-    QVERIFY(!pictures.next().isThere());
+    QVERIFY(!frames.next().isThere());
 }
 
 void TestDecodeAhead::staysAtTheEnd() {
-    VideoDecoder decoder(1);
-    QVERIFY(decoder.open(video.constData()));
-    DecodeAhead pictures(decoder, true);
-    while (pictures.next().isThere()) {
+    MediaFile file(video);
+    DecodingContext decoder(file, {});
+    DecodeAhead frames(decoder, true);
+    while (frames.next().isThere()) {
     }
     for (int i = 0; i < 3; ++i)
-        QVERIFY(!pictures.next().isThere());
+        QVERIFY(!frames.next().isThere());
 }
 
 void TestDecodeAhead::canBeLeftAtAnyTime() {
     for (int taken = 0; taken < 40; ++taken) {
-        VideoDecoder decoder(2);
-        QVERIFY(decoder.open(video.constData()));
-        DecodeAhead pictures(decoder, true);
+        MediaFile file(video);
+        DecodingOptions options;
+        options.threads = 2;
+        DecodingContext decoder(file, options);
+        DecodeAhead frames(decoder, true);
         for (int i = 0; i < taken; ++i)
-            QVERIFY(pictures.next().isThere());
+            QVERIFY(frames.next().isThere());
     }
 }
 

@@ -5,8 +5,8 @@
 // Every format that the encoder can write gives the pictures and times that the media libraries
 // give when they open the file themselves, by its name.
 
+#include "framestream.h"
 #include "media.h"
-#include "videodecoder.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -95,11 +95,11 @@ Pictures readPlainly(const QString& path) {
 
 Pictures read(const QString& path) {
     Pictures pictures;
-    VideoDecoder decoder(1);
-    if (!decoder.open(path.toUtf8().constData()))
-        return pictures;
-    while (const FramePointer record{decoder.readFrame(true)})
-        pictures.append({record->time, contentOf(*record->frame)});
+    FramePlan plan;
+    plan.threads = 1;
+    FrameStream frames(path.toUtf8(), plan);
+    for (Frame frame = frames.next(); frame.isThere(); frame = frames.next())
+        pictures.append({frame.time, contentOf(*frame.picture->frame)});
     return pictures;
 }
 

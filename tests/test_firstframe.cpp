@@ -174,7 +174,7 @@ void TestFirstFrame::grabsTheFirstPicture() {
 void TestFirstFrame::grabsThePictureThatTheDecoderHolds() {
     // With B pictures to come, the only one there is waits for the next.
     QVERIFY(media::encodeGrey(path("one.mp4"), media::numberedPictures(1, 37), 25, h264));
-    VideoDecoder decoder(1);
+    VideoDecoder decoder;
     QVERIFY(decoder.open(path("one.mp4").toUtf8().constData()));
     QVERIFY(!decoder.readFrame(true));
     QImage picture;

@@ -34,6 +34,7 @@ private Q_SLOTS:
     void initTestCase();
 
     void readsTheVideoStream();
+    void describesThePictures();
     void numbersThePackets();
     void startsOverWhenOpenedAgain();
     void errorEndsTheFileForGood();
@@ -66,6 +67,16 @@ void TestMediaFile::readsTheVideoStream() {
     const media::ProbedVideo probed = media::probe(path("whole.mp4"));
     QCOMPARE(probed.packetTimes.size(), 100);
     QCOMPARE(readTimes(file), probed.packetTimes);
+}
+
+void TestMediaFile::describesThePictures() {
+    QVERIFY(media::encode({"-f", "lavfi", "-i", "color=s=72x48:r=25/2:d=2,setsar=16/15", "-c:v",
+                           "mpeg4", "-output_ts_offset", "3", path("wide.mkv")}));
+    const StreamDescription wide = MediaFile(pathOf("wide.mkv")).facts().description;
+    QCOMPARE(wide.size, QSize(72, 48));
+    QCOMPARE(wide.pixelAspect.numerator * 15, wide.pixelAspect.denominator * 16);
+    QCOMPARE(wide.frameRate.numerator * 2, wide.frameRate.denominator * 25);
+    QCOMPARE(wide.startTime, 3.0);
 }
 
 void TestMediaFile::numbersThePackets() {
@@ -157,6 +168,7 @@ void TestMediaFile::nothingWhileClosed() {
     QCOMPARE(file.bytes(), qint64(-1));
     QCOMPARE(file.facts().duration, 0.0);
     QVERIFY(file.facts().codecName.isEmpty());
+    QVERIFY(file.facts().description.size.isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TestMediaFile)

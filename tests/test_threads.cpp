@@ -6,8 +6,8 @@
 
 #include "decoderthreads.h"
 #include "footage.h"
+#include "framestream.h"
 #include "media.h"
-#include "videodecoder.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -45,11 +45,11 @@ QByteArray planeChecksum(const DecodedFrame& frame) {
 
 QVector<Picture> decode(const QString& path, int threads) {
     QVector<Picture> pictures;
-    VideoDecoder decoder(threads);
-    if (!decoder.open(path.toUtf8().constData()))
-        return pictures;
-    while (const FramePointer frame{decoder.readFrame(true)})
-        pictures.append({frame->time, frame->width(), frame->height(), planeChecksum(*frame)});
+    FramePlan plan;
+    plan.threads = threads;
+    FrameStream frames(path.toUtf8(), plan);
+    for (Frame frame = frames.next(); frame.isThere(); frame = frames.next())
+        pictures.append({frame.time, frame.width, frame.height, planeChecksum(*frame.picture)});
     return pictures;
 }
 

@@ -8,8 +8,6 @@
 #include "framesnapshot.h"
 #include "likelysnapshots.h"
 #include "missingpicture.h"
-#include "picturesource.h"
-#include "videodecoder.h"
 
 #include <QFile>
 
@@ -43,28 +41,25 @@ Detection::Detection(const DetectionOptions& options, DetectionProgress& progres
 
 MeasuringEnd Detection::run(const QString& fileName) {
     return endOfRun([&] {
-        path = QFile::encodeName(fileName);
-        return runFile();
+        FrameStream frames(QFile::encodeName(fileName), plan(),
+                           [this] { return progress.isCancelled(); });
+        return runOn(frames);
     });
 }
 
-MeasuringEnd Detection::runFile() {
-    VideoDecoder decoder(options.threads);
-    decoder.setKeyframesOnly(options.isKeyframesOnly);
-    if (mayBeCut())
-        decoder.setChunks(comparisonFor(options.measure), keeperMaker());
-    decoder.setInterrupt([this] { return progress.isCancelled(); });
-    if (decoder.open(path.constData()))
-        return runOpen(decoder);
-    if (progress.isCancelled()) // which cuts an open short
-        return {DetectionOutcome::Cancelled};
-    return {DetectionOutcome::CannotOpen, decoder.errorText(), decoder.isFileToBlame()};
+MeasuringEnd Detection::run(FrameStream& frames) {
+    return endOfRun([&] { return runOn(frames); });
 }
 
-/// Into chunks, that are decoded side by side.
-bool Detection::mayBeCut() const {
-    const bool isWhole = options.range.from <= 0.0 && std::isinf(options.range.to);
-    return options.threads != 1 && !options.isKeyframesOnly && isWhole;
+FramePlan Detection::plan() const {
+    FramePlan plan;
+    plan.times = options.times;
+    plan.range = options.range;
+    plan.isKeyframesOnly = options.isKeyframesOnly;
+    plan.threads = options.threads;
+    plan.comparison = comparisonFor(options.measure);
+    plan.keeper = keeperMaker();
+    return plan;
 }
 
 /// Makes small pictures on the threads that decode them, if anybody wants to see some.
@@ -76,98 +71,68 @@ PictureKeeperMaker Detection::keeperMaker() const {
     return [threshold, skip] { return std::make_unique<LikelySnapshots>(threshold, skip); };
 }
 
-MeasuringEnd Detection::runOpen(VideoDecoder& decoder) {
-    const auto end = runOpened(decoder, skipAhead(decoder));
-    if (end)
-        return *end;
-    decoder.open(path.constData());
-    return *runOpened(decoder, std::nullopt);
-}
-
-std::optional<MeasuringEnd> Detection::runSkipped(VideoDecoder& decoder,
-                                                  const RecordingOrigin& origin) {
-    return endOfRun([&] { return runOpened(decoder, origin); });
-}
-
-/// Goes to the range without decoding what lies before it. Answers the picture that all are counted
-/// from then; nothing where the file is to be read from its start.
-std::optional<RecordingOrigin> Detection::skipAhead(VideoDecoder& decoder) {
-    const bool isSlow = options.range.from > 0.0 && !options.isKeyframesOnly;
-    if (!isSlow || options.times.frameRate > 0.0 || !decoder.canReadAgain())
-        return std::nullopt;
-    const Frame first = decoder.next();
-    const bool isTimed = first.isThere() && !first.isTimeMissing;
-    if (isTimed && decoder.open(path.constData()) &&
-        decoder.skipTo(first.time + options.range.from))
-        return RecordingOrigin{first.time, first.packet};
-    decoder.open(path.constData());
-    return std::nullopt;
-}
-
-/// Nothing, before anybody is told anything, if the file must be read from its start after all.
-std::optional<MeasuringEnd> Detection::runOpened(VideoDecoder& decoder,
-                                                 std::optional<RecordingOrigin> origin) {
-    measured.stream = decoder.facts();
-    PictureSource source(decoder, options.threads != 1, options.times);
-    RangedPictures pictures(source, options.range, origin);
-    PicturePair first{pictures.next(), {}};
-    begin(first, pictures);
+MeasuringEnd Detection::runOn(FrameStream& frames) {
+    if (!frames.isOpen()) {
+        if (progress.isCancelled()) // which cuts an open short
+            return {DetectionOutcome::Cancelled};
+        return {DetectionOutcome::CannotOpen, frames.errorText(), frames.isFileToBlame()};
+    }
+    measured.stream = frames.facts();
+    FramePair first{frames.next(), {}};
+    begin(first, frames);
     if (first.previous.isThere())
-        first.current = pictures.next();
-    const bool hasBegun = first.current.isThere();
-    if (origin && (pictures.hasMismatch() || !hasBegun) && !progress.isCancelled())
-        return std::nullopt;
-    if (!hasBegun)
-        return failToBegin(source, first.previous.isThere());
+        first.current = frames.next();
+    if (!first.current.isThere())
+        return failToBegin(frames, first.previous.isThere());
     measured.hasPictures = true;
     measured.stream.isRegionEmpty = selectsNothing(options.measure.region, first.current);
-    const MeasuringEnd end = measureAndDecide(std::move(first), pictures);
+    const MeasuringEnd end = measureAndDecide(std::move(first), frames);
     if (end.outcome != DetectionOutcome::Finished)
         return end;
-    if (source.isStandingStill())
+    if (frames.isStandingStill())
         return withoutTimes();
-    findDamage(decoder);
+    findDamage(frames);
     return end;
 }
 
 /// Or measures alone, where nobody wants to know what is found.
-MeasuringEnd Detection::measureAndDecide(PicturePair first, RangedPictures& pictures) {
+MeasuringEnd Detection::measureAndDecide(FramePair first, FrameStream& frames) {
     const MotionMeasure measurer(options.measure);
     if (!findings)
-        return measure(std::move(first), pictures, measurer, progress, sinkOf(measured.series));
+        return measure(std::move(first), frames, measurer, progress, sinkOf(measured.series));
     Decision decision(options.segmentation, measured, handleOf(first.previous), *findings);
-    const auto decide = [&](MotionScore motion, const Frame& picture) {
-        decision.add(motion, picture.time, handleOf(picture));
+    const auto decide = [&](MotionScore motion, const Frame& frame) {
+        decision.add(motion, frame.time, handleOf(frame));
     };
-    const MeasuringEnd end = measure(std::move(first), pictures, measurer, progress, decide);
+    const MeasuringEnd end = measure(std::move(first), frames, measurer, progress, decide);
     decision.finish();
     measured.series = decision.series();
     return end;
 }
 
-ClipPicturePointer Detection::handleOf(const Frame& picture) {
+ClipPicturePointer Detection::handleOf(const Frame& frame) {
     if (!options.areSnapshotsWanted)
         return noPicture();
-    if (picture.chunk)
-        return chunkSnapshots.handleOf(picture);
-    return std::make_shared<FrameSnapshot>(picture.picture);
+    if (frame.chunk)
+        return chunkSnapshots.handleOf(frame);
+    return std::make_shared<FrameSnapshot>(frame.picture);
 }
 
-void Detection::begin(const PicturePair& first, const RangedPictures& pictures) {
+void Detection::begin(const FramePair& first, const FrameStream& frames) {
     if (!first.previous.isThere())
         return;
-    measured.stream.frameRate = pictures.source().frameRate();
-    measured.stream.origin = pictures.originTime();
-    measured.firstNumber = pictures.number();
+    measured.stream.frameRate = frames.forcedFrameRate();
+    measured.stream.origin = frames.origin();
+    measured.firstNumber = frames.firstNumber();
     measured.firstTime = first.previous.time;
 }
 
-MeasuringEnd Detection::failToBegin(const PictureSource& source, bool hasPicture) {
+MeasuringEnd Detection::failToBegin(const FrameStream& frames, bool hasPicture) {
     if (progress.isCancelled()) // which cuts a read short
         return {DetectionOutcome::Cancelled};
-    if (source.isFirstUseless())
+    if (frames.isFirstUseless())
         return withoutTimes();
-    const QString& failure = source.end().error;
+    const QString failure = frames.end().error;
     if (!failure.isEmpty())
         return {DetectionOutcome::TooFewPictures, failure};
     QString error = QStringLiteral("no picture could be decoded");
@@ -180,10 +145,10 @@ MeasuringEnd Detection::failToBegin(const PictureSource& source, bool hasPicture
 
 /// Of what was read to its end. Key frames alone tell nothing of the others and of the length, and
 /// how far one reads beyond a range depends on the threads.
-void Detection::findDamage(const VideoDecoder& decoder) {
+void Detection::findDamage(const FrameStream& frames) {
     if (options.isKeyframesOnly || std::isfinite(options.range.to))
         return;
-    ReadingSigns signs = decoder.readingSigns();
+    ReadingSigns signs = frames.readingSigns();
     if (measured.stream.frameRate > 0.0) // the times are not those of the headers
         signs.promised = 0.0;
     measured.damage =

@@ -20,32 +20,27 @@ public:
     /// Reads the whole file. Runs once per object.
     MeasuringEnd run(const QString& fileName);
 
-    /// The same with a file that is open and has been skipped to the range; its pictures are
-    /// counted from `origin`. Nothing, before anybody is told anything, if it is in doubt that
-    /// what comes is what is read from the start on.
-    std::optional<MeasuringEnd> runSkipped(VideoDecoder& decoder, const RecordingOrigin& origin);
+    /// The same with a file that is read as `options` say, but in another range.
+    MeasuringEnd run(FrameStream& frames);
+
+    /// How a recording is read for it.
+    FramePlan plan() const;
 
     /// What was measured; once the run has ended.
     const Measurement& measurement() const { return measured; }
 
 private:
-    bool mayBeCut() const;
     PictureKeeperMaker keeperMaker() const;
-    ClipPicturePointer handleOf(const Frame& picture);
-    std::optional<RecordingOrigin> skipAhead(VideoDecoder& decoder);
-    MeasuringEnd runFile();
-    MeasuringEnd runOpen(VideoDecoder& decoder);
-    std::optional<MeasuringEnd> runOpened(VideoDecoder& decoder,
-                                          std::optional<RecordingOrigin> origin);
-    void begin(const PicturePair& first, const RangedPictures& pictures);
-    MeasuringEnd failToBegin(const PictureSource& source, bool hasPicture);
-    MeasuringEnd measureAndDecide(PicturePair first, RangedPictures& pictures);
-    void findDamage(const VideoDecoder& decoder);
+    ClipPicturePointer handleOf(const Frame& frame);
+    MeasuringEnd runOn(FrameStream& frames);
+    void begin(const FramePair& first, const FrameStream& frames);
+    MeasuringEnd failToBegin(const FrameStream& frames, bool hasPicture);
+    MeasuringEnd measureAndDecide(FramePair first, FrameStream& frames);
+    void findDamage(const FrameStream& frames);
 
     DetectionOptions options;
     DetectionProgress& progress;
     DetectionFindings* findings;
-    QByteArray path; ///< of the recording, in the file system's bytes
     Measurement measured;
     ChunkSnapshots chunkSnapshots;
 };

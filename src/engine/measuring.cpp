@@ -12,7 +12,7 @@
 namespace {
 
 /// Where chunks end, the last picture of them is decoded again to compare the next one with.
-MotionScore motionOf(MotionMeasure& measure, const PicturePair& pair) {
+MotionScore motionOf(MotionMeasure& measure, const FramePair& pair) {
     const Frame& current = pair.current;
     if (current.chunk)
         return measure.take(current.motion, current.width, current.height);
@@ -33,40 +33,39 @@ MeasuringEnd endOf(const ReadEnd& end) {
     return {};
 }
 
-/// How it ends if `newest` is the last picture that is read.
-MeasuringEnd endAt(const Frame& newest, const RangedPictures& pictures,
-                   DetectionProgress& progress) {
+/// How it ends if `newest` is the last frame that is read.
+MeasuringEnd endAt(const Frame& newest, const FrameStream& frames, DetectionProgress& progress) {
     if (newest.isThere() || progress.isCancelled())
         return {DetectionOutcome::Cancelled};
-    return endOf(pictures.source().end());
+    return endOf(frames.end());
 }
 
 } // namespace
 
 MotionSink sinkOf(MotionSeries& series) {
-    return [&series](MotionScore motion, const Frame& picture) {
+    return [&series](MotionScore motion, const Frame& frame) {
         series.scores.append(motion);
-        series.times.append(picture.time);
+        series.times.append(frame.time);
     };
 }
 
-MeasuringEnd measure(PicturePair pair, RangedPictures& pictures, MotionMeasure measure,
+MeasuringEnd measure(FramePair pair, FrameStream& frames, MotionMeasure measure,
                      DetectionProgress& progress, const MotionSink& sink) {
-    MeasuringEnd end = endAt(pair.current, pictures, progress);
+    MeasuringEnd end = endAt(pair.current, frames, progress);
     while (pair.current.isThere() && !progress.isCancelled()) {
         sink(motionOf(measure, pair), pair.current);
         pair.previous = std::move(pair.current);
-        pair.current = pictures.next();
-        end = endAt(pair.current, pictures, progress);
+        pair.current = frames.next();
+        end = endAt(pair.current, frames, progress);
         const bool isAtEnd = end.outcome == DetectionOutcome::Finished ||
                              end.outcome == DetectionOutcome::ReadFailed;
-        progress.positionChanged(pictures.source().bytePosition(), isAtEnd);
+        progress.positionChanged(pair.current.bytePosition, isAtEnd);
     }
     return end;
 }
 
-bool selectsNothing(const RegionOfInterest& region, const Frame& picture) {
-    const int width = picture.width;
-    const int height = picture.height;
+bool selectsNothing(const RegionOfInterest& region, const Frame& frame) {
+    const int width = frame.width;
+    const int height = frame.height;
     return width > 0 && height > 0 && prepareRegion(region, width, height).isEmpty();
 }

@@ -5,8 +5,6 @@
 #include "partdetection.h"
 
 #include "partreading.h"
-#include "picturesource.h"
-#include "videodecoder.h"
 
 #include <QFile>
 
@@ -24,21 +22,23 @@ MeasuringEnd PartDetection::run(const QString& fileName) {
 }
 
 MeasuringEnd PartDetection::runFile(const QString& fileName) {
-    path = QFile::encodeName(fileName);
-    VideoDecoder decoder(options.threads);
-    decoder.setInterrupt([this] { return progress.isCancelled(); });
+    FramePlan plan;
+    plan.times = options.times;
+    plan.part = part;
+    plan.threads = options.threads;
+    std::optional<FrameStream> frames(std::in_place, QFile::encodeName(fileName), plan,
+                                      [this] { return progress.isCancelled(); });
     // Where it cannot be opened, the other road tells why.
-    if (!decoder.open(path.constData()))
+    if (!frames->isOpen())
         return measureWhole(fileName);
-    measured.stream = decoder.facts();
-    const bool isCut = goToPart(decoder);
+    measured.stream = frames->facts();
+    measured.stream.origin = frames->origin();
     if (progress.isCancelled())
         return {DetectionOutcome::Cancelled};
-    if (isCut)
-        return measureCut(decoder);
-    const QString error =
-        decoder.errorText().isEmpty() ? decoder.readEnd().error : decoder.errorText();
-    decoder.close();
+    if (frames->part())
+        return measureCut(*frames);
+    const QString error = frames->end().error;
+    frames.reset();
     if (!error.isEmpty())
         return {DetectionOutcome::ReadFailed, error};
     return measureUncut(fileName);
@@ -58,65 +58,48 @@ MeasuringEnd PartDetection::measureUncut(const QString& fileName) {
     return part.index == 1 ? measureWhole(fileName) : MeasuringEnd();
 }
 
-/// Whether it can be cut goes by what lies at its beginning, so that all parts agree on it.
-bool PartDetection::goToPart(VideoDecoder& decoder) {
-    if (options.times.frameRate > 0.0 || !decoder.canReadAgain())
-        return false;
-    const Frame first = decoder.next();
-    if (!first.isThere() || first.isTimeMissing)
-        return false;
-    measured.stream.origin = first.time;
-    return decoder.open(path.constData()) && decoder.beginPart(part, first.packet);
-}
-
-MeasuringEnd PartDetection::measureCut(VideoDecoder& decoder) {
-    const PartReading& reading = *decoder.part();
+MeasuringEnd PartDetection::measureCut(FrameStream& frames) {
+    const PartReading& reading = *frames.part();
     partFacts.delay = reading.delay();
     const bool isEmpty = reading.begin() == reading.end();
     if (isEmpty) {
         takeFacts(reading, true);
         return {};
     }
-    MeasuringEnd end;
-    const qint64 errorsBefore = decoder.libavErrors();
-    bool hasOwnTimes = true;
-    {
-        PictureSource pictures(decoder, options.threads != 1, options.times);
-        end = measurePictures(pictures, std::max<qint64>(reading.begin() - 1, 0));
-        hasOwnTimes = !pictures.isFirstUseless() && pictures.frameRate() == 0.0;
-    }
+    const qint64 errorsBefore = frames.libavErrors();
+    const MeasuringEnd end = measureFrames(frames, std::max<qint64>(reading.begin() - 1, 0));
+    const bool hasOwnTimes = !frames.isFirstUseless() && frames.forcedFrameRate() == 0.0;
     // Decoders conceal damage and depend on older pictures then, often without a mark on theirs.
-    const bool isSound = decoder.libavErrors() == errorsBefore;
-    takeFacts(reading, isSound && hasOwnTimes && reading.isRegular() && isWhole(decoder));
+    const bool isSound = frames.libavErrors() == errorsBefore;
+    takeFacts(reading, isSound && hasOwnTimes && reading.isRegular() && isWhole(frames));
     return end;
 }
 
 /// What is missing of a recording is told by who measures all of it.
-bool PartDetection::isWhole(const VideoDecoder& decoder) const {
-    ReadingSigns signs = decoder.readingSigns();
-    if (!decoder.part()->isToTheEnd())
+bool PartDetection::isWhole(const FrameStream& frames) const {
+    ReadingSigns signs = frames.readingSigns();
+    if (!frames.part()->isToTheEnd())
         signs.promised = 0.0;
     return !damageOf({measured.stream.origin, measured.firstTime}, measured.series, signs)
                 .isThere();
 }
 
-/// `firstNumber`: of the picture to begin with.
-MeasuringEnd PartDetection::measurePictures(PictureSource& source, qint64 firstNumber) {
-    RangedPictures pictures(source, TimeRange(), std::nullopt);
-    PicturePair first{pictures.next(), {}};
+/// `firstNumber`: of the frame to begin with.
+MeasuringEnd PartDetection::measureFrames(FrameStream& frames, qint64 firstNumber) {
+    FramePair first{frames.next(), {}};
     Frame& begin = first.previous;
     const qint64 firstPacket = firstNumber + partFacts.delay;
     while (begin.isThere() && begin.packet < firstPacket && !progress.isCancelled())
-        begin = pictures.next();
+        begin = frames.next();
     if (begin.isThere()) {
         measured.hasPictures = true;
         measured.firstNumber = firstNumber;
         measured.firstTime = begin.time;
         measured.stream.isRegionEmpty = selectsNothing(options.measure.region, begin);
-        first.current = pictures.next();
+        first.current = frames.next();
     }
-    return measure(std::move(first), pictures, MotionMeasure(options.measure, firstNumber),
-                   progress, sinkOf(measured.series));
+    return measure(std::move(first), frames, MotionMeasure(options.measure, firstNumber), progress,
+                   sinkOf(measured.series));
 }
 
 void PartDetection::takeFacts(const PartReading& reading, bool isRegular) {

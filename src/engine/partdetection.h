@@ -31,16 +31,14 @@ private:
     MeasuringEnd runFile(const QString& fileName);
     MeasuringEnd measureWhole(const QString& fileName);
     MeasuringEnd measureUncut(const QString& fileName);
-    bool goToPart(VideoDecoder& decoder);
-    MeasuringEnd measureCut(VideoDecoder& decoder);
-    bool isWhole(const VideoDecoder& decoder) const;
-    MeasuringEnd measurePictures(PictureSource& source, qint64 firstNumber);
+    MeasuringEnd measureCut(FrameStream& frames);
+    bool isWhole(const FrameStream& frames) const;
+    MeasuringEnd measureFrames(FrameStream& frames, qint64 firstNumber);
     void takeFacts(const PartReading& part, bool isRegular);
 
     DetectionOptions options;
     RecordingPart part;
     DetectionProgress& progress;
-    QByteArray path; ///< of the recording, in the file system's bytes
     Measurement measured;
     PartFacts partFacts;
 };

@@ -62,24 +62,24 @@ QImage PictureFinder::snapshotFromKeyFrame(int index) {
     const int second = measuredFrom(first + 1);
     if (first >= count || !openSeeking() || !seeking->seekBefore(timeOf(begin)))
         return {};
-    FramePointer previous(seeking->readFrame(true));
-    while (previous && previous->time < timeOf(begin))
-        previous.reset(seeking->readFrame(true));
-    if (!previous || previous->time != timeOf(begin))
+    Frame previous = seeking->next();
+    while (previous.isThere() && previous.time < timeOf(begin))
+        previous = seeking->next();
+    if (!previous.isThere() || previous.time != timeOf(begin))
         return {};
 
     MeasureOptions everyPicture = options.measure;
     everyPicture.skip = 0;
     MotionMeasure measure(everyPicture);
-    QImage image = begin == index ? snapshotImage(*previous) : QImage();
+    QImage image = begin == index ? snapshotImage(*previous.picture) : QImage();
     bool isProved = false;
     for (int i = begin + 1; i <= std::min(second, count - 1); ++i) {
-        FramePointer current(seeking->readFrame(true));
-        if (!current || current->time != timeOf(i))
+        Frame current = seeking->next();
+        if (!current.isThere() || current.time != timeOf(i))
             return {};
         if (i == index)
-            image = snapshotImage(*current);
-        const MotionScore motion = measure.measure(*previous, *current);
+            image = snapshotImage(*current.picture);
+        const MotionScore motion = measure.measure(*previous.picture, *current.picture);
         const MotionScore kept = measurement.series.scores[i - 1];
         if ((i == first || i == second) && !(motion == kept))
             return {};
@@ -91,38 +91,40 @@ QImage PictureFinder::snapshotFromKeyFrame(int index) {
 
 QImage PictureFinder::snapshotFromStart(int index) {
     const qint64 number = measurement.firstNumber + index;
-    if ((!pictures || nextNumber > number) && !openLinear())
+    if ((!frames || nextNumber > number) && !openLinear())
         return {};
-    Frame picture;
+    Frame frame;
     for (; nextNumber <= number; ++nextNumber) {
-        picture = pictures->next();
-        if (!picture.isThere()) {
+        frame = frames->next();
+        if (!frame.isThere()) {
             error = QStringLiteral("cannot be read again up to a clip's picture");
-            pictures.reset();
+            frames.reset();
             return {};
         }
     }
-    return snapshotImage(*picture.picture);
+    return snapshotImage(*frame.picture);
 }
 
 bool PictureFinder::openSeeking() {
-    if (seeking)
-        return true;
-    seeking = std::make_unique<VideoDecoder>(1);
-    seeking->setInterrupt(isInterrupted);
-    return seeking->open(fileName.constData());
+    FramePlan plan;
+    plan.threads = 1;
+    if (!seeking)
+        seeking = std::make_unique<FrameStream>(fileName, plan, isInterrupted);
+    return seeking->isOpen();
 }
 
 bool PictureFinder::openLinear() {
-    pictures.reset();
-    linear = std::make_unique<VideoDecoder>(options.threads);
-    linear->setInterrupt(isInterrupted);
-    linear->setKeyframesOnly(options.isKeyframesOnly);
-    if (!linear->open(fileName.constData())) {
-        error = QStringLiteral("cannot be read again: %1").arg(linear->errorText());
+    FramePlan plan;
+    plan.times = options.times;
+    plan.isKeyframesOnly = options.isKeyframesOnly;
+    plan.threads = options.threads;
+    frames.reset();
+    frames = std::make_unique<FrameStream>(fileName, plan, isInterrupted);
+    if (!frames->isOpen()) {
+        error = QStringLiteral("cannot be read again: %1").arg(frames->errorText());
+        frames.reset();
         return false;
     }
-    pictures = std::make_unique<PictureSource>(*linear, options.threads != 1, options.times);
     nextNumber = 0;
     return true;
 }

@@ -6,9 +6,8 @@
 
 #include "clippicture.h"
 #include "detectionoptions.h"
+#include "framestream.h"
 #include "measurement.h"
-#include "picturesource.h"
-#include "videodecoder.h"
 
 #include <functional>
 #include <memory>
@@ -59,10 +58,9 @@ private:
     int lastIndex = -1; ///< of `lastSnapshot`, -1 if there is none
     QImage lastSnapshot;
     bool canSeek; ///< as far as one has seen; key frames alone are soon read
-    std::unique_ptr<VideoDecoder> seeking;
-    std::unique_ptr<VideoDecoder> linear;
-    std::unique_ptr<PictureSource> pictures; ///< of `linear`
-    qint64 nextNumber = 0; ///< of the next one of `pictures`, from the first one on
+    std::unique_ptr<FrameStream> seeking;
+    std::unique_ptr<FrameStream> frames; ///< from the first one on
+    qint64 nextNumber = 0;               ///< of the next one of `frames`
 };
 
 /// A picture of a measurement that is looked for when its snapshot is asked for. `finder` must

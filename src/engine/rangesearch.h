@@ -22,12 +22,7 @@ public:
     MeasuringEnd run(const QString& fileName, const QVector<TimeRange>& ranges);
 
 private:
-    std::optional<RecordingOrigin> begin(VideoDecoder& decoder);
-    MeasuringEnd search(VideoDecoder& decoder, const std::optional<RecordingOrigin>& origin);
-
     DetectionOptions options;
     DetectionProgress& progress;
     DetectionFindings& findings;
-    QString fileName;
-    QByteArray path; ///< the same in the file system's bytes
 };

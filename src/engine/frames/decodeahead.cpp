@@ -4,9 +4,9 @@
 
 #include "decodeahead.h"
 
+#include "decodingcontext.h"
 #include "framebudget.h"
 #include "logging.h"
-#include "videodecoder.h"
 
 namespace {
 
@@ -16,7 +16,7 @@ constexpr std::size_t mostQueued = 3;
 
 } // namespace
 
-DecodeAhead::DecodeAhead(VideoDecoder& decoder, bool isAhead)
+DecodeAhead::DecodeAhead(DecodingContext& decoder, bool isAhead)
     : decoder(decoder) {
     if (!isAhead)
         return;

@@ -13,7 +13,7 @@
 #include <mutex>
 #include <thread>
 
-class VideoDecoder;
+class DecodingContext;
 
 /// Hands out a decoder's frames in order, at the moment or, on a thread of its own, a few ahead.
 /// Very large ones are never read ahead.
@@ -22,7 +22,7 @@ public:
     /// `decoder` is this object's alone until the end has been handed out or this is destroyed.
     /// With `isAhead` the interrupt is asked on the other thread, too. Where no other thread can be
     /// had, frames are read at the moment.
-    DecodeAhead(VideoDecoder& decoder, bool isAhead);
+    DecodeAhead(DecodingContext& decoder, bool isAhead);
 
     /// Waits for what the decoder has in hand, no longer.
     ~DecodeAhead();
@@ -38,7 +38,7 @@ private:
     void readOrThrow();
     bool mayRead() const;
 
-    VideoDecoder& decoder;
+    DecodingContext& decoder;
 
     std::mutex mutex;
     std::condition_variable changed;

@@ -175,10 +175,10 @@ bool DecodingContext::skipTo(std::int64_t dts) {
     return isThere;
 }
 
-bool DecodingContext::beginPart(RecordingPart wanted, qint64 delay) {
+void DecodingContext::beginPart(RecordingPart wanted, qint64 delay) {
     const qint64 bytes = file.bytes();
     if (bytes <= 0)
-        return false;
+        return;
     wantedPart.emplace(*reader.stream().codecpar, wanted, bytes, delay);
     reader.setWatch([this](const NumberedPacket& packet) { wantedPart->add(packet); });
     std::deque<NumberedPacket> packets = skipToPart(reader, *wantedPart);
@@ -186,13 +186,14 @@ bool DecodingContext::beginPart(RecordingPart wanted, qint64 delay) {
         wantedPart->endReached();
     if (!packets.empty() || wantedPart->begin() == 0) {
         reader.putBack(std::move(packets));
-        return true;
+        return;
     }
     wantedPart->runUpFromStart();
     if (file.reopen())
-        return true;
-    error = file.errorText();
-    return false;
+        return;
+    ownEnd = {ReadEnd::Cause::ReadError, file.errorText()};
+    reader.setWatch(nullptr);
+    wantedPart.reset();
 }
 
 bool DecodingContext::seekBefore(std::int64_t dts) {

@@ -33,7 +33,7 @@ public:
     /// `file` must be open and outlive this object.
     DecodingContext(MediaFile& file, DecodingOptions options);
 
-    /// Why there is no decoder, or no part, for a person; empty if there is.
+    /// Why there is no decoder, for a person; empty if there is.
     const QString& errorText() const { return error; }
 
     /// The next frame; none at the end, and from then on.
@@ -51,9 +51,9 @@ public:
     bool skipTo(std::int64_t dts);
 
     /// At the start of a file whose first frame packet `delay` completed: goes on, without
-    /// decoding, to one part of it. The frames are then those of the part, with some before them.
-    /// False if that cannot be done.
-    bool beginPart(RecordingPart wanted, qint64 delay);
+    /// decoding, to one part of it, if it can. The frames are then those of the part, with some
+    /// before them.
+    void beginPart(RecordingPart wanted, qint64 delay);
 
     /// The part that is read; null if it is the whole file.
     const PartReading* part() const { return wantedPart ? &*wantedPart : nullptr; }

@@ -4,8 +4,8 @@
 
 #include "firstframe.h"
 
+#include "decodingcontext.h"
 #include "scaledpicture.h"
-#include "videodecoder.h"
 
 extern "C" {
 #include <libavutil/frame.h>
@@ -43,15 +43,19 @@ QImage rgbImage(const AVFrame& picture) {
 } // namespace
 
 bool grabFirstFrame(const QString& fileName, QImage* image, QDeadlineTimer deadline) {
-    // One picture is not worth the start of many threads.
-    VideoDecoder decoder(1);
-    decoder.setInterrupt([&deadline] { return deadline.hasExpired(); });
-    if (!QFileInfo(fileName).isFile() || !decoder.open(QFile::encodeName(fileName).constData()))
+    if (!QFileInfo(fileName).isFile())
         return false;
-    FramePointer first(decoder.readFrame(false));
-    if (!first) // a recording so short that it ends before the decoder gives anything away
-        first.reset(decoder.takeHeldFrame());
-    const QImage converted = first ? rgbImage(*first->frame) : QImage();
+    MediaFile file(QFile::encodeName(fileName), [&deadline] { return deadline.hasExpired(); });
+    if (!file.isOpen())
+        return false;
+    // One picture is not worth the start of many threads.
+    DecodingContext decoder(file, {});
+    const Frame first = decoder.next();
+    AVFramePointer held; // by a recording so short that it ends before the decoder gives one away
+    if (!first.isThere())
+        held = decoder.takeHeld();
+    const AVFrame* picture = first.isThere() ? first.picture->frame : held.get();
+    const QImage converted = picture ? rgbImage(*picture) : QImage();
     if (converted.isNull())
         return false;
     *image = converted;
