@@ -132,22 +132,22 @@ void RecordingOutput::passLooked(double time) {
     }
 }
 
-void RecordingOutput::finish(DetectionOutcome outcome, const QString& error, const Damage& damage) {
+void RecordingOutput::finish(const MeasuringEnd& end, const Damage& damage) {
     outputs.totals.finish(recording);
-    const bool isRead = outcome == DetectionOutcome::Finished;
-    const bool isHinted = outcome == DetectionOutcome::NoUsableTimes;
-    line.outcome = outcome;
+    const bool isRead = end.outcome == DetectionOutcome::Finished;
+    const bool isHinted = end.outcome == DetectionOutcome::NoUsableTimes;
+    line.outcome = end.outcome;
     line.damage = isRead ? damage : Damage();
     const QString flaw = line.damage.isThere() ? damageText(line.damage) : QString();
-    if (!error.isEmpty())
+    if (!end.error.isEmpty())
         outputs.messages.complain(recording.video,
-                                  isHinted ? error + noTimesHint(line.isQuick) : error);
+                                  isHinted ? end.error + noTimesHint(line.isQuick) : end.error);
     if (!flaw.isEmpty())
         outputs.messages.warn(recording.video, flaw);
     if (recording.reported) {
         recording.reported->isQuick = line.isQuick;
-        recording.reported->state = stateOf(outcome);
-        recording.reported->reason = flaw.isEmpty() ? error : flaw;
+        recording.reported->state = stateOf(end.outcome);
+        recording.reported->reason = flaw.isEmpty() ? end.error : flaw;
     }
     clips.print(outputs.format.videoEnd(line));
     if (isRead)

@@ -7,6 +7,7 @@
 #include "clipmerger.h"
 #include "clipoutput.h"
 #include "detectionfindings.h"
+#include "measuringend.h"
 
 /// Follows the detections of one recording, and passes on what they tell: clips, the trace, the
 /// report, and at last how it has ended.
@@ -25,9 +26,8 @@ public:
 
     void endClips(); ///< nothing more comes that a clip could be merged with
 
-    /// Says how it has ended; `error` is why it could not be read, empty if it could, `damage` what
-    /// is missing of one that is finished.
-    void finish(DetectionOutcome outcome, const QString& error, const Damage& damage);
+    /// Says how it has ended; `damage` is what is missing of one that is finished.
+    void finish(const MeasuringEnd& end, const Damage& damage);
 
     double seconds() const { return line.seconds; } ///< of the recording, that were told of
     bool areClipsWritten() const { return clips.areWritten(); }

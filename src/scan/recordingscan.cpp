@@ -23,7 +23,7 @@ RecordingScan::RecordingScan(Recording& recording, const ScanOptions& options, S
 
 ExitStatus RecordingScan::run() {
     const MeasuringEnd end = endOfRun([this] { return search(); });
-    output.finish(end.outcome, end.error, damage);
+    output.finish(end, damage);
     const bool isRead = end.outcome == DetectionOutcome::Finished;
     if (!isWritten || !output.areClipsWritten() || (!isRead && !end.isLasting))
         return SomeFailed;
@@ -34,7 +34,7 @@ MeasuringEnd RecordingScan::search() {
     complainOfRefusal();
     const ValuesStore::Found found = outputs.values.find(recording);
     watch(found);
-    MeasuringEnd end{DetectionOutcome::CannotOpen, {}, false};
+    MeasuringEnd end{DetectionOutcome::CannotOpen};
     if (!outputs.values.keepJoined(found))
         isWritten = false;
     if (found.values)
@@ -107,7 +107,7 @@ MeasuringEnd RecordingScan::lookQuickly() {
 
 MeasuringEnd RecordingScan::runAndKeep(Detection& detection) {
     isSearched = true;
-    const MeasuringEnd end = detection.run(recording.path);
+    MeasuringEnd end = detection.run(recording.path);
     damage = detection.measurement().damage;
     if (isUnchanged() && !outputs.values.keep(recording, detection.measurement(), end))
         isWritten = false;
@@ -135,7 +135,7 @@ MeasuringEnd RecordingScan::decide(const MeasuringEnd& measured, bool isQuick, b
         segmentation.fewestCompared = fewestQuickComparisons;
         outputs.messages.warn(recording.video, quickNote(measurement, segmentation.minimum));
     }
-    MeasuringEnd end{DetectionOutcome::Finished, {}, false};
+    MeasuringEnd end;
     if (isQuick && options.isRefined && !measured.isLasting)
         end = refine(segmentation);
     else if (!decideOnAll(segmentation, isOfThisCall))
@@ -165,7 +165,7 @@ MeasuringEnd RecordingScan::refine(const SegmentationOptions& segmentation) {
     const bool isRead = recording.watched && !ranges.isEmpty();
     const QString flaw = isRead ? recording.watched->flaw() : QString();
     if (!flaw.isEmpty())
-        return {DetectionOutcome::ReadFailed, flaw, false};
+        return {DetectionOutcome::ReadFailed, flaw};
     for (const TimeRange& searched : ranges)
         outputs.messages.note(
             QStringLiteral("%1: searched exactly from %2 to %3 s")
