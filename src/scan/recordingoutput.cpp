@@ -7,16 +7,12 @@
 #include "clocktext.h"
 #include "motionreport.h"
 #include "shortestdigits.h"
+#include "valuesformat.h"
 
 #include <cmath>
 #include <limits>
 
 namespace {
-
-QByteArray traceLine(const FrameReport& frame) {
-    return QByteArray::number(frame.number) + '\t' + shortestDigits(frame.time) + '\t' +
-           shortestDigits(frame.motion.value) + '\n';
-}
 
 QString noTimesHint(bool isQuick) {
     if (isQuick)
@@ -79,7 +75,7 @@ void RecordingOutput::frameProcessed(const FrameReport& frame) {
     hasBegunAgain = false;
     line.seconds = frame.time;
     if (recording.trace)
-        recording.trace->write(traceLine(frame));
+        recording.trace->write(pictureText(frame.number, frame.time, frame.motion));
     if (recording.reported)
         recording.reported->add(frame.time, frame.motion);
     if (merger)

@@ -10,6 +10,7 @@
 
 #include <QList>
 
+#include <cmath>
 #include <iterator>
 
 namespace {
@@ -154,6 +155,19 @@ bool readHead(QVector<HeadLine> lines, int format, KeptValues& values) {
         readPart(values.settings.takeLast().value, values);
     // What is written otherwise than this program writes it, it has not written.
     return isGood && headOf(values) == lines;
+}
+
+QByteArray pictureText(qint64 number, double time, MotionScore motion) {
+    return QByteArray::number(number) + '\t' + shortestDigits(time) + '\t' +
+           shortestDigits(motion.value) + '\n';
+}
+
+bool readPictureText(std::string_view line, qint64& number, double& time, MotionScore& motion) {
+    const std::size_t timePlace = line.find('\t') + 1;
+    const std::size_t scorePlace = line.find('\t', timePlace) + 1;
+    return timePlace > 0 && scorePlace > 0 && readNumber(line.substr(0, timePlace - 1), number) &&
+           readNumber(line.substr(timePlace, scorePlace - timePlace - 1), time) &&
+           readNumber(line.substr(scorePlace), motion.value) && !std::signbit(motion.value);
 }
 
 QByteArray damageNumbers(const Damage& damage) {

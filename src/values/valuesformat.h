@@ -57,6 +57,12 @@ QVector<HeadLine> headOf(const KeptValues& values);
 /// are not exactly that.
 bool readHead(QVector<HeadLine> lines, int format, KeptValues& values);
 
+/// The line of a picture with its line end.
+QByteArray pictureText(qint64 number, double time, MotionScore motion);
+
+/// Reads that, without its line end. False where it is no such line.
+bool readPictureText(std::string_view line, qint64& number, double& time, MotionScore& motion);
+
 /// "PACKETS PROMISED READ".
 QByteArray damageNumbers(const Damage& damage);
 

@@ -10,6 +10,7 @@
 #include "valuesnumber.h"
 
 #include <QCryptographicHash>
+#include <QList>
 
 #include <algorithm>
 #include <limits>
@@ -23,20 +24,8 @@ constexpr int mostHeadLines = 64;
 /// Those behind it are still numbers.
 constexpr qint64 greatestFirstNumber = std::numeric_limits<qint64>::max() - mostKeptPictures;
 
-QByteArray toBytes(Line line) {
-    return {line.data(), int(line.size())};
-}
-
 bool startsWith(Line line, Line beginning) {
     return line.substr(0, beginning.size()) == beginning;
-}
-
-/// Takes the text up to `separator`, and that, off the line.
-Line takeUpTo(char separator, Line& line) {
-    const std::size_t place = line.find(separator);
-    const Line text = line.substr(0, place);
-    line = place == Line::npos ? Line() : line.substr(place + 1);
-    return text;
 }
 
 /// Reads one values file from its first line to its last.
@@ -124,10 +113,7 @@ private:
         qint64 pictureNumber = 0;
         double time = 0.0;
         MotionScore motion;
-        Line rest = line;
-        const bool isGood = readNumber(takeUpTo('\t', rest), pictureNumber) &&
-                            readNumber(takeUpTo('\t', rest), time) &&
-                            readNumber(rest, motion.value) && !std::signbit(motion.value);
+        const bool isGood = readPictureText(line, pictureNumber, time, motion);
         if (count == 0) {
             measured.hasPictures = true;
             measured.firstNumber = pictureNumber;
@@ -154,19 +140,17 @@ private:
     }
 
     bool readEnd() {
-        if (!valueOf(endKey))
-            return failHere();
-        Line rest = line.substr(line.find(": ") + 2);
-        const Line word = takeUpTo(' ', rest);
+        const QList<QByteArray> words = valueOf(endKey).value_or(QByteArray()).split(' ');
         qint64 count = 0;
-        const bool isCounted = readNumber(takeUpTo(' ', rest), count) && count == pictures();
+        const bool isCounted = readNumber(words.value(1), count) && count == pictures();
         const auto* end = std::find_if(std::begin(endWords), std::end(endWords),
-                                       [word](EndWord known) { return word == known.word; });
+                                       [&](EndWord known) { return words[0] == known.word; });
         if (!isCounted || end == std::end(endWords))
             return failHere();
         values.outcome = end->outcome;
-        digest.addData(line.data(), int(line.size() - rest.size()));
-        if (toBytes(rest) != digest.result().toHex())
+        const QByteArray given = words.value(2);
+        digest.addData(line.data(), int(line.size()) - given.size());
+        if (given != digest.result().toHex())
             return fail(QStringLiteral("its digest is another"));
         if (!isConsistent())
             return fail(QStringLiteral("it contradicts itself"));

@@ -5,7 +5,6 @@
 #include "valueswriter.h"
 
 #include "escapedbytes.h"
-#include "shortestdigits.h"
 #include "valuesformat.h"
 #include "wholefile.h"
 
@@ -18,11 +17,6 @@
 #include <system_error>
 
 namespace {
-
-QByteArray pictureText(qint64 number, double time, MotionScore motion) {
-    return QByteArray::number(number) + '\t' + shortestDigits(time) + '\t' +
-           shortestDigits(motion.value) + '\n';
-}
 
 void appendPictures(const Measurement& measurement, QByteArray& text) {
     const MotionSeries& series = measurement.series;
