@@ -8,8 +8,8 @@
 
 void ReportedRecording::add(double time, MotionScore motion) {
     seconds = time;
-    strip.add(time, motion.value);
-    histogram.add(time, motion.value);
+    strip.add(time, shownMotion(motion));
+    histogram.add(time, shownMotion(motion));
 }
 
 bool MotionReport::isQuick() const {

@@ -15,6 +15,11 @@
 
 #include <vector>
 
+/// What the report shows of a score.
+inline float shownMotion(MotionScore motion) {
+    return motion.value;
+}
+
 /// A clip as the report shows it. Times in seconds from the recording's first picture.
 struct ReportedClip {
     int index = 0; ///< 0 for the first clip of its recording

@@ -65,14 +65,14 @@ QByteArray caption(const MotionReport& report, const ReportedRecording& recordin
            QByteArray::number(clip.index) + "</b> " + htmlText(timeText(report, clip.start)) +
            " – " + htmlText(timeText(report, clip.end)) + " <span class=\"facts\">" +
            QByteArray::number(clip.end - clip.start, 'f', 1) + " s, strength " +
-           QByteArray::number(double(clip.strength.value), 'f', 2) + "</span></figcaption>";
+           QByteArray::number(double(shownMotion(clip.strength)), 'f', 2) + "</span></figcaption>";
 }
 
 QByteArray figure(const MotionReport& report, const ReportedRecording& recording,
                   const ReportedClip& clip) {
     return "<figure class=\"clip\" data-start=\"" + seconds(clip.start) + "\" data-end=\"" +
            seconds(clip.end) + "\" data-strength=\"" +
-           QByteArray::number(double(clip.strength.value), 'g', 6) + "\" data-command=\"" +
+           QByteArray::number(double(shownMotion(clip.strength)), 'g', 6) + "\" data-command=\"" +
            htmlText(playCommand(recording, clip)) + "\">\n<a href=\"" +
            playReference(report, recording, clip) + "\">" + picture(report, recording, clip) +
            "</a>\n" + caption(report, recording, clip) + "\n</figure>\n";
