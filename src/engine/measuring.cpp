@@ -65,7 +65,6 @@ MeasuringEnd measure(FramePair pair, FrameStream& frames, MotionMeasure measure,
 }
 
 bool selectsNothing(const RegionOfInterest& region, const Frame& frame) {
-    const int width = frame.width;
-    const int height = frame.height;
-    return width > 0 && height > 0 && prepareRegion(region, width, height).isEmpty();
+    return frame.width > 0 && frame.height > 0 &&
+           prepareRegion(region, frame.width, frame.height).isEmpty();
 }

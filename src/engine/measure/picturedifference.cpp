@@ -53,25 +53,20 @@ bool PictureDifference::prepare(int newWidth, int newHeight) {
 
 std::optional<MotionScore> PictureDifference::compare(const DecodedFrame& previous,
                                                       const DecodedFrame& current) {
-    if (!prepare(current.width(), current.height()))
+    const bool isSameSize =
+        previous.width() == current.width() && previous.height() == current.height();
+    if (!prepare(current.width(), current.height()) || !isSameSize)
         return std::nullopt;
     try {
-        return comparePrepared(previous, current);
+        const cv::Mat before = previousPlane.wrap(previous);
+        const cv::Mat now = currentPlane.wrap(current);
+        if (before.empty() || now.empty())
+            return std::nullopt;
+        return MotionScore{meanDifference(before, now)};
     } catch (const cv::Exception& exception) {
         note(exception);
         return std::nullopt;
     }
-}
-
-std::optional<MotionScore> PictureDifference::comparePrepared(const DecodedFrame& previous,
-                                                              const DecodedFrame& current) {
-    if (previous.width() != current.width() || previous.height() != current.height())
-        return std::nullopt;
-    const cv::Mat before = previousPlane.wrap(previous);
-    const cv::Mat now = currentPlane.wrap(current);
-    if (before.empty() || now.empty())
-        return std::nullopt;
-    return MotionScore{meanDifference(before, now)};
 }
 
 float PictureDifference::meanDifference(const cv::Mat& previous, const cv::Mat& current) const {

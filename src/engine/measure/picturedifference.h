@@ -31,8 +31,6 @@ public:
     std::optional<MotionScore> compare(const DecodedFrame& previous, const DecodedFrame& current);
 
 private:
-    std::optional<MotionScore> comparePrepared(const DecodedFrame& previous,
-                                               const DecodedFrame& current);
     float meanDifference(const cv::Mat& previous, const cv::Mat& current) const;
 
     MeasureOptions options;
