@@ -395,7 +395,7 @@ void TestChunks::optionsOfTheMeasure() {
         encoded("measure.mp4", {"-c:v", "libx264", "-preset", "veryfast", "-g", "12", "-bf", "2"});
     QVERIFY(!path.isEmpty());
     DetectionOptions options = oneSecond();
-    options.segmentation.motionThreshold = 0.01F;
+    options.segmentation.motionThreshold.value = 0.01F;
     options.measure.skip = skip;
     RegionOfInterest& region = options.measure.region;
     if (rectangle.isValid()) {

@@ -323,7 +323,7 @@ void TestDetection::compareBottomUp(const QString& fileName) {
     upperLeft.measure.region.rectangle = QRect(0, 0, 32, 16);
     for (DetectionOptions options : {oneSecond(), upperLeft}) {
         options.measure.pixelThreshold = 5;
-        options.segmentation.motionThreshold = 0.01F;
+        options.segmentation.motionThreshold.value = 0.01F;
         const Run original(fileName, options);
         const Run turned(copy, options);
         QCOMPARE(original.outcome, DetectionOutcome::Finished);

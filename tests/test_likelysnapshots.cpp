@@ -20,7 +20,7 @@ FramePointer frameOf(int width = 64, int height = 48) {
 /// The places of the pictures that are kept of a chunk that begins with picture `number` and in
 /// which picture 1 has the first of these values.
 std::vector<int> placesOf(const Values& values, int skip = 0, qint64 number = 0) {
-    LikelySnapshots snapshots(0.5F, skip);
+    LikelySnapshots snapshots({0.5F}, skip);
     snapshots.begin(number);
     PictureKeeper::Picture previous = frameOf();
     for (std::size_t i = 0; i < values.size(); ++i) {
@@ -93,7 +93,7 @@ void TestLikelySnapshots::skippedPicturesKeepTheirValue() {
 }
 
 void TestLikelySnapshots::firstPictureOfAChunk() {
-    const LikelySnapshots snapshots(0.5F, 0);
+    const LikelySnapshots snapshots({0.5F}, 0);
     const auto placesWith = [&snapshots](float value, KeptPictures kept) {
         snapshots.takeFirst(50, *frameOf(), *frameOf(), MotionScore{value}, kept);
         Places places;
@@ -110,7 +110,7 @@ void TestLikelySnapshots::firstPictureOfAChunk() {
 }
 
 void TestLikelySnapshots::picturesAreSmall() {
-    LikelySnapshots snapshots(0.5F, 0);
+    LikelySnapshots snapshots({0.5F}, 0);
     snapshots.begin(0);
     PictureKeeper::Picture first = frameOf();
     PictureKeeper::Picture second = frameOf(128, 48);
@@ -137,7 +137,7 @@ void TestLikelySnapshots::weakestGoWhereThereAreTooMany() {
 }
 
 void TestLikelySnapshots::chunksDoNotMix() {
-    LikelySnapshots snapshots(0.5F, 0);
+    LikelySnapshots snapshots({0.5F}, 0);
     snapshots.begin(0);
     snapshots.take(1, frameOf(), frameOf(), MotionScore{9.0F});
     QCOMPARE(int(snapshots.end().size()), 2);

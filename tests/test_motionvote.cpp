@@ -33,7 +33,7 @@ struct Recording {
     Recording(double window, float threshold)
         : window(window)
         , threshold(threshold)
-        , vote(series, window, threshold) {}
+        , vote(series, window, {threshold}) {}
 
     void add(float value, double time) {
         series.scores.append(MotionScore{value});
@@ -133,7 +133,7 @@ void TestMotionVote::emptyWindowIsNeverWon() {
 /// The pictures lie 10 s apart, the window is 5 s long.
 void TestMotionVote::windowIsWidenedWhereItHoldsTooFew() {
     MotionSeries series;
-    MotionVote vote(series, 5.0, 0.5F, 2);
+    MotionVote vote(series, 5.0, {0.5F}, 2);
     QVector<bool> won;
     for (const float value : {1.0F, 0.0F, 0.0F, 0.0F, 1.0F, 0.0F, 0.0F, 0.0F}) {
         series.scores.append(MotionScore{value});

@@ -64,7 +64,7 @@ void TestSettingsTable::engineHasTheSameDefaults() {
     const DetectionOptions engine;
     QCOMPARE(engine.measure.pixelThreshold, settings::pixelThreshold.fallback);
     QCOMPARE(engine.measure.skip, settings::skip.fallback);
-    QCOMPARE(double(engine.segmentation.motionThreshold), settings::motionThreshold.fallback);
+    QCOMPARE(double(engine.segmentation.motionThreshold.value), settings::motionThreshold.fallback);
     QCOMPARE(engine.segmentation.prerecord, settings::prerecord.fallback);
     QCOMPARE(engine.segmentation.postrecord, settings::postrecord.fallback);
     QCOMPARE(engine.segmentation.minimum, settings::minimum.fallback);

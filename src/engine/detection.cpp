@@ -66,7 +66,7 @@ FramePlan Detection::plan() const {
 PictureKeeperMaker Detection::keeperMaker() const {
     if (!findings || !options.areSnapshotsWanted)
         return {};
-    const float threshold = options.segmentation.motionThreshold;
+    const MotionThreshold threshold = options.segmentation.motionThreshold;
     const int skip = options.measure.skip;
     return [threshold, skip] { return std::make_unique<LikelySnapshots>(threshold, skip); };
 }

@@ -106,9 +106,7 @@ void PartDetection::takeFacts(const PartReading& reading, bool isRegular) {
     partFacts.begin = reading.begin();
     partFacts.end = reading.end();
     partFacts.isRegular = isRegular;
-    const qint64 step = options.measure.skip + 1;
-    const qint64 toNextMeasured = (step - reading.begin() % step) % step;
     const qint64 own = measured.series.scores.size();
     if (reading.begin() > 0)
-        partFacts.held = int(std::min(toNextMeasured, own));
+        partFacts.held = int(std::min(skippedFrom(reading.begin(), options.measure.skip), own));
 }

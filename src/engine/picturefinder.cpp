@@ -135,7 +135,6 @@ double PictureFinder::timeOf(int index) const {
 
 /// The first picture from `index` on whose value was measured and not held.
 int PictureFinder::measuredFrom(int index) const {
-    const int step = options.measure.skip + 1;
     const int from = std::max(index, 1);
-    return (from + step - 1) / step * step;
+    return from + int(skippedFrom(from, options.measure.skip));
 }

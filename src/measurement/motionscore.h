@@ -17,3 +17,12 @@ struct MotionScore {
 };
 static_assert(std::is_trivially_copyable_v<MotionScore>, "lists of it are copied as bytes");
 Q_DECLARE_TYPEINFO(MotionScore, Q_PRIMITIVE_TYPE);
+
+/// Separates motion from quiet. It takes as much as the threshold to open a clip, and more than it
+/// to keep one open.
+struct MotionThreshold {
+    float value = 0.5F; ///< motion value
+
+    bool isReachedBy(MotionScore motion) const { return motion.value >= value; }
+    bool isExceededBy(MotionScore motion) const { return motion.value > value; }
+};

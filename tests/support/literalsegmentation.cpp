@@ -79,7 +79,7 @@ QVector<LiteralClip> literalClips(const QVector<TestFrame>& frames,
         const double time = frames[number].time;
         const double motion = double(frames[number].motion);
         if (model.inClip) {
-            if (motion <= options.motionThreshold) {
+            if (motion <= options.motionThreshold.value) {
                 if (time - model.lastMotionTime > options.postrecord) {
                     clips.append(emitted(model, time, origin));
                     model.notBefore = time;
@@ -95,7 +95,7 @@ QVector<LiteralClip> literalClips(const QVector<TestFrame>& frames,
                 }
             }
         } else if (time > model.notBefore &&
-                   motionStarted(model, options.minimum, options.motionThreshold)) {
+                   motionStarted(model, options.minimum, options.motionThreshold.value)) {
             open(model, frames, time, options);
         }
         model.motionValues.append(float(motion));

@@ -9,6 +9,6 @@
 /// How the motion between two pictures is measured.
 struct MeasureOptions {
     int pixelThreshold = 35; ///< 0..255; a pixel that differs by this or less counts as unchanged
-    int skip = 0;            ///< frames between two measurements, 0 or more
+    int skip = 0;            ///< frames between two measurements (skippedFrom), 0 or more
     RegionOfInterest region;
 };

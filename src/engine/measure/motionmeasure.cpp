@@ -4,10 +4,12 @@
 
 #include "motionmeasure.h"
 
+#include "motionseries.h"
+
 MotionMeasure::MotionMeasure(const MeasureOptions& options, qint64 firstNumber)
     : pictures(options)
     , skip(options.skip)
-    , skipCounter(options.skip - int(firstNumber % (options.skip + 1))) {}
+    , skipCounter(int(skippedFrom(firstNumber + 1, options.skip))) {}
 
 MotionScore MotionMeasure::measure(const DecodedFrame& previous, const DecodedFrame& current) {
     --skipCounter;

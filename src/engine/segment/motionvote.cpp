@@ -10,7 +10,7 @@ constexpr int fewestEntries = 4;
 
 }
 
-MotionVote::MotionVote(const MotionSeries& series, double window, float threshold,
+MotionVote::MotionVote(const MotionSeries& series, double window, MotionThreshold threshold,
                        int fewestCounted)
     : series(series)
     , window(window)
@@ -53,7 +53,7 @@ bool MotionVote::isCounted(int entry) const {
 }
 
 bool MotionVote::isHit(int entry) const {
-    return series.scores[entry].value >= threshold;
+    return threshold.isReachedBy(series.scores[entry]);
 }
 
 void MotionVote::recount() {

@@ -10,7 +10,7 @@
 ///
 /// The newest entry is not counted: it only serves as the reference time. Counted are the entries
 /// before it, going back, for as long as time + window > reference time. The vote is won when at
-/// least half of them have a value of at least the threshold (a tie wins).
+/// least half of them reach the threshold (a tie wins).
 ///
 /// The cost of a frame does not depend on the window: the counted entries are a run whose ends only
 /// move forward, except where times go backwards, where the run is counted anew.
@@ -20,7 +20,8 @@ public:
     /// `advance`; it must outlive the vote.
     ///
     /// The window is widened where it holds fewer than `fewestCounted` entries.
-    MotionVote(const MotionSeries& series, double window, float threshold, int fewestCounted = 0);
+    MotionVote(const MotionSeries& series, double window, MotionThreshold threshold,
+               int fewestCounted = 0);
 
     /// Takes in the newest entry of the series.
     void advance();
@@ -35,7 +36,7 @@ private:
 
     const MotionSeries& series;
     double window;
-    float threshold;
+    MotionThreshold threshold;
     int fewestCounted;
     int first = 0;    ///< the oldest entry counted
     int hits = 0;     ///< of the entries first .. size - 2

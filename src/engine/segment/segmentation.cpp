@@ -45,11 +45,9 @@ double ClipSegmenter::earliestStart() const {
     return (inClip ? clipStart : startOf(previousTime)) - origin;
 }
 
-// The comparison is strict here while the vote counts a value equal to the threshold as motion: it
-// takes at least the threshold to open a clip and more than it to keep one open.
 std::optional<DetectedClip> ClipSegmenter::continueClip(MotionScore motion, double time,
                                                         const ClipPicturePointer& picture) {
-    if (motion.value <= options.motionThreshold) {
+    if (!options.motionThreshold.isExceededBy(motion)) {
         if (time - lastMotionTime > options.postrecord)
             return closeClip(time);
         return std::nullopt;

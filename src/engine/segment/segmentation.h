@@ -15,11 +15,11 @@
 
 /// How motion values become clips. Seconds are those of the recording.
 struct SegmentationOptions {
-    double prerecord = 1.0;       ///< seconds before the voting window at which a clip starts
-    double postrecord = 1.0;      ///< seconds of quiet after which a clip ends
-    double minimum = 5.0;         ///< seconds, 0 or more; length of the voting window
-    float motionThreshold = 0.5F; ///< motion value that separates motion from quiet
-    int fewestCompared = 0;       ///< the window is widened where it holds fewer motion values
+    double prerecord = 1.0;  ///< seconds before the voting window at which a clip starts
+    double postrecord = 1.0; ///< seconds of quiet after which a clip ends
+    double minimum = 5.0;    ///< seconds, 0 or more; length of the voting window
+    MotionThreshold motionThreshold;
+    int fewestCompared = 0; ///< the window is widened where it holds fewer motion values
 };
 
 /// One stretch of motion. Times in seconds from the first picture of the recording.

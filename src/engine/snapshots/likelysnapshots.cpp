@@ -4,6 +4,7 @@
 
 #include "likelysnapshots.h"
 
+#include "motionseries.h"
 #include "snapshotimage.h"
 
 #include <algorithm>
@@ -46,7 +47,7 @@ void forgetWeakest(KeptPictures& kept) {
 
 } // namespace
 
-LikelySnapshots::LikelySnapshots(float threshold, int skip)
+LikelySnapshots::LikelySnapshots(MotionThreshold threshold, int skip)
     : threshold(threshold)
     , skip(skip) {}
 
@@ -61,15 +62,15 @@ void LikelySnapshots::begin(qint64 number) {
 
 void LikelySnapshots::take(int place, const Picture& previous, const Picture& picture,
                            std::optional<MotionScore> motion) {
-    if (motion && isMeasured(first + place))
-        current = motion->value;
-    if (current && *current >= threshold) {
-        if (*current > strongest.value) {
-            strongest.value = *current;
+    if (motion && skippedFrom(first + place, skip) == 0)
+        current = motion;
+    if (current && threshold.isReachedBy(*current)) {
+        if (current->value > strongest.value) {
+            strongest.value = current->value;
             strongest.place = place;
             strongest.picture = picture;
         }
-        if (*current >= strongest.value) {
+        if (current->value >= strongest.value) {
             strongest.placeBefore = place - 1;
             strongest.before = previous;
         }
@@ -87,7 +88,7 @@ KeptPictures LikelySnapshots::end() {
 void LikelySnapshots::takeFirst(qint64 number, const DecodedFrame& previous,
                                 const DecodedFrame& picture, std::optional<MotionScore> motion,
                                 KeptPictures& keptOfChunk) const {
-    if (!motion || !isMeasured(number) || motion->value < threshold)
+    if (!motion || skippedFrom(number, skip) != 0 || !threshold.isReachedBy(*motion))
         return;
     const auto next = keptOfChunk.lower_bound(0);
     const bool isNear = next != keptOfChunk.end() && next->first < blockLength;
@@ -95,11 +96,6 @@ void LikelySnapshots::takeFirst(qint64 number, const DecodedFrame& previous,
         return;
     add(keptOfChunk, -1, motion->value, previous);
     add(keptOfChunk, 0, motion->value, picture);
-}
-
-/// As the motion measure skips them.
-bool LikelySnapshots::isMeasured(qint64 number) const {
-    return number % (skip + 1) == 0;
 }
 
 void LikelySnapshots::endBlock() {

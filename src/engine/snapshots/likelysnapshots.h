@@ -17,8 +17,8 @@
 /// latter.
 class LikelySnapshots : public PictureKeeper {
 public:
-    /// Pictures whose value is below `threshold` are not kept. `skip`: of the measure.
-    LikelySnapshots(float threshold, int skip);
+    /// Pictures that do not reach `threshold` are not kept. `skip`: of the measure.
+    LikelySnapshots(MotionThreshold threshold, int skip);
 
     void begin(qint64 number) override;
     void take(int place, const Picture& previous, const Picture& current,
@@ -36,16 +36,15 @@ private:
         Picture before;
     };
 
-    bool isMeasured(qint64 number) const;
     void endBlock();
     void keep(const Strongest& strongest);
 
-    float threshold;
+    MotionThreshold threshold;
     int skip;
-    qint64 first = 0;             ///< number of the chunk's first picture
-    std::optional<float> current; ///< the motion value as the detection will see it
-    int inBlock = 0;              ///< pictures seen
-    Strongest strongest;          ///< of the block
-    Strongest pending;            ///< of the block before
+    qint64 first = 0;                   ///< number of the chunk's first picture
+    std::optional<MotionScore> current; ///< as the detection will see it
+    int inBlock = 0;                    ///< pictures seen
+    Strongest strongest;                ///< of the block
+    Strongest pending;                  ///< of the block before
     KeptPictures kept;
 };

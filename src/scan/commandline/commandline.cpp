@@ -159,7 +159,7 @@ DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& v
     options.segmentation.prerecord = values.number("prerecord");
     options.segmentation.postrecord = values.number("postrecord");
     options.segmentation.minimum = values.number("minimum");
-    options.segmentation.motionThreshold = float(values.number("threshold-motion"));
+    options.segmentation.motionThreshold.value = float(values.number("threshold-motion"));
     options.measure.pixelThreshold = values.integer("threshold-value");
     options.measure.skip = values.integer("skip");
     options.times.mustBeUsable = true;

@@ -15,7 +15,7 @@
 ScanReport::ScanReport(const ScanOptions& options, std::vector<Recording>& recordings)
     : folder(options.reportDirectory) {
     report.folder = QDir(folder).absolutePath();
-    report.threshold = double(options.detection.segmentation.motionThreshold);
+    report.threshold = double(options.detection.segmentation.motionThreshold.value);
     report.startTime = options.exporting.startDateTime;
     report.recordings.resize(recordings.size());
     SnapshotFolder pictures(pictureFolder(folder));
