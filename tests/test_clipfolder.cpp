@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "clipfolder.h"
+#include "clipnames.h"
 
 #include <QDir>
 #include <QFile>

@@ -4,10 +4,10 @@
 
 #include "videodecoder.h"
 
+#include "encoderarguments.h"
 #include "files.h"
 #include "frames.h"
 #include "framestream.h"
-#include "intracodec.h"
 #include "media.h"
 #include "probe.h"
 

@@ -4,12 +4,24 @@
 
 #include "encoderarguments.h"
 
-#include "bitrate.h"
-#include "clipnumber.h"
-#include "overlayfilter.h"
-#include "truncation.h"
+#include "clipnames.h"
+#include "encodertimes.h"
+
+#include <QCoreApplication>
+#include <QDir>
+
+#include <algorithm>
+#include <limits>
 
 namespace {
+
+constexpr int lowestBitrate = 10240;
+constexpr int highestBitrate = 104857600;
+
+bool fitsInt(double value) {
+    return value > double(std::numeric_limits<int>::min()) - 1.0 &&
+           value < double(std::numeric_limits<int>::max()) + 1.0;
+}
 
 QString wholeSeconds(double seconds) {
     return QString::number(truncatedToInt(seconds));
@@ -63,6 +75,20 @@ QString outputPath(const EncodedClip& clip, const EncodedVideo& video,
 }
 
 } // namespace
+
+bool isIntraCodec(const QByteArray& codecName) {
+    return codecName == "mjpeg" || codecName == "mjpegb" || codecName == "lagarith";
+}
+
+int bitsPerSecond(double megabits) {
+    const double bits = 1024.0 * (megabits * 1024.0);
+    return fitsInt(bits) ? std::clamp(int(bits), lowestBitrate, highestBitrate) : lowestBitrate;
+}
+
+QString encoderPath() {
+    const QDir programDirectory(QCoreApplication::applicationDirPath());
+    return programDirectory.absoluteFilePath(QStringLiteral("ffmpeg"));
+}
 
 EncoderCall encoderCall(const EncodedClip& clip, const EncodedVideo& video,
                         const EncodingSettings& settings, OverlayClock clock) {

@@ -6,6 +6,7 @@
 
 #include "container.h"
 
+#include <QByteArray>
 #include <QDateTime>
 #include <QString>
 #include <QStringList>
@@ -37,6 +38,10 @@ struct EncodedVideo {
     bool isCutByPictures() const { return isIntraCodec || frameRate > 0.0; }
 };
 
+/// Whether the recording's codec, by the media libraries' name for it, is one of those whose every
+/// picture stands alone and that are therefore never cut by stream copy: MJPEG, MJPEG-B, Lagarith.
+bool isIntraCodec(const QByteArray& codecName);
+
 /// The person's choices. The defaults are those of an empty settings store.
 struct EncodingSettings {
     Container container = Container::Avi;
@@ -44,6 +49,15 @@ struct EncodingSettings {
     bool disableAudio = false;
     double bitrateOutput = 2.0; ///< megabits per second, where the picture is re-encoded
 };
+
+/// Bits per second for a bitrate in megabits per second, a megabit being 1,048,576 bits.
+///
+/// 10240 at the least, 104857600 at the most. What does not fit 32 bits, and what is not a number,
+/// counts as too small.
+int bitsPerSecond(double megabits);
+
+/// The encoder beside the running program. Needs an application object.
+QString encoderPath();
 
 /// What the encoder is run with.
 struct EncoderCall {

@@ -5,13 +5,11 @@
 #include "clip.h"
 
 #include "clocktext.h"
-#include "cutrange.h"
 #include "encoderprocess.h"
+#include "encodertimes.h"
 #include "encodingsettings.h"
 #include "exportnotices.h"
 #include "fileurl.h"
-#include "timeofday.h"
-#include "truncation.h"
 #include "video.h"
 
 #include <QCoreApplication>

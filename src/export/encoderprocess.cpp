@@ -5,7 +5,7 @@
 #include "encoderprocess.h"
 
 #include "confinement.h"
-#include "encoderpath.h"
+#include "encoderarguments.h"
 
 #include <QSet>
 #include <QTimer>

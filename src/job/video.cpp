@@ -4,9 +4,9 @@
 
 #include "video.h"
 
-#include "clipfolder.h"
+#include "clipnames.h"
 #include "detection.h"
-#include "intracodec.h"
+#include "encoderarguments.h"
 #include "settingstable.h"
 
 #include <QElapsedTimer>

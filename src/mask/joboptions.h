@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "clipfolder.h"
+#include "clipnames.h"
 
 #include <QString>
 

@@ -4,7 +4,7 @@
 
 #include "clipoutput.h"
 
-#include "cutrange.h"
+#include "encodertimes.h"
 #include "interrupt.h"
 #include "picturefile.h"
 #include "snapshotfolder.h"

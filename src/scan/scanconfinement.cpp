@@ -5,7 +5,7 @@
 #include "scanconfinement.h"
 
 #include "confinement.h"
-#include "encoderpath.h"
+#include "encoderarguments.h"
 #include "folder.h"
 
 #include <QFileInfo>

@@ -6,7 +6,7 @@
 
 #include "containername.h"
 #include "encoderrun.h"
-#include "timeofday.h"
+#include "encodertimes.h"
 
 #include <utility>
 

@@ -6,7 +6,7 @@
 
 #include "clipfolders.h"
 #include "clipformat.h"
-#include "intracodec.h"
+#include "encoderarguments.h"
 #include "scanoptions.h"
 
 #include <functional>

@@ -4,7 +4,7 @@
 
 #include "clipfolders.h"
 
-#include "clipfolder.h"
+#include "clipnames.h"
 #include "namelength.h"
 #include "recording.h"
 

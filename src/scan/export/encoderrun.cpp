@@ -4,8 +4,8 @@
 
 #include "encoderrun.h"
 
+#include "encoderarguments.h"
 #include "encoderlog.h"
-#include "encoderpath.h"
 
 #include <QCoreApplication>
 #include <QDeadlineTimer>

@@ -4,8 +4,8 @@
 
 #include "listformats.h"
 
-#include "cutrange.h"
 #include "edl.h"
+#include "encodertimes.h"
 #include "mlt.h"
 #include "playlists.h"
 #include "printable.h"

@@ -4,7 +4,7 @@
 
 #include "snapshotfolder.h"
 
-#include "clipnumber.h"
+#include "clipnames.h"
 #include "namelength.h"
 
 #include <QCryptographicHash>

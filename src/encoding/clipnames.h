@@ -25,3 +25,6 @@ using ClipFolderNumbers = QHash<QString, int>;
 /// written into it.
 QString makeClipFolder(const QString& fileName, const QString& exportDirectory,
                        ClipFolderNumbers* numbers = nullptr);
+
+/// The number of a clip as file names hold it: at least four digits, "0003".
+QString clipNumber(int index);

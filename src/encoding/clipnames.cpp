@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "clipfolder.h"
+#include "clipnames.h"
 
 #include "namelength.h"
 
@@ -32,4 +32,9 @@ QString makeClipFolder(const QString& fileName, const QString& exportDirectory,
         ++number;
     directory.mkpath(name);
     return directory.absoluteFilePath(name);
+}
+
+QString clipNumber(int index) {
+    constexpr int fewestDigits = 4;
+    return QStringLiteral("%1").arg(index, fewestDigits, 10, QLatin1Char('0'));
 }
