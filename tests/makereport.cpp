@@ -9,7 +9,7 @@
 // grow from 1 in the order of a shuffle, so that each is there once.
 
 #include "filenamecodec.h"
-#include "folder.h"
+#include "outputfiles.h"
 #include "scanreport.h"
 
 #include <QCoreApplication>

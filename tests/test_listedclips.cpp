@@ -4,9 +4,8 @@
 
 // The lists for other programs, as texts.
 
-#include "edl.h"
+#include "editlists.h"
 #include "filenamecodec.h"
-#include "mlt.h"
 #include "playlists.h"
 
 #include <QFile>

@@ -4,8 +4,6 @@
 
 #include "listedclip.h"
 
-#include <QByteArray>
-
 #include <algorithm>
 
 QString ListedClip::label() const {
@@ -18,8 +16,4 @@ double ListedClip::startInFile() const {
 
 double ListedClip::endInFile() const {
     return std::max(0.0, end + recording.offset);
-}
-
-QByteArray secondsText(double seconds) {
-    return QByteArray::number(seconds, 'f', 6);
 }

@@ -36,6 +36,3 @@ struct ListedClip {
     double startInFile() const;
     double endInFile() const;
 };
-
-/// Seconds with as many digits as tell pictures apart at any rate: "2.400000".
-QByteArray secondsText(double seconds);

@@ -10,6 +10,15 @@
 
 #include <cmath>
 
+namespace {
+
+/// With as many digits as tell pictures apart at any rate: "2.400000".
+QByteArray secondsText(double seconds) {
+    return QByteArray::number(seconds, 'f', 6);
+}
+
+} // namespace
+
 QByteArray m3uHead() {
     return "#EXTM3U\n";
 }

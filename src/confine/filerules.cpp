@@ -4,8 +4,7 @@
 
 #include "filerules.h"
 
-#include "systempaths.h"
-
+#include <QCoreApplication>
 #include <QFile>
 #include <QFileInfo>
 
@@ -52,6 +51,48 @@ RulesetAttributes handledBy(int version) {
     return all;
 }
 
+// What programs need of the system, whatever they do: libraries, their data, and facts about the
+// machine. Not all of it is on every system.
+
+/// Folders: read, and run.
+QStringList systemPrograms() {
+    // Fonts, locales, time zones and character sets lie below /usr, too.
+    return {QStringLiteral("/usr"),   QStringLiteral("/bin"),
+            QStringLiteral("/lib"),   QStringLiteral("/lib32"),
+            QStringLiteral("/lib64"), QCoreApplication::applicationDirPath()};
+}
+
+constexpr const char* readableFiles[] = {"/etc/ld.so.cache",
+                                         "/etc/ld.so.preload",
+                                         "/etc/localtime",
+                                         "/etc/fonts",
+                                         "/etc/gcrypt",
+                                         "/proc/self",
+                                         "/proc/cpuinfo",
+                                         "/proc/meminfo",
+                                         "/proc/filesystems",
+                                         "/proc/sys/crypto",
+                                         "/proc/sys/vm/overcommit_memory",
+                                         "/sys/devices/system/cpu",
+                                         "/sys/devices/system/node",
+                                         "/dev/random",
+                                         "/dev/urandom"};
+
+/// Files and folders.
+QStringList systemReadable() {
+    QStringList paths;
+    for (const char* path : readableFiles)
+        paths += QString::fromLatin1(path);
+    // Libraries that somebody has put before those of the system.
+    for (const char* variable : {"LD_LIBRARY_PATH", "LD_PRELOAD"}) {
+        for (const QByteArray& path : qgetenv(variable).replace(' ', ':').split(':')) {
+            if (!path.isEmpty())
+                paths += QFile::decodeName(path);
+        }
+    }
+    return paths;
+}
+
 } // namespace
 
 int FileRules::offeredVersion() {
@@ -69,9 +110,9 @@ FileRules::FileRules(const Grants& grants) {
     ruleset = int(syscall(SYS_landlock_create_ruleset, &attributes, sizeof attributes, 0));
     if (ruleset < 0)
         giveUp();
-    allow(systemPaths::programs(), runAll);
-    allow(systemPaths::readable(), readAll);
-    allow(systemPaths::writable(), readFile | writeFile | useDevice);
+    allow(systemPrograms(), runAll);
+    allow(systemReadable(), readAll);
+    allow(QStringLiteral("/dev/null"), readFile | writeFile | useDevice);
     for (const QString& program : grants.programs)
         allow(QFileInfo(QFileInfo(program).canonicalFilePath()).path(), runAll);
     allow(grants.readable, readAll);

@@ -4,12 +4,19 @@
 
 #pragma once
 
-#include "grants.h"
-
 #include <QString>
 #include <QStringList>
 
 #include <cstdint>
+
+/// Which files a confined process may open, beyond those that every program needs. Paths that are
+/// not there are left out; links count as what they lead to.
+struct Grants {
+    QStringList readable; ///< files, and folders with all below them
+    QStringList writable; ///< folders below which files and folders may be made, read, changed and
+                          ///< removed
+    QStringList programs; ///< may be run, with what lies in the folders of their files
+};
 
 /// A ruleset of Landlock: see landlock(7). It says what may be opened, not what may be looked for:
 /// names, sizes and times of files can still be asked for.

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "encoderlog.h"
-#include "grants.h"
+#include "filerules.h"
 
 #include <QPointer>
 #include <QProcess>

@@ -6,6 +6,8 @@
 
 #include "filenamecodec.h"
 
+#include <QFile>
+
 namespace {
 
 bool turnsDirection(QChar character) {
@@ -43,6 +45,24 @@ QString escapeAt(const QString& text, int place, uchar lastByte) {
     return escapes;
 }
 
+QByteArray withoutSteering(const QByteArray& lines) {
+    const auto escapeInLines = [](const QString& text, int place) {
+        const bool endsLine = text[place] == '\n' || text.midRef(place, 2) == QLatin1String("\r\n");
+        return endsLine ? QString() : steeringEscape(text, place);
+    };
+    return QFile::encodeName(escaped(QFile::decodeName(lines), escapeInLines));
+}
+
+/// All bytes but control characters and the percent sign.
+QByteArray keptBytes() {
+    QByteArray kept;
+    for (int byte = ' '; byte <= 0xff; ++byte) {
+        if (byte != 0x7f && byte != '%')
+            kept += char(byte);
+    }
+    return kept;
+}
+
 } // namespace
 
 bool isSteering(QChar character) {
@@ -68,4 +88,29 @@ QString shellWord(const QString& text) {
         return isSpecial ? QStringLiteral("\\") + all[place] : textEscape(all, place);
     };
     return QStringLiteral("$'") + escaped(text, escapeInQuotes) + '\'';
+}
+
+QString printable(const QString& text) {
+    return escaped(text, [](const QString& all, int place) {
+        return all[place] == '\\' ? QStringLiteral("\\\\") : steeringEscape(all, place);
+    });
+}
+
+QByteArray printableLines(const QByteArray& lines) {
+    QByteArrayList pieces;
+    for (const QByteArray& piece : lines.split('\0')) // behind which Qt takes no name on
+        pieces += withoutSteering(piece);
+    return pieces.join("\\x00");
+}
+
+QByteArray escapedBytes(const QByteArray& bytes) {
+    static const QByteArray kept = keptBytes();
+    return bytes.toPercentEncoding(kept);
+}
+
+std::optional<QByteArray> unescapedBytes(const QByteArray& text) {
+    const QByteArray bytes = QByteArray::fromPercentEncoding(text);
+    if (escapedBytes(bytes) != text)
+        return std::nullopt;
+    return bytes;
 }

@@ -4,7 +4,10 @@
 
 #pragma once
 
+#include <QByteArray>
 #include <QString>
+
+#include <optional>
 
 /// Whether a character steers what shows it instead of being shown: control characters, separators
 /// of lines and paragraphs, and the marks that turn the direction of writing, in which a name can
@@ -39,3 +42,17 @@ QString textEscape(const QString& text, int place);
 /// One word of a POSIX shell, or of one that knows $'...' for a name with bytes that are no plain
 /// text.
 QString shellWord(const QString& text);
+
+/// `text` in one line that cannot steer a terminal: what steers (steeringEscape) becomes "\n",
+/// "\t", "\r" or the "\x1b" of its bytes, and a backslash becomes two.
+QString printable(const QString& text);
+
+/// Whole lines, their bytes those of QFile::encodeName, as a terminal may see them: the same
+/// without what steers, but with their line ends, and with backslashes as they are.
+QByteArray printableLines(const QByteArray& lines);
+
+/// `bytes` in one line: control characters and the percent sign become "%0A" and the like.
+QByteArray escapedBytes(const QByteArray& bytes);
+
+/// The bytes that `escapedBytes` makes `text` of; nothing if it makes it of none.
+std::optional<QByteArray> unescapedBytes(const QByteArray& text);

@@ -4,8 +4,137 @@
 
 #include "writing.h"
 
+#include <QFile>
+#include <QFileInfo>
+#include <QRandomGenerator>
+
 #include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
+
+namespace {
+
+/// As long as the room that names leave for it (snapshotfolder.cpp, valuesname.cpp).
+constexpr int randomLetters = 6;
+
+QByteArray randomEnding() {
+    constexpr char letters[] = "abcdefghijklmnopqrstuvwxyz0123456789";
+    QByteArray ending = ".";
+    for (int i = 0; i < randomLetters; ++i)
+        ending += letters[QRandomGenerator::system()->bounded(int(sizeof letters) - 1)];
+    return ending;
+}
+
+/// Functions that answer text say why it could not be done.
+class WholeFile {
+public:
+    explicit WholeFile(const QString& path, FolderLink link);
+    ~WholeFile(); ///< what has not been put in its place is removed
+    WholeFile(const WholeFile&) = delete;
+    WholeFile& operator=(const WholeFile&) = delete;
+
+    QString open();
+    QString write(const QByteArray& bytes);
+    QString commit();
+
+private:
+    QString openBeside();
+    void keepMode();
+
+    QByteArray folderPath;
+    QByteArray name;
+    FolderLink link;
+    int folder = -1;      ///< descriptor of the folder; -1 before it is open
+    QByteArray temporary; ///< name in the folder while it is written; empty: nothing to remove
+    QFile file;
+};
+
+WholeFile::WholeFile(const QString& path, FolderLink link)
+    : folderPath(QFile::encodeName(QFileInfo(path).absolutePath()))
+    , name(QFile::encodeName(QFileInfo(path).fileName()))
+    , link(link) {}
+
+WholeFile::~WholeFile() {
+    file.close();
+    if (!temporary.isEmpty())
+        unlinkat(folder, temporary.constData(), 0);
+    if (folder >= 0)
+        close(folder);
+}
+
+QString WholeFile::open() {
+    // Its descriptor stays the folder's own, whatever takes the folder's name meanwhile.
+    const int flags = O_DIRECTORY | O_CLOEXEC | (link == FolderLink::Refused ? O_NOFOLLOW : 0);
+    folder = ::open(folderPath.constData(), O_RDONLY | flags);
+    if (folder < 0 && errno == EACCES) // that one may write into, but not list
+        folder = ::open(folderPath.constData(), O_PATH | flags);
+    return folder < 0 ? qt_error_string(errno) : openBeside();
+}
+
+QString WholeFile::openBeside() {
+    constexpr int mostTries = 100; // nobody is lucky as often
+    for (int i = 0; i < mostTries; ++i) {
+        const QByteArray beside = name + randomEnding();
+        const int descriptor = openat(folder, beside.constData(),
+                                      O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+        if (descriptor < 0 && errno == EEXIST)
+            continue;
+        if (descriptor < 0)
+            break;
+        temporary = beside;
+        if (!file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered,
+                       QFileDevice::AutoCloseHandle))
+            return file.errorString();
+        keepMode();
+        return {};
+    }
+    return qt_error_string(errno);
+}
+
+/// Who may read an older file of ours may read the new one, and nobody else.
+void WholeFile::keepMode() {
+    struct stat older = {};
+    constexpr mode_t permissions = 0777;
+    const bool isThere = fstatat(folder, name.constData(), &older, AT_SYMLINK_NOFOLLOW) == 0;
+    if (isThere && S_ISREG(older.st_mode) && older.st_uid == geteuid())
+        fchmod(file.handle(), older.st_mode & permissions);
+}
+
+QString WholeFile::write(const QByteArray& bytes) {
+    return writeAll(file, bytes) ? QString() : file.errorString();
+}
+
+QString WholeFile::commit() {
+    QString failure = syncToDisk(file);
+    if (!failure.isEmpty())
+        return failure;
+    file.close();
+    if (renameat(folder, temporary.constData(), folder, name.constData()) != 0)
+        return qt_error_string(errno);
+    temporary.clear();
+    fsync(folder); // the new name, too; without it the older file is there after a power cut
+    return {};
+}
+
+} // namespace
+
+QString writeWholeFile(const QString& path, const PieceWriter& writePieces, FolderLink link) {
+    WholeFile file(path, link);
+    QString failure = file.open();
+    if (!failure.isEmpty())
+        return failure;
+    writePieces([&](const QByteArray& piece) {
+        failure = file.write(piece);
+        return failure.isEmpty();
+    });
+    return failure.isEmpty() ? file.commit() : failure;
+}
+
+QString writeWholeFile(const QString& path, const QByteArray& bytes, FolderLink link) {
+    return writeWholeFile(
+        path, [&](const PieceSink& sink) { sink(bytes); }, link);
+}
 
 bool writeAll(QIODevice& output, const QByteArray& bytes) {
     qint64 written = 0;

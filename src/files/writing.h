@@ -6,6 +6,30 @@
 
 #include <QByteArray>
 #include <QFileDevice>
+#include <QString>
+
+#include <functional>
+
+/// Whether a file's folder may itself be a symbolic link. One that a person has named may; one
+/// whose name others can guess must not, since they may have put a link there.
+enum class FolderLink { Followed, Refused };
+
+/// Takes the next piece of a file. After false no more is wanted.
+using PieceSink = std::function<bool(const QByteArray& piece)>;
+
+/// Gives a file to `sink`, piece by piece.
+using PieceWriter = std::function<void(const PieceSink& sink)>;
+
+/// Writes a file beside `path`, under a name that nobody can guess, to the disk, and then puts it
+/// in its place. Whoever reads it meanwhile, or after a power cut, finds the older file or the new
+/// one; of several that write it at once the last one counts. What is no file there, such as a
+/// link, is replaced and not followed.
+///
+/// Answers why it could not be done, for a person; empty after a success.
+QString writeWholeFile(const QString& path, const PieceWriter& writePieces,
+                       FolderLink link = FolderLink::Followed);
+QString writeWholeFile(const QString& path, const QByteArray& bytes,
+                       FolderLink link = FolderLink::Followed);
 
 /// Writes all of `bytes` to `output`, which is open without a buffer. False if that failed;
 /// `output.errorString()` then says why.

@@ -3,9 +3,9 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "commandline.h"
+#include "escaping.h"
 #include "filenamecodec.h"
 #include "interrupt.h"
-#include "printable.h"
 #include "scanconfinement.h"
 #include "scanner.h"
 #include "standardoutput.h"

@@ -6,7 +6,7 @@
 
 #include "confinement.h"
 #include "encoderarguments.h"
-#include "folder.h"
+#include "outputfiles.h"
 
 #include <QFileInfo>
 

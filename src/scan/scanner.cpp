@@ -4,14 +4,12 @@
 
 #include "scanner.h"
 
-#include "folder.h"
-#include "foreignlink.h"
 #include "interrupt.h"
 #include "logging.h"
+#include "outputfiles.h"
 #include "partscan.h"
 #include "recordingscan.h"
 #include "snapshotfolder.h"
-#include "tracefile.h"
 #include "writing.h"
 
 #include <QFile>

@@ -4,7 +4,7 @@
 
 #include "valuesformat.h"
 
-#include "escapedbytes.h"
+#include "escaping.h"
 #include "shortestdigits.h"
 #include "valuesnumber.h"
 

@@ -4,7 +4,7 @@
 
 #include "valuesreader.h"
 
-#include "escapedbytes.h"
+#include "escaping.h"
 #include "linereader.h"
 #include "valuesformat.h"
 #include "valuesnumber.h"

@@ -4,9 +4,9 @@
 
 #include "valueswriter.h"
 
-#include "escapedbytes.h"
+#include "escaping.h"
 #include "valuesformat.h"
-#include "wholefile.h"
+#include "writing.h"
 
 #include <QCryptographicHash>
 #include <QFile>

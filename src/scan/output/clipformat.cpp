@@ -7,7 +7,6 @@
 #include "clocktext.h"
 #include "escaping.h"
 #include "listformats.h"
-#include "printable.h"
 #include "shortestdigits.h"
 
 #include <QFile>
@@ -161,21 +160,15 @@ private:
 
 std::unique_ptr<ClipFormat> makeClipFormat(ReportFormat format, bool withExports) {
     switch (format) {
+    case ReportFormat::Text:
+        return std::make_unique<TextFormat>();
     case ReportFormat::JsonLines:
         return std::make_unique<JsonLinesFormat>(withExports);
     case ReportFormat::Csv:
         return std::make_unique<CsvFormat>(withExports);
-    case ReportFormat::M3u:
-    case ReportFormat::Mpv:
-    case ReportFormat::Cuts:
-        return makePlaylistFormat(format);
-    case ReportFormat::Edl:
-    case ReportFormat::Mlt:
-        return makeEditFormat(format);
-    case ReportFormat::Text:
-        break;
+    default:
+        return makeListFormat(format);
     }
-    return std::make_unique<TextFormat>();
 }
 
 QString damageText(const Damage& damage) {

@@ -4,11 +4,10 @@
 
 #include "listformats.h"
 
-#include "edl.h"
+#include "editlists.h"
 #include "encodertimes.h"
-#include "mlt.h"
+#include "escaping.h"
 #include "playlists.h"
-#include "printable.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -114,15 +113,13 @@ public:
 
 } // namespace
 
-std::unique_ptr<ClipFormat> makePlaylistFormat(ReportFormat format) {
+std::unique_ptr<ClipFormat> makeListFormat(ReportFormat format) {
     if (format == ReportFormat::M3u)
         return std::make_unique<PlaylistFormat>(m3uHead(), m3uLines);
     if (format == ReportFormat::Mpv)
         return std::make_unique<PlaylistFormat>(mpvHead(), mpvLine);
-    return std::make_unique<PlaylistFormat>(QByteArray(), cutLine);
-}
-
-std::unique_ptr<ClipFormat> makeEditFormat(ReportFormat format) {
+    if (format == ReportFormat::Cuts)
+        return std::make_unique<PlaylistFormat>(QByteArray(), cutLine);
     if (format == ReportFormat::Mlt)
         return std::make_unique<MltFormat>();
     return std::make_unique<EditFormat>(editDecisionList);

@@ -6,11 +6,7 @@
 
 #include "clipformat.h"
 
-/// The formats for other programs, which name stretches of the recordings themselves. Clips that
-/// end before they start are left out.
-
-/// Those that are written clip by clip: M3u, Mpv, Cuts.
-std::unique_ptr<ClipFormat> makePlaylistFormat(ReportFormat format);
-
-/// Those that are written as a whole when all is known: Edl, Mlt.
-std::unique_ptr<ClipFormat> makeEditFormat(ReportFormat format);
+/// The formats for other programs, which name stretches of the recordings themselves: M3u, Mpv and
+/// Cuts, which are written clip by clip, Edl and Mlt, which are written as a whole when all is
+/// known. Clips that end before they start are left out.
+std::unique_ptr<ClipFormat> makeListFormat(ReportFormat format);

@@ -4,7 +4,7 @@
 
 #include "messages.h"
 
-#include "printable.h"
+#include "escaping.h"
 
 #include <QFile>
 #include <QStringList>

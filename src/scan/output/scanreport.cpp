@@ -4,10 +4,10 @@
 
 #include "scanreport.h"
 
-#include "picturefile.h"
+#include "outputfiles.h"
 #include "reportpage.h"
 #include "snapshotfolder.h"
-#include "wholefile.h"
+#include "writing.h"
 
 #include <QDir>
 #include <QFileInfo>

@@ -4,7 +4,7 @@
 
 #include "standardoutput.h"
 
-#include "printable.h"
+#include "escaping.h"
 
 #include <cstdio>
 #include <unistd.h>
