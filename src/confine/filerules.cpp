@@ -62,21 +62,13 @@ QStringList systemPrograms() {
             QStringLiteral("/lib64"), QCoreApplication::applicationDirPath()};
 }
 
-constexpr const char* readableFiles[] = {"/etc/ld.so.cache",
-                                         "/etc/ld.so.preload",
-                                         "/etc/localtime",
-                                         "/etc/fonts",
-                                         "/etc/gcrypt",
-                                         "/proc/self",
-                                         "/proc/cpuinfo",
-                                         "/proc/meminfo",
-                                         "/proc/filesystems",
-                                         "/proc/sys/crypto",
-                                         "/proc/sys/vm/overcommit_memory",
-                                         "/sys/devices/system/cpu",
-                                         "/sys/devices/system/node",
-                                         "/dev/random",
-                                         "/dev/urandom"};
+constexpr const char* readableFiles[] = {
+    // what the loader and the libraries are told
+    "/etc/ld.so.cache", "/etc/ld.so.preload", "/etc/localtime", "/etc/fonts", "/etc/gcrypt",
+    // what they ask of the machine
+    "/proc/self", "/proc/cpuinfo", "/proc/meminfo", "/proc/filesystems", "/proc/sys/crypto",
+    "/proc/sys/vm/overcommit_memory", "/sys/devices/system/cpu", "/sys/devices/system/node",
+    "/dev/random", "/dev/urandom"};
 
 /// Files and folders.
 QStringList systemReadable() {
