@@ -3,7 +3,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "filenamecodec.h"
-#include "fileurl.h"
+#include "filenames.h"
 
 #include <QFile>
 #include <QtTest>

@@ -2,8 +2,8 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "filenames.h"
 #include "files.h"
-#include "videoname.h"
 
 #include <QtTest>
 

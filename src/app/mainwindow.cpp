@@ -10,7 +10,7 @@
 #include "captiondelegate.h"
 #include "clip.h"
 #include "exportnotices.h"
-#include "fileurl.h"
+#include "filenames.h"
 #include "leftoutbar.h"
 #include "screenfit.h"
 #include "settingsdialog.h"

@@ -7,6 +7,8 @@
 #include <QSize>
 #include <QString>
 
+#include <algorithm>
+
 /// A recording as other programs see it.
 struct ListedRecording {
     QString path;                 ///< absolute; its bytes are those of QFile::encodeName
@@ -30,9 +32,10 @@ struct ListedClip {
     double start = 0.0; ///< seconds from the first picture; can be negative
     double end = 0.0;
 
-    QString label() const; ///< "garden.mp4 #0"
+    /// "garden.mp4 #0"
+    QString label() const { return recording.name + QStringLiteral(" #") + QString::number(index); }
 
     /// Seconds from the file's beginning, as players count them, 0 or more.
-    double startInFile() const;
-    double endInFile() const;
+    double startInFile() const { return std::max(0.0, start + recording.offset); }
+    double endInFile() const { return std::max(0.0, end + recording.offset); }
 };

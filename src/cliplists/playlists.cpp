@@ -4,7 +4,7 @@
 
 #include "playlists.h"
 
-#include "fileurl.h"
+#include "filenames.h"
 
 #include <QFile>
 

@@ -4,7 +4,7 @@
 
 #include "clipnames.h"
 
-#include "namelength.h"
+#include "filenames.h"
 
 #include <QDir>
 #include <QFileInfo>

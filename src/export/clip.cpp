@@ -9,7 +9,7 @@
 #include "encodertimes.h"
 #include "encodingsettings.h"
 #include "exportnotices.h"
-#include "fileurl.h"
+#include "filenames.h"
 #include "video.h"
 
 #include <QCoreApplication>

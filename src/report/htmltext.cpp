@@ -5,7 +5,7 @@
 #include "htmltext.h"
 
 #include "escaping.h"
-#include "fileurl.h"
+#include "filenames.h"
 
 QByteArray htmlText(const QString& text) {
     return escaped(text, textEscape)

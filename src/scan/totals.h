@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "progressline.h"
+#include "messages.h"
 #include "recording.h"
 
 #include <mutex>

@@ -4,7 +4,7 @@
 
 #include "valuesname.h"
 
-#include "namelength.h"
+#include "filenames.h"
 
 #include <QCryptographicHash>
 #include <QDir>

@@ -4,7 +4,7 @@
 
 #include "inputs.h"
 
-#include "videoname.h"
+#include "filenames.h"
 
 #include <QFile>
 

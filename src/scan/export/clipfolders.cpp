@@ -5,7 +5,7 @@
 #include "clipfolders.h"
 
 #include "clipnames.h"
-#include "namelength.h"
+#include "filenames.h"
 #include "recording.h"
 
 #include <QDir>

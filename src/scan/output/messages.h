@@ -4,11 +4,36 @@
 
 #pragma once
 
-#include "progressline.h"
-
+#include <QElapsedTimer>
 #include <QString>
 
 #include <mutex>
+
+/// How far a scan is, over all its recordings.
+struct Progress {
+    double share = 0.0;   ///< of all bytes, 0 to 1; negative if unknown
+    int clips = 0;        ///< found so far
+    double seconds = 0.0; ///< of recordings, done so far
+};
+
+/// The line on standard error that shows how far a scan is. Silent where that is no terminal.
+class ProgressLine {
+public:
+    /// `isWanted`: false keeps it silent on a terminal, too. Speeds count from here.
+    explicit ProgressLine(bool isWanted);
+
+    /// Shows `progress`, a few times a second at the most.
+    void show(const Progress& progress);
+
+    /// Takes the line away, before something else is printed.
+    void clear();
+
+private:
+    bool isShown;
+    bool isDirty = false;
+    QElapsedTimer sinceStart;
+    QElapsedTimer sinceShown;
+};
 
 /// Everything that goes to standard error: how far the scan is, and what it says in words.
 ///

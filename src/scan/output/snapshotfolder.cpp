@@ -5,7 +5,7 @@
 #include "snapshotfolder.h"
 
 #include "clipnames.h"
-#include "namelength.h"
+#include "filenames.h"
 
 #include <QCryptographicHash>
 #include <QDir>
