@@ -10,16 +10,18 @@
 
 #include <functional>
 
-/// Answers the next modal dialog, which a call that follows will wait in.
+/// Answers the next modal dialog of a kind, from within its own event loop.
 ///
-/// `answer` gets the dialog once it is shown and must close it. `wasShown` tells whether one came.
-template<class Dialog>
+/// Make one before the call that opens the dialog. `answer` looks at the dialog once it is shown,
+/// and closes it; one that it leaves open is rejected. A second dialog is left alone, and holds the
+/// test up. `wasShown` tells whether one came.
+template<class Dialog = QDialog>
 class DialogAnswer : public QObject {
 public:
     explicit DialogAnswer(std::function<void(Dialog&)> answer)
         : answer(std::move(answer)) {
         QObject::connect(&timer, &QTimer::timeout, [this] { look(); });
-        timer.start(10);
+        timer.start(5);
     }
 
     bool wasShown() const { return isAnswered; }
@@ -32,6 +34,8 @@ private:
         timer.stop();
         isAnswered = true;
         answer(*dialog);
+        if (dialog->isVisible())
+            dialog->reject();
     }
 
     std::function<void(Dialog&)> answer;
