@@ -39,6 +39,7 @@ private Q_SLOTS:
     void halfway();
     void afterTheLastByte();
     void atTheBeginning();
+    void behindTheRange();
 
 private:
     QString encoded(const QString& name, const QStringList& codec) const;
@@ -122,6 +123,33 @@ void TestReadErrors::atTheBeginning() {
         QVERIFY2(failed.errors.contains("Input/output error"), failed.errors.constData());
         QCOMPARE(jsonLines(failed.output).last()["state"].toString(), QString("failed"));
     }
+}
+
+/// What lies behind the range is not asked for, even where it is read ahead.
+void TestReadErrors::behindTheRange() {
+    // Of pictures so large that few lie in what is read of the file at a time.
+    const QString video = folder.filePath("range.ts");
+    QVERIFY(
+        media::encode(media::crossingBox(6, 1, 5, "640x480") +
+                      QStringList{"-c:v", "libx264", "-preset", "ultrafast", "-qp", "5", video}));
+    const auto search = [&video](const QProcessEnvironment& environment, const QString& threads) {
+        return runProgramIn(environment, "kestrova-scan",
+                            options + QStringList{"--to", "3", "--threads", threads, video});
+    };
+    const QByteArray whole = search(QProcessEnvironment::systemEnvironment(), "1").output;
+    qint64 tooFew = 0;
+    qint64 enough = QFileInfo(video).size();
+    while (enough - tooFew > 1024) {
+        const qint64 middle = (tooFew + enough) / 2;
+        const bool isEnough = search(faults::readError(video, middle), "1").status == 0;
+        (isEnough ? enough : tooFew) = middle;
+    }
+    QVERIFY(enough < QFileInfo(video).size() * 3 / 4);
+
+    const ProcessResult ahead = search(faults::readError(video, enough), "4");
+    QCOMPARE(ahead.errors, QByteArray());
+    QCOMPARE(ahead.status, 0);
+    QCOMPARE(ahead.output, whole);
 }
 
 QTEST_GUILESS_MAIN(TestReadErrors)

@@ -68,6 +68,9 @@ MeasuringEnd PartDetection::measureCut(FrameStream& frames) {
     }
     const qint64 errorsBefore = frames.libavErrors();
     const MeasuringEnd end = measureFrames(frames, std::max<qint64>(reading.begin() - 1, 0));
+    // Another thread may still be reading.
+    if (end.outcome == DetectionOutcome::Cancelled)
+        return end;
     const bool hasOwnTimes = !frames.isFirstUseless() && frames.forcedFrameRate() == 0.0;
     // Decoders conceal damage and depend on older pictures then, often without a mark on theirs.
     const bool isSound = frames.libavErrors() == errorsBefore;

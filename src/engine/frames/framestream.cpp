@@ -30,12 +30,6 @@ DecodingOptions decodingOf(const FramePlan& plan) {
     return options;
 }
 
-Frame without(Frame frame) {
-    frame.picture.reset();
-    frame.chunk.reset();
-    return frame;
-}
-
 } // namespace
 
 FrameStream::FrameStream(QByteArray fileName, FramePlan wanted, std::function<bool()> isInterrupted)
@@ -68,6 +62,7 @@ void FrameStream::beginAnew() {
     second = {};
     isSkipped = false;
     isUntested = false;
+    endsEarly = false;
     hasReached = false;
     hasMismatch = false;
     currentNumber = -1;
@@ -136,7 +131,7 @@ Frame FrameStream::nextInRange() {
         count(frame);
         const double time = frame.time - first->time;
         if (time > plan.range.to + tolerance)
-            return without(std::move(frame));
+            return endBefore(std::move(frame));
         if (!hasReached && (plan.part || time >= plan.range.from - tolerance)) {
             hasReached = true;
             numberOfFirst = currentNumber;
@@ -163,8 +158,17 @@ Frame FrameStream::nextTimed() {
     const auto time = clock.next({frame.time, frame.isTimeMissing, frame.headerFrameRate});
     hasUselessFirst = !time;
     if (!time)
-        return without(std::move(frame));
+        return endBefore(std::move(frame));
     frame.time = *time;
+    return frame;
+}
+
+/// What has been read ahead, or could not be, is none of the plan's affair.
+Frame FrameStream::endBefore(Frame frame) {
+    ahead.reset();
+    endsEarly = true;
+    frame.picture.reset();
+    frame.chunk.reset();
     return frame;
 }
 

@@ -54,7 +54,7 @@ public:
     Frame next();
 
     /// Once `next` has answered none: why.
-    ReadEnd end() const { return decoder ? decoder->end() : ReadEnd(); }
+    ReadEnd end() const { return decoder && !endsEarly ? decoder->end() : ReadEnd(); }
 
     /// The number of the range's first frame, as the recording counts them; once there is one.
     qint64 firstNumber() const { return numberOfFirst; }
@@ -99,6 +99,7 @@ private:
     std::optional<std::int64_t> stampOf(double time) const;
     Frame nextInRange();
     Frame nextTimed();
+    Frame endBefore(Frame frame);
     Frame nextDecoded();
     void count(const Frame& frame);
 
@@ -113,6 +114,7 @@ private:
     Frame second;             ///< handed out next, where it has been read; else none
     bool isSkipped = false;   ///< what lies before the range was not decoded
     bool isUntested = false;  ///< and it has not been seen whether that was right
+    bool endsEarly = false;   ///< before what has been read
     bool hasReached = false;  ///< the range
     bool hasMismatch = false; ///< packets do not tell the numbers of frames
     bool hasUselessFirst = false;
