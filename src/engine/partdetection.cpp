@@ -28,13 +28,12 @@ MeasuringEnd PartDetection::runFile(const QString& fileName) {
     plan.threads = options.threads;
     std::optional<FrameStream> frames(std::in_place, QFile::encodeName(fileName), plan,
                                       [this] { return progress.isCancelled(); });
-    // Where it cannot be opened, the other road tells why.
-    if (!frames->isOpen())
-        return measureWhole(fileName);
-    measured.stream = frames->facts();
-    measured.stream.origin = frames->origin();
     if (progress.isCancelled())
         return {DetectionOutcome::Cancelled};
+    if (!frames->isOpen())
+        return {DetectionOutcome::CannotOpen, frames->errorText(), frames->isFileToBlame()};
+    measured.stream = frames->facts();
+    measured.stream.origin = frames->origin();
     if (frames->part())
         return measureCut(*frames);
     const QString error = frames->end().error;

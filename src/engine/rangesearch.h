@@ -9,8 +9,7 @@
 #include <QVector>
 
 /// Detections of several ranges of one recording, which is read once as far as that goes. Each is
-/// what a detection of that range alone is; clips and pictures are counted
-/// anew in each.
+/// what a detection of that range alone is; clips and pictures are counted anew in each.
 class RangeSearch {
 public:
     /// Of `options` the range does not matter. All must outlive this object.

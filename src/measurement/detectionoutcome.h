@@ -7,7 +7,7 @@
 /// How a detection ended.
 enum class DetectionOutcome {
     Finished,       ///< read to the end of the stream
-    Cancelled,      ///< the client said so; an open clip was still reported
+    Cancelled,      ///< somebody wanted it so; an open clip was still reported
     CannotOpen,     ///< nothing was reported
     TooFewPictures, ///< fewer than two pictures could be decoded; nothing was reported
     NoUsableTimes,  ///< though they must be; found out at the first picture or at the end

@@ -19,8 +19,8 @@
 ///
 /// Part K of N begins with the first packet at which decoding can begin and that lies at or behind
 /// (K - 1) / N of the file's bytes, and ends with the packet before the one with which the next
-/// part begins: whoever measures another part finds the same accessPoints. Packet P of a regular
-/// stream shows picture P - `delay`, counted from 0 in the order in which pictures are shown.
+/// part begins: whoever measures another part finds the same places. Packet P of a regular stream
+/// shows picture P - `delay`, counted from 0 in the order in which pictures are shown.
 class PartReading {
 public:
     /// `fileBytes`: of the file; `delay`: the packet that completed its first picture.

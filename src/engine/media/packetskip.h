@@ -15,8 +15,8 @@ constexpr qint64 mostSkippedBytes = 256 * 1024 * 1024;
 /// decoder begins with so that what comes out from that one on is what comes out from the start:
 /// from the second last key frame on, or the start of the file where nothing was read before.
 ///
-/// Empty where that is not certain: packets without times or with times that fall, key frames too far
-/// apart, or no packet at all that late.
+/// Empty where that is not certain: packets without times or with times that fall, key frames too
+/// far apart, or no packet at all that late.
 std::deque<NumberedPacket> skipTo(PacketReader& reader, std::int64_t dts);
 
 /// Seeks to a key frame before `dts`, and answers it; reading goes on behind it. It is the one
