@@ -6,7 +6,7 @@
 
 #include <QSize>
 
-/// A positive fraction; 0 above where it is unknown.
+/// A positive fraction; its numerator is 0 where it is unknown.
 struct Ratio {
     int numerator = 0;
     int denominator = 1;
