@@ -4,6 +4,7 @@
 
 #include "mainwindow.h"
 
+#include "aboutbox.h"
 #include "addedfiles.h"
 #include "applicationicon.h"
 #include "busycursor.h"
@@ -35,16 +36,6 @@ constexpr int backlogShownMilliseconds = 3000;
 constexpr int longestStartMilliseconds = 500; // with no window yet that could answer
 constexpr int sliceMilliseconds = 40;         // with one more file it stays below 100
 constexpr int pauseMilliseconds = 100;
-
-QString aboutText() {
-    const QString links =
-        QStringLiteral("<a href=\"https://ffmpeg.org/legal.html\">FFmpeg</a><br>"
-                       "<a href=\"https://opencv.org/license/\">OpenCV</a><br>"
-                       "<a href=\"https://doc.qt.io/qt-5/licensing.html\">Qt</a>");
-    return QStringLiteral("<p><b>Kestrova</b><br>%1</p><p>%2<br>%3</p>")
-        .arg(MainWindow::tr("Finds the moving stretches in recordings of fixed cameras."),
-             MainWindow::tr("Credits:"), links);
-}
 
 } // namespace
 
@@ -235,7 +226,7 @@ void MainWindow::on_actionHelp_triggered() {
 }
 
 void MainWindow::on_actionAbout_triggered() {
-    QMessageBox::about(this, tr("About Kestrova"), aboutText());
+    showAbout(this);
 }
 
 void MainWindow::on_files_itemDoubleClicked(QListWidgetItem* item) {
