@@ -20,8 +20,8 @@ struct UnitKind {
 
 UnitKind parameterSet(int type, int number, int count) {
     constexpr int idsPerType = 256; // the most that one type has
-    const bool canBe = number >= 0 && number < count;
-    return {canBe ? UnitKind::Role::ParameterSet : UnitKind::Role::ImpossibleSet,
+    const bool isPossible = number >= 0 && number < count;
+    return {isPossible ? UnitKind::Role::ParameterSet : UnitKind::Role::ImpossibleSet,
             type * idsPerType + number,
             {}};
 }
