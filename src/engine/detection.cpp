@@ -86,7 +86,7 @@ MeasuringEnd Detection::runOn(FrameStream& frames) {
         return failToBegin(frames, first.previous.isThere());
     measured.hasPictures = true;
     measured.stream.isRegionEmpty = selectsNothing(options.measure.region, first.current);
-    const MeasuringEnd end = measureAndDecide(std::move(first), frames);
+    MeasuringEnd end = measureAndDecide(std::move(first), frames);
     if (end.outcome != DetectionOutcome::Finished)
         return end;
     if (frames.isStandingStill())
@@ -104,7 +104,7 @@ MeasuringEnd Detection::measureAndDecide(FramePair first, FrameStream& frames) {
     const auto decide = [&](MotionScore motion, const Frame& frame) {
         decision.add(motion, frame.time, handleOf(frame));
     };
-    const MeasuringEnd end = measure(std::move(first), frames, measurer, progress, decide);
+    MeasuringEnd end = measure(std::move(first), frames, measurer, progress, decide);
     decision.finish();
     measured.series = decision.series();
     return end;

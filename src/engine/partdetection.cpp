@@ -47,7 +47,7 @@ MeasuringEnd PartDetection::measureWhole(const QString& fileName) {
     DetectionOptions whole = options;
     whole.range = TimeRange();
     Detection detection(whole, progress);
-    const MeasuringEnd end = detection.run(fileName);
+    MeasuringEnd end = detection.run(fileName);
     measured = detection.measurement();
     return end;
 }
@@ -66,7 +66,7 @@ MeasuringEnd PartDetection::measureCut(FrameStream& frames) {
         return {};
     }
     const qint64 errorsBefore = frames.libavErrors();
-    const MeasuringEnd end = measureFrames(frames, std::max<qint64>(reading.begin() - 1, 0));
+    MeasuringEnd end = measureFrames(frames, std::max<qint64>(reading.begin() - 1, 0));
     // Another thread may still be reading.
     if (end.outcome == DetectionOutcome::Cancelled)
         return end;

@@ -22,7 +22,7 @@ MeasuringEnd RangeSearch::run(const QString& fileName, const QVector<TimeRange>&
         else
             frames.emplace(QFile::encodeName(fileName), detection.plan(),
                            [this] { return progress.isCancelled(); });
-        const MeasuringEnd end = detection.run(*frames);
+        MeasuringEnd end = detection.run(*frames);
         const bool isEmpty = end.outcome == DetectionOutcome::TooFewPictures && end.isLasting;
         if (!isEmpty && end.outcome != DetectionOutcome::Finished)
             return end;
