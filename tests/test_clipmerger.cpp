@@ -251,7 +251,7 @@ void TestClipMerger::equalsTheMergeOfWhatASegmenterFinds() {
             values += QVector<float>(lengths(random), moves ? float(lengths(random)) : 0.0F);
         const double gap = std::uniform_int_distribution<int>(0, 12)(random) / 4.0;
         const double firstTime = run % 3 == 0 ? 2.5 : 0.0;
-        const SegmentationOptions options{1.0, 1.0, 1.0 + run % 5, 0.5F};
+        const SegmentationOptions options{1.0, 1.0, 1.0 + run % 5, {0.5F}};
         const Found found = segmented(values, options, gap, firstTime);
         const Clips expected = naivelyMerged(gap, found.apart);
         QVERIFY2(areSame(found.merged, expected), qPrintable(QString::number(run)));
