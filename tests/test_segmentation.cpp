@@ -100,7 +100,7 @@ QString difference(const QVector<DetectedClip>& found, const QVector<LiteralClip
 }
 
 SegmentationOptions margins(double prerecord, double postrecord, double minimum) {
-    return {prerecord, postrecord, minimum, threshold};
+    return {prerecord, postrecord, minimum, {threshold}};
 }
 
 /// Frames at 25 per second from `firstTime` on; motion 1 from second `from` to second `to`.
