@@ -1,0 +1,32 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "cellgrid.h"
+#include "cellmap.h"
+
+#include <cstdint>
+#include <vector>
+
+/// A set of cells. Each row begins with a word of its own; bit 0 of it is column 0. Bits behind the
+/// last column are 0.
+struct CellBits {
+    CellGrid grid;
+    int wordsPerRow = 0;
+    std::vector<std::uint64_t> words;
+
+    explicit CellBits(CellGrid grid = {}, bool isSet = false);
+
+    bool has(int column, int row) const {
+        return (words[std::size_t(row * wordsPerRow + column / 64)] >> (column % 64) & 1U) != 0;
+    }
+    void add(int column, int row) {
+        words[std::size_t(row * wordsPerRow + column / 64)] |= std::uint64_t(1) << (column % 64);
+    }
+    int count() const;
+};
+
+/// The cells of a map that have reached `step` (1..cellSteps.size()).
+CellBits cellsFrom(const CellMap& map, int step);

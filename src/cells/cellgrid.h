@@ -1,0 +1,24 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+/// How a picture is divided into cells, row by row.
+struct CellGrid {
+    int columns = 0;
+    int rows = 0;
+
+    int count() const { return columns * rows; }
+    bool operator==(const CellGrid& other) const {
+        return columns == other.columns && rows == other.rows;
+    }
+    bool operator!=(const CellGrid& other) const { return !(*this == other); }
+};
+
+constexpr int mostCellColumns = 160;
+constexpr int mostCellRows = 640; ///< of pictures that are four times as high as wide, and higher
+
+/// The grid of pictures of `width` x `height` pixels: as many columns as there are, up to 160, and
+/// rows by the aspect, so that cells are about square. Empty without pixels.
+CellGrid cellGridOf(int width, int height);
