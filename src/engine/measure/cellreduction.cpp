@@ -37,3 +37,8 @@ CellPicturePointer reduceToCells(const cv::Mat& plane) {
     }
     return cells;
 }
+
+CellPicturePointer cellsOf(const DecodedFrame& frame, LumaPlane& plane) {
+    const cv::Mat wrapped = plane.wrap(frame);
+    return wrapped.empty() ? nullptr : reduceToCells(wrapped);
+}

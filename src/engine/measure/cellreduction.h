@@ -5,6 +5,7 @@
 #pragma once
 
 #include "cellpicture.h"
+#include "lumaplane.h"
 
 #include <opencv2/core/mat.hpp>
 
@@ -12,3 +13,7 @@
 /// of a level. Cell c of n along a side of s pixels has those from c s / n to before (c + 1) s / n.
 /// Exact: the same on every machine.
 CellPicturePointer reduceToCells(const cv::Mat& plane);
+
+/// The same of plane 0 of a decoded picture, which `plane` is used to read; null if it has no
+/// readable one. Each thread needs a `plane` of its own.
+CellPicturePointer cellsOf(const DecodedFrame& frame, LumaPlane& plane);
