@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "celloptions.h"
+#include "detector.h"
 #include "measureoptions.h"
 #include "pictureclock.h"
 #include "segmentation.h"
@@ -13,6 +15,9 @@
 struct DetectionOptions {
     MeasureOptions measure;
     SegmentationOptions segmentation;
+    Detector detector = Detector::Mean;
+    CellOptions cells;        ///< for `Detector::Cells`
+    bool areMapsKept = false; ///< has the maps of changed cells measured, whatever decides
     TimeOptions times;
     TimeRange range;
     bool isKeyframesOnly = false;   ///< looks at key frames alone

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "cellmaps.h"
 #include "damage.h"
 #include "motionseries.h"
 #include "streamdescription.h"
@@ -44,6 +45,7 @@ struct Measurement {
     qint64 firstNumber = 0; ///< of the first picture, which is compared with nothing
     double firstTime = 0.0; ///< seconds, of that picture, as the stream counts them
     MotionSeries series;
+    CellMaps maps;            ///< empty, or one for each entry of the series
     bool hasPictures = false; ///< false: the recording could not be begun with
     Damage damage;
 };
