@@ -15,3 +15,12 @@ void CellMaps::append(const CellMaps& others) {
 const CellMap* CellMapsReader::next() {
     return at < maps.maps.size() ? &maps.maps[at++] : nullptr;
 }
+
+const CellBits* CellMapsReader::next(int step) {
+    const CellMap* map = next();
+    if (!map)
+        return nullptr;
+    bits = cellsFrom(*map, step);
+    isEmpty = bits.count() == 0;
+    return &bits;
+}
