@@ -23,6 +23,16 @@ int CellBits::count() const {
     return int(count);
 }
 
+void CellBits::keep(const CellBits& others) {
+    for (std::size_t i = 0; i < words.size(); ++i)
+        words[i] &= others.words[i];
+}
+
+void CellBits::remove(const CellBits& others) {
+    for (std::size_t i = 0; i < words.size(); ++i)
+        words[i] &= ~others.words[i];
+}
+
 CellBits cellsFrom(const CellMap& map, int step) {
     CellBits bits(map.grid);
     std::size_t cell = 0;

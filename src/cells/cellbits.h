@@ -26,6 +26,12 @@ struct CellBits {
         words[std::size_t(row * wordsPerRow + column / 64)] |= std::uint64_t(1) << (column % 64);
     }
     int count() const;
+
+    /// Keeps those that are in `others` as well, which is of the same grid.
+    void keep(const CellBits& others);
+
+    /// Takes those away that are in `others`, which is of the same grid.
+    void remove(const CellBits& others);
 };
 
 /// The cells of a map that have reached `step` (1..cellSteps.size()).

@@ -5,7 +5,6 @@
 #include "cellgrid.h"
 
 #include <algorithm>
-#include <cstdint>
 
 CellGrid cellGridOf(int width, int height) {
     if (width < 1 || height < 1)

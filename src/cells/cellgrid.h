@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include <cstdint>
+
 /// How a picture is divided into cells, row by row.
 struct CellGrid {
     int columns = 0;
@@ -22,3 +24,8 @@ constexpr int mostCellRows = 640; ///< of pictures that are four times as high a
 /// The grid of pictures of `width` x `height` pixels: as many columns as there are, up to 160, and
 /// rows by the aspect, so that cells are about square. Empty without pixels.
 CellGrid cellGridOf(int width, int height);
+
+/// Where cell `cell` of `cells` along a side of `pixels` begins. It ends where the next one begins.
+constexpr int cellBorder(int cell, int cells, int pixels) {
+    return int(std::int64_t(cell) * pixels / cells);
+}

@@ -6,11 +6,11 @@
 
 #include "cellbits.h"
 
-/// The motion value of each picture of a recording, from the cells that have changed in it.
+/// How much moves in each picture of a recording, from the cells that have changed in it.
 class GroupMotion {
 public:
-    /// The share, in percent, that the largest group of changed cells has of the picture; cells
-    /// that touch, corners included, are one group. `time` in seconds, as the stream counts them;
-    /// `changed` has the cells that are looked at alone.
-    float add(double time, const CellBits& changed);
+    /// The cells that the largest group of changed ones has; cells that touch, corners included,
+    /// are one group. `time` in seconds, as the stream counts them; `changed` has the cells that
+    /// are looked at alone.
+    int add(double time, const CellBits& changed);
 };

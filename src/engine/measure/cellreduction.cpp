@@ -6,10 +6,6 @@
 
 namespace {
 
-int border(int cell, int cells, int pixels) {
-    return int(std::int64_t(cell) * pixels / cells);
-}
-
 std::uint16_t meanOf(const cv::Mat& plane, int left, int right, int top, int bottom) {
     std::uint64_t sum = 0;
     for (int y = top; y < bottom; ++y) {
@@ -29,11 +25,12 @@ CellPicturePointer reduceToCells(const cv::Mat& plane) {
     const auto [columns, rows] = cells->grid;
     cells->levels.reserve(std::size_t(cells->grid.count()));
     for (int row = 0; row < rows; ++row) {
-        const int top = border(row, rows, plane.rows);
-        const int bottom = border(row + 1, rows, plane.rows);
+        const int top = cellBorder(row, rows, plane.rows);
+        const int bottom = cellBorder(row + 1, rows, plane.rows);
         for (int column = 0; column < columns; ++column)
-            cells->levels.push_back(meanOf(plane, border(column, columns, plane.cols),
-                                           border(column + 1, columns, plane.cols), top, bottom));
+            cells->levels.push_back(meanOf(plane, cellBorder(column, columns, plane.cols),
+                                           cellBorder(column + 1, columns, plane.cols), top,
+                                           bottom));
     }
     return cells;
 }
