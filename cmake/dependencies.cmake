@@ -18,3 +18,4 @@ pkg_check_modules(
   libavutil
   libswscale)
 pkg_check_modules(SECCOMP REQUIRED IMPORTED_TARGET libseccomp)
+pkg_check_modules(ZSTD REQUIRED IMPORTED_TARGET libzstd)

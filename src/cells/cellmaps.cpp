@@ -4,23 +4,38 @@
 
 #include "cellmaps.h"
 
+#include <utility>
+
 void CellMaps::append(const CellMap& map) {
-    maps.push_back(map);
+    if (!open.takes(map.grid))
+        closeBlock();
+    open.add(map);
+    ++maps;
 }
 
 void CellMaps::append(const CellMaps& others) {
-    maps.insert(maps.end(), others.maps.begin(), others.maps.end());
+    closeBlock();
+    closed.insert(closed.end(), others.closed.begin(), others.closed.end());
+    open = others.open;
+    maps += others.maps;
 }
 
-const CellMap* CellMapsReader::next() {
-    return at < maps.maps.size() ? &maps.maps[at++] : nullptr;
+void CellMaps::append(CellBlockPointer block) {
+    closeBlock();
+    maps += block->count;
+    closed.push_back(std::move(block));
 }
 
-const CellBits* CellMapsReader::next(int step) {
-    const CellMap* map = next();
-    if (!map)
-        return nullptr;
-    bits = cellsFrom(*map, step);
-    isEmpty = bits.count() == 0;
-    return &bits;
+std::vector<CellBlockPointer> CellMaps::blocks() const {
+    std::vector<CellBlockPointer> blocks = closed;
+    if (open.count() > 0)
+        blocks.push_back(std::make_shared<const CellBlock>(open.packed()));
+    return blocks;
+}
+
+void CellMaps::closeBlock() {
+    if (open.count() == 0)
+        return;
+    closed.push_back(std::make_shared<const CellBlock>(open.packed()));
+    open.clear();
 }
