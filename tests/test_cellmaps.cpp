@@ -171,7 +171,7 @@ void TestCellMaps::gridsMayChange() {
 void TestCellMaps::joinsOthersBehind() {
     Maps maps;
     CellMaps all;
-    for (const int count : {0, 300, 1, 0, 255, 257}) {
+    for (const int count : {0, 300, 1, 0, 249, 251}) {
         const Maps others = randomMaps({160, 90}, count, 0.01, unsigned(count));
         maps.insert(maps.end(), others.begin(), others.end());
         all.append(packed(others));
@@ -248,7 +248,7 @@ void TestCellMaps::foreignBytesDoNoHarm() {
 }
 
 void TestCellMaps::absurdLengthsDoNoHarm() {
-    for (const std::size_t size : {0, 1, 71, 72, 100}) {
+    for (const std::size_t size : {0, 1, 23, 24, 25, 47, 48, 100}) {
         CellBlock block{{160, 640}, mostBlockMaps, std::vector<std::uint8_t>(size, 0xFF)};
         CellMaps maps;
         maps.append(std::make_shared<const CellBlock>(block));

@@ -10,7 +10,7 @@
 #include <memory>
 #include <vector>
 
-constexpr int mostBlockMaps = 256; ///< ten seconds: what is packed together, and unpacked
+constexpr int mostBlockMaps = 250; ///< ten seconds: what is packed together, and unpacked
 
 /// Maps of one grid that follow each other, packed (cellcoding.h).
 struct CellBlock {

@@ -16,29 +16,37 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 
 constexpr int packingLevel = 3;
+constexpr std::size_t blockHeads = 64; // more than those that come with the streams' own blocks
 
-/// What a plane is packed as: the changes, tile by tile and each one's by their maps, as how many
-/// places lie between each and the one before it (a place is a map of a tile), and the cells that
-/// the tile has then.
-struct PlaneStreams {
-    Bytes gaps;    ///< up to `longGap`, which stands for that and more
-    Bytes cells;   ///< of each change
-    Bytes further; ///< places beyond `longGap`, as four bytes, the lowest first
-};
+/// What a plane is packed as: tile by tile, and by the maps in which the tile changes, how many
+/// maps lie between each change and the one before it (or the block's begin), and the cells that it
+/// has then; behind its last change, unless that is in the last map, `noMore`. Both are kept by
+/// what the tile was before: without cells, with some, with all, since what follows differs so much
+/// that each gets a code of its own.
+constexpr std::uint8_t noMore = 255;
+constexpr std::size_t kinds = 3;
+constexpr std::size_t streams = 2 * kinds; // gaps of each kind, and then cells of each
+using PlaneStreams = std::array<Bytes, streams>;
 
-constexpr std::uint8_t longGap = 255;
-constexpr int streams = 3;
+static_assert(mostBlockMaps <= noMore, "a gap is shorter");
+
 constexpr std::size_t lengthBytes = 4;
-constexpr std::size_t headBytes = cellSteps.size() * streams * lengthBytes;
+constexpr std::size_t headBytes = cellSteps.size() * lengthBytes;
+constexpr std::size_t planeHeadBytes = streams * lengthBytes;
 
-void append(std::uint32_t number, Bytes& bytes) {
-    for (unsigned shift = 0; shift < 32; shift += 8)
-        bytes.push_back(std::uint8_t(number >> shift));
+std::size_t kindOf(std::uint8_t cells) {
+    constexpr std::uint8_t all = 255;
+    return cells == 0 ? 0 : cells == all ? 2 : 1;
 }
 
-std::uint32_t numberAt(const std::uint8_t* bytes) {
-    return std::uint32_t(bytes[0]) | std::uint32_t(bytes[1]) << 8 | std::uint32_t(bytes[2]) << 16 |
-           std::uint32_t(bytes[3]) << 24;
+void setNumber(std::size_t number, std::uint8_t* bytes) {
+    for (std::size_t i = 0; i < lengthBytes; ++i)
+        bytes[i] = std::uint8_t(number >> 8 * i);
+}
+
+std::size_t numberAt(const std::uint8_t* bytes) {
+    return std::size_t(bytes[0]) | std::size_t(bytes[1]) << 8 | std::size_t(bytes[2]) << 16 |
+           std::size_t(bytes[3]) << 24;
 }
 
 struct FreeContext {
@@ -48,122 +56,178 @@ struct FreeContext {
 using PackingContext = std::unique_ptr<ZSTD_CCtx, FreeContext>;
 using UnpackingContext = std::unique_ptr<ZSTD_DCtx, FreeContext>;
 
-/// The changes by tile; those of each tile keep their order.
-std::vector<TileChange> byTile(const std::vector<TileChange>& changes, int tiles) {
-    std::vector<int> begins(std::size_t(tiles) + 1, 0);
+/// The changes by tile; those of each tile keep their order. `begins` gets where those of each tile
+/// begin, and their end.
+std::vector<TileChange> byTile(const std::vector<TileChange>& changes, int tiles,
+                               std::vector<std::size_t>& begins) {
+    begins.assign(std::size_t(tiles) + 1, 0);
     for (const TileChange& change : changes)
         ++begins[std::size_t(change.tile) + 1];
     for (std::size_t tile = 1; tile < begins.size(); ++tile)
         begins[tile] += begins[tile - 1];
+    std::vector<std::size_t> next = begins;
     std::vector<TileChange> sorted(changes.size());
     for (const TileChange& change : changes)
-        sorted[std::size_t(begins[change.tile]++)] = change;
+        sorted[next[change.tile]++] = change;
     return sorted;
 }
 
 PlaneStreams streamsOf(const std::vector<TileChange>& changes, int count, int tiles) {
     PlaneStreams plane;
-    int next = 0;
-    for (const TileChange& change : byTile(changes, tiles)) {
-        const int place = int(change.tile) * count + change.map;
-        const int gap = place - next;
-        next = place + 1;
-        plane.gaps.push_back(std::uint8_t(std::min<int>(gap, longGap)));
-        plane.cells.push_back(change.cells);
-        if (gap >= longGap)
-            append(std::uint32_t(gap - longGap), plane.further);
+    std::vector<std::size_t> begins;
+    const std::vector<TileChange> sorted = byTile(changes, tiles, begins);
+    for (std::size_t tile = 0; tile < std::size_t(tiles); ++tile) {
+        std::size_t kind = 0;
+        int next = 0;
+        for (std::size_t i = begins[tile]; i < begins[tile + 1]; ++i) {
+            plane[kind].push_back(std::uint8_t(sorted[i].map - next));
+            plane[kinds + kind].push_back(sorted[i].cells);
+            kind = kindOf(sorted[i].cells);
+            next = sorted[i].map + 1;
+        }
+        if (next < count)
+            plane[kind].push_back(noMore);
     }
     return plane;
 }
 
-/// Appends `stream`, packed, to the block, and its length to the head in `place`.
-void append(ZSTD_CCtx* context, const Bytes& stream, std::size_t place, Bytes& block) {
-    if (stream.empty())
-        return;
-    const std::size_t before = block.size();
-    block.resize(before + ZSTD_compressBound(stream.size()));
-    const std::size_t packed =
-        ZSTD_compressCCtx(context, block.data() + before, block.size() - before, stream.data(),
-                          stream.size(), packingLevel);
-    if (ZSTD_isError(packed) != 0)
-        throw std::bad_alloc(); // nothing else can be missing
-    block.resize(before + packed);
-    for (std::size_t i = 0; i < lengthBytes; ++i)
-        block[place * lengthBytes + i] = std::uint8_t(packed >> 8 * i);
+std::size_t sizeOf(const PlaneStreams& plane) {
+    std::size_t size = 0;
+    for (const Bytes& stream : plane)
+        size += stream.size();
+    return size;
 }
 
-/// Where one stream lies in a block; nothing where its head says otherwise than the block is long.
+/// Appends `plane`, packed: one frame, in which each stream begins a block of its own.
+void append(ZSTD_CCtx* context, const PlaneStreams& plane, Bytes& bytes) {
+    const std::size_t size = sizeOf(plane);
+    const std::size_t head = bytes.size();
+    bytes.resize(head + planeHeadBytes + ZSTD_compressBound(size) + blockHeads);
+    ZSTD_CCtx_reset(context, ZSTD_reset_session_and_parameters);
+    ZSTD_CCtx_setParameter(context, ZSTD_c_compressionLevel, packingLevel);
+    ZSTD_CCtx_setPledgedSrcSize(context, size);
+    ZSTD_outBuffer output{bytes.data(), bytes.size(), head + planeHeadBytes};
+    for (std::size_t i = 0; i < streams; ++i) {
+        setNumber(plane[i].size(), bytes.data() + head + i * lengthBytes);
+        const bool isLast = i + 1 == streams;
+        if (plane[i].empty() && !isLast)
+            continue;
+        ZSTD_inBuffer input{plane[i].data(), plane[i].size(), 0};
+        if (ZSTD_compressStream2(context, &output, &input, isLast ? ZSTD_e_end : ZSTD_e_flush) != 0)
+            throw std::bad_alloc(); // for the output there is room
+    }
+    bytes.resize(output.pos);
+}
+
+/// Bytes of a block.
 struct Piece {
     const std::uint8_t* data = nullptr;
     std::size_t size = 0;
 };
 
-Piece pieceAt(const Bytes& block, std::size_t place) {
+/// A plane as it is packed; empty where its block says otherwise than it is long.
+Piece planeIn(const Bytes& block, std::size_t plane) {
     if (block.size() < headBytes)
         return {};
     std::size_t begin = headBytes;
-    for (std::size_t i = 0; i < place; ++i)
+    for (std::size_t i = 0; i < plane; ++i)
         begin += numberAt(block.data() + i * lengthBytes);
-    const std::size_t size = numberAt(block.data() + place * lengthBytes);
-    if (begin > block.size() || size > block.size() - begin)
+    const std::size_t size = numberAt(block.data() + plane * lengthBytes);
+    if (begin > block.size() || size > block.size() - begin || size < planeHeadBytes)
         return {};
     return {block.data() + begin, size};
 }
 
-/// Empty where it is nothing packed, or more than `most` bytes.
-Bytes unpacked(ZSTD_DCtx* context, Piece piece, std::size_t most) {
-    if (piece.size == 0)
+/// The streams, one behind the other; empty where they are not `size` bytes.
+Bytes unpacked(Piece frame, std::size_t size) {
+    if (ZSTD_getFrameContentSize(frame.data, frame.size) != size)
         return {};
-    const unsigned long long size = ZSTD_getFrameContentSize(piece.data, piece.size);
-    if (size > most) // as are the answers that stand for errors
-        return {};
-    Bytes bytes(std::size_t(size), 0);
-    const std::size_t found =
-        ZSTD_decompressDCtx(context, bytes.data(), bytes.size(), piece.data, piece.size);
-    return found == bytes.size() ? bytes : Bytes();
-}
-
-PlaneStreams unpackedStreams(const CellBlock& block, int step, std::size_t places) {
     const UnpackingContext context(ZSTD_createDCtx());
     if (!context)
         throw std::bad_alloc();
-    const std::size_t first = std::size_t(step - 1) * streams;
-    PlaneStreams plane;
-    plane.gaps = unpacked(context.get(), pieceAt(block.bytes, first), places);
-    plane.cells = unpacked(context.get(), pieceAt(block.bytes, first + 1), plane.gaps.size());
-    plane.further = unpacked(context.get(), pieceAt(block.bytes, first + 2),
-                             lengthBytes * (places / longGap + 1));
-    return plane;
+    Bytes bytes(size, 0);
+    const std::size_t found =
+        ZSTD_decompressDCtx(context.get(), bytes.data(), size, frame.data, frame.size);
+    return found == size ? bytes : Bytes();
 }
 
-/// The changes as the streams have them, by tile, as far as they lie in the block.
-std::vector<TileChange> changesOf(const PlaneStreams& plane, int count, const TileGrid& tiles) {
+/// Hands out the bytes of each stream.
+class StreamReader {
+public:
+    /// At most `most` bytes are unpacked.
+    StreamReader(Piece plane, std::size_t most) {
+        if (plane.size == 0)
+            return;
+        std::size_t size = 0;
+        for (std::size_t i = 0; i < streams; ++i) {
+            at[i] = size;
+            size += numberAt(plane.data + i * lengthBytes);
+            end[i] = size;
+        }
+        if (size <= most)
+            bytes = unpacked({plane.data + planeHeadBytes, plane.size - planeHeadBytes}, size);
+    }
+
+    bool isEmpty() const { return bytes.empty(); }
+    std::size_t size() const { return bytes.size(); }
+
+    /// The next byte of a stream; false behind its last one.
+    bool next(std::size_t stream, std::uint8_t& byte) {
+        if (at[stream] == end[stream])
+            return false;
+        byte = bytes[at[stream]++];
+        return true;
+    }
+
+private:
+    Bytes bytes;
+    std::array<std::size_t, streams> at{};
+    std::array<std::size_t, streams> end{};
+};
+
+/// Reads the changes of a plane, by tile, as far as they lie in the block.
+class ChangesReader {
+public:
+    ChangesReader(StreamReader& streams, int count)
+        : streams(streams)
+        , count(count) {}
+
+    /// Appends those of a tile, whose cells in the grid are `inside`. False where there can be none
+    /// behind them.
+    bool append(int tile, std::uint8_t inside, std::vector<TileChange>& changes) {
+        std::uint8_t cells = 0;
+        for (int next = 0; next < count; ++next) {
+            std::uint8_t gap = 0;
+            std::uint8_t now = 0;
+            const std::size_t kind = kindOf(cells);
+            if (!streams.next(kind, gap))
+                return false;
+            if (gap == noMore)
+                return true;
+            next += gap;
+            if (next >= count || !streams.next(kinds + kind, now))
+                return false;
+            const auto flipped = std::uint8_t((now ^ cells) & inside);
+            if (flipped != 0)
+                changes.push_back(
+                    {std::uint16_t(tile), std::uint8_t(next), std::uint8_t(now & inside), flipped});
+            cells = now;
+        }
+        return true;
+    }
+
+private:
+    StreamReader& streams;
+    int count;
+};
+
+std::vector<TileChange> changesOf(StreamReader& streams, int count, const TileGrid& tiles) {
     std::vector<TileChange> changes;
-    changes.reserve(plane.cells.size());
-    std::size_t further = 0;
-    std::int64_t tile = 0;
-    std::int64_t map = -1;
-    std::uint8_t cells = 0;
-    std::uint8_t inside = tiles.count() > 0 ? tiles.cellsOf(0) : 0;
-    for (std::size_t i = 0; i < plane.cells.size(); ++i) {
-        map += 1 + plane.gaps[i];
-        if (plane.gaps[i] == longGap && further + lengthBytes <= plane.further.size()) {
-            map += numberAt(plane.further.data() + further);
-            further += lengthBytes;
-        }
-        if (map >= count) {
-            tile += map / count;
-            map %= count;
-            if (tile >= tiles.count())
-                break;
-            cells = 0;
-            inside = tiles.cellsOf(int(tile));
-        }
-        const std::uint8_t now = plane.cells[i] & inside;
-        const std::uint8_t flipped = now ^ cells;
-        if (flipped != 0)
-            changes.push_back({std::uint16_t(tile), std::uint8_t(map), now, flipped});
-        cells = now;
+    changes.reserve(streams.size() / 2);
+    ChangesReader reader(streams, count);
+    for (int tile = 0; tile < tiles.count(); ++tile) {
+        if (!reader.append(tile, tiles.cellsOf(tile), changes))
+            break;
     }
     return changes;
 }
@@ -190,11 +254,11 @@ CellBlock packedBlock(CellGrid grid, int count, const PlaneChanges& planes) {
     if (!context)
         throw std::bad_alloc();
     CellBlock block{grid, count, Bytes(headBytes, 0)};
-    std::size_t place = 0;
-    for (const auto& changes : planes) {
-        const PlaneStreams plane = streamsOf(changes, count, TileGrid(grid).count());
-        for (const Bytes* stream : {&plane.gaps, &plane.cells, &plane.further})
-            append(context.get(), *stream, place++, block.bytes);
+    for (std::size_t i = 0; i < planes.size(); ++i) {
+        const std::size_t before = block.bytes.size();
+        if (!planes[i].empty())
+            append(context.get(), streamsOf(planes[i], count, TileGrid(grid).count()), block.bytes);
+        setNumber(block.bytes.size() - before, block.bytes.data() + i * lengthBytes);
     }
     block.bytes.shrink_to_fit();
     return block;
@@ -202,7 +266,10 @@ CellBlock packedBlock(CellGrid grid, int count, const PlaneChanges& planes) {
 
 UnpackedPlane unpackedPlane(const CellBlock& block, int step) {
     const TileGrid tiles(block.grid);
-    const std::size_t places = std::size_t(tiles.count()) * std::size_t(block.count);
-    const PlaneStreams plane = unpackedStreams(block, step, places);
-    return byMap(changesOf(plane, block.count, tiles), block.count);
+    // Of each map a gap and cells, and of each tile an end.
+    const std::size_t most = std::size_t(tiles.count()) * (2 * std::size_t(block.count) + 1);
+    StreamReader streams(planeIn(block.bytes, std::size_t(step - 1)), most);
+    if (streams.isEmpty())
+        return {{}, std::vector<int>(std::size_t(block.count) + 1, 0)};
+    return byMap(changesOf(streams, block.count, tiles), block.count);
 }
