@@ -4,14 +4,12 @@
 
 #include "groupmotion.h"
 
-#include "cellgroups.h"
-
 #include <algorithm>
 
 int GroupMotion::add(double time, const CellBits& changed) {
     static_cast<void>(time);
     int largest = 0;
-    for (const CellGroup& group : groupsOf(changed, 1))
+    for (const CellGroup& group : groups.find(changed, 1))
         largest = std::max(largest, group.area);
     return largest;
 }

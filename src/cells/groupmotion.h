@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "cellbits.h"
+#include "cellgroups.h"
 
 /// How much moves in each picture of a recording, from the cells that have changed in it.
 class GroupMotion {
@@ -13,4 +13,7 @@ public:
     /// are one group. `time` in seconds, as the stream counts them; `changed` has the cells that
     /// are looked at alone.
     int add(double time, const CellBits& changed);
+
+private:
+    CellGroups groups;
 };
