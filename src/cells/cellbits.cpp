@@ -4,7 +4,38 @@
 
 #include "cellbits.h"
 
+#include <algorithm>
 #include <bitset>
+
+namespace {
+
+constexpr std::uint64_t eachByte = 0x0101010101010101U;
+constexpr std::uint64_t gatherBytes = 0x0102040810204080U; // bit 8 i goes to bit 56 + i
+
+std::uint64_t eightBytes(const std::uint8_t* bytes) {
+    std::uint64_t word = 0;
+    for (int i = 0; i < 8; ++i)
+        word |= std::uint64_t(bytes[i]) << (8 * i);
+    return word;
+}
+
+/// Bit i tells whether cell i of eight has reached `step`: all are less than 128.
+std::uint64_t eightFrom(const std::uint8_t* steps, int step) {
+    const std::uint64_t raised = eightBytes(steps) + eachByte * std::uint64_t(128 - step);
+    return (((raised >> 7) & eachByte) * gatherBytes) >> 56;
+}
+
+std::uint64_t wordFrom(const std::uint8_t* steps, int count, int step) {
+    std::uint64_t word = 0;
+    int cell = 0;
+    for (; cell + 8 <= count; cell += 8)
+        word |= eightFrom(steps + cell, step) << cell;
+    for (; cell < count; ++cell)
+        word |= std::uint64_t(steps[cell] >= step) << cell;
+    return word;
+}
+
+} // namespace
 
 CellBits::CellBits(CellGrid grid, bool isSet)
     : grid(grid)
@@ -35,12 +66,12 @@ void CellBits::remove(const CellBits& others) {
 
 CellBits cellsFrom(const CellMap& map, int step) {
     CellBits bits(map.grid);
-    std::size_t cell = 0;
+    const std::uint8_t* steps = map.steps.data();
+    std::uint64_t* words = bits.words.data();
     for (int row = 0; row < map.grid.rows; ++row) {
-        for (int column = 0; column < map.grid.columns; ++column) {
-            if (map.steps[cell++] >= step)
-                bits.add(column, row);
-        }
+        for (int column = 0; column < map.grid.columns; column += 64)
+            *words++ = wordFrom(steps + column, std::min(64, map.grid.columns - column), step);
+        steps += map.grid.columns;
     }
     return bits;
 }

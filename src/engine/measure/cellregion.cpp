@@ -80,7 +80,7 @@ QVector<QRect> boxesOf(const CellBits& cells, QSize pictures) {
                            cellBorder(group.top, rows, pictures.height()));
         const QPoint end(cellBorder(group.right + 1, columns, pictures.width()),
                          cellBorder(group.bottom + 1, rows, pictures.height()));
-        boxes.append({begin, end - QPoint(1, 1)});
+        boxes.append(QRect(begin, end - QPoint(1, 1)));
     }
     return boxes;
 }

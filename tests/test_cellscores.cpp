@@ -1,0 +1,140 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cellscores.h"
+
+#include "cellregion.h"
+
+#include <QtTest>
+
+#include <random>
+
+namespace {
+
+constexpr QSize size(1600, 1000);
+constexpr CellGrid grid{160, 100};
+constexpr double interval = 0.04; // seconds
+
+/// A map in which the cells of a box have reached a step.
+CellMap mapOf(const QRect& box, int step = changedStep, CellGrid grid = ::grid) {
+    CellMap map{grid, std::vector<std::uint8_t>(std::size_t(grid.count()))};
+    for (int row = box.top(); row <= box.bottom(); ++row) {
+        for (int column = box.left(); column <= box.right(); ++column)
+            map.steps[std::size_t(row * grid.columns + column)] = std::uint8_t(step);
+    }
+    return map;
+}
+
+RegionOfInterest rectangle(const QRect& rectangle) {
+    RegionOfInterest region;
+    region.kind = RegionOfInterest::Kind::Rectangle;
+    region.rectangle = rectangle;
+    return region;
+}
+
+float valueOf(CellScores scores, const CellMap& map) {
+    return scores.add(interval, map).value;
+}
+
+/// Boxes that wander about and change their strength, and now and then another size.
+std::vector<CellMap> randomMaps(std::mt19937& random) {
+    std::vector<CellMap> maps;
+    for (int i = 0; i < 200; ++i) {
+        const QRect box(int(random() % 100), int(random() % 60), 1 + int(random() % 50),
+                        1 + int(random() % 30));
+        const int step = int(random() % (cellSteps.size() + 1));
+        maps.push_back(mapOf(box, step, i % 70 < 50 ? grid : CellGrid{160, 120}));
+    }
+    return maps;
+}
+
+} // namespace
+
+class TestCellScores : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void groupsOutsideTheRegionDoNotCount();
+    void groupsAreCutAtTheRegion();
+    void shareOfASmallRegion();
+    void sensitivityChoosesTheStep();
+    void restlessCellsAreLeftOut();
+    void nothingSelectedIsQuiet();
+    void otherSizesHaveARegionOfTheirOwn();
+    void keptMapsHaveTheSameValues();
+};
+
+void TestCellScores::groupsOutsideTheRegionDoNotCount() {
+    CellScores scores(rectangle({0, 0, 800, 1000}), size, {});
+    QCOMPARE(scores.add(0.0, mapOf({80, 0, 80, 100})).value, 0.0F);
+    QVERIFY(scores.add(interval, mapOf({0, 0, 80, 100})).value > 0.0F);
+}
+
+void TestCellScores::groupsAreCutAtTheRegion() {
+    const CellMap map = mapOf({60, 10, 40, 20});
+    QCOMPARE(valueOf({rectangle({0, 0, 800, 1000}), size, {}}, map),
+             valueOf({{}, size, {}}, mapOf({60, 10, 20, 20})));
+}
+
+void TestCellScores::shareOfASmallRegion() {
+    const CellMap map = mapOf({0, 0, 20, 20});
+    const float ofPicture = valueOf({{}, size, {}}, map);
+    QCOMPARE(ofPicture, 2.5F); // 400 of 16000 cells
+    QCOMPARE(valueOf({rectangle({0, 0, 800, 500}), size, {}}, map), ofPicture);
+    QCOMPARE(valueOf({rectangle({0, 0, 400, 500}), size, {}}, map), 2 * ofPicture);
+    QCOMPARE(valueOf({rectangle({0, 0, 200, 200}), size, {}}, map), 25.0F);
+}
+
+void TestCellScores::sensitivityChoosesTheStep() {
+    for (int step = 1; step <= int(cellSteps.size()); ++step) {
+        const CellScores scores({}, size, {step});
+        QVERIFY(valueOf(scores, mapOf({0, 0, 20, 20}, step)) > 0.0F);
+        QCOMPARE(valueOf(scores, mapOf({0, 0, 20, 20}, step - 1)), 0.0F);
+    }
+}
+
+void TestCellScores::restlessCellsAreLeftOut() {
+    CellBits restless(grid);
+    for (int column = 0; column < grid.columns; ++column)
+        restless.add(column, 0);
+    QCOMPARE(valueOf({{}, size, {}, restless}, mapOf({0, 0, 160, 1})), 0.0F);
+    QVERIFY(valueOf({{}, size, {}}, mapOf({0, 0, 160, 1})) > 0.0F);
+    const CellMap otherGrid = mapOf({0, 0, 160, 1}, changedStep, {160, 120});
+    QVERIFY(valueOf({{}, size, {}, restless}, otherGrid) > 0.0F);
+}
+
+void TestCellScores::nothingSelectedIsQuiet() {
+    QCOMPARE(valueOf({rectangle({1600, 0, 10, 10}), size, {}}, mapOf({0, 0, 160, 100})), 0.0F);
+    QCOMPARE(valueOf({{}, size, {}}, CellMap()), 0.0F);
+}
+
+void TestCellScores::otherSizesHaveARegionOfTheirOwn() {
+    CellScores scores(rectangle({0, 0, 800, 1000}), size, {});
+    scores.add(0.0, mapOf({0, 0, 10, 10}));
+    const CellGrid other{160, 120};
+    QCOMPARE(scores.add(interval, mapOf({80, 0, 80, 120}, changedStep, other)).value, 0.0F);
+    QVERIFY(scores.add(2 * interval, mapOf({0, 0, 80, 120}, changedStep, other)).value > 0.0F);
+}
+
+void TestCellScores::keptMapsHaveTheSameValues() {
+    std::mt19937 random(1);
+    const std::vector<CellMap> maps = randomMaps(random);
+    const RegionOfInterest region = rectangle({300, 200, 500, 400});
+    CellScores streaming(region, size, {2});
+    CellMaps kept;
+    MotionSeries measured;
+    for (std::size_t i = 0; i < maps.size(); ++i) {
+        kept.append(maps[i]);
+        measured.times.append(double(i) * interval);
+        measured.scores.append(streaming.add(measured.times.last(), maps[i]));
+    }
+    const MotionSeries asked = seriesOf(kept, measured.times, {region, size, {2}});
+    QCOMPARE(asked.times, measured.times);
+    QCOMPARE(asked.scores, measured.scores);
+    const auto isMotion = [](MotionScore score) { return score.value > 0.0F; };
+    QVERIFY(std::any_of(asked.scores.begin(), asked.scores.end(), isMotion));
+}
+
+QTEST_APPLESS_MAIN(TestCellScores)
+#include "test_cellscores.moc"
