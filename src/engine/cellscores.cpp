@@ -15,11 +15,15 @@ CellScores::CellScores(RegionOfInterest region, QSize pictures, const CellOption
     , restless(std::move(restless)) {}
 
 MotionScore CellScores::add(double time, const CellMap& map) {
-    if (map.grid != selected.grid)
-        fit(map.grid);
-    CellBits changed = cellsFrom(map, options.step);
-    changed.keep(selected);
-    const int moving = motion.add(time, changed);
+    return add(time, cellsFrom(map, options.step));
+}
+
+MotionScore CellScores::add(double time, const CellBits& changed) {
+    if (changed.grid != selected.grid)
+        fit(changed.grid);
+    inside = changed;
+    inside.keep(selected);
+    const int moving = motion.add(time, inside);
     return {whole == 0 ? 0.0F : float(100.0 * moving / whole)};
 }
 
@@ -34,10 +38,10 @@ MotionSeries seriesOf(const CellMaps& maps, const QVector<double>& times, CellSc
     MotionSeries series;
     CellMapsReader reader(maps);
     for (const double time : times) {
-        const CellMap* map = reader.next();
-        if (!map)
+        const CellBits* changed = reader.next(scores.step());
+        if (!changed)
             break;
-        series.scores.append(scores.add(time, *map));
+        series.scores.append(scores.add(time, *changed));
         series.times.append(time);
     }
     return series;
@@ -48,10 +52,10 @@ CellBits restlessOf(const CellMaps& maps, const QVector<double>& times,
     RestlessCells restless;
     CellMapsReader reader(maps);
     for (const double time : times) {
-        const CellMap* map = reader.next();
-        if (!map)
+        const CellBits* changed = reader.next(options.step);
+        if (!changed)
             break;
-        restless.add(time, cellsFrom(*map, options.step));
+        restless.add(time, *changed);
     }
     return restless.found();
 }

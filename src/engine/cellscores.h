@@ -25,6 +25,12 @@ public:
     /// the largest group of changed cells, in percent. 0 where nothing is selected.
     MotionScore add(double time, const CellMap& map);
 
+    /// The same for the cells of the picture's map that have reached the step of the options.
+    MotionScore add(double time, const CellBits& changed);
+
+    /// The step that cells must have reached.
+    int step() const { return options.step; }
+
 private:
     void fit(CellGrid grid);
 
@@ -33,6 +39,7 @@ private:
     CellOptions options;
     CellBits restless;
 
+    CellBits inside;   ///< those that have changed in the last picture
     CellBits selected; ///< of the grid of the last map
     int whole = 0;     ///< so many cells are 100 %
     GroupMotion motion;

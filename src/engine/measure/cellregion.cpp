@@ -75,7 +75,8 @@ int wholeOf(const CellBits& region) {
 QVector<QRect> boxesOf(const CellBits& cells, QSize pictures) {
     const auto [columns, rows] = cells.grid;
     QVector<QRect> boxes;
-    for (const CellGroup& group : CellGroups().find(cells, 1)) {
+    CellGroups groups;
+    for (const CellGroup& group : groups.find(cells, 1)) {
         const QPoint begin(cellBorder(group.left, columns, pictures.width()),
                            cellBorder(group.top, rows, pictures.height()));
         const QPoint end(cellBorder(group.right + 1, columns, pictures.width()),
