@@ -79,6 +79,7 @@ private Q_SLOTS:
     void rangesEndWhereTheySay();
     void wordsAreTakenAsTheyAre_data();
     void wordsAreTakenAsTheyAre();
+    void defaultsDependOnTheDetector();
 
     void optionsKeepCompany_data();
     void optionsKeepCompany();
@@ -106,13 +107,16 @@ void TestOptions::defaultsAreTaken_data() {
 
 void TestOptions::defaultsAreTaken() {
     QFETCH(ScanOption, option);
-    const CommandLine commandLine = parse({"--export", "out", "--" + option.name, option.fallback});
+    const CommandLine commandLine =
+        parse({"--export", "out", "--" + option.name, option.fallback, "--detector",
+               option.name == "detector" ? option.fallback : "cells"});
     QCOMPARE(commandLine.text, QString());
     QCOMPARE(commandLine.action, CommandLine::Action::Scan);
 }
 
 void TestOptions::rangesEndWhereTheySay_data() {
     QTest::addColumn<QString>("name");
+    QTest::addColumn<QString>("detector");
     QTest::addColumn<QString>("value");
     QTest::addColumn<bool>("isTaken");
     // Said once more here: a bound that slips in the table shows.
@@ -122,6 +126,7 @@ void TestOptions::rangesEndWhereTheySay_data() {
         const char* lowest;
         const char* highest;
         const char* above;
+        const char* detector = "mean";
     };
     const Bounds all[] = {
         {"prerecord", "0.99", "1", "3600", "3600.01"},
@@ -130,6 +135,9 @@ void TestOptions::rangesEndWhereTheySay_data() {
         {"skip", "-1", "0", "100", "101"},
         {"threshold-value", "-1", "0", "255", "256"},
         {"threshold-motion", "-0.01", "0", "10", "10.01"},
+        {"threshold-motion", "-0.01", "0", "100", "100.01", "cells"},
+        {"minimum", "0.99", "1", "3600", "3600.01", "cells"},
+        {"sensitivity", "0", "1", "6", "7", "cells"},
         {"merge", "-0.01", "0", "86400", "86400.1"},
         {"fps", "0.009", "0.01", "1000", "1000.1"},
         {"bitrate", "-0.01", "0", "100", "100.01"},
@@ -138,25 +146,31 @@ void TestOptions::rangesEndWhereTheySay_data() {
     };
     int ranges = 0;
     for (const ScanOption& option : scanOptions())
-        ranges += option.range ? 1 : 0;
+        ranges += int(option.range.has_value()) + int(option.ofCells.has_value());
     QCOMPARE(ranges, int(std::size(all)));
     for (const Bounds& bounds : all) {
         const QString name = bounds.name;
-        QTest::addRow("%s, one step below", bounds.name) << name << bounds.below << false;
-        QTest::addRow("%s, lowest", bounds.name) << name << bounds.lowest << true;
-        QTest::addRow("%s, highest", bounds.name) << name << bounds.highest << true;
-        QTest::addRow("%s, one step above", bounds.name) << name << bounds.above << false;
-        QTest::addRow("%s, no number", bounds.name) << name << "many" << false;
+        const auto row = [&bounds, &name](const char* what, const char* value, bool isTaken) {
+            QTest::addRow("%s with %s, %s", bounds.name, bounds.detector, what)
+                << name << bounds.detector << value << isTaken;
+        };
+        row("one step below", bounds.below, false);
+        row("lowest", bounds.lowest, true);
+        row("highest", bounds.highest, true);
+        row("one step above", bounds.above, false);
+        row("no number", "many", false);
         if (scanOption(name).range->isWhole)
-            QTest::addRow("%s, not whole", bounds.name) << name << "1.5" << false;
+            row("not whole", "1.5", false);
     }
 }
 
 void TestOptions::rangesEndWhereTheySay() {
     QFETCH(QString, name);
+    QFETCH(QString, detector);
     QFETCH(QString, value);
     QFETCH(bool, isTaken);
-    const CommandLine commandLine = parse({"--export", "out", "--" + name + '=' + value});
+    const CommandLine commandLine =
+        parse({"--export", "out", "--detector", detector, "--" + name + '=' + value});
     if (isTaken) {
         QCOMPARE(commandLine.text, QString());
         return;
@@ -174,6 +188,12 @@ void TestOptions::wordsAreTakenAsTheyAre_data() {
         QTest::addRow("format %s", word) << "format" << word << "";
     for (const char* word : {"avi", "mp4", "mkv"})
         QTest::addRow("container %s", word) << "container" << word << "";
+    for (const char* word : {"mean", "cells"})
+        QTest::addRow("detector %s", word) << "detector" << word << "";
+    QTest::newRow("no detector")
+        << "detector"
+        << "cell"
+        << "--detector takes mean or cells, not 'cell' (did you mean cells?)";
     QTest::newRow("no format")
         << "format"
         << "xml"
@@ -191,6 +211,32 @@ void TestOptions::wordsAreTakenAsTheyAre() {
     QTEST(parse({"--export", "out", "--" + name, value}).text, "complaint");
 }
 
+void TestOptions::defaultsDependOnTheDetector() {
+    const DetectionOptions mean = parse({}).options.detection;
+    QCOMPARE(int(mean.detector), int(Detector::Mean));
+    QCOMPARE(mean.segmentation.minimum, 5.0);
+    QCOMPARE(mean.segmentation.motionThreshold.value, 0.5F);
+    QVERIFY(!mean.areMapsKept);
+    const DetectionOptions cells = parse({"--detector", "cells"}).options.detection;
+    QCOMPARE(int(cells.detector), int(Detector::Cells));
+    QCOMPARE(cells.segmentation.minimum, 2.0);
+    QCOMPARE(cells.segmentation.motionThreshold.value, 0.7F);
+    QCOMPARE(cells.cells.step, changedStep);
+    QVERIFY(!cells.cells.isRestlessIgnored);
+    const DetectionOptions asked =
+        parse({"--detector", "cells", "--minimum", "5", "--threshold-motion", "20", "--sensitivity",
+               "6", "--ignore-restless", "--values", "kept"})
+            .options.detection;
+    QCOMPARE(asked.segmentation.minimum, 5.0);
+    QCOMPARE(asked.segmentation.motionThreshold.value, 20.0F);
+    QCOMPARE(asked.cells.step, 1); // the faintest
+    QVERIFY(asked.cells.isRestlessIgnored);
+    QVERIFY(asked.areMapsKept);
+    for (const char* text : {"1 to 3600 (5, with --detector cells 2).",
+                             "0 to 10 (0.5), with --detector cells 0 to 100 (0.7)."})
+        QVERIFY2(helpText().simplified().contains(text), text);
+}
+
 void TestOptions::optionsKeepCompany_data() {
     QTest::addColumn<QStringList>("options");
     QTest::addColumn<QString>("complaint");
@@ -205,6 +251,13 @@ void TestOptions::optionsKeepCompany_data() {
     row({"--bitrate", "2"}, "--bitrate needs --export");
     row({"--start-time", "2026-11-16T09:05:00"}, "--start-time needs --export or --report");
     row({"--start-time", "2026-11-16T09:05:00", "--report", "r"}, "");
+    row({"--sensitivity", "4"}, "--sensitivity needs --detector cells");
+    row({"--sensitivity", "4", "--detector", "mean"}, "--sensitivity needs --detector cells");
+    row({"--detector", "cells", "--sensitivity", "4", "--ignore-restless"}, "");
+    row({"--ignore-restless"}, "--ignore-restless needs --detector cells, and excludes --refine");
+    row({"--ignore-restless", "--detector", "cells", "--quick"}, "");
+    row({"--ignore-restless", "--detector", "cells", "--quick", "--refine"},
+        "--ignore-restless needs --detector cells, and excludes --refine");
     row({"--unmeasured"}, "--unmeasured needs --values, and excludes --part");
     row({"--unmeasured", "--values", "v", "--part", "1/2"},
         "--unmeasured needs --values, and excludes --part");
@@ -222,8 +275,12 @@ void TestOptions::optionsKeepCompany() {
 
 void TestOptions::theTableNamesItsOwn() {
     for (const ScanOption& option : scanOptions()) {
-        for (const QString& other : option.needs + option.excludes)
-            QVERIFY2(allNames().contains(other), qPrintable(option.name + ": " + other));
+        for (const QString& other : option.needs + option.excludes) {
+            const QString name = other.section(' ', 0, 0);
+            QVERIFY2(allNames().contains(name), qPrintable(option.name + ": " + other));
+            const QString value = other.section(' ', 1);
+            QVERIFY2(value.isEmpty() || scanOption(name).words.contains(value), qPrintable(other));
+        }
     }
 }
 
@@ -240,8 +297,8 @@ void TestOptions::listIsForPrograms() {
             measuring += fields[0];
     }
     QCOMPARE(names, allNames());
-    QCOMPARE(measuring, QStringList({"skip", "threshold-value", "fps", "quick", "from", "to", "roi",
-                                     "mask", "exclude"}));
+    QCOMPARE(measuring, QStringList({"detector", "skip", "threshold-value", "fps", "quick", "from",
+                                     "to", "roi", "mask", "exclude"}));
     for (const char* line :
          {"quiet\tnone\t-\n", "skip\tnumber\tmeasuring\n", "format\tword\t-\n",
           "mask\tfile\tmeasuring\n", "values\tfolder\t-\n", "from\ttext\tmeasuring\n"})
@@ -293,9 +350,11 @@ void TestOptions::bashCompletesWordsAndNames() {
                         "ask kestrova-scan --container ''\n"
                         "ask kestrova-scan --format js\n"
                         "ask kestrova-scan --format = cs\n"
-                        "ask kestrova-scan --thresh\n";
+                        "ask kestrova-scan --thresh\n"
+                        "ask kestrova-scan --detector ''\n";
     QCOMPARE(run("bash", {}, ask),
-             QByteArray("okavi mp4 mkv\njsonl\ncsv\n--threshold-value --threshold-motion\n"));
+             QByteArray("okavi mp4 mkv\njsonl\ncsv\n--threshold-value --threshold-motion\n"
+                        "mean cells\n"));
 }
 
 void TestOptions::zshRepeatsOptions() {

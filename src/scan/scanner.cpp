@@ -183,6 +183,15 @@ bool writeReport(const std::optional<ScanReport>& report, Messages& messages) {
     return false;
 }
 
+/// Tells of what is given and changes nothing of the clips.
+void tellOfIdle(const ScanOptions& options, Messages& messages) {
+    const bool isIdle = options.detection.detector == Detector::Cells &&
+                        options.givenOptions.contains(QStringLiteral("threshold-value"));
+    if (isIdle)
+        messages.note(QStringLiteral("--threshold-value is for the mean; --detector cells has "
+                                     "--sensitivity instead"));
+}
+
 /// Opens the trace if one is wanted.
 bool openTrace(QFile& file, Messages& messages) {
     const QString failure = file.fileName().isEmpty() ? QString() : openTraceFile(file);
@@ -211,6 +220,7 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output, const Prepared& pre
     if (!prepareFolders(options, messages) || !openTrace(traceFile, messages))
         return BadCommandLine;
     prepared(options, recordings);
+    tellOfIdle(options, messages);
 
     std::atomic<bool> isWritten{true};
     OrderedOutput clips(output, [&](const QString& reason) {

@@ -4,6 +4,7 @@
 
 #include "commandline.h"
 
+#include "celldefaults.h"
 #include "clocktext.h"
 #include "inputs.h"
 #include "namedvalues.h"
@@ -160,6 +161,10 @@ DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& v
     options.segmentation.postrecord = values.number("postrecord");
     options.segmentation.minimum = values.number("minimum");
     options.segmentation.motionThreshold.value = float(values.number("threshold-motion"));
+    options.detector = values.word("detector") == "cells" ? Detector::Cells : Detector::Mean;
+    options.cells.step = stepOf(values.integer("sensitivity"));
+    options.cells.isRestlessIgnored = parser.isSet("ignore-restless");
+    options.areMapsKept = parser.isSet("values");
     options.measure.pixelThreshold = values.integer("threshold-value");
     options.measure.skip = values.integer("skip");
     options.times.mustBeUsable = true;

@@ -4,26 +4,36 @@
 
 #include "optionvalues.h"
 
-#include "optiontable.h"
 #include "suggestion.h"
 
 #include <QCommandLineParser>
 
 #include <algorithm>
 
+namespace {
+
+/// `need`: an option, or an option and its value with a space between them.
+bool isGiven(const QCommandLineParser& parser, const QString& need) {
+    const QString name = need.section(' ', 0, 0);
+    return parser.isSet(name) && (name == need || parser.value(name) == need.section(' ', 1));
+}
+
+} // namespace
+
 OptionValues::OptionValues(const QCommandLineParser& parser)
-    : parser(parser) {}
+    : parser(parser)
+    , areOfCells(isGiven(parser, QStringLiteral("detector cells"))) {}
 
 double OptionValues::number(const QString& option) {
     bool isNumber = false;
-    const double value = parser.value(option).toDouble(&isNumber);
+    const double value = valueOf(option).toDouble(&isNumber);
     check(option, value, isNumber);
     return value;
 }
 
 int OptionValues::integer(const QString& option) {
     bool isNumber = false;
-    const int value = parser.value(option).toInt(&isNumber);
+    const int value = valueOf(option).toInt(&isNumber);
     check(option, double(value), isNumber);
     return value;
 }
@@ -56,10 +66,10 @@ void OptionValues::checkCompany() {
 
 /// Why an option that is given cannot go with the others; empty if it can.
 QString OptionValues::companyFlaw(const ScanOption& option) const {
-    const auto isGiven = [this](const QString& name) { return parser.isSet(name); };
+    const auto isThere = [this](const QString& need) { return isGiven(parser, need); };
     const bool isAlone = !option.needs.isEmpty() &&
-                         std::none_of(option.needs.cbegin(), option.needs.cend(), isGiven);
-    const auto other = std::find_if(option.excludes.cbegin(), option.excludes.cend(), isGiven);
+                         std::none_of(option.needs.cbegin(), option.needs.cend(), isThere);
+    const auto other = std::find_if(option.excludes.cbegin(), option.excludes.cend(), isThere);
     const bool isCrowded = other != option.excludes.cend();
     if (!isAlone && !isCrowded)
         return {};
@@ -75,9 +85,21 @@ void OptionValues::reject(const QString& message) {
         error = message;
 }
 
+QString OptionValues::valueOf(const QString& option) const {
+    const ScanOption& asked = scanOption(option);
+    if (areOfCells && asked.ofCells && !parser.isSet(option))
+        return asked.ofCells->fallback;
+    return parser.value(option);
+}
+
+NumberRange OptionValues::rangeOf(const QString& option) const {
+    const ScanOption& asked = scanOption(option);
+    return areOfCells && asked.ofCells ? asked.ofCells->range : *asked.range;
+}
+
 /// Written so that what is no number at all fails, too.
 void OptionValues::check(const QString& option, double value, bool isNumber) {
-    const NumberRange& range = *scanOption(option).range;
+    const NumberRange range = rangeOf(option);
     if (isNumber && value >= range.lowest && value <= range.highest)
         return;
     const QString kind =

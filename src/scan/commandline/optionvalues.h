@@ -4,12 +4,13 @@
 
 #pragma once
 
+#include "optiontable.h"
+
 #include <QString>
 
 #include <optional>
 
 class QCommandLineParser;
-struct ScanOption;
 
 /// The values that a command line gives to the options of the table, checked against it.
 class OptionValues {
@@ -37,8 +38,11 @@ public:
     QString error; ///< the first thing that is wrong, for a person; empty if nothing is
 
 private:
+    QString valueOf(const QString& option) const;
+    NumberRange rangeOf(const QString& option) const;
     void check(const QString& option, double value, bool isNumber);
     QString companyFlaw(const ScanOption& option) const;
 
     const QCommandLineParser& parser;
+    bool areOfCells; ///< --detector cells decides
 };

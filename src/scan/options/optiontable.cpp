@@ -4,6 +4,7 @@
 
 #include "optiontable.h"
 
+#include "celldefaults.h"
 #include "settingstable.h"
 
 #include <algorithm>
@@ -18,6 +19,10 @@ struct Entry : ScanOption {
     }
     Entry within(NumberRange numbers) {
         range = numbers;
+        return *this;
+    }
+    Entry withCells(NumberRange numbers, double fallbackOfCells) {
+        ofCells = {numbers, QString::number(fallbackOfCells)};
         return *this;
     }
     Entry withLetter(char character) {
@@ -38,6 +43,10 @@ struct Entry : ScanOption {
     }
     Entry measuring(const char* key) {
         valuesKey = QLatin1String(key);
+        return *this;
+    }
+    Entry choosingValues() {
+        choosesValues = true;
         return *this;
     }
 };
@@ -66,13 +75,16 @@ Entry number(OptionGroup group, const char* name, const char* value, NumberRange
     return option;
 }
 
+template<class Value>
+NumberRange rangeOf(const Setting<Value>& setting) {
+    return {double(setting.lowest), double(setting.highest), std::is_integral<Value>::value};
+}
+
 /// What the window stores as well has the same range and default there.
 template<class Value>
 Entry stored(OptionGroup group, const char* name, const char* value, const Setting<Value>& setting,
              const char* help) {
-    const NumberRange range{double(setting.lowest), double(setting.highest),
-                            std::is_integral<Value>::value};
-    return number(group, name, value, range, double(setting.fallback), help);
+    return number(group, name, value, rangeOf(setting), double(setting.fallback), help);
 }
 
 Entry word(OptionGroup group, const char* name, const char* value, const QStringList& words,
@@ -101,6 +113,10 @@ QVector<ScanOption> makeOptions() {
             .needing({"values"})
             .excluding({"part"}),
 
+        word(G::Clips, "detector", "NAME", {"mean", "cells"},
+             "What tells motion: the mean change of the pixels, or the largest group of cells that "
+             "change, for what is small, distant or slow")
+            .choosingValues(),
         stored(G::Clips, "prerecord", "S", settings::prerecord, "Seconds kept before the motion")
             .inWindow("Prerecord"),
         stored(G::Clips, "postrecord", "S", settings::postrecord,
@@ -108,7 +124,8 @@ QVector<ScanOption> makeOptions() {
             .inWindow("Postrecord"),
         stored(G::Clips, "minimum", "S", settings::minimum,
                "Seconds of which motion must fill half for a clip to open")
-            .inWindow("Minimum length"),
+            .inWindow("Minimum length")
+            .withCells(rangeOf(settings::minimum), cellsMinimum),
         stored(G::Clips, "skip", "N", settings::skip, "Pictures left out between two comparisons")
             .inWindow("Skip frames")
             .measuring("skip"),
@@ -117,8 +134,15 @@ QVector<ScanOption> makeOptions() {
             .inWindow("Pixels threshold")
             .measuring("threshold-value"),
         stored(G::Clips, "threshold-motion", "X", settings::motionThreshold,
-               "Mean change of the pixels that is motion; more for fewer clips")
-            .inWindow("Motion detection threshold"),
+               "Mean change of the pixels, or percent of the picture, that is motion; more for "
+               "fewer clips")
+            .inWindow("Motion detection threshold")
+            .withCells({0.0, 100.0, false}, cellsThreshold),
+        number(G::Clips, "sensitivity", "N", {1, double(cellSteps.size()), true},
+               sensitivityOf(changedStep),
+               "How faintly a cell may change to count; more for dusk and haze, less for fewer "
+               "clips")
+            .needing({"detector cells"}),
         valued(G::Clips, "merge", K::Number, "S",
                "Make one clip of those that overlap or lie at most this many seconds apart",
                "each is its own")
@@ -154,6 +178,10 @@ QVector<ScanOption> makeOptions() {
                "Leave this rectangle out, in pixels of the video; may be repeated", "nothing")
             .repeated()
             .measuring("exclude"),
+        toggle(G::Region, "ignore-restless",
+               "Leave out what moves through most of a recording, such as clocks and leaves")
+            .needing({"detector cells"})
+            .excluding({"refine"}),
 
         word(G::Output, "format", "FORMAT",
              {"text", "jsonl", "csv", "m3u", "mpv", "cuts", "edl", "mlt"},

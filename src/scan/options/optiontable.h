@@ -32,26 +32,36 @@ struct NumberRange {
     QString text() const; ///< "1 to 3600"
 };
 
+/// What counts of an option where `--detector cells` decides, if that is something else.
+struct CellsLimits {
+    NumberRange range;
+    QString fallback;
+};
+
 /// One option.
 struct ScanOption {
     OptionGroup group = OptionGroup::Clips;
     QString name; ///< without its dashes
     ValueKind kind = ValueKind::None;
-    QString value;                    ///< how the value is called, as in "S"; empty for a switch
-    QString help;                     ///< a sentence without its full stop
-    std::optional<NumberRange> range; ///< with ValueKind::Number
-    QStringList words;                ///< with ValueKind::Word: those that it takes
-    QString fallback;                 ///< the value that counts without the option; empty: none
-    QString absence;                  ///< without a fallback: what happens without the option
-    bool isRepeated = false;          ///< may be given several times
-    QStringList needs;                ///< one of these must be given with it; empty: none
-    QStringList excludes;             ///< none of these may be given with it
-    QString valuesKey;                ///< the line in the head of a values file that it decides;
-                                      ///< empty: motion values do not depend on it
-    QChar letter;                     ///< a short form of one letter; null: none
-    QString control;                  ///< what it is called in the window; empty: not there
+    QString value;                      ///< how the value is called, as in "S"; empty for a switch
+    QString help;                       ///< a sentence without its full stop
+    std::optional<NumberRange> range;   ///< with ValueKind::Number
+    QStringList words;                  ///< with ValueKind::Word: those that it takes
+    QString fallback;                   ///< the value that counts without the option; empty: none
+    QString absence;                    ///< without a fallback: what happens without the option
+    std::optional<CellsLimits> ofCells; ///< nothing: cells change nothing of it
+    bool isRepeated = false;            ///< may be given several times
+    QStringList needs;                  ///< one of these must be given with it, "detector cells"
+                                        ///< with this very value; empty: none
+    QStringList excludes;               ///< none of these may be given with it
+    QString valuesKey;                  ///< the line in the head of a values file that it decides;
+                                        ///< empty: motion values do not depend on it
+    bool choosesValues = false;         ///< none does, but it tells which values files are of use
+    QChar letter;                       ///< a short form of one letter; null: none
+    QString control;                    ///< what it is called in the window; empty: not there
 
-    /// What it takes and what counts without it: "1 to 3600 (1)", "text, jsonl or csv (text)".
+    /// What it takes and what counts without it: "1 to 3600 (1)", "text, jsonl or csv (text)",
+    /// "0 to 10 (0.5), with --detector cells 0 to 100 (0.7)".
     QString limits() const;
 
     /// What it goes with: "needs --values, and excludes --part". Empty: with all.

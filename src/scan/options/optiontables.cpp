@@ -70,7 +70,8 @@ QString optionList() {
     constexpr const char* kinds[] = {"none", "number", "word", "file", "folder", "text"};
     QString lines;
     for (const ScanOption& option : scanOptions()) {
-        const char* use = option.valuesKey.isEmpty() ? "-" : "measuring";
+        const bool isMeasuring = !option.valuesKey.isEmpty() || option.choosesValues;
+        const char* use = isMeasuring ? "measuring" : "-";
         lines += QStringLiteral("%1\t%2\t%3\n").arg(option.name, kinds[int(option.kind)], use);
     }
     return lines;

@@ -13,6 +13,15 @@ QStringList dashed(const QStringList& names) {
     return all;
 }
 
+QString limitsOfBoth(const QString& range, const QString& fallback, const CellsLimits& ofCells) {
+    const QString cellsRange = ofCells.range.text();
+    if (cellsRange == range)
+        return QStringLiteral("%1 (%2, with --detector cells %3)")
+            .arg(range, fallback, ofCells.fallback);
+    return QStringLiteral("%1 (%2), with --detector cells %3 (%4)")
+        .arg(range, fallback, cellsRange, ofCells.fallback);
+}
+
 } // namespace
 
 QString listed(const QStringList& words) {
@@ -33,6 +42,8 @@ QString ScanOption::limits() const {
     else if (!words.isEmpty())
         taken = listed(words);
     const QString without = fallback.isEmpty() ? absence : fallback;
+    if (ofCells)
+        return limitsOfBoth(taken, without, *ofCells);
     if (taken.isEmpty() || without.isEmpty())
         return taken + without;
     return taken + QStringLiteral(" (%1)").arg(without);
