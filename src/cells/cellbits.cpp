@@ -4,6 +4,8 @@
 
 #include "cellbits.h"
 
+#include "cellmap.h"
+
 #include <algorithm>
 #include <bitset>
 

@@ -5,7 +5,6 @@
 #pragma once
 
 #include "cellgrid.h"
-#include "cellmap.h"
 
 #include <cstdint>
 #include <vector>
@@ -33,6 +32,8 @@ struct CellBits {
     /// Takes those away that are in `others`, which is of the same grid.
     void remove(const CellBits& others);
 };
+
+struct CellMap;
 
 /// The cells of a map that have reached `step` (1..cellSteps.size()).
 CellBits cellsFrom(const CellMap& map, int step);

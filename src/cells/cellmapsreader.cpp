@@ -52,7 +52,8 @@ void CellMapsReader::beginBlock(int lowest, int highest) {
 void CellMapsReader::beginGrid(CellGrid grid) {
     tiles = TileGrid(grid);
     bits = CellBits(grid);
-    map = {grid, std::vector<std::uint8_t>(std::size_t(grid.count()))};
+    map.grid = grid;
+    map.steps.assign(std::size_t(grid.count()), 0);
     places.clear();
     for (int tile = 0; tile < tiles.count(); ++tile) {
         const int column = tiles.columnOf(tile);
