@@ -2,7 +2,7 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "cellbits.h"
+#include "cellmap.h"
 
 #include <QtTest>
 
