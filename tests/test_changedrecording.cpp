@@ -171,7 +171,7 @@ bool TestChangedRecording::forge(const QString& file, const RecordingStamp& reco
     KeptValues values = readValues(kept).values;
     QDir(path("forging")).removeRecursively();
     values.recording = recording;
-    return writeValues(values, file).isEmpty();
+    return writeValues(valuesText(values), file).isEmpty();
 }
 
 void TestChangedRecording::valuesNamedLikeAVideoAreNone_data() {

@@ -174,7 +174,7 @@ void TestValuesFile::readsBackWhatWasWritten_data() {
 
 void TestValuesFile::readsBackWhatWasWritten() {
     QFETCH(KeptValues, values);
-    QCOMPARE(writeValues(values, path()), QString());
+    QCOMPARE(writeValues(valuesText(values), path()), QString());
     const ValuesReading reading = readValues(path());
     QCOMPARE(reading.flaw, QString());
     QCOMPARE(reading.state, State::Good);
@@ -401,7 +401,7 @@ void TestValuesFile::lineWithoutEndTakesNoMemory() {
 }
 
 void TestValuesFile::namesItsRecording() {
-    QCOMPARE(writeValues(sample(), path()), QString());
+    QCOMPARE(writeValues(valuesText(sample()), path()), QString());
     QCOMPARE(*recordingNamedIn(path()), sample().recording.path);
     QVERIFY(writeFile(path(), "# kestrova values 9\n# what: ever\n"));
     QCOMPARE(*recordingNamedIn(path()), QByteArray());
@@ -426,24 +426,24 @@ void TestValuesFile::longNamesAreCut() {
     const QByteArray name(255, 'n');
     const QString one = valuesPath(folder.path(), "/a/" + name);
     QVERIFY(valuesPath(folder.path(), "/b/" + name) != one);
-    QCOMPARE(writeValues(sample(), one), QString());
+    QCOMPARE(writeValues(valuesText(sample()), one), QString());
     QCOMPARE(readValues(one).state, State::Good);
 }
 
 void TestValuesFile::leavesNothingBesideIt() {
     const QString place = path("own/deep/a.values");
-    QCOMPARE(writeValues(sample(), place), QString());
+    QCOMPARE(writeValues(valuesText(sample()), place), QString());
     QCOMPARE(QFileInfo(place).dir().entryList(QDir::NoDotAndDotDot | QDir::AllEntries),
              QStringList{"a.values"});
     QVERIFY(QDir().mkpath(path("own/taken/a.values/b")));
-    QVERIFY(!writeValues(sample(), path("own/taken/a.values")).isEmpty());
+    QVERIFY(!writeValues(valuesText(sample()), path("own/taken/a.values")).isEmpty());
     QCOMPARE(QDir(path("own/taken")).entryList(QDir::NoDotAndDotDot | QDir::AllEntries),
              QStringList{"a.values"});
 }
 
 void TestValuesFile::replacesWhatWasThere() {
-    QCOMPARE(writeValues(sample(), path()), QString());
-    QCOMPARE(writeValues(unreadable(), path()), QString());
+    QCOMPARE(writeValues(valuesText(sample()), path()), QString());
+    QCOMPARE(writeValues(valuesText(unreadable()), path()), QString());
     const ValuesReading reading = readValues(path());
     QVERIFY(isSame(reading.values, unreadable()));
 }

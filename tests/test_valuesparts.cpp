@@ -181,7 +181,7 @@ void TestValuesParts::partsAreReadBack() {
     QTemporaryDir folder;
     const QString path = folder.filePath("a.values");
     for (const KeptValues& part : three() + QVector<KeptValues>{unread(1)}) {
-        QCOMPARE(writeValues(part, path), QString());
+        QCOMPARE(writeValues(valuesText(part), path), QString());
         const ValuesReading reading = readValues(path);
         QCOMPARE(reading.flaw, QString());
         QVERIFY(reading.values.part);

@@ -33,6 +33,17 @@ std::vector<CellBlockPointer> CellMaps::blocks() const {
     return blocks;
 }
 
+CellMap CellMaps::last() const {
+    CellMaps end;
+    if (maps > 0)
+        end.append(blocks().back());
+    CellMapsReader reader(end);
+    CellMap last;
+    while (const CellMap* map = reader.next())
+        last = *map;
+    return last;
+}
+
 void CellMaps::closeBlock() {
     if (open.count() == 0)
         return;

@@ -26,6 +26,9 @@ public:
     /// All of them.
     std::vector<CellBlockPointer> blocks() const;
 
+    /// The last of them; without cells where there are none.
+    CellMap last() const;
+
 private:
     void closeBlock();
 

@@ -7,6 +7,7 @@
 #include "confinement.h"
 #include "encoderarguments.h"
 #include "outputfiles.h"
+#include "valuesname.h"
 
 #include <QFileInfo>
 
@@ -25,6 +26,18 @@ QStringList recordingsOfValues(const std::vector<Recording>& recordings) {
     return files;
 }
 
+/// The maps of cells beside named values.
+QStringList mapsOfValues(const std::vector<Recording>& recordings) {
+    QStringList files;
+    for (const Recording& recording : recordings) {
+        const QString maps =
+            recording.valuesFile.isEmpty() ? QString() : cellsPath(recording.valuesFile);
+        if (QFileInfo(maps).isFile())
+            files += maps;
+    }
+    return files;
+}
+
 /// Only what is there can be granted, and values come as late as the end of the first recording.
 /// Where they cannot be written, they can perhaps be read.
 void grantValues(const QString& folder, Grants& grants) {
@@ -34,7 +47,8 @@ void grantValues(const QString& folder, Grants& grants) {
 
 Grants grantsOf(const ScanOptions& options, const std::vector<Recording>& recordings) {
     Grants grants;
-    grants.readable = options.inputs.places + recordingsOfValues(recordings);
+    grants.readable =
+        options.inputs.places + recordingsOfValues(recordings) + mapsOfValues(recordings);
     for (const QString& folder :
          {options.snapshotDirectory, options.reportDirectory, options.exporting.directory}) {
         if (!folder.isEmpty())

@@ -4,10 +4,9 @@
 
 #include "linereader.h"
 
-#include <cerrno>
+#include "regularfile.h"
+
 #include <cstring>
-#include <fcntl.h>
-#include <sys/stat.h>
 
 namespace {
 
@@ -17,22 +16,8 @@ constexpr int bufferSize = 64 * 1024;
 } // namespace
 
 bool LineReader::open(const QString& path) {
-    const QByteArray name = QFile::encodeName(path);
-    struct stat found {};
-    if (stat(name.constData(), &found) != 0) {
-        error = errno == ENOENT ? QString() : qt_error_string(errno);
-        return false;
-    }
-    if (!S_ISREG(found.st_mode)) {
-        error = QStringLiteral("it is no regular file");
-        return false;
-    }
     buffer.resize(bufferSize);
-    const int descriptor = ::open(name.constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC | O_NOCTTY);
-    if (descriptor < 0)
-        error = qt_error_string(errno);
-    return descriptor >= 0 && file.open(descriptor, QIODevice::ReadOnly | QIODevice::Unbuffered,
-                                        QFileDevice::AutoCloseHandle);
+    return openRegularFile(path, file, error);
 }
 
 std::optional<std::string_view> LineReader::next() {

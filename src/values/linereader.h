@@ -14,9 +14,8 @@
 /// Reads a file line by line with a buffer that never grows, whatever the file is.
 class LineReader {
 public:
-    /// Opens a regular file, and nothing else that may have its name: whoever writes to a pipe
-    /// would take this for its reader. False if it cannot be opened; `flaw` is empty where there is
-    /// none.
+    /// Opens a regular file (openRegularFile). False if it cannot be opened; `flaw` is empty where
+    /// there is none.
     bool open(const QString& path);
 
     /// The next line without its end, valid until the next call; nothing once there is none.

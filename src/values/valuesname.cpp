@@ -17,6 +17,8 @@ namespace {
 
 constexpr int digestDigits = 32;
 
+constexpr char valuesEnding[] = ".values";
+
 /// The most that is put behind a name while its file is being written.
 constexpr char longestEnding[] = "-9999of9999.values.2147483647-2147483647.part";
 
@@ -39,6 +41,10 @@ QString partPath(const QString& folder, const QByteArray& recording, int index, 
     return pathOf(folder, recording, QStringLiteral("-%1of%2.values").arg(index).arg(count));
 }
 
+QString cellsPath(const QString& path) {
+    return path.chopped(int(std::strlen(valuesEnding))) + QStringLiteral(".cells");
+}
+
 bool isValuesName(const QString& path) {
-    return path.endsWith(QLatin1String(".values"));
+    return path.endsWith(QLatin1String(valuesEnding));
 }

@@ -15,5 +15,8 @@ QString valuesPath(const QString& folder, const QByteArray& recording);
 /// The same for one of `count` parts of it, `index` from 1 on.
 QString partPath(const QString& folder, const QByteArray& recording, int index, int count);
 
+/// The path of the maps of cells that lie beside the values file at `path`.
+QString cellsPath(const QString& path);
+
 /// Whether files of this name can hold values. Others never do, whatever is in them.
 bool isValuesName(const QString& path);

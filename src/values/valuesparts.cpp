@@ -5,6 +5,8 @@
 #include "valuesparts.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <vector>
 
 namespace {
 
@@ -44,6 +46,29 @@ double lastTime(const Measurement& measurement) {
     return times.isEmpty() ? measurement.firstTime : times.last();
 }
 
+CellMap stillMap(CellGrid grid) {
+    return {grid, std::vector<std::uint8_t>(std::size_t(grid.count()), 0)};
+}
+
+/// Appends those of a part's own pictures; the first `held` have the map of the one before, which
+/// is without changes where that is the recording's first.
+void append(const CellMaps& part, int held, CellMaps& whole) {
+    if (held == 0)
+        return whole.append(part);
+    const bool isFirst = whole.count() == 0;
+    const CellMap last = whole.last();
+    CellMapsReader reader(part);
+    int place = 0;
+    while (const CellMap* map = reader.next()) {
+        const bool isOwn = place++ >= held;
+        whole.append(isOwn ? *map : isFirst ? stillMap(map->grid) : last);
+    }
+}
+
+bool haveMaps(const KeptValues& part) {
+    return part.measurement.maps.count() == part.measurement.series.times.size();
+}
+
 /// Appends a part's own pictures: those behind its first, which is the last one of `whole`. The
 /// first `held` have the score of that one.
 bool append(const Measurement& part, int held, Measurement& whole) {
@@ -59,6 +84,7 @@ bool append(const Measurement& part, int held, Measurement& whole) {
     std::fill_n(own.begin(), held, scores.isEmpty() ? MotionScore() : scores.last());
     scores += own;
     whole.series.times += part.series.times;
+    append(part.maps, held, whole.maps);
     return true;
 }
 
@@ -93,5 +119,7 @@ JoinedParts joinParts(const QVector<KeptValues>& parts) {
     const qint64 pictures = whole.measurement.series.times.size() + 1;
     if (pictures < 2 || isStandingStill(whole.measurement) || pictures != last->end - last->delay)
         return refuse("its stream is not regular enough to be measured in parts");
+    if (!std::all_of(parts.cbegin(), parts.cend(), haveMaps))
+        whole.measurement.maps = {};
     return {whole, {}};
 }

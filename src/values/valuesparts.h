@@ -15,5 +15,6 @@ struct JoinedParts {
 /// Joins all parts of a recording, in their order, which were measured with the same settings.
 ///
 /// What can be joined is exactly what one pass gives. Where the stream is not regular, so that what
-/// a part holds may depend on what lies before it, nothing is joined.
+/// a part holds may depend on what lies before it, nothing is joined. There are maps of cells where
+/// all parts have them.
 JoinedParts joinParts(const QVector<KeptValues>& parts);

@@ -45,6 +45,7 @@ public:
     bool runHead() { return next() && readFirstLine() && readHeadLines(); }
 
     KeptValues values;
+    QByteArray digest;         ///< that its last line names
     bool isValuesFile = false; ///< says its first line
 
 private:
@@ -56,12 +57,12 @@ private:
 
     bool failHere() { return fail(QStringLiteral("line %1 is damaged").arg(number)); }
 
-    /// Goes to the next line. The digest takes in each line when it is left behind, so that the
+    /// Goes to the next line. The hash takes in each line when it is left behind, so that the
     /// last one can be treated otherwise.
     bool next() {
         if (number > 0) {
-            digest.addData(line.data(), int(line.size()));
-            digest.addData("\n", 1);
+            hash.addData(line.data(), int(line.size()));
+            hash.addData("\n", 1);
         }
         const auto found = lines.next();
         if (!found)
@@ -148,9 +149,9 @@ private:
         if (!isCounted || end == std::end(endWords))
             return failHere();
         values.outcome = end->outcome;
-        const QByteArray given = words.value(2);
-        digest.addData(line.data(), int(line.size()) - given.size());
-        if (given != digest.result().toHex())
+        digest = words.value(2);
+        hash.addData(line.data(), int(line.size()) - digest.size());
+        if (digest != hash.result().toHex())
             return fail(QStringLiteral("its digest is another"));
         if (!isConsistent())
             return fail(QStringLiteral("it contradicts itself"));
@@ -184,7 +185,7 @@ private:
     Line line;
     int format = 0;
     qint64 number = 0; ///< of the line, from 1
-    QCryptographicHash digest{QCryptographicHash::Sha256};
+    QCryptographicHash hash{QCryptographicHash::Sha256};
     QString error;
 };
 
@@ -198,8 +199,8 @@ ValuesReading readValues(const QString& path) {
     ValuesParser parser(lines);
     const QString flaw = isOpen ? parser.run() : lines.flaw();
     if (!flaw.isEmpty())
-        return {ValuesReading::State::Flawed, flaw, {}};
-    return {ValuesReading::State::Good, {}, std::move(parser.values)};
+        return {ValuesReading::State::Flawed, flaw, {}, {}};
+    return {ValuesReading::State::Good, {}, std::move(parser.values), parser.digest};
 }
 
 std::optional<QByteArray> recordingNamedIn(const QString& path) {

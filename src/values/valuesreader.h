@@ -15,6 +15,7 @@ struct ValuesReading {
     State state = State::Missing;
     QString flaw;      ///< with Flawed: what is wrong, for a person
     KeptValues values; ///< with Good
+    QByteArray digest; ///< with Good: the one in its last line
 };
 
 /// Reads the values file at `path`. Whatever lies there is an answer: a file that is not, from its

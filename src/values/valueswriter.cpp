@@ -5,16 +5,12 @@
 #include "valueswriter.h"
 
 #include "escaping.h"
+#include "keptfile.h"
 #include "valuesformat.h"
-#include "writing.h"
 
 #include <QCryptographicHash>
-#include <QFile>
-#include <QFileInfo>
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace {
 
@@ -51,11 +47,10 @@ QByteArray valuesText(const KeptValues& values) {
     return text + QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex() + '\n';
 }
 
-QString writeValues(const KeptValues& values, const QString& path) {
-    std::error_code error;
-    std::filesystem::create_directories(
-        QFile::encodeName(QFileInfo(path).absolutePath()).toStdString(), error);
-    if (error)
-        return QString::fromStdString(error.message());
-    return writeWholeFile(path, valuesText(values));
+QByteArray digestIn(const QByteArray& text) {
+    return text.mid(text.lastIndexOf(' ') + 1).trimmed();
+}
+
+QString writeValues(const QByteArray& text, const QString& path) {
+    return writeKeptFile(path, [&](const PieceSink& sink) { sink(text); });
 }

@@ -9,6 +9,8 @@
 /// `values` as the whole text of a values file.
 QByteArray valuesText(const KeptValues& values);
 
-/// Writes them to `path`, over an older file there, as a whole or not at all; its folder is made
-/// where it is missing. Answers why they could not be written, for a person; empty after a success.
-QString writeValues(const KeptValues& values, const QString& path);
+/// The digest in the last line of such a text.
+QByteArray digestIn(const QByteArray& text);
+
+/// Writes such a text to `path` as `writeKeptFile` does.
+QString writeValues(const QByteArray& text, const QString& path);

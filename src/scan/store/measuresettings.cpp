@@ -13,9 +13,14 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 
 namespace {
 
+constexpr char measureKey[] = "measure";
+constexpr char thresholdKey[] = "threshold-value";
+constexpr char regionKey[] = "region";
+constexpr char excludeKey[] = "exclude";
 constexpr char picturesKey[] = "pictures";
 constexpr char keyPictures[] = "key";
 
@@ -76,15 +81,25 @@ QByteArray valueOf(const MeasureSettings& settings, const QByteArray& key) {
 } // namespace
 
 MeasureSettings measureSettings(const DetectionOptions& options) {
-    return {{"measure", QByteArray::number(measureDefinition)},
-            {"threshold-value", QByteArray::number(options.measure.pixelThreshold)},
+    return {{measureKey, QByteArray::number(measureDefinition)},
+            {thresholdKey, QByteArray::number(options.measure.pixelThreshold)},
             {"skip", QByteArray::number(options.measure.skip)},
-            {"region", regionText(options.measure.region)},
-            {"exclude", excludedText(options.measure.region.excluded)},
+            {regionKey, regionText(options.measure.region)},
+            {excludeKey, excludedText(options.measure.region.excluded)},
             {"fps", rateText(options.times.frameRate)},
             {picturesKey, options.isKeyframesOnly ? keyPictures : "all"},
             {"from", shortestDigits(options.range.from)},
             {"to", endText(options.range.to)}};
+}
+
+MeasureSettings cellsSettings(const MeasureSettings& settings) {
+    constexpr const char* ofTheMean[] = {measureKey, thresholdKey, regionKey, excludeKey};
+    MeasureSettings left;
+    for (const HeadLine& line : settings) {
+        if (std::find(std::begin(ofTheMean), std::end(ofTheMean), line.key) == std::end(ofTheMean))
+            left.append(line);
+    }
+    return left;
 }
 
 bool areOfKeyFrames(const MeasureSettings& settings) {
@@ -93,7 +108,7 @@ bool areOfKeyFrames(const MeasureSettings& settings) {
 
 QString disagreement(const QStringList& given, const MeasureSettings& asked,
                      const MeasureSettings& kept) {
-    if (valueOf(asked, "measure") != valueOf(kept, "measure"))
+    if (valueOf(asked, measureKey) != valueOf(kept, measureKey))
         return QStringLiteral("its values were measured by another version of this program");
     for (const ScanOption& option : scanOptions()) {
         const QByteArray key = option.valuesKey.toLatin1();

@@ -10,6 +10,10 @@
 /// Everything in `options` that motion values depend on, as it stands in a values file.
 MeasureSettings measureSettings(const DetectionOptions& options);
 
+/// Those of them that maps of changed cells depend on, too: neither on where one looks, nor on what
+/// counts as motion there.
+MeasureSettings cellsSettings(const MeasureSettings& settings);
+
 /// Whether the values are those of key frames alone.
 bool areOfKeyFrames(const MeasureSettings& settings);
 

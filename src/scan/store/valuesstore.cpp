@@ -4,6 +4,8 @@
 
 #include "valuesstore.h"
 
+#include "cellsfile.h"
+#include "measuredefinition.h"
 #include "measuresettings.h"
 #include "valuesname.h"
 #include "valuesparts.h"
@@ -29,6 +31,14 @@ QString lackIn(const KeptValues& kept, const RecordingStamp& found) {
     return {};
 }
 
+CellsOrigin originOf(const KeptValues& values, const QByteArray& digest) {
+    return {cellsDefinition, digest, values.measurement.series.times.size()};
+}
+
+CellsReading readMaps(const ValuesStore::Found& found) {
+    return readCells(cellsPath(found.file), originOf(*found.values, found.digest));
+}
+
 /// Whether measuring it anew gives it again.
 bool canBeKept(const Measurement& measured, const MeasuringEnd& end) {
     if (measured.series.times.size() >= mostKeptPictures)
@@ -52,7 +62,7 @@ ValuesStore::Found ValuesStore::find(Recording& recording) const {
     if (!recording.stamp || options.valuesDirectory.isEmpty())
         return found;
     const RecordingStamp& stamp = *recording.stamp;
-    found.values = findKept(valuesPath(options.valuesDirectory, stamp.path), stamp);
+    found = findKept(valuesPath(options.valuesDirectory, stamp.path), stamp);
     if (found.values)
         return found;
     found.values = findParts(stamp);
@@ -60,17 +70,19 @@ ValuesStore::Found ValuesStore::find(Recording& recording) const {
     return found;
 }
 
+/// A part that was measured in another region than this call's is measured anew: parts of one
+/// recording have the same settings.
 ValuesStore::Found ValuesStore::findPart(Recording& recording, RecordingPart part) const {
-    Found found;
     recording.stamp = stampOf(recording.video);
     if (!recording.stamp)
-        return found;
+        return {};
     const RecordingStamp& stamp = *recording.stamp;
     const QString& folder = options.valuesDirectory;
-    found.values = findKept(valuesPath(folder, stamp.path), stamp);
-    if (!found.values)
-        found.values = findKept(partPath(folder, stamp.path, part.index, part.count), stamp);
-    return found;
+    Found found = findKept(valuesPath(folder, stamp.path), stamp);
+    if (found.values)
+        return found;
+    found = findKept(partPath(folder, stamp.path, part.index, part.count), stamp);
+    return found.values && areOfThisCall(*found.values) ? found : Found();
 }
 
 ValuesStore::Found ValuesStore::findNamed(const Recording& recording) const {
@@ -82,24 +94,71 @@ ValuesStore::Found ValuesStore::findNamed(const Recording& recording) const {
         QFile::decodeName(reading.values.recording.path) != recording.video)
         flaw = QStringLiteral("it is of another recording now");
     else if (reading.state == ValuesReading::State::Good)
-        flaw = disagreement(options.givenOptions, settings, reading.values.settings);
+        flaw = disagreement(options.givenOptions, deciding(settings),
+                            deciding(reading.values.settings));
     found.isRefused = reading.state != ValuesReading::State::Good || !flaw.isEmpty();
     if (found.isRefused) {
         messages.complain(path, flaw.isEmpty() ? QStringLiteral("it is gone") : flaw);
         return found;
     }
-    const auto stamp = stampOf(QFile::decodeName(reading.values.recording.path));
-    if (stamp && isOtherRecording(*stamp, reading.values.recording))
+    found.values = std::move(reading.values);
+    found.file = path;
+    found.digest = reading.digest;
+    if (!addNamedMaps(found)) {
+        found.values.reset();
+        found.isRefused = true;
+        return found;
+    }
+    const RecordingStamp& kept = found.values->recording;
+    const auto stamp = stampOf(QFile::decodeName(kept.path));
+    if (stamp && isOtherRecording(*stamp, kept))
         messages.warn(
             path,
             QStringLiteral("warning: the recording has changed since its values were measured"));
-    found.values = std::move(reading.values);
     return found;
 }
 
+bool ValuesStore::areMapsNeeded(const Found& found) const {
+    return options.detection.detector == Detector::Cells &&
+           !found.values->measurement.series.times.isEmpty();
+}
+
+/// Adds the maps, where these decide. False, after a complaint, where there are none that can be
+/// used.
+bool ValuesStore::addNamedMaps(Found& found) const {
+    if (!areMapsNeeded(found))
+        return true;
+    CellsReading reading = readMaps(found);
+    found.values->measurement.maps = std::move(reading.maps);
+    if (reading.state == CellsReading::State::Missing)
+        messages.complain(found.file,
+                          QStringLiteral("no maps of cells are kept beside it, on which "
+                                         "--detector cells decides"));
+    if (reading.state == CellsReading::State::Flawed)
+        messages.complain(cellsPath(found.file), reading.flaw);
+    return reading.state == CellsReading::State::Good;
+}
+
+/// The same with values that can be measured anew.
+bool ValuesStore::addMaps(Found& found) const {
+    if (!areMapsNeeded(found))
+        return true;
+    CellsReading reading = readMaps(found);
+    found.values->measurement.maps = std::move(reading.maps);
+    if (reading.state == CellsReading::State::Missing)
+        messages.note(found.file + QStringLiteral(": kept without maps of cells; measured anew"));
+    if (reading.state == CellsReading::State::Flawed)
+        messages.warn(cellsPath(found.file),
+                      QStringLiteral("not used, measured anew: ") + reading.flaw);
+    return reading.state == CellsReading::State::Good;
+}
+
+MeasureSettings ValuesStore::deciding(const MeasureSettings& all) const {
+    return options.detection.detector == Detector::Cells ? cellsSettings(all) : all;
+}
+
 /// Values that were measured otherwise, or of the recording as it was, are replaced without a word.
-std::optional<KeptValues> ValuesStore::findKept(const QString& path,
-                                                const RecordingStamp& stamp) const {
+ValuesStore::Found ValuesStore::findKept(const QString& path, const RecordingStamp& stamp) const {
     ValuesReading reading = readValues(path);
     QString flaw = reading.flaw;
     const bool isGood = reading.state == ValuesReading::State::Good;
@@ -107,15 +166,34 @@ std::optional<KeptValues> ValuesStore::findKept(const QString& path,
         flaw = QStringLiteral("it is of another recording");
     if (!flaw.isEmpty())
         messages.warn(path, QStringLiteral("not used, measured anew: ") + flaw);
-    if (!isGood || !flaw.isEmpty() || reading.values.settings != settings)
-        return std::nullopt;
+    if (!isGood || !flaw.isEmpty() || deciding(reading.values.settings) != deciding(settings))
+        return {};
     const QString lack = lackIn(reading.values, stamp);
     if (!lack.isEmpty())
         messages.note(
             path + QStringLiteral(": of an older version, which kept %1; measured anew").arg(lack));
     const bool isProved =
         lack.isEmpty() && reading.values.recording == stamp && !stamp.digest.isEmpty();
-    return isProved ? std::make_optional(std::move(reading.values)) : std::nullopt;
+    Found found;
+    if (!isProved)
+        return found;
+    found.values = std::move(reading.values);
+    found.file = path;
+    found.digest = reading.digest;
+    return addMaps(found) ? found : Found();
+}
+
+std::optional<CellMaps> ValuesStore::mapsOf(const Found& found) {
+    if (!found.values)
+        return std::nullopt;
+    const Measurement& measured = found.values->measurement;
+    if (measured.maps.count() == measured.series.times.size())
+        return measured.maps;
+    if (found.file.isEmpty())
+        return std::nullopt;
+    CellsReading reading = readMaps(found);
+    const bool isGood = reading.state == CellsReading::State::Good;
+    return isGood ? std::make_optional(std::move(reading.maps)) : std::nullopt;
 }
 
 std::optional<KeptValues> ValuesStore::findParts(const RecordingStamp& stamp) const {
@@ -129,10 +207,11 @@ std::optional<KeptValues> ValuesStore::findParts(const RecordingStamp& stamp) co
 std::optional<KeptValues> ValuesStore::joined(const RecordingStamp& stamp, int count) const {
     QVector<KeptValues> all;
     for (int i = 1; i <= count; ++i) {
-        auto values = findKept(partPath(options.valuesDirectory, stamp.path, i, count), stamp);
-        if (!values)
+        Found found = findKept(partPath(options.valuesDirectory, stamp.path, i, count), stamp);
+        if (!found.values)
             return std::nullopt;
-        all.append(std::move(*values));
+        found.values->measurement.maps = mapsOf(found).value_or(CellMaps());
+        all.append(std::move(*found.values));
     }
     JoinedParts whole = joinParts(all);
     if (!whole.values)
@@ -179,9 +258,26 @@ bool ValuesStore::keepJoined(const Found& found) const {
            write(*found.values, valuesPath(options.valuesDirectory, found.values->recording.path));
 }
 
+/// The maps come first: those that lie beside values of another digest are nobody's.
 bool ValuesStore::write(const KeptValues& values, const QString& path) const {
-    const QString failure = writeValues(values, path);
+    const QByteArray text = valuesText(values);
+    const bool areMapsKept = writeMaps(values, digestIn(text), cellsPath(path));
+    const QString failure = writeValues(text, path);
     if (!failure.isEmpty())
         messages.complain(path, QStringLiteral("cannot keep the values: ") + failure);
+    return areMapsKept && failure.isEmpty();
+}
+
+bool ValuesStore::writeMaps(const KeptValues& values, const QByteArray& digest,
+                            const QString& path) const {
+    const CellMaps& maps = values.measurement.maps;
+    const CellsOrigin origin = originOf(values, digest);
+    if (maps.count() == 0 || maps.count() != origin.count) {
+        QFile::remove(path); // older ones are of other values
+        return true;
+    }
+    const QString failure = writeCells(maps, origin, path);
+    if (!failure.isEmpty())
+        messages.complain(path, QStringLiteral("cannot keep the maps of cells: ") + failure);
     return failure.isEmpty();
 }

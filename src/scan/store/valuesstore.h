@@ -14,8 +14,11 @@
 
 #include <optional>
 
-/// The kept values of the recordings of one call: found, judged and written. Any thread may call
-/// anything.
+/// The kept values of the recordings of one call, and the maps of cells beside them: found, judged
+/// and written. Any thread may call anything.
+///
+/// Where maps decide (Detector::Cells), values count whose maps are there, whatever the region and
+/// the threshold were that they were measured with.
 class ValuesStore {
 public:
     /// Both must outlive this object.
@@ -23,9 +26,12 @@ public:
 
     /// What there is of one recording.
     struct Found {
-        std::optional<KeptValues> values; ///< to be used; nothing: it is to be measured
-        bool isRefused = false;           ///< its values were named in its place and are of no use
-        bool areJoined = false;           ///< from its parts; the whole is not kept yet
+        /// To be used, with their maps where these decide; nothing: it is to be measured.
+        std::optional<KeptValues> values;
+        QString file;           ///< that holds them; empty where they are joined
+        QByteArray digest;      ///< of that file
+        bool isRefused = false; ///< its values were named in its place and are of no use
+        bool areJoined = false; ///< from its parts; the whole is not kept yet
     };
 
     /// Looks for the values of a recording, as a whole or in parts, and notes its stamp. Warns of
@@ -34,6 +40,10 @@ public:
 
     /// The same for one of its parts; the whole will do, too.
     Found findPart(Recording& recording, RecordingPart part) const;
+
+    /// The maps of what was found, also where they do not decide. Nothing where there are none that
+    /// can be used; says nothing of it.
+    static std::optional<CellMaps> mapsOf(const Found& found);
 
     /// Whether these values were measured as this call measures.
     bool areOfThisCall(const KeptValues& values) const { return values.settings == settings; }
@@ -53,12 +63,17 @@ public:
 
 private:
     Found findNamed(const Recording& recording) const;
-    std::optional<KeptValues> findKept(const QString& path, const RecordingStamp& stamp) const;
+    Found findKept(const QString& path, const RecordingStamp& stamp) const;
+    MeasureSettings deciding(const MeasureSettings& all) const;
+    bool areMapsNeeded(const Found& found) const;
+    bool addNamedMaps(Found& found) const;
+    bool addMaps(Found& found) const;
     std::optional<KeptValues> findParts(const RecordingStamp& stamp) const;
     std::optional<KeptValues> joined(const RecordingStamp& stamp, int count) const;
     KeptValues valuesOf(const Recording& recording, const Measurement& measured,
                         const MeasuringEnd& end) const;
     bool write(const KeptValues& values, const QString& path) const;
+    bool writeMaps(const KeptValues& values, const QByteArray& digest, const QString& path) const;
 
     const ScanOptions& options;
     Messages& messages;

@@ -1,0 +1,89 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cellsformat.h"
+
+#include <QCryptographicHash>
+#include <QtEndian>
+
+#include <algorithm>
+#include <cstring>
+
+namespace {
+
+template<typename Number>
+void append(Number number, QByteArray& bytes) {
+    char text[sizeof number];
+    qToLittleEndian(number, text);
+    bytes.append(text, sizeof number);
+}
+
+int numberAt(const QByteArray& bytes, int place) {
+    return int(qFromLittleEndian<quint32>(bytes.constData() + place));
+}
+
+} // namespace
+
+quint64 sumOf(const std::uint8_t* bytes, std::size_t size) {
+    constexpr quint64 factor = 0x9E3779B97F4A7C15; // odd, and its bits are everywhere
+    quint64 sum = size;
+    for (std::size_t at = 0; at < size; at += sizeof(quint64)) {
+        std::uint8_t word[sizeof(quint64)] = {};
+        std::memcpy(word, bytes + at, std::min(sizeof word, size - at));
+        sum = (sum ^ qFromLittleEndian<quint64>(word)) * factor;
+        sum ^= sum >> 32;
+    }
+    return sum;
+}
+
+qint64 mostBytesOf(CellGrid grid, int count) {
+    constexpr qint64 beginning = 4096;
+    return beginning + qint64(grid.count()) * count / 4;
+}
+
+QByteArray cellsHead(const CellsOrigin& origin, const std::vector<CellBlockPointer>& blocks) {
+    QByteArray head(cellsFormatName);
+    for (const int number :
+         {cellsFormatNumber, origin.definition, origin.count, int(blocks.size())})
+        append(quint32(number), head);
+    head += QByteArray::fromHex(origin.valuesDigest);
+    for (const CellBlockPointer& block : blocks) {
+        append(quint16(block->grid.columns), head);
+        append(quint16(block->grid.rows), head);
+        append(quint32(block->count), head);
+        append(quint32(block->bytes.size()), head);
+        append(sumOf(block->bytes.data(), block->bytes.size()), head);
+    }
+    return head + QCryptographicHash::hash(head, QCryptographicHash::Sha256);
+}
+
+QString readFixedHead(const QByteArray& head, const CellsOrigin& origin, int& blocks) {
+    if (!head.startsWith(cellsFormatName) || head.size() < cellsFixedBytes)
+        return QStringLiteral("it is no file with maps of cells");
+    const int format = numberAt(head, cellsNameBytes);
+    const int definition = numberAt(head, cellsNameBytes + 4);
+    const int count = numberAt(head, cellsNameBytes + 8);
+    blocks = numberAt(head, cellsNameBytes + 12);
+    if (format != cellsFormatNumber)
+        return QStringLiteral("its format is not that of this program");
+    if (definition != origin.definition)
+        return QStringLiteral("it was measured by another version of this program");
+    if (head.mid(cellsNameBytes + 16) != QByteArray::fromHex(origin.valuesDigest))
+        return QStringLiteral("it is of other values");
+    const bool isSane = count == origin.count && blocks >= 0 && blocks <= count;
+    return isSane ? QString() : QStringLiteral("its head is damaged");
+}
+
+std::optional<CellsEntry> readEntry(const uchar* bytes) {
+    CellsEntry entry;
+    entry.grid = {qFromLittleEndian<quint16>(bytes), qFromLittleEndian<quint16>(bytes + 2)};
+    const auto count = qFromLittleEndian<quint32>(bytes + 4);
+    entry.bytes = qFromLittleEndian<quint32>(bytes + 8);
+    entry.sum = qFromLittleEndian<quint64>(bytes + 12);
+    if (entry.grid.columns > mostCellColumns || entry.grid.rows > mostCellRows || count < 1 ||
+        count > mostBlockMaps)
+        return std::nullopt;
+    entry.count = int(count);
+    return entry;
+}
