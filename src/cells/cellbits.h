@@ -24,6 +24,9 @@ struct CellBits {
     void add(int column, int row) {
         words[std::size_t(row * wordsPerRow + column / 64)] |= std::uint64_t(1) << (column % 64);
     }
+    void remove(int column, int row) {
+        words[std::size_t(row * wordsPerRow + column / 64)] &= ~(std::uint64_t(1) << (column % 64));
+    }
     int count() const;
 
     /// Keeps those that are in `others` as well, which is of the same grid.
