@@ -657,10 +657,10 @@ void TestChunks::whatIsKeptIsThereWhenItIsHandedOut() {
     QVERIFY(!path.isEmpty());
     FramePlan plan;
     plan.threads = 2;
-    plan.comparison = [] {
+    plan.work.comparison = [] {
         return [](const DecodedFrame&, const DecodedFrame&) { return MotionScore{1.0F}; };
     };
-    plan.keeper = [] { return std::make_unique<KeepsAll>(); };
+    plan.work.keeper = [] { return std::make_unique<KeepsAll>(); };
     FrameStream frames(QFile::encodeName(path), plan);
     QVERIFY(frames.next().isThere()); // which nothing was compared with
     int pictures = 0;

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "cellpicture.h"
 #include "decodedframe.h"
 #include "framebudget.h"
 #include "libavpointers.h"
@@ -30,6 +31,7 @@ struct ChunkStream {
 struct ChunkResult {
     int fed = -1; ///< place of the packet it came with among those decoded; -1: of none
     std::optional<MotionScore> motion; ///< compared with the picture before it in the chunk
+    CellPicturePointer cells = {};     ///< null if nobody wants them, or there are none
 };
 
 /// The packets from one access point of a recording to a later one, and what a decoder makes of

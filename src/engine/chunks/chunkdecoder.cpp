@@ -30,11 +30,13 @@ void prime(AVCodecContext& context, const AVPacket& firstPacket) {
 }
 
 ChunkDecoder::ChunkDecoder(std::shared_ptr<ChunkStream> stream, CodecContextPointer context,
-                           PictureComparison compare, std::unique_ptr<PictureKeeper> keeper,
+                           PictureComparison compare, PictureReduction reduce,
+                           std::unique_ptr<PictureKeeper> keeper,
                            std::function<bool()> isInterrupted)
     : stream(std::move(stream))
     , context(std::move(context))
     , compare(std::move(compare))
+    , reduce(std::move(reduce))
     , keeper(std::move(keeper))
     , isInterrupted(std::move(isInterrupted)) {}
 
@@ -125,7 +127,9 @@ bool ChunkDecoder::take(Chunk& chunk, AVFramePointer picture, int place) {
         if (keeper)
             keeper->take(int(chunk.results.size()), chunk.last, record, result.motion);
     }
-    chunk.results.push_back(result);
+    if (reduce)
+        result.cells = reduce(*record);
+    chunk.results.push_back(std::move(result));
     chunk.last = std::move(record);
     return true;
 }

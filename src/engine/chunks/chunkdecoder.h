@@ -7,6 +7,7 @@
 #include "chunk.h"
 #include "codeccontext.h"
 #include "framepacing.h"
+#include "picturework.h"
 
 /// Gives a decoder that begins in the middle of a stream what only the stream's first packet tells,
 /// such as which encoder's mistakes to make up for.
@@ -20,10 +21,11 @@ void prime(AVCodecContext& context, const AVPacket& firstPacket);
 class ChunkDecoder {
 public:
     /// `context`: for one thread, newly opened, or null: one is opened then. `isInterrupted` is
-    /// asked once per packet, and a chunk is left once it answers true. `keeper` may be null.
+    /// asked once per packet, and a chunk is left once it answers true. `reduce` and `keeper` may
+    /// be null.
     ChunkDecoder(std::shared_ptr<ChunkStream> stream, CodecContextPointer context,
-                 PictureComparison compare, std::unique_ptr<PictureKeeper> keeper,
-                 std::function<bool()> isInterrupted);
+                 PictureComparison compare, PictureReduction reduce,
+                 std::unique_ptr<PictureKeeper> keeper, std::function<bool()> isInterrupted);
     ~ChunkDecoder() = default;
     ChunkDecoder(const ChunkDecoder&) = delete;
     ChunkDecoder& operator=(const ChunkDecoder&) = delete;
@@ -48,6 +50,7 @@ private:
     std::shared_ptr<ChunkStream> stream;
     CodecContextPointer context;
     PictureComparison compare;
+    PictureReduction reduce;
     std::unique_ptr<PictureKeeper> keeper;
     std::function<bool()> isInterrupted;
     bool isNew = true; ///< nothing has been decoded

@@ -20,7 +20,7 @@ FramePointer decodeAgain(const Frame& frame) {
 void decodeAgain(const Chunk& chunk,
                  const std::function<bool(int place, FramePointer picture)>& take) {
     qCDebug(engineLog, "chunk %lld once more", static_cast<long long>(chunk.index));
-    ChunkDecoder decoder(chunk.stream, nullptr, {}, nullptr, [] { return false; });
+    ChunkDecoder decoder(chunk.stream, nullptr, {}, {}, nullptr, [] { return false; });
     decoder.decodeAgain(chunk, take);
 }
 

@@ -4,6 +4,7 @@
 
 #include "chunkplan.h"
 
+#include "cellpicture.h"
 #include "codectable.h"
 #include "decoderthreads.h"
 #include "framebudget.h"
@@ -33,6 +34,14 @@ int mostWorkers(ChunkGain gain, const AVCodecParameters& parameters) {
     return int(std::min<qint64>(mostFrameBytes / (pictures * bytes), mostDecoderThreads));
 }
 
+/// Pictures, as large as their cells are. Nobody knows how long groups of them are: those of most
+/// encoders have 250, and one is in hand for each thread.
+int mostReduced(int workers, const AVCodecParameters& parameters) {
+    constexpr qint64 share = 8 * 1024 * 1024;
+    const int cells = cellGridOf(parameters.width, parameters.height).count();
+    return int(share * (workers + 1) / (cells * qint64(sizeof(CellPicture::levels[0]))));
+}
+
 } // namespace
 
 // codec                     | pictures         | threads   | decoded
@@ -44,7 +53,8 @@ int mostWorkers(ChunkGain gain, const AVCodecParameters& parameters) {
 //                           |                  |           | wait for it
 // any other, any            | any              | any       | as the decoder does it
 //
-// Packets take 16 MB and as much again for each thread, pictures what `FrameBudget` allows.
+// Packets take 16 MB and as much again for each thread, pictures what `FrameBudget` allows. Cells
+// take half as much as packets, or what one chunk has of them.
 ChunkPlan planChunks(const AVCodecParameters& parameters, int threads) {
     constexpr qint64 share = 16 * 1024 * 1024;
     const ChunkGain gain = traitsOf(parameters.codec_id).chunks;
@@ -60,5 +70,6 @@ ChunkPlan planChunks(const AVCodecParameters& parameters, int threads) {
     plan.mostPackets = 400;
     plan.mostBytes = share;
     plan.bytesInHand = share * (plan.workers + 1);
+    plan.cellsInHand = mostReduced(plan.workers, parameters);
     return plan;
 }

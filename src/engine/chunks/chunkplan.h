@@ -17,6 +17,7 @@ struct ChunkPlan {
     int mostPackets = 1;    ///< of a chunk
     qint64 mostBytes = 0;   ///< of its packets
     qint64 bytesInHand = 0; ///< of all packets that are read and not yet done with
+    int cellsInHand = 0;    ///< pictures that are reduced to cells and not yet handed out
 };
 
 /// What is exact and pays for a stream of these parameters with up to `threads` threads.

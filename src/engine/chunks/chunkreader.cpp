@@ -7,14 +7,14 @@
 #include "logging.h"
 
 ChunkReader::ChunkReader(PacketReader& reader, FrameBudget& memory, CodecContextPointer context,
-                         const ChunkPlan& plan, const PictureComparisonMaker& maker,
-                         const PictureKeeperMaker& keeperMaker)
+                         const ChunkPlan& plan, const PictureWork& work)
     : reader(reader)
     , plan(plan)
     , stream(std::make_shared<ChunkStream>(*reader.stream().codecpar, memory))
     , cutter(reader, stream, plan)
-    , order(maker(), keeperMaker ? keeperMaker() : nullptr)
-    , workers(plan.workers, stream, std::move(context), maker, keeperMaker,
+    , order(work.comparison(), work.keeper ? work.keeper() : nullptr)
+    , areReduced(work.reduction != nullptr)
+    , workers(plan.workers, stream, std::move(context), work,
               [&reader] { return reader.isInterrupted(); }) {}
 
 FrameDecoder::Result ChunkReader::next() {
@@ -54,13 +54,14 @@ void ChunkReader::begin() {
 /// Reads on for as long as there is room, and has what is whole decoded.
 void ChunkReader::fill() {
     for (;;) {
-        while (!cutter.whole.empty()) {
+        while (!cutter.whole.empty() && canDecodeOn()) {
             inHand.push_back(cutter.whole.front());
             cutter.whole.pop_front();
             workers.add(inHand.back());
         }
         const int enough = plan.workers + 2;
-        if (isAtEnd || int(inHand.size()) >= enough || (!inHand.empty() && !canReadOn()))
+        const int inSight = int(inHand.size() + cutter.whole.size());
+        if (isAtEnd || inSight >= enough || (!inHand.empty() && !canReadOn()))
             return;
         // A chunk that never ends is for frame threads.
         if (cutter.isTooLong()) {
@@ -73,6 +74,16 @@ void ChunkReader::fill() {
 
 bool ChunkReader::canReadOn() const {
     return !cutter.isTooLong() && cutter.bytesRead() - bytesDone < plan.bytesInHand;
+}
+
+/// The next whole chunk, with those that are decoded or being so.
+bool ChunkReader::canDecodeOn() const {
+    if (!areReduced || inHand.empty())
+        return true;
+    std::size_t pictures = frames.size() + cutter.whole.front()->packets.size();
+    for (const ChunkPointer& chunk : inHand)
+        pictures += chunk->packets.size();
+    return pictures <= std::size_t(plan.cellsInHand);
 }
 
 /// False at a mismatch.
@@ -129,6 +140,7 @@ void ChunkReader::makeFrames(const ChunkPointer& chunk, const std::vector<qint64
         frame.width = chunk->width;
         frame.height = chunk->height;
         frame.motion = chunk->results[i].motion;
+        frame.cells = std::move(chunk->results[i].cells);
         frame.bytePosition = mark->bytePosition;
         frame.headerFrameRate = chunk->headerFrameRate;
         frame.chunk = chunk;

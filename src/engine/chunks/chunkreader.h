@@ -11,15 +11,14 @@
 
 /// Gives a recording's frames, decoded in chunks side by side, as one decoder gives them.
 ///
-/// What is read and not yet handed out is bounded by its bytes. Falls back at a mismatch.
+/// What is read and not yet handed out is bounded by its bytes and by those of its cells. Falls
+/// back at a mismatch.
 class ChunkReader : public FrameDecoder {
 public:
     /// `reader` must be open, at its start. `context`, for one thread, is newly opened for its
     /// stream. `reader` and `memory` must outlive this object and all its frames.
-    /// `keeperMaker` may be null: no small pictures are made.
     ChunkReader(PacketReader& reader, FrameBudget& memory, CodecContextPointer context,
-                const ChunkPlan& plan, const PictureComparisonMaker& maker,
-                const PictureKeeperMaker& keeperMaker);
+                const ChunkPlan& plan, const PictureWork& work);
 
     /// Its frames have no picture, but their places in their chunks.
     Result next() override;
@@ -31,6 +30,7 @@ private:
     void begin();
     void fill();
     bool canReadOn() const;
+    bool canDecodeOn() const;
     bool handOnNext();
     void letGoOfBefore(Chunk& next);
     void readMarksUpTo(qint64 number);
@@ -46,6 +46,7 @@ private:
     ChunkPointer before;             ///< the last one that was; null at first
     std::deque<Frame> frames;        ///< to be handed out
     qint64 bytesDone = 0;            ///< of the chunks before `before`
+    bool areReduced;                 ///< to cells
     bool hasBegun = false;
     bool isAtEnd = false; ///< of the packets
     bool hasMismatch = false;

@@ -10,11 +10,10 @@
 #include <exception>
 
 ChunkWorkers::ChunkWorkers(int count, std::shared_ptr<ChunkStream> stream,
-                           CodecContextPointer context, PictureComparisonMaker maker,
-                           PictureKeeperMaker keeperMaker, std::function<bool()> isInterrupted)
+                           CodecContextPointer context, PictureWork pictureWork,
+                           std::function<bool()> isInterrupted)
     : stream(std::move(stream))
-    , maker(std::move(maker))
-    , keeperMaker(std::move(keeperMaker))
+    , pictureWork(std::move(pictureWork))
     , isInterrupted(std::move(isInterrupted)) {
     threads.reserve(std::size_t(count));
     // A function that a thread takes must be one that can be copied.
@@ -80,9 +79,10 @@ void ChunkWorkers::work(CodecContextPointer context) {
 /// Null without memory: all that the thread takes is then a mismatch.
 std::unique_ptr<ChunkDecoder> ChunkWorkers::makeDecoder(CodecContextPointer context) {
     try {
-        return std::make_unique<ChunkDecoder>(stream, std::move(context), maker(),
-                                              keeperMaker ? keeperMaker() : nullptr,
-                                              [this] { return isStopped() || isInterrupted(); });
+        const auto& [comparison, reduction, keeper] = pictureWork;
+        return std::make_unique<ChunkDecoder>(
+            stream, std::move(context), comparison(), reduction ? reduction() : nullptr,
+            keeper ? keeper() : nullptr, [this] { return isStopped() || isInterrupted(); });
     } catch (const std::exception& error) {
         qCWarning(engineLog, "no decoder for chunks: %s", error.what());
         return nullptr;

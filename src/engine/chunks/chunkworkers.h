@@ -17,8 +17,7 @@ class ChunkWorkers {
 public:
     /// Up to `count` threads. `context` is for the first of them. The functions are called on them.
     ChunkWorkers(int count, std::shared_ptr<ChunkStream> stream, CodecContextPointer context,
-                 PictureComparisonMaker maker, PictureKeeperMaker keeperMaker,
-                 std::function<bool()> isInterrupted);
+                 PictureWork pictureWork, std::function<bool()> isInterrupted);
 
     /// Waits for the packets that they have in hand, no longer.
     ~ChunkWorkers();
@@ -42,8 +41,7 @@ private:
     bool isStopped();
 
     std::shared_ptr<ChunkStream> stream;
-    PictureComparisonMaker maker;
-    PictureKeeperMaker keeperMaker; ///< may be null
+    PictureWork pictureWork;
     std::function<bool()> isInterrupted;
 
     std::mutex mutex;

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "cellpicture.h"
 #include "decodedframe.h"
 #include "libavpointers.h"
 #include "motionscore.h"
@@ -28,6 +29,7 @@ struct Frame {
     int width = 0;                     ///< pixels
     int height = 0;                    ///< pixels
     std::optional<MotionScore> motion; ///< of the comparison in the chunk; nothing if none could be
+    CellPicturePointer cells;          ///< made in the chunk; null if there are none
     qint64 bytePosition = -1;          ///< how far into the file the demuxer was when it came out
     double headerFrameRate = 0.0; ///< frames per second where the stream's headers tell that and
                                   ///< it has no times at all; else 0

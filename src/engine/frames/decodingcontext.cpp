@@ -36,7 +36,7 @@ bool DecodingContext::open() {
     if (options.isKeyframesOnly)
         return openKeyframes();
     // A pipe may have its packets come slowly; a chunk is read as a whole.
-    const bool mayCut = options.comparison && file.canReopen();
+    const bool mayCut = options.work.comparison && file.canReopen();
     const AVCodecParameters& parameters = *reader.stream().codecpar;
     const ChunkPlan plan = mayCut ? planChunks(parameters, options.threads) : ChunkPlan();
     Restart none;
@@ -72,7 +72,7 @@ bool DecodingContext::openChunks(const ChunkPlan& plan) {
         return false;
     qCDebug(engineLog, "chunks, %d at a time", plan.workers);
     decoder = std::make_unique<ChunkReader>(reader, memory, std::move(opened.context), plan,
-                                            options.comparison, options.keeper);
+                                            options.work);
     areChunks = true;
     return true;
 }

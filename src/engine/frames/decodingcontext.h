@@ -8,8 +8,7 @@
 #include "framedecoder.h"
 #include "mediafile.h"
 #include "partreading.h"
-#include "picturecomparison.h"
-#include "picturekeeper.h"
+#include "picturework.h"
 
 #include <optional>
 
@@ -20,10 +19,9 @@ struct DecodingOptions {
     int threads = 1;              ///< that may decode
     bool isKeyframesOnly = false; ///< key frames alone, each with the time at which it is shown
 
-    /// Null, or has the file decoded in chunks side by side where that is exact and pays. Frames
-    /// are then compared where they are decoded, with what this makes for each thread.
-    PictureComparisonMaker comparison;
-    PictureKeeperMaker keeper; ///< of chunks; may be null
+    /// With a comparison the file is decoded in chunks side by side where that is exact and pays,
+    /// and all this is done where they are decoded. It may be null.
+    PictureWork work;
 };
 
 /// Decodes an open file with the decoder that suits it, and goes on with another one where that

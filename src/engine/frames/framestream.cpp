@@ -23,10 +23,8 @@ DecodingOptions decodingOf(const FramePlan& plan) {
     DecodingOptions options;
     options.threads = plan.threads > 0 ? plan.threads : std::max(1, QThread::idealThreadCount());
     options.isKeyframesOnly = plan.isKeyframesOnly;
-    if (plan.threads != 1 && !plan.part && isWhole(plan)) {
-        options.comparison = plan.comparison;
-        options.keeper = plan.keeper;
-    }
+    if (plan.threads != 1 && !plan.part && isWhole(plan))
+        options.work = plan.work;
     return options;
 }
 

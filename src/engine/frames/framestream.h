@@ -18,9 +18,7 @@ struct FramePlan {
     bool isKeyframesOnly = false;      ///< key frames alone
     int threads = 0; ///< that decode; 0 = as many as the machine has cores, 1 = the caller's alone
 
-    // For chunks, as of `DecodingOptions`; of use where the whole recording is read.
-    PictureComparisonMaker comparison = {};
-    PictureKeeperMaker keeper = {};
+    PictureWork work = {}; ///< as of `DecodingOptions`; of use where the whole recording is read
 };
 
 /// The frames of one recording that a plan asks for, in their order and with the times that the

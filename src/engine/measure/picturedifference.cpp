@@ -5,11 +5,7 @@
 #include "picturedifference.h"
 
 #include "differencesum.h"
-#include "logging.h"
-
-#include <opencv2/core.hpp>
-
-#include <QtGlobal>
+#include "opencvfailure.h"
 
 #include <cstdint>
 
@@ -19,13 +15,6 @@ namespace {
 float mean(const cv::Mat& previous, const cv::Mat& current, int threshold, const cv::Mat& mask) {
     const std::uint64_t sum = differenceSum(previous, current, threshold, mask);
     return float(double(sum) * (1.0 / double(current.total())));
-}
-
-/// What OpenCV says of a picture is noted; want of memory is for others to handle.
-void note(const cv::Exception& exception) {
-    if (exception.code == cv::Error::StsNoMem)
-        qBadAlloc();
-    qCWarning(engineLog, "a frame could not be measured: %s", exception.what());
 }
 
 } // namespace
@@ -45,7 +34,7 @@ bool PictureDifference::prepare(int newWidth, int newHeight) {
     try {
         region = prepareRegion(options.region, width, height);
     } catch (const cv::Exception& exception) {
-        note(exception);
+        noteFailure(exception);
         return false;
     }
     return true;
@@ -64,7 +53,7 @@ std::optional<MotionScore> PictureDifference::compare(const DecodedFrame& previo
             return std::nullopt;
         return MotionScore{meanDifference(before, now)};
     } catch (const cv::Exception& exception) {
-        note(exception);
+        noteFailure(exception);
         return std::nullopt;
     }
 }
