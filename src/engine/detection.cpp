@@ -4,6 +4,7 @@
 
 #include "detection.h"
 
+#include "cellscores.h"
 #include "decision.h"
 #include "framesnapshot.h"
 #include "likelysnapshots.h"
@@ -27,6 +28,14 @@ PictureComparisonMaker comparisonFor(const MeasureOptions& options) {
     };
 }
 
+/// Reduces pictures to cells there.
+PictureReductionMaker reductionMaker() {
+    return []() -> PictureReduction {
+        const auto pictures = std::make_shared<PictureCells>();
+        return [pictures](const DecodedFrame& picture) { return pictures->reduce(picture); };
+    };
+}
+
 MeasuringEnd withoutTimes() {
     return {DetectionOutcome::NoUsableTimes, QStringLiteral("no usable times"), true};
 }
@@ -43,12 +52,15 @@ MeasuringEnd Detection::run(const QString& fileName) {
     return endOfRun([&] {
         FrameStream frames(QFile::encodeName(fileName), plan(),
                            [this] { return progress.isCancelled(); });
-        return runOn(frames);
+        return run(frames);
     });
 }
 
 MeasuringEnd Detection::run(FrameStream& frames) {
-    return endOfRun([&] { return runOn(frames); });
+    MeasuringEnd end = endOfRun([&] { return runOn(frames); });
+    if (end.outcome == DetectionOutcome::OutOfMemory)
+        measured.maps = CellMaps(); // some may be missing
+    return end;
 }
 
 FramePlan Detection::plan() const {
@@ -57,9 +69,15 @@ FramePlan Detection::plan() const {
     plan.range = options.range;
     plan.isKeyframesOnly = options.isKeyframesOnly;
     plan.threads = options.threads;
-    plan.comparison = comparisonFor(options.measure);
-    plan.keeper = keeperMaker();
+    plan.work.comparison = comparisonFor(options.measure);
+    if (areMapsWanted())
+        plan.work.reduction = reductionMaker();
+    plan.work.keeper = keeperMaker();
     return plan;
+}
+
+bool Detection::areMapsWanted() const {
+    return options.areMapsKept || (findings && options.detector == Detector::Cells);
 }
 
 /// Makes small pictures on the threads that decode them, if anybody wants to see some.
@@ -97,16 +115,34 @@ MeasuringEnd Detection::runOn(FrameStream& frames) {
 
 /// Or measures alone, where nobody wants to know what is found.
 MeasuringEnd Detection::measureAndDecide(FramePair first, FrameStream& frames) {
-    const MotionMeasure measurer(options.measure);
-    if (!findings)
-        return measure(std::move(first), frames, measurer, progress, sinkOf(measured.series));
+    Measures measures{MotionMeasure(options.measure), std::nullopt};
+    if (areMapsWanted())
+        measures.cells.emplace(options.measure.skip).add(first.previous);
+    if (findings)
+        return decide(std::move(first), frames, std::move(measures));
+    return measure(std::move(first), frames, std::move(measures), progress, sinkOf(measured));
+}
+
+/// What is kept are the values of the mean, whatever one decides on.
+MeasuringEnd Detection::decide(FramePair first, FrameStream& frames, Measures measures) {
     Decision decision(options.segmentation, measured, handleOf(first.previous), *findings);
-    const auto decide = [&](MotionScore motion, const Frame& frame) {
-        decision.add(motion, frame.time, handleOf(frame));
+    std::optional<CellScores> scores;
+    if (options.detector == Detector::Cells)
+        scores.emplace(options.measure.region, measured.stream.description.size, options.cells);
+    QVector<MotionScore> means; // where cells decide
+    const auto take = [&](const FrameMotion& motion, const Frame& frame) {
+        if (options.areMapsKept)
+            measured.maps.append(*motion.map);
+        if (scores)
+            means.append(motion.mean);
+        const MotionScore score = scores ? scores->add(frame.time, *motion.map) : motion.mean;
+        decision.add(score, frame.time, handleOf(frame));
     };
-    MeasuringEnd end = measure(std::move(first), frames, measurer, progress, decide);
+    MeasuringEnd end = measure(std::move(first), frames, std::move(measures), progress, take);
     decision.finish();
     measured.series = decision.series();
+    if (scores)
+        measured.series.scores = means;
     return end;
 }
 

@@ -30,12 +30,14 @@ public:
     const Measurement& measurement() const { return measured; }
 
 private:
+    bool areMapsWanted() const;
     PictureKeeperMaker keeperMaker() const;
     ClipPicturePointer handleOf(const Frame& frame);
     MeasuringEnd runOn(FrameStream& frames);
     void begin(const FramePair& first, const FrameStream& frames);
     MeasuringEnd failToBegin(const FrameStream& frames, bool hasPicture);
     MeasuringEnd measureAndDecide(FramePair first, FrameStream& frames);
+    MeasuringEnd decide(FramePair first, FrameStream& frames, Measures measures);
     void findDamage(const FrameStream& frames);
 
     DetectionOptions options;

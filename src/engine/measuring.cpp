@@ -42,18 +42,23 @@ MeasuringEnd endAt(const Frame& newest, const FrameStream& frames, DetectionProg
 
 } // namespace
 
-MotionSink sinkOf(MotionSeries& series) {
-    return [&series](MotionScore motion, const Frame& frame) {
-        series.scores.append(motion);
-        series.times.append(frame.time);
+MotionSink sinkOf(Measurement& measured) {
+    return [&measured](const FrameMotion& motion, const Frame& frame) {
+        measured.series.scores.append(motion.mean);
+        measured.series.times.append(frame.time);
+        if (motion.map)
+            measured.maps.append(*motion.map);
     };
 }
 
-MeasuringEnd measure(FramePair pair, FrameStream& frames, MotionMeasure measure,
+MeasuringEnd measure(FramePair pair, FrameStream& frames, Measures measures,
                      DetectionProgress& progress, const MotionSink& sink) {
     MeasuringEnd end = endAt(pair.current, frames, progress);
     while (pair.current.isThere() && !progress.isCancelled()) {
-        sink(motionOf(measure, pair), pair.current);
+        FrameMotion motion{motionOf(measures.mean, pair)};
+        if (measures.cells)
+            motion.map = &measures.cells->add(pair.current);
+        sink(motion, pair.current);
         pair.previous = std::move(pair.current);
         pair.current = frames.next();
         end = endAt(pair.current, frames, progress);

@@ -4,6 +4,7 @@
 
 #include "partdetection.h"
 
+#include "partcells.h"
 #include "partreading.h"
 
 #include <QFile>
@@ -18,13 +19,17 @@ PartDetection::PartDetection(const DetectionOptions& options, RecordingPart part
     , progress(progress) {}
 
 MeasuringEnd PartDetection::run(const QString& fileName) {
-    return endOfRun([&] { return runFile(fileName); });
+    MeasuringEnd end = endOfRun([&] { return runFile(fileName); });
+    if (end.outcome == DetectionOutcome::OutOfMemory)
+        measured.maps = CellMaps(); // some may be missing
+    return end;
 }
 
 MeasuringEnd PartDetection::runFile(const QString& fileName) {
     FramePlan plan;
     plan.times = options.times;
     plan.part = part;
+    plan.lead = lead();
     plan.threads = options.threads;
     std::optional<FrameStream> frames(std::in_place, QFile::encodeName(fileName), plan,
                                       [this] { return progress.isCancelled(); });
@@ -66,15 +71,29 @@ MeasuringEnd PartDetection::measureCut(FrameStream& frames) {
         return {};
     }
     const qint64 errorsBefore = frames.libavErrors();
-    MeasuringEnd end = measureFrames(frames, std::max<qint64>(reading.begin() - 1, 0));
+    PartCells cells(options.measure.skip, reading.delay(), reading.firstSure());
+    MeasuringEnd end = measureFrames(frames, std::max<qint64>(reading.begin() - 1, 0), cells);
     // Another thread may still be reading.
     if (end.outcome == DetectionOutcome::Cancelled)
         return end;
     const bool hasOwnTimes = !frames.isFirstUseless() && frames.forcedFrameRate() == 0.0;
     // Decoders conceal damage and depend on older pictures then, often without a mark on theirs.
     const bool isSound = frames.libavErrors() == errorsBefore;
-    takeFacts(reading, isSound && hasOwnTimes && reading.isRegular() && isWhole(frames));
+    takeFacts(reading, isSound && hasOwnTimes && reading.isRegular() && isWhole(frames) &&
+                           (!options.areMapsKept || areMapsSure(cells)));
     return end;
+}
+
+/// So early a begin that the last picture before the part and the first of it, of those that are
+/// looked at, have the maps of one pass.
+PartLead PartDetection::lead() const {
+    return options.areMapsKept ? PartLead{cellHistory, 2 * (options.measure.skip + 1)} : PartLead();
+}
+
+bool PartDetection::areMapsSure(const PartCells& cells) const {
+    const QVector<double>& times = measured.series.times;
+    const bool isHeld = skippedFrom(measured.firstNumber + 1, options.measure.skip) > 0;
+    return times.isEmpty() || (isHeld ? cells.isLastSure() : cells.isSureAt(times.first()));
 }
 
 /// What is missing of a recording is told by who measures all of it.
@@ -87,12 +106,19 @@ bool PartDetection::isWhole(const FrameStream& frames) const {
 }
 
 /// `firstNumber`: of the frame to begin with.
-MeasuringEnd PartDetection::measureFrames(FrameStream& frames, qint64 firstNumber) {
+MeasuringEnd PartDetection::measureFrames(FrameStream& frames, qint64 firstNumber,
+                                          PartCells& cells) {
     FramePair first{frames.next(), {}};
     Frame& begin = first.previous;
     const qint64 firstPacket = firstNumber + partFacts.delay;
-    while (begin.isThere() && begin.packet < firstPacket && !progress.isCancelled())
-        begin = frames.next();
+    const auto leadUp = [&] {
+        if (options.areMapsKept && begin.isThere())
+            cells.add(begin);
+    };
+    for (; begin.isThere() && begin.packet < firstPacket && !progress.isCancelled();
+         begin = frames.next())
+        leadUp();
+    leadUp();
     if (begin.isThere()) {
         measured.hasPictures = true;
         measured.firstNumber = firstNumber;
@@ -100,8 +126,9 @@ MeasuringEnd PartDetection::measureFrames(FrameStream& frames, qint64 firstNumbe
         measured.stream.isRegionEmpty = selectsNothing(options.measure.region, begin);
         first.current = frames.next();
     }
-    return measure(std::move(first), frames, MotionMeasure(options.measure, firstNumber), progress,
-                   sinkOf(measured.series));
+    return measure(std::move(first), frames,
+                   {MotionMeasure(options.measure, firstNumber), cells.take()}, progress,
+                   sinkOf(measured));
 }
 
 void PartDetection::takeFacts(const PartReading& reading, bool isRegular) {

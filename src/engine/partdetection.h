@@ -7,6 +7,7 @@
 #include "detection.h"
 #include "recordingpart.h"
 
+class PartCells;
 class PartReading;
 
 /// Measures one part of a recording by itself and decides nothing. What all its parts hold can be
@@ -32,8 +33,10 @@ private:
     MeasuringEnd measureWhole(const QString& fileName);
     MeasuringEnd measureUncut(const QString& fileName);
     MeasuringEnd measureCut(FrameStream& frames);
+    PartLead lead() const;
+    bool areMapsSure(const PartCells& cells) const;
     bool isWhole(const FrameStream& frames) const;
-    MeasuringEnd measureFrames(FrameStream& frames, qint64 firstNumber);
+    MeasuringEnd measureFrames(FrameStream& frames, qint64 firstNumber, PartCells& cells);
     void takeFacts(const PartReading& part, bool isRegular);
 
     DetectionOptions options;

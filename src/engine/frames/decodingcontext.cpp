@@ -175,11 +175,11 @@ bool DecodingContext::skipTo(std::int64_t dts) {
     return isThere;
 }
 
-void DecodingContext::beginPart(RecordingPart wanted, qint64 delay) {
+void DecodingContext::beginPart(RecordingPart wanted, const PartLead& lead, qint64 delay) {
     const qint64 bytes = file.bytes();
     if (bytes <= 0)
         return;
-    wantedPart.emplace(*reader.stream().codecpar, wanted, bytes, delay);
+    wantedPart.emplace(reader.stream(), wanted, lead, bytes, delay);
     reader.setWatch([this](const NumberedPacket& packet) { wantedPart->add(packet); });
     std::deque<NumberedPacket> packets = skipToPart(reader, *wantedPart);
     if (!wantedPart->hasBegun())

@@ -50,8 +50,8 @@ public:
 
     /// At the start of a file whose first frame packet `delay` completed: goes on, without
     /// decoding, to one part of it, if it can. The frames are then those of the part, with some
-    /// before them.
-    void beginPart(RecordingPart wanted, qint64 delay);
+    /// before them, at least those of the lead.
+    void beginPart(RecordingPart wanted, const PartLead& lead, qint64 delay);
 
     /// The part that is read; null if it is the whole file.
     const PartReading* part() const { return wantedPart ? &*wantedPart : nullptr; }

@@ -39,7 +39,7 @@ FrameStream::FrameStream(QByteArray fileName, FramePlan wanted, std::function<bo
         return;
     const bool isSlow = !plan.part && plan.range.from > 0.0 && !plan.isKeyframesOnly;
     if (plan.part && findFirst())
-        decoder->beginPart(*plan.part, first->packet);
+        decoder->beginPart(*plan.part, plan.lead, first->packet);
     else if (isSlow && findFirst())
         goToRange();
 }

@@ -7,7 +7,6 @@
 #include "decodeahead.h"
 #include "decodingcontext.h"
 #include "pictureclock.h"
-#include "recordingpart.h"
 #include "timerange.h"
 
 /// What of a recording is read, and how.
@@ -15,6 +14,7 @@ struct FramePlan {
     TimeOptions times;
     TimeRange range;
     std::optional<RecordingPart> part; ///< in place of a range
+    PartLead lead = {};                ///< what is wanted before the part
     bool isKeyframesOnly = false;      ///< key frames alone
     int threads = 0; ///< that decode; 0 = as many as the machine has cores, 1 = the caller's alone
 

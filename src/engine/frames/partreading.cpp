@@ -8,14 +8,16 @@
 
 #include <algorithm>
 
-PartReading::PartReading(const AVCodecParameters& parameters, RecordingPart part, qint64 fileBytes,
-                         qint64 delay)
-    : accessPoints(parameters)
-    , codec(parameters.codec_id)
+PartReading::PartReading(const AVStream& stream, RecordingPart part, const PartLead& lead,
+                         qint64 fileBytes, qint64 delay)
+    : accessPoints(*stream.codecpar)
+    , codec(stream.codecpar->codec_id)
     , part(part)
+    , before(lead, delay, stream.time_base)
+    , hasLead(lead.isThere())
     , fileBytes(fileBytes)
     , pictureDelay(delay)
-    , size(parameters.width, parameters.height)
+    , size(stream.codecpar->width, stream.codecpar->height)
     , firstPacket(part.index == 1 ? 0 : -1) {}
 
 void PartReading::add(const NumberedPacket& packet) {
@@ -24,15 +26,18 @@ void PartReading::add(const NumberedPacket& packet) {
     next = packet.number + 1;
     farthest = std::max(farthest, packet.packet->pos);
     const PacketKind kind = accessPoints.next(*packet.packet);
+    if (firstPacket < 0)
+        before.reach(packet);
     if (kind.access != PacketKind::Access::None && packet.number > 0)
-        placeAccessPoints(packet.number, kind);
-    // What lies before the run-up is another part's affair.
+        placeAccessPoint(packet.number);
+    if (firstPacket < 0)
+        before.add(packet, kind);
     if (kind.isDiscontinuity && endPacket < 0)
-        areAllRegular = false;
+        lastDiscontinuity = packet.number;
 }
 
 /// An access point can be the end of several parts, which are empty then, all but one.
-void PartReading::placeAccessPoints(qint64 packet, const PacketKind& kind) {
+void PartReading::placeAccessPoint(qint64 packet) {
     const auto isBehind = [this](int parts) {
         return double(farthest) * part.count >= double(fileBytes) * parts;
     };
@@ -40,11 +45,6 @@ void PartReading::placeAccessPoints(qint64 packet, const PacketKind& kind) {
         firstPacket = packet;
     if (firstPacket >= 0 && endPacket < 0 && part.index < part.count && isBehind(part.index))
         endPacket = packet;
-    if (firstPacket >= 0)
-        return;
-    runUpPacket = packet;
-    isRunUpClosed = kind.access == PacketKind::Access::ClosedGop;
-    areAllRegular = true;
 }
 
 void PartReading::endReached() {
@@ -56,9 +56,8 @@ void PartReading::endReached() {
     }
 }
 
-void PartReading::runUpFromStart() {
-    runUpPacket = 0;
-    isRunUpClosed = true;
+qint64 PartReading::firstSure() const {
+    return hasLead ? before.firstPicture() : std::max<qint64>(firstPacket - 1, 0);
 }
 
 bool PartReading::isInside(const AVFrame& picture, qint64 completedBy, bool isTimed) {
@@ -68,18 +67,16 @@ bool PartReading::isInside(const AVFrame& picture, qint64 completedBy, bool isTi
     if (!isWhereExpected(completedBy))
         areAllRegular = false;
     lastCompletedBy = completedBy;
-    // The one before the part is compared with.
-    const bool isItsOwn = number >= firstPacket - 1;
     const bool isGood = isTimed && isSound(picture);
-    areAllRegular = areAllRegular && (isGood || !isItsOwn);
+    areAllRegular = areAllRegular && (isGood || number < firstSure());
     return true;
 }
 
-/// Behind an open GOP the first pictures can be missing, but not the one before the part.
+/// Behind an open GOP the first pictures can be missing, but none that is sure.
 bool PartReading::isWhereExpected(qint64 completedBy) const {
-    const qint64 expected = lastCompletedBy < 0 ? runUpPacket + pictureDelay : lastCompletedBy + 1;
-    const qint64 beforePart = std::max<qint64>(firstPacket - 1, 0) + pictureDelay;
-    return completedBy == expected || (!isRunUpClosed && completedBy <= beforePart);
+    const qint64 expected = lastCompletedBy < 0 ? runUp() + pictureDelay : lastCompletedBy + 1;
+    return completedBy == expected ||
+           (!before.isClosed() && completedBy <= firstSure() + pictureDelay);
 }
 
 // Fields of MPEG-4 Part 2 that refer to two pictures count on the first such picture of the stream.

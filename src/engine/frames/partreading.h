@@ -7,6 +7,7 @@
 #include "packetskip.h"
 #include "randomaccesspoints.h"
 #include "recordingpart.h"
+#include "runup.h"
 
 #include <QSize>
 
@@ -24,7 +25,7 @@
 class PartReading {
 public:
     /// `fileBytes`: of the file; `delay`: the packet that completed its first picture.
-    PartReading(const AVCodecParameters& parameters, RecordingPart part, qint64 fileBytes,
+    PartReading(const AVStream& stream, RecordingPart part, const PartLead& lead, qint64 fileBytes,
                 qint64 delay);
 
     /// The stream's next packet. Those that were seen before are ignored.
@@ -43,12 +44,16 @@ public:
 
     qint64 delay() const { return pictureDelay; }
 
-    /// Where decoding begins: one access point before the part, so that what its first pictures
-    /// refer to and are compared with is there. 0 before the part has begun and there was none.
-    qint64 runUp() const { return runUpPacket; }
+    /// Where decoding begins: one access point before the part or, for the lead, more, so that what
+    /// its first pictures refer to and are compared with is there. 0 before the part has begun and
+    /// there was none.
+    qint64 runUp() const { return before.packet(); }
 
     /// Has decoding begin with the stream's first packet.
-    void runUpFromStart();
+    void runUpFromStart() { before.takeStart(); }
+
+    /// The first of the pictures before the part that are what one pass gives, if all is regular.
+    qint64 firstSure() const;
 
     /// Takes note of a picture that packet `completedBy` completed. False if it lies behind the
     /// part.
@@ -58,23 +63,24 @@ public:
     bool isToTheEnd() const { return isAtEnd; }
 
     /// What is seen of the part so far is regular.
-    bool isRegular() const { return areAllRegular; }
+    bool isRegular() const { return areAllRegular && lastDiscontinuity < runUp(); }
 
 private:
-    void placeAccessPoints(qint64 packet, const PacketKind& kind);
+    void placeAccessPoint(qint64 packet);
     bool isWhereExpected(qint64 completedBy) const;
     bool isSound(const AVFrame& picture) const;
 
     RandomAccessPoints accessPoints;
     AVCodecID codec;
     RecordingPart part;
+    RunUp before;
+    bool hasLead; ///< that must be sure
     qint64 fileBytes;
     qint64 pictureDelay;
-    QSize size;                ///< pixels, of all pictures
-    qint64 next = 0;           ///< number of the packet to come
-    std::int64_t farthest = 0; ///< bytes, of the packets so far
-    qint64 runUpPacket = 0;    ///< the last access point before the part
-    bool isRunUpClosed = true; ///< all that follows it can be decoded
+    QSize size;                    ///< pixels, of all pictures
+    qint64 next = 0;               ///< number of the packet to come
+    std::int64_t farthest = 0;     ///< bytes, of the packets so far
+    qint64 lastDiscontinuity = -1; ///< the packet before the end of the part
     qint64 firstPacket = -1;
     qint64 endPacket = -1;
     qint64 lastCompletedBy = -1; ///< of the last picture
