@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "cellbits.h"
 #include "motionhistogram.h"
 #include "motionscore.h"
 #include "motionstrip.h"
@@ -40,6 +41,13 @@ enum class SearchState {
     Done
 };
 
+/// What of a recording was left out, since it moves through most of it.
+struct ReportedRestless {
+    CellBits cells; ///< of no grid: nothing was asked for
+    QSize pictures; ///< pixels
+    QString text;   ///< for a person
+};
+
 /// A recording as the report shows it. Its memory does not grow with its length.
 struct ReportedRecording {
     QString name;        ///< as it was named
@@ -49,6 +57,8 @@ struct ReportedRecording {
     bool isQuick = false; ///< found out by its key frames alone
     SearchState state = SearchState::NotBegun;
     QString reason; ///< of a failure, or what is missing of it, for a person
+    QString remark; ///< on the motion of one without clips, or with nothing else; for a person
+    ReportedRestless restless;
     MotionStrip strip;
     MotionHistogram histogram;
     QVector<ReportedClip> clips;

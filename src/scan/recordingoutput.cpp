@@ -4,6 +4,7 @@
 
 #include "recordingoutput.h"
 
+#include "cellsmeasurement.h"
 #include "clocktext.h"
 #include "motionreport.h"
 #include "shortestdigits.h"
@@ -50,6 +51,7 @@ void RecordingOutput::opened(const StreamFacts& stream) {
         numberPictures(stream.frameRate);
     clips.exports().setCodec(stream.codecName);
     hasBegunAgain = true;
+    isRegionEmpty = stream.isRegionEmpty;
     if (stream.isRegionEmpty)
         outputs.messages.warn(
             recording.video,
@@ -76,8 +78,7 @@ void RecordingOutput::frameProcessed(const FrameReport& frame) {
     line.seconds = frame.time;
     if (recording.trace)
         recording.trace->write(pictureText(frame.number, frame.time, frame.motion));
-    if (recording.reported)
-        recording.reported->add(frame.time, frame.motion);
+    show(frame.time, frame.motion);
     if (merger)
         pass(merger->passBy(frame.earliestStart));
 }
@@ -98,6 +99,7 @@ void RecordingOutput::pass(const std::optional<DetectedClip>& clip) {
     if (!clip)
         return;
     ++line.clips;
+    seen.addClip(*clip);
     outputs.totals.addClip();
     ClipLine found{recording, played, *clip, line.isQuick && !options.isRefined};
     clips.write(found);
@@ -123,9 +125,36 @@ void RecordingOutput::passLooked(double time) {
             continue;
         outputs.totals.addSeconds(at - line.seconds);
         line.seconds = at;
-        if (recording.reported)
-            recording.reported->add(at, looked->series.scores[nextLooked]);
+        show(at, looked->series.scores[nextLooked]);
     }
+}
+
+/// What is summed up of a picture's motion.
+void RecordingOutput::show(double time, MotionScore motion) {
+    seen.add(time, motion, options.detection.segmentation.motionThreshold);
+    if (recording.reported)
+        recording.reported->add(time, motion);
+}
+
+double RecordingOutput::searchedSeconds() const {
+    return line.seconds - options.detection.range.from;
+}
+
+bool RecordingOutput::isRemarkable() const {
+    return ::isRemarkable(seen, searchedSeconds());
+}
+
+QString RecordingOutput::remark() const {
+    if (line.outcome != DetectionOutcome::Finished || isRegionEmpty)
+        return {};
+    return remarkOn(seen, searchedSeconds(), options, otherwise);
+}
+
+void RecordingOutput::tellRestless(const CellBits& restless, QSize pictures) {
+    const QString text = restlessText(restless, pictures);
+    outputs.messages.note(QStringLiteral("%1: %2").arg(recording.video, text));
+    if (recording.reported)
+        recording.reported->restless = {restless, pictures, text};
 }
 
 void RecordingOutput::finish(const MeasuringEnd& end, const Damage& damage) {
@@ -134,6 +163,9 @@ void RecordingOutput::finish(const MeasuringEnd& end, const Damage& damage) {
     const bool isHinted = end.outcome == DetectionOutcome::NoUsableTimes;
     line.outcome = end.outcome;
     line.damage = isRead ? damage : Damage();
+    const QString remarked = remark();
+    if (isRead && seen.clips == 0 && seen.pictures > 0)
+        line.strongest = {seen.strongest, seen.strongestTime};
     const QString flaw = line.damage.isThere() ? damageText(line.damage) : QString();
     if (!end.error.isEmpty())
         outputs.messages.complain(recording.video,
@@ -144,10 +176,13 @@ void RecordingOutput::finish(const MeasuringEnd& end, const Damage& damage) {
         recording.reported->isQuick = line.isQuick;
         recording.reported->state = stateOf(end.outcome);
         recording.reported->reason = flaw.isEmpty() ? end.error : flaw;
+        recording.reported->remark = remarked;
     }
     clips.print(outputs.format.videoEnd(line));
     if (isRead)
         outputs.messages.note(
             QStringLiteral("%1: clips: %2, length: %3")
                 .arg(recording.video, QString::number(line.clips), preciseClockText(line.seconds)));
+    if (!remarked.isEmpty())
+        outputs.messages.note(QStringLiteral("%1: %2").arg(recording.video, remarked));
 }

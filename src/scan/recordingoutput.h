@@ -8,6 +8,7 @@
 #include "clipoutput.h"
 #include "detectionfindings.h"
 #include "measuringend.h"
+#include "motionremark.h"
 
 /// Follows the detections of one recording, and passes on what they tell: clips, the trace, the
 /// report, and at last how it has ended.
@@ -26,6 +27,15 @@ public:
 
     void endClips(); ///< nothing more comes that a clip could be merged with
 
+    /// What was told of so far: whether a remark should be made on it, and what that should know of
+    /// other options (remarkOn).
+    bool isRemarkable() const;
+    bool isNothingFound() const { return seen.clips == 0; }
+    void setOtherwise(const QString& findings) { otherwise = findings; }
+
+    /// The cells that are left out of the pictures, of this many pixels.
+    void tellRestless(const CellBits& restless, QSize pictures);
+
     /// Says how it has ended; `damage` is what is missing of one that is finished.
     void finish(const MeasuringEnd& end, const Damage& damage);
 
@@ -40,6 +50,9 @@ private:
     void numberPictures(double frameRate);
     void pass(const std::optional<DetectedClip>& clip);
     void passLooked(double time);
+    void show(double time, MotionScore motion);
+    double searchedSeconds() const;
+    QString remark() const;
 
     Recording& recording;
     const ScanOptions& options;
@@ -47,9 +60,12 @@ private:
     ClipOutput clips;
     std::optional<ClipMerger> merger; ///< where clips are merged
     VideoLine line;
+    SeenMotion seen;
+    QString otherwise; ///< what is known of other options
     PlayedRecording played;
     int foundClips = 0;                  ///< before any are merged, in all ranges
     bool hasBegunAgain = true;           ///< the next picture is the first that is compared
+    bool isRegionEmpty = false;          ///< which has been said
     const Measurement* looked = nullptr; ///< null: no ranges
     int nextLooked = 0;                  ///< of its values, to be passed
 };

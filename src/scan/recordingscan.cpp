@@ -4,11 +4,13 @@
 
 #include "recordingscan.h"
 
+#include "cellsmeasurement.h"
 #include "clocktext.h"
 #include "interrupt.h"
 #include "keptdetection.h"
 #include "measuresettings.h"
 #include "missingpicture.h"
+#include "otherfindings.h"
 #include "picturefinder.h"
 #include "quicklook.h"
 #include "rangesearch.h"
@@ -19,7 +21,8 @@ RecordingScan::RecordingScan(Recording& recording, const ScanOptions& options, S
     , options(options)
     , outputs(outputs)
     , progress(recording, outputs)
-    , output(recording, options, outputs) {}
+    , output(recording, options, outputs)
+    , segmentation(options.detection.segmentation) {}
 
 ExitStatus RecordingScan::run() {
     const MeasuringEnd end = endOfRun([this] { return search(); });
@@ -40,10 +43,11 @@ MeasuringEnd RecordingScan::search() {
     if (found.values)
         end = decideOnKept(*found.values);
     else if (!found.isRefused)
-        end = options.detection.isKeyframesOnly ? lookQuickly() : measure();
+        end = isMeasuredFirst() ? measureFirst() : measure();
     if (isSearched)
         judgeChange(end);
     output.endClips();
+    lookAtOtherOptions(end);
     return end;
 }
 
@@ -93,16 +97,30 @@ MeasuringEnd RecordingScan::measure() {
     DetectionOptions wanted = options.detection;
     wanted.areSnapshotsWanted = areSnapshotsWanted();
     Detection detection(wanted, progress, &output);
-    return runAndKeep(detection);
+    const MeasuringEnd end = runAndKeep(detection);
+    output.endClips();
+    if (output.isRemarkable())
+        measurement = detection.measurement();
+    return end;
 }
 
-/// Decides when all is measured: what is said first depends on how far the key frames lie apart.
-MeasuringEnd RecordingScan::lookQuickly() {
-    output.setQuick(true);
-    Detection detection(options.detection, progress);
+/// What is said first depends on how far the key frames lie apart, and what is left out on the
+/// whole recording.
+bool RecordingScan::isMeasuredFirst() const {
+    const bool isRestlessIgnored = areCellsAsked() && options.detection.cells.isRestlessIgnored;
+    return options.detection.isKeyframesOnly || isRestlessIgnored;
+}
+
+/// Decides when all is measured.
+MeasuringEnd RecordingScan::measureFirst() {
+    output.setQuick(options.detection.isKeyframesOnly);
+    DetectionOptions wanted = options.detection;
+    wanted.areMapsKept = wanted.areMapsKept || areCellsAsked();
+    Detection detection(wanted, progress);
     const MeasuringEnd end = runAndKeep(detection);
     measurement = detection.measurement();
-    return decide(end, true, true);
+    measuredAs = options.detection;
+    return decide(end, options.detection.isKeyframesOnly);
 }
 
 MeasuringEnd RecordingScan::runAndKeep(Detection& detection) {
@@ -120,48 +138,58 @@ MeasuringEnd RecordingScan::decideOnKept(const KeptValues& values) {
     const bool isQuick = areOfKeyFrames(values.settings);
     output.setQuick(isQuick);
     const bool isFailure = values.outcome != DetectionOutcome::Finished;
+    measuredAs = measuredWith(values.settings, options.detection);
+    isMeanFitting = outputs.values.areOfThisCall(values);
     // No other failures are kept than those that last.
-    return decide({values.outcome, values.reason, isFailure}, isQuick,
-                  outputs.values.areOfThisCall(values));
+    return decide({values.outcome, values.reason, isFailure}, isQuick);
 }
 
 /// Decides on what was measured, be it all of the recording or as far as that went, and answers how
 /// the recording has ended.
-MeasuringEnd RecordingScan::decide(const MeasuringEnd& measured, bool isQuick, bool isOfThisCall) {
+MeasuringEnd RecordingScan::decide(const MeasuringEnd& measured, bool isQuick) {
     if (!measurement.hasPictures)
         return measured;
-    SegmentationOptions segmentation = options.detection.segmentation;
+    if (areCellsAsked())
+        takeValuesOfCells();
     if (isQuick) {
         segmentation.fewestCompared = fewestQuickComparisons;
         outputs.messages.warn(recording.video, quickNote(measurement, segmentation.minimum));
     }
     MeasuringEnd end;
     if (isQuick && options.isRefined && !measured.isLasting)
-        end = refine(segmentation);
-    else if (!decideOnAll(segmentation, isOfThisCall))
+        end = refine();
+    else if (!decideOnAll())
         end.outcome = DetectionOutcome::Cancelled;
     return end.outcome == DetectionOutcome::Finished ? measured : end;
 }
 
+void RecordingScan::takeValuesOfCells() {
+    const CellBits restless = restlessOf(measurement, options.detection);
+    if (options.detection.cells.isRestlessIgnored)
+        output.tellRestless(restless, measurement.stream.description.size);
+    ofCells = cellsMeasurement(measurement, options.detection, restless);
+}
+
 /// False where the scan has ended before.
-bool RecordingScan::decideOnAll(const SegmentationOptions& segmentation, bool isOfThisCall) {
-    PictureFinder finder(recording.path, options.detection, measurement, isEnding);
+bool RecordingScan::decideOnAll() {
+    PictureFinder finder(recording.path, measuredAs.value_or(options.detection), measurement,
+                         isEnding);
     if (recording.watched)
         finder.setRefusal([this] { return recording.watched->flaw(); });
-    if (!isOfThisCall)
+    if (!measuredAs)
         finder.readFromStart();
     const auto pictures = [&](int picture) -> ClipPicturePointer {
         if (!areSnapshotsWanted())
             return noPicture();
         return std::make_shared<LatePicture>(finder, picture);
     };
-    return decideAgain(measurement, segmentation, pictures, isEnding, output);
+    return decideAgain(decided(), segmentation, pictures, isEnding, output);
 }
 
 /// Searches exactly around what key frames show.
-MeasuringEnd RecordingScan::refine(const SegmentationOptions& segmentation) {
+MeasuringEnd RecordingScan::refine() {
     const QVector<TimeRange> ranges =
-        rangesToRefine(measurement, segmentation, options.detection.range);
+        rangesToRefine(decided(), segmentation, options.detection.range);
     const bool isRead = recording.watched && !ranges.isEmpty();
     const QString flaw = isRead ? recording.watched->flaw() : QString();
     if (!flaw.isEmpty())
@@ -172,13 +200,22 @@ MeasuringEnd RecordingScan::refine(const SegmentationOptions& segmentation) {
                 .arg(recording.video, plainSeconds(searched.from), plainSeconds(searched.to)));
     DetectionOptions exact = options.detection;
     exact.isKeyframesOnly = false;
+    exact.areMapsKept = false;
     RangeSearch search(exact, progress, output);
-    output.beginRanges(measurement);
+    output.beginRanges(decided());
     isSearched = isSearched || !ranges.isEmpty();
     MeasuringEnd end = search.run(recording.path, ranges);
     if (end.outcome == DetectionOutcome::Finished)
         output.endRanges();
     return end;
+}
+
+/// For a recording in which nothing was found, or nothing but motion.
+void RecordingScan::lookAtOtherOptions(const MeasuringEnd& end) {
+    if (end.outcome != DetectionOutcome::Finished || !output.isRemarkable())
+        return;
+    const OtherFindings others(measurement, isMeanFitting, decided(), options, segmentation);
+    output.setOtherwise(output.isNothingFound() ? others.more() : others.less());
 }
 
 bool RecordingScan::areSnapshotsWanted() const {

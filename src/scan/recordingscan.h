@@ -24,12 +24,17 @@ private:
     bool isUnchanged();
     void judgeChange(MeasuringEnd& end);
     MeasuringEnd measure();
-    MeasuringEnd lookQuickly();
+    MeasuringEnd measureFirst();
     MeasuringEnd runAndKeep(Detection& detection);
     MeasuringEnd decideOnKept(const KeptValues& values);
-    MeasuringEnd decide(const MeasuringEnd& measured, bool isQuick, bool isOfThisCall);
-    bool decideOnAll(const SegmentationOptions& segmentation, bool isOfThisCall);
-    MeasuringEnd refine(const SegmentationOptions& segmentation);
+    MeasuringEnd decide(const MeasuringEnd& measured, bool isQuick);
+    void takeValuesOfCells();
+    bool decideOnAll();
+    MeasuringEnd refine();
+    void lookAtOtherOptions(const MeasuringEnd& end);
+    bool isMeasuredFirst() const;
+    bool areCellsAsked() const { return options.detection.detector == Detector::Cells; }
+    const Measurement& decided() const { return areCellsAsked() ? ofCells : measurement; }
     bool areSnapshotsWanted() const;
 
     Recording& recording;
@@ -37,7 +42,11 @@ private:
     ScanOutputs& outputs;
     ScanProgress progress;
     RecordingOutput output;
-    Measurement measurement; ///< what is decided on, unless that is done while it is measured
+    Measurement measurement;          ///< what was measured, where that is needed once it was
+    Measurement ofCells;              ///< the same with the values of cells, where they decide
+    SegmentationOptions segmentation; ///< how
+    std::optional<DetectionOptions> measuredAs; ///< nothing: it cannot be told
+    bool isMeanFitting = true;                  ///< the mean was measured as this call asks
     Damage damage;
     bool isSearched = false; ///< the recording is read in this call, not only for its clips
     bool isWritten = true;

@@ -36,6 +36,11 @@ const QVector<JsonField>& jsonFields() {
         {"frames", "end", QStringLiteral("pictures decoded")},
         {"clips", "end", QStringLiteral("clips found")},
         {"seconds", "end", QStringLiteral("length of what was read")},
+        {"strongest", "end",
+         QStringLiteral("only where it is finished and no clip was found: the greatest motion "
+                        "value")},
+        {"strongestTime", "end",
+         QStringLiteral("with strongest: seconds from the first picture to that value")},
         {"damaged", "end",
          QStringLiteral("only where something is missing: an object with packets, those that could "
                         "not be decoded, and, where noticeably less was read than its headers "

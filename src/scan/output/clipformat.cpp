@@ -61,6 +61,8 @@ public:
         object["frames"] = line.frames;
         object["clips"] = line.clips;
         object["seconds"] = line.seconds;
+        if (line.strongest)
+            addStrongest(object, *line.strongest);
         if (line.damage.isThere())
             object["damaged"] = damageOf(line.damage);
         if (line.isQuick)
@@ -85,6 +87,11 @@ private:
         if (!line.exportFile.isEmpty())
             addName(object, "file", line.exportFile);
         object["exported"] = line.isExported;
+    }
+
+    static void addStrongest(Json& object, const StrongestMotion& strongest) {
+        object["strongest"] = shortestDigits(strongest.motion.value).toDouble();
+        object["strongestTime"] = strongest.time;
     }
 
     static Json damageOf(const Damage& damage) {

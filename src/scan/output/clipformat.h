@@ -14,6 +14,7 @@
 #include <QString>
 
 #include <memory>
+#include <optional>
 
 /// A recording as programs see it that play it.
 struct PlayedRecording {
@@ -32,6 +33,12 @@ struct ClipLine {
     bool isExported = false; ///< the file was written without a failure
 };
 
+/// The strongest motion of a recording.
+struct StrongestMotion {
+    MotionScore motion;
+    double time = 0.0; ///< seconds from the first picture
+};
+
 /// The end of one recording.
 struct VideoLine {
     const Recording& recording;
@@ -41,6 +48,9 @@ struct VideoLine {
     bool isQuick = false; ///< key frames alone were looked at
     double seconds = 0.0; ///< of the recording, from its first to its last picture
     Damage damage{};      ///< of one that is finished
+
+    /// Of one that is finished and in which no clip was found.
+    std::optional<StrongestMotion> strongest{};
 };
 
 /// How clips are written down: whole lines, with their line ends. `clip` and `videoEnd` may be

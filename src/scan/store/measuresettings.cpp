@@ -78,6 +78,34 @@ QByteArray valueOf(const MeasureSettings& settings, const QByteArray& key) {
     return found == settings.cend() ? QByteArray() : found->value;
 }
 
+QRect rectangleOf(const QByteArray& text) {
+    constexpr int farthest = 1 << 30; // far corners must still fit an int
+    const QByteArrayList numbers = text.split(',');
+    const auto number = [&](int place) {
+        return std::clamp(numbers.value(place).toInt(), -farthest, farthest);
+    };
+    return {number(0), number(1), number(2), number(3)};
+}
+
+/// As good as it can be told; `region` where nothing can.
+RegionOfInterest regionOf(const MeasureSettings& settings, RegionOfInterest region) {
+    const QByteArray text = valueOf(settings, "region");
+    const QByteArray rectangle = "rectangle ";
+    if (text == "whole") {
+        region.kind = RegionOfInterest::Kind::WholeFrame;
+    } else if (text.startsWith(rectangle)) {
+        region.kind = RegionOfInterest::Kind::Rectangle;
+        region.rectangle = rectangleOf(text.mid(rectangle.size()));
+    }
+    region.excluded.clear();
+    const QByteArray excluded = valueOf(settings, "exclude");
+    for (const QByteArray& one : excluded.split(' ')) {
+        if (one.contains(','))
+            region.excluded.append(rectangleOf(one));
+    }
+    return region;
+}
+
 } // namespace
 
 MeasureSettings measureSettings(const DetectionOptions& options) {
@@ -104,6 +132,22 @@ MeasureSettings cellsSettings(const MeasureSettings& settings) {
 
 bool areOfKeyFrames(const MeasureSettings& settings) {
     return valueOf(settings, picturesKey) == keyPictures;
+}
+
+std::optional<DetectionOptions> measuredWith(const MeasureSettings& settings,
+                                             DetectionOptions options) {
+    MeasureOptions& measure = options.measure;
+    measure.pixelThreshold = valueOf(settings, "threshold-value").toInt();
+    measure.skip = valueOf(settings, "skip").toInt();
+    measure.region = regionOf(settings, measure.region);
+    options.isKeyframesOnly = areOfKeyFrames(settings);
+    const MeasureSettings again = measureSettings(options);
+    for (const char* key :
+         {"measure", "threshold-value", "skip", "region", "exclude", picturesKey}) {
+        if (valueOf(again, key) != valueOf(settings, key))
+            return std::nullopt;
+    }
+    return options;
 }
 
 QString disagreement(const QStringList& given, const MeasureSettings& asked,

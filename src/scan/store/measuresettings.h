@@ -7,6 +7,8 @@
 #include "detection.h"
 #include "keptvalues.h"
 
+#include <optional>
+
 /// Everything in `options` that motion values depend on, as it stands in a values file.
 MeasureSettings measureSettings(const DetectionOptions& options);
 
@@ -16,6 +18,12 @@ MeasureSettings cellsSettings(const MeasureSettings& settings);
 
 /// Whether the values are those of key frames alone.
 bool areOfKeyFrames(const MeasureSettings& settings);
+
+/// `options` as they were when values with these settings were measured, as far as single pictures
+/// depend on it: not the range and not the rate. Nothing where that cannot be told, since of a mask
+/// a digest is all that is kept.
+std::optional<DetectionOptions> measuredWith(const MeasureSettings& settings,
+                                             DetectionOptions options);
 
 /// Which of the options named in `given` say otherwise than `kept`, as a sentence for a person;
 /// empty if none does. `asked` are the settings of all options.

@@ -1,0 +1,61 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "cellsmeasurement.h"
+
+#include "cellregion.h"
+#include "cellscores.h"
+
+namespace {
+
+constexpr int mostPlaces = 8; ///< that are named
+
+bool selectsNothing(const RegionOfInterest& region, QSize pictures) {
+    return !pictures.isEmpty() &&
+           prepareRegion(region, pictures.width(), pictures.height()).isEmpty();
+}
+
+} // namespace
+
+Measurement cellsMeasurement(const Measurement& measured, const DetectionOptions& options,
+                             const CellBits& restless) {
+    const QSize pictures = measured.stream.description.size;
+    const RegionOfInterest& region = options.measure.region;
+    Measurement decided;
+    decided.stream = measured.stream;
+    decided.stream.isRegionEmpty = selectsNothing(region, pictures);
+    decided.firstNumber = measured.firstNumber;
+    decided.firstTime = measured.firstTime;
+    decided.series = seriesOf(measured.maps, measured.series.times,
+                              CellScores(region, pictures, options.cells, restless));
+    decided.hasPictures = measured.hasPictures;
+    decided.damage = measured.damage;
+    return decided;
+}
+
+CellBits restlessOf(const Measurement& measured, const DetectionOptions& options) {
+    if (!options.cells.isRestlessIgnored)
+        return CellBits();
+    return restlessOf(measured.maps, measured.series.times, options.cells);
+}
+
+QString restlessText(const CellBits& restless, QSize pictures) {
+    const QVector<QRect> boxes = boxesOf(restless, pictures);
+    if (boxes.isEmpty())
+        return QStringLiteral("nothing is restless");
+    QStringList places;
+    for (const QRect& box : boxes.mid(0, mostPlaces))
+        places += QStringLiteral("%1,%2,%3,%4")
+                      .arg(QString::number(box.x()), QString::number(box.y()),
+                           QString::number(box.width()), QString::number(box.height()));
+    QString text =
+        QStringLiteral("left out as restless: %1 of %2 cells, in %3: %4")
+            .arg(QString::number(restless.count()), QString::number(restless.grid.count()),
+                 boxes.size() == 1 ? QStringLiteral("one place")
+                                   : QStringLiteral("%1 places").arg(boxes.size()),
+                 places.join(' '));
+    if (boxes.size() > mostPlaces)
+        text += QStringLiteral(" and %1 more").arg(boxes.size() - mostPlaces);
+    return text;
+}

@@ -1,0 +1,21 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include "detectionoptions.h"
+#include "measurement.h"
+
+/// What is decided on where cells decide: `measured`, of which the values are those of its maps,
+/// inside the region of `options`, in place of the mean's. It has no maps itself.
+Measurement cellsMeasurement(const Measurement& measured, const DetectionOptions& options,
+                             const CellBits& restless);
+
+/// The cells that change through most of what was measured, where they are to be left out; else
+/// none.
+CellBits restlessOf(const Measurement& measured, const DetectionOptions& options);
+
+/// The cells that are left out, for a person: "left out as restless: 34 of 14400 cells, in 2
+/// places: 120,8,190,32 and 600,400,16,16", each place as --exclude takes it.
+QString restlessText(const CellBits& restless, QSize pictures);
