@@ -21,7 +21,7 @@ Maps randomMaps(CellGrid grid, int count, double share, unsigned seed) {
     std::bernoulli_distribution isSet(share);
     std::uniform_int_distribution<int> step(0, int(cellSteps.size()));
     Maps maps;
-    CellMap map{grid, std::vector<std::uint8_t>(std::size_t(grid.count()))};
+    CellMap map(grid);
     for (int i = 0; i < count; ++i) {
         for (std::uint8_t& cell : map.steps)
             cell = isSet(random) ? std::uint8_t(step(random)) : cell;
@@ -220,7 +220,7 @@ void TestCellMaps::givesTheSameBytesEachTime() {
 
 /// What is said of an hour at 25 pictures a second: hardly anything where nothing moves.
 void TestCellMaps::quietHoursAreSmall() {
-    const CellMap still{{160, 90}, std::vector<std::uint8_t>(14400, 0)};
+    const CellMap still{160, 90};
     CellMaps all;
     for (int i = 0; i < 90000; ++i)
         all.append(still);

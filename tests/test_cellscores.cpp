@@ -18,7 +18,7 @@ constexpr double interval = 0.04; // seconds
 
 /// A map in which the cells of a box have reached a step.
 CellMap mapOf(const QRect& box, int step = changedStep, CellGrid grid = ::grid) {
-    CellMap map{grid, std::vector<std::uint8_t>(std::size_t(grid.count()))};
+    CellMap map(grid);
     for (int row = box.top(); row <= box.bottom(); ++row) {
         for (int column = box.left(); column <= box.right(); ++column)
             map.steps[std::size_t(row * grid.columns + column)] = std::uint8_t(step);

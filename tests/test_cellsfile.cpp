@@ -27,7 +27,7 @@ using State = CellsReading::State;
 const QByteArray valuesDigest(64, 'a');
 
 CellMap someMap(CellGrid grid, std::mt19937& random) {
-    CellMap map{grid, std::vector<std::uint8_t>(std::size_t(grid.count()), 0)};
+    CellMap map(grid);
     for (int i = 0; i < grid.count() / 20; ++i)
         map.steps[random() % map.steps.size()] = std::uint8_t(random() % (cellSteps.size() + 1));
     return map;

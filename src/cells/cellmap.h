@@ -29,4 +29,9 @@ struct CellMap {
     /// It is that of the picture before, since maps are made less often than there are pictures
     /// (CellComparison).
     bool isCarried = false;
+
+    /// Nothing has changed.
+    explicit CellMap(CellGrid grid = {})
+        : grid(grid)
+        , steps(std::size_t(grid.count()), 0) {}
 };

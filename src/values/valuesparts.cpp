@@ -46,10 +46,6 @@ double lastTime(const Measurement& measurement) {
     return times.isEmpty() ? measurement.firstTime : times.last();
 }
 
-CellMap stillMap(CellGrid grid) {
-    return {grid, std::vector<std::uint8_t>(std::size_t(grid.count()), 0)};
-}
-
 /// Appends those of a part's own pictures; the first `held` have the map of the one before, which
 /// is without changes where that is the recording's first.
 void append(const CellMaps& part, int held, CellMaps& whole) {
@@ -61,7 +57,7 @@ void append(const CellMaps& part, int held, CellMaps& whole) {
     int place = 0;
     while (const CellMap* map = reader.next()) {
         const bool isOwn = place++ >= held;
-        whole.append(isOwn ? *map : isFirst ? stillMap(map->grid) : last);
+        whole.append(isOwn ? *map : isFirst ? CellMap(map->grid) : last);
     }
 }
 
