@@ -220,7 +220,7 @@ void TestCellMaps::givesTheSameBytesEachTime() {
 
 /// What is said of an hour at 25 pictures a second: hardly anything where nothing moves.
 void TestCellMaps::quietHoursAreSmall() {
-    const CellMap still{160, 90};
+    const CellMap still(CellGrid{160, 90});
     CellMaps all;
     for (int i = 0; i < 90000; ++i)
         all.append(still);
