@@ -4,121 +4,127 @@
 
 #include "cellcomparison.h"
 
+#include "celldefinition.h"
+#include "median.h"
+#include "neighbourmean.h"
+
 #include <algorithm>
+#include <cmath>
 #include <cstdlib>
+#include <utility>
 
 namespace {
 
-// Seconds before the newest picture.
-constexpr double now = 0.25;
-constexpr double lag = 0.45;
-constexpr double oldest = 0.75;
+using cells::unit;
 
-constexpr int unit = 256;        // one level
-constexpr int fewestLevels = 8;  // that a cell changes by
-constexpr int sigmas = 8;        // the same, of noise
-constexpr int strongNoise = 410; // 1.6 levels
+// Absolute differences take 17 bits with a sign; less this they take 16, as those of light do.
+constexpr int offset = 1 << 15;
+static_assert(2 * 255 * unit < 2 * offset);
 
-int sigmaOf(int medianOfAbsolute) {
-    return int((std::int64_t(medianOfAbsolute) * 14826 + 5000) / 10000);
+constexpr double latestTime = 1e12; // seconds; beyond, times no longer tell pictures apart
+
+bool isTime(double time) {
+    return std::abs(time) < latestTime;
+}
+
+double momentOf(double time) {
+    return std::floor(time * cells::momentsASecond + 0.5);
+}
+
+double mapOf(double moment) {
+    return std::floor(moment / cells::momentsOfAMap);
+}
+
+bool isStrong(int medianOfAbsolute) {
+    return std::int64_t(medianOfAbsolute) * cells::sigmaOfMedian >
+           std::int64_t(cells::strongNoise) * unit;
+}
+
+/// From what difference on a cell has changed.
+int leastChange(int sigmas, int medianOfAbsolute) {
+    const std::int64_t noise = std::int64_t(sigmas) * medianOfAbsolute * cells::sigmaOfMedian;
+    return std::max(cells::fewestLevels * unit, int((noise + 5000) / 10000));
 }
 
 } // namespace
 
 const CellMap& CellComparison::add(double time, CellPicturePointer picture) {
-    const bool isNew = recent.empty() || recent.back().picture->grid != picture->grid ||
-                       !(time >= recent.back().time);
-    if (isNew)
-        recent.clear();
-    map.grid = picture->grid;
-    map.steps.assign(std::size_t(map.grid.count()), 0);
-    recent.push_back({time, std::move(picture)});
-    forgetBefore(time - oldest);
-    if (recent.size() < 2)
-        return map;
-    differ(time);
-    int sigma = takeLightAway();
-    if (sigma > strongNoise) {
-        smooth();
-        sigma = takeLightAway();
-    }
-    const int changed = std::max(fewestLevels * unit, sigmas * sigma);
-    for (std::size_t i = 0; i < difference.size(); ++i) {
-        const int strength = int(std::int64_t(std::abs(difference[i])) * 16 / changed);
-        map.steps[i] = std::uint8_t(std::upper_bound(cellSteps.begin(), cellSteps.end(), strength) -
-                                    cellSteps.begin());
-    }
+    map.isCarried = follows(time, *picture) && mapOf(momentOf(time)) == mapOf(moment);
+    if (!follows(time, *picture))
+        beginAnew(picture->grid);
+    if (isTime(time))
+        remember(time, std::move(picture));
+    if (!map.isCarried && history.differences(difference))
+        judge();
     return map;
 }
 
-void CellComparison::forgetBefore(double time) {
-    while (recent.size() > 2 && recent[1].time <= time)
-        recent.pop_front();
+const CellMap& CellComparison::last() {
+    map.isCarried = map.grid.count() > 0;
+    return map;
 }
 
-void CellComparison::differ(double time) {
-    const std::size_t cells = std::size_t(map.grid.count());
-    std::vector<std::int64_t> newer(cells, 0);
-    std::vector<std::int64_t> older(cells, 0);
-    const auto add = [cells](std::vector<std::int64_t>& sums, const CellPicture& picture) {
-        for (std::size_t i = 0; i < cells; ++i)
-            sums[i] += picture.levels[i];
-    };
-    int newerCount = 0;
-    int olderCount = 0;
-    const Timed* before = &recent.front();
-    for (const Timed& entry : recent) {
-        if (entry.time > time - now) {
-            add(newer, *entry.picture);
-            ++newerCount;
-        }
-        if (entry.time <= time - lag) {
-            before = &entry;
-            if (entry.time > time - oldest) {
-                add(older, *entry.picture);
-                ++olderCount;
-            }
-        }
+bool CellComparison::follows(double time, const CellPicture& picture) const {
+    return isTime(time) && !history.isEmpty() && time >= history.last().time &&
+           picture.grid == history.last().picture->grid;
+}
+
+void CellComparison::beginAnew(CellGrid grid) {
+    history.clear();
+    map = CellMap(grid);
+}
+
+void CellComparison::remember(double time, CellPicturePointer picture) {
+    const double now = momentOf(time);
+    if (history.isEmpty() || now != moment)
+        history.add(time, std::move(picture));
+    moment = now;
+}
+
+void CellComparison::judge() {
+    Level found = level();
+    int sigmas = cells::sigmas;
+    if (isStrong(found.noise)) {
+        const int before = found.noise;
+        rough.swap(difference);
+        averageNeighbours(rough, map.grid, difference);
+        found = level();
+        if (before >= cells::whiteFactor * found.noise)
+            sigmas = cells::whiteSigmas;
     }
-    if (olderCount == 0) {
-        add(older, *before->picture);
-        olderCount = 1;
-    }
-    difference.resize(cells);
-    for (std::size_t i = 0; i < cells; ++i)
-        difference[i] = int((newer[i] * olderCount - older[i] * newerCount) * 16 /
-                            (std::int64_t(newerCount) * olderCount));
+    takeSteps(leastChange(sigmas, found.noise));
+    takeBrighter(found.light);
 }
 
-void CellComparison::smooth() {
-    const std::vector<int> rough = difference;
-    const auto [columns, rows] = map.grid;
-    for (int row = 0; row < rows; ++row) {
-        for (int column = 0; column < columns; ++column) {
-            int sum = 0;
-            for (int v = row - 1; v <= row + 1; ++v) {
-                for (int u = column - 1; u <= column + 1; ++u)
-                    sum += rough[std::size_t(std::clamp(v, 0, rows - 1) * columns +
-                                             std::clamp(u, 0, columns - 1))];
-            }
-            difference[std::size_t(row * columns + column)] = sum / 9;
-        }
-    }
-}
-
-int CellComparison::medianOf(std::vector<int> numbers) const {
-    const auto middle = numbers.begin() + std::ptrdiff_t(numbers.size() / 2);
-    std::nth_element(numbers.begin(), middle, numbers.end());
-    return *middle;
-}
-
-/// Answers the noise that is left.
-int CellComparison::takeLightAway() {
+CellComparison::Level CellComparison::level() {
     const int light = medianOf(difference);
-    std::vector<int> absolute;
-    for (int& value : difference) {
-        value -= light;
-        absolute.push_back(std::abs(value));
+    absolute.resize(difference.size());
+    for (std::size_t i = 0; i < absolute.size(); ++i)
+        absolute[i] = std::int16_t(std::abs(difference[i] - light) - offset);
+    return {light, medianOf(absolute) + offset};
+}
+
+void CellComparison::takeSteps(int changed) {
+    std::array<std::int16_t, cellSteps.size()> least;
+    for (std::size_t i = 0; i < least.size(); ++i)
+        least[i] =
+            std::int16_t(std::min((changed * cellSteps[i] + 15) / 16, 2 * offset - 1) - offset);
+    for (std::size_t i = 0; i < absolute.size(); ++i) {
+        int step = 0;
+        for (const std::int16_t limit : least)
+            step += absolute[i] >= limit;
+        map.steps[i] = std::uint8_t(step);
     }
-    return sigmaOf(medianOf(absolute));
+}
+
+void CellComparison::takeBrighter(int light) {
+    map.brighter = CellBits(map.grid);
+    for (int row = 0; row < map.grid.rows; ++row) {
+        const std::size_t first = std::size_t(row * map.grid.columns);
+        for (int column = 0; column < map.grid.columns; ++column) {
+            const std::size_t cell = first + std::size_t(column);
+            if (map.steps[cell] > 0 && difference[cell] > light)
+                map.brighter.add(column, row);
+        }
+    }
 }

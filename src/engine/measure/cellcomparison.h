@@ -4,42 +4,62 @@
 
 #pragma once
 
+#include "cellhistory.h"
 #include "cellmap.h"
 #include "cellpicture.h"
 
-#include <deque>
+#include <cstdint>
 #include <vector>
 
 /// Compares each picture of a recording with those of the last second, cell by cell.
 ///
 /// The mean of each cell over the last quarter of a second is compared with its mean between 0.75
-/// and 0.45 s ago, so that slow things show and noise averages out. The median of the differences
-/// is taken away: it is light. Noise is told from the same picture, as 1.4826 times the median of
-/// the absolute differences; where it is strong the differences are smoothed over 3 x 3 cells and
-/// judged anew. Integers alone: the same on every machine.
+/// and 0.45 s ago, so that slow things show and noise averages out. Where there is no picture of
+/// that time, the newest one before it serves; without one nothing has changed. The median of the
+/// differences is taken away: it is light. Noise is told from the same picture, as 1.4826 times the
+/// median of the absolute differences; where it is strong the differences are averaged over 3 x 3
+/// cells, those at the border being continued outwards, and judged anew. Where that takes half of
+/// the noise away, or more, it is white, and a change need not exceed what is left of it as much.
+///
+/// Integers alone, the same on every machine: means and averages are rounded to 128ths of a level,
+/// halves up, and what counts as changed to the same, halves up. Steps are reached exactly.
 class CellComparison {
 public:
-    /// The map of the next picture, at `time` seconds as the stream counts them. The first picture,
-    /// one of another size and one whose time lies before the last one's begin anew: nothing has
-    /// changed in their maps. Valid until the next call.
+    /// A map depends on no picture that lies more than this before its own, in seconds, but for the
+    /// newest one of them.
+    static constexpr double memory = 1.0;
+
+    /// The map of the next picture, at `time` seconds as the stream counts them. Valid until the
+    /// next call.
+    ///
+    /// The first picture, one of another size, one whose time lies before the last one's and one
+    /// without a time (not a number, or beyond 10^12 s) begin anew: nothing has changed in their
+    /// maps. Of the pictures whose times, rounded to 8 ms, lie in the same 80 ms, all enter the
+    /// means and the first alone has a map made; the others carry that on. Of those whose times,
+    /// rounded so, are the same, the first alone enters the means: at most 100 pictures are kept.
     const CellMap& add(double time, CellPicturePointer picture);
 
     /// The map of the last picture, for one that is not looked at.
-    const CellMap& last() const { return map; }
+    const CellMap& last();
 
 private:
-    struct Timed {
-        double time;
-        CellPicturePointer picture;
+    struct Level {
+        int light; ///< median of the differences
+        int noise; ///< median of the absolute differences from that
     };
 
-    void forgetBefore(double time);
-    void differ(double time);
-    void smooth();
-    int medianOf(std::vector<int> numbers) const;
-    int takeLightAway();
+    bool follows(double time, const CellPicture& picture) const;
+    void beginAnew(CellGrid grid);
+    void remember(double time, CellPicturePointer picture);
+    void judge();
+    Level level();
+    void takeSteps(int changed);
+    void takeBrighter(int light);
 
-    std::deque<Timed> recent;
-    std::vector<int> difference; ///< of each cell, in 256ths of a level
+    CellHistory history;
+    std::vector<std::int16_t> difference; ///< of each cell, in 128ths of a level
+    std::vector<std::int16_t> absolute;   ///< from the median, less 2^15
+    std::vector<std::int16_t> rough;      ///< before they are averaged
+    double moment = 0;                    ///< of the last picture
     CellMap map;
 };
