@@ -28,8 +28,12 @@ const QByteArray valuesDigest(64, 'a');
 
 CellMap someMap(CellGrid grid, std::mt19937& random) {
     CellMap map(grid);
-    for (int i = 0; i < grid.count() / 20; ++i)
-        map.steps[random() % map.steps.size()] = std::uint8_t(random() % (cellSteps.size() + 1));
+    map.brighter = CellBits(grid);
+    for (int i = 0; i < grid.count() / 3; ++i) {
+        const auto cell = int(random() % map.steps.size());
+        map.steps[std::size_t(cell)] = std::uint8_t(random() % (cellSteps.size() + 1));
+        map.brighter.add(cell % grid.columns, cell / grid.columns);
+    }
     return map;
 }
 
@@ -56,7 +60,8 @@ bool areSame(const CellMaps& left, const CellMaps& right) {
     for (int i = 0; i < left.count(); ++i) {
         const CellMap* a = one.next();
         const CellMap* b = other.next();
-        if (!a || !b || a->grid != b->grid || a->steps != b->steps)
+        if (!a || !b || a->grid != b->grid || a->steps != b->steps ||
+            a->brighter.words != b->brighter.words)
             return false;
     }
     return left.count() == right.count();

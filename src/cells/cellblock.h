@@ -10,12 +10,12 @@
 #include <memory>
 #include <vector>
 
-constexpr int mostBlockMaps = 250; ///< ten seconds: what is packed together, and unpacked
+constexpr int mostBlockMaps = 250; ///< that are not carried: what is packed together, and unpacked
 
 /// Maps of one grid that follow each other, packed (cellcoding.h).
 struct CellBlock {
     CellGrid grid;
-    int count = 0; ///< of maps, 1..mostBlockMaps
+    int count = 0; ///< of maps, those included that are carried; 1 or more
     std::vector<std::uint8_t> bytes;
 };
 

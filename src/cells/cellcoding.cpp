@@ -9,7 +9,10 @@
 #include <zstd.h>
 
 #include <algorithm>
+#include <array>
+#include <memory>
 #include <new>
+#include <numeric>
 
 namespace {
 
@@ -31,7 +34,9 @@ using PlaneStreams = std::array<Bytes, streams>;
 static_assert(mostBlockMaps <= noMore, "a gap is shorter");
 
 constexpr std::size_t lengthBytes = 4;
-constexpr std::size_t headBytes = cellSteps.size() * lengthBytes;
+constexpr std::size_t pieceCount = 1 + planeCount; // the pictures that maps serve, and the planes
+constexpr std::size_t lengthsPlace = 4;            // behind the number of maps and of what kind
+constexpr std::size_t headBytes = lengthsPlace + pieceCount * lengthBytes;
 constexpr std::size_t planeHeadBytes = streams * lengthBytes;
 
 std::size_t kindOf(std::uint8_t cells) {
@@ -125,20 +130,26 @@ struct Piece {
     std::size_t size = 0;
 };
 
-/// A plane as it is packed; empty where its block says otherwise than it is long.
-Piece planeIn(const Bytes& block, std::size_t plane) {
+/// One of those that the block's head lists; empty where it says otherwise than the block is long.
+Piece pieceIn(const Bytes& block, std::size_t piece) {
     if (block.size() < headBytes)
         return {};
+    const std::uint8_t* lengths = block.data() + lengthsPlace;
     std::size_t begin = headBytes;
-    for (std::size_t i = 0; i < plane; ++i)
-        begin += numberAt(block.data() + i * lengthBytes);
-    const std::size_t size = numberAt(block.data() + plane * lengthBytes);
-    if (begin > block.size() || size > block.size() - begin || size < planeHeadBytes)
+    for (std::size_t i = 0; i < piece; ++i)
+        begin += numberAt(lengths + i * lengthBytes);
+    const std::size_t size = numberAt(lengths + piece * lengthBytes);
+    if (begin > block.size() || size > block.size() - begin)
         return {};
     return {block.data() + begin, size};
 }
 
-/// The streams, one behind the other; empty where they are not `size` bytes.
+/// How many maps are packed.
+int mapsIn(const Bytes& block) {
+    return block.empty() ? 1 : std::clamp(int(block[0]), 1, mostBlockMaps);
+}
+
+/// What a frame holds; empty where that is not `size` bytes.
 Bytes unpacked(Piece frame, std::size_t size) {
     if (ZSTD_getFrameContentSize(frame.data, frame.size) != size)
         return {};
@@ -156,7 +167,7 @@ class StreamReader {
 public:
     /// At most `most` bytes are unpacked.
     StreamReader(Piece plane, std::size_t most) {
-        if (plane.size == 0)
+        if (plane.size < planeHeadBytes)
             return;
         std::size_t size = 0;
         for (std::size_t i = 0; i < streams; ++i) {
@@ -247,29 +258,74 @@ UnpackedPlane byMap(const std::vector<TileChange>& changes, int count) {
     return plane;
 }
 
+/// Numbers of seven bits, the lowest first; the highest bit of a byte tells that more follow.
+void appendRuns(const std::vector<int>& pictures, Bytes& bytes) {
+    for (const int number : pictures) {
+        auto rest = unsigned(number);
+        for (; rest >= 128; rest >>= 7)
+            bytes.push_back(std::uint8_t(rest | 128));
+        bytes.push_back(std::uint8_t(rest));
+    }
+}
+
+/// The next of them; 1 where there is none.
+int nextRun(const Bytes& bytes, std::size_t& at) {
+    unsigned number = 0;
+    for (unsigned shift = 0; at < bytes.size() && shift < 28; shift += 7) {
+        number |= unsigned(bytes[at] & 127) << shift;
+        if (bytes[at++] < 128)
+            return std::max(int(number), 1);
+    }
+    return 1;
+}
+
 } // namespace
 
-CellBlock packedBlock(CellGrid grid, int count, const PlaneChanges& planes) {
+CellBlock packedBlock(const BlockMaps& maps) {
     const PackingContext context(ZSTD_createCCtx());
     if (!context)
         throw std::bad_alloc();
-    CellBlock block{grid, count, Bytes(headBytes, 0)};
-    for (std::size_t i = 0; i < planes.size(); ++i) {
-        const std::size_t before = block.bytes.size();
-        if (!planes[i].empty())
-            append(context.get(), streamsOf(planes[i], count, TileGrid(grid).count()), block.bytes);
-        setNumber(block.bytes.size() - before, block.bytes.data() + i * lengthBytes);
+    CellBlock block{maps.grid, std::accumulate(maps.pictures.begin(), maps.pictures.end(), 0),
+                    Bytes(headBytes, 0)};
+    Bytes& bytes = block.bytes;
+    bytes[0] = std::uint8_t(maps.pictures.size());
+    bytes[1] = maps.isFirstCarried ? 1 : 0;
+    appendRuns(maps.pictures, bytes);
+    setNumber(bytes.size() - headBytes, bytes.data() + lengthsPlace);
+    const int tiles = TileGrid(maps.grid).count();
+    for (std::size_t plane = 0; plane < planeCount; ++plane) {
+        const std::size_t before = bytes.size();
+        if (!maps.changes[plane].empty())
+            append(context.get(), streamsOf(maps.changes[plane], int(maps.pictures.size()), tiles),
+                   bytes);
+        setNumber(bytes.size() - before, bytes.data() + lengthsPlace + (plane + 1) * lengthBytes);
     }
-    block.bytes.shrink_to_fit();
+    bytes.shrink_to_fit();
     return block;
 }
 
-UnpackedPlane unpackedPlane(const CellBlock& block, int step) {
+UnpackedRuns unpackedRuns(const CellBlock& block) {
+    const Piece piece = pieceIn(block.bytes, 0);
+    const Bytes bytes(piece.data, piece.data + piece.size);
+    UnpackedRuns runs;
+    runs.isFirstCarried = block.bytes.size() > 1 && block.bytes[1] != 0;
+    std::size_t at = 0;
+    int left = block.count;
+    for (int map = 0; left > 0 && map < mapsIn(block.bytes); ++map) {
+        runs.pictures.push_back(std::min(nextRun(bytes, at), left));
+        left -= runs.pictures.back();
+    }
+    runs.pictures.back() += left;
+    return runs;
+}
+
+UnpackedPlane unpackedPlane(const CellBlock& block, int plane) {
     const TileGrid tiles(block.grid);
+    const int count = mapsIn(block.bytes);
     // Of each map a gap and cells, and of each tile an end.
-    const std::size_t most = std::size_t(tiles.count()) * (2 * std::size_t(block.count) + 1);
-    StreamReader streams(planeIn(block.bytes, std::size_t(step - 1)), most);
+    const std::size_t most = std::size_t(tiles.count()) * (2 * std::size_t(count) + 1);
+    StreamReader streams(pieceIn(block.bytes, std::size_t(plane + 1)), most);
     if (streams.isEmpty())
-        return {{}, std::vector<int>(std::size_t(block.count) + 1, 0)};
-    return byMap(changesOf(streams, block.count, tiles), block.count);
+        return {{}, std::vector<int>(std::size_t(count) + 1, 0)};
+    return byMap(changesOf(streams, count, tiles), count);
 }

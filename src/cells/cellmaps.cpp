@@ -7,7 +7,7 @@
 #include <utility>
 
 void CellMaps::append(const CellMap& map) {
-    if (!open.takes(map.grid))
+    if (!open.takes(map))
         closeBlock();
     open.add(map);
     ++maps;

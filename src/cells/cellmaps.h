@@ -55,6 +55,12 @@ public:
     /// Whether there was no such cell in it, without looking at it.
     bool isQuiet() const { return setTiles == 0; }
 
+    /// Whether it was that of the picture before.
+    bool isCarried() const { return map.isCarried; }
+
+    /// Its cells that have become brighter, of any step but 0. Valid until the next call.
+    const CellBits& brighter();
+
 private:
     /// Where the first cell of a tile is in the words of a set.
     struct Place {
@@ -62,17 +68,26 @@ private:
         int shift;
     };
 
-    bool goOn(int lowest, int highest);
-    void beginBlock(int lowest, int highest);
+    bool goOn();
+    void beginBlock();
     void beginGrid(CellGrid grid);
-    void change(const TileChange& tile);
+    void unpackSteps(int lowest, int highest);
+    void flip(const TileChange& tile, CellBits& cells) const;
+    void count(const TileChange& tile);
     void changeSteps(const TileChange& tile);
 
     std::vector<CellBlockPointer> blocks;
     std::size_t nextBlock = 0;
-    int at = -1;                       ///< the current map in its block
-    int count = 0;                     ///< of maps in it
-    std::vector<UnpackedPlane> planes; ///< of the block: those of the steps that are asked for
+
+    // Of the current block.
+    const CellBlock* block = nullptr;
+    UnpackedRuns runs;
+    std::vector<UnpackedPlane> steps; ///< those that are asked for; empty: not unpacked yet
+    UnpackedPlane signs;
+    int signsRead = 0; ///< maps of them; less than 0: not unpacked yet
+    int at = 0;        ///< the current map without those that are carried
+    int left = 0;      ///< pictures that it serves behind the current one
+
     TileGrid tiles;
     std::vector<Place> places;
     int setTiles = 0; ///< that have a cell

@@ -6,54 +6,92 @@
 
 #include <algorithm>
 
+namespace {
+
+/// Calls `take` with each change of a map.
+template<typename Take>
+void forEachChange(const UnpackedPlane& plane, int map, const Take& take) {
+    const int end = plane.begins[std::size_t(map) + 1];
+    for (int i = plane.begins[std::size_t(map)]; i < end; ++i)
+        take(plane.changes[std::size_t(i)]);
+}
+
+} // namespace
+
 const CellMap* CellMapsReader::next() {
-    if (!goOn(1, int(cellSteps.size())))
+    if (!goOn())
         return nullptr;
-    for (const UnpackedPlane& plane : planes) {
-        for (int i = plane.begins[std::size_t(at)]; i < plane.begins[std::size_t(at + 1)]; ++i)
-            changeSteps(plane.changes[std::size_t(i)]);
-    }
+    if (map.isCarried && !steps.empty())
+        return &map;
+    unpackSteps(1, int(cellSteps.size()));
+    for (const UnpackedPlane& plane : steps)
+        forEachChange(plane, at, [this](const TileChange& tile) { changeSteps(tile); });
+    brighter();
     return &map;
 }
 
 const CellBits* CellMapsReader::next(int step) {
-    if (!goOn(step, step))
+    if (!goOn())
         return nullptr;
-    const UnpackedPlane& plane = planes.front();
-    for (int i = plane.begins[std::size_t(at)]; i < plane.begins[std::size_t(at + 1)]; ++i)
-        change(plane.changes[std::size_t(i)]);
+    if (map.isCarried && !steps.empty())
+        return &bits;
+    unpackSteps(step, step);
+    forEachChange(steps.front(), at, [this](const TileChange& tile) {
+        flip(tile, bits);
+        count(tile);
+    });
     return &bits;
 }
 
+const CellBits& CellMapsReader::brighter() {
+    if (block && signsRead < 0) {
+        signs = unpackedPlane(*block, brighterPlane);
+        signsRead = 0;
+    }
+    for (; signsRead <= at && block; ++signsRead)
+        forEachChange(signs, signsRead,
+                      [this](const TileChange& tile) { flip(tile, map.brighter); });
+    return map.brighter;
+}
+
 /// To the next map. False behind the last one.
-bool CellMapsReader::goOn(int lowest, int highest) {
-    if (++at < count)
+bool CellMapsReader::goOn() {
+    map.isCarried = left > 0;
+    if (left > 0) {
+        --left;
         return true;
-    if (nextBlock == blocks.size())
-        return false;
-    beginBlock(lowest, highest);
+    }
+    if (block && at + 1 < int(runs.pictures.size())) {
+        ++at;
+    } else {
+        if (nextBlock == blocks.size())
+            return false;
+        beginBlock();
+    }
+    left = runs.pictures[std::size_t(at)] - 1;
     return true;
 }
 
-void CellMapsReader::beginBlock(int lowest, int highest) {
-    const CellBlock& block = *blocks[nextBlock++];
+void CellMapsReader::beginBlock() {
+    block = blocks[nextBlock++].get();
     at = 0;
-    count = block.count;
-    if (block.grid != map.grid || places.empty())
-        beginGrid(block.grid);
+    runs = unpackedRuns(*block);
+    steps.clear();
+    signsRead = -1;
+    if (block->grid != map.grid || places.empty())
+        beginGrid(block->grid);
     std::fill(map.steps.begin(), map.steps.end(), std::uint8_t(0));
+    std::fill(map.brighter.words.begin(), map.brighter.words.end(), 0);
     std::fill(bits.words.begin(), bits.words.end(), 0);
+    map.isCarried = runs.isFirstCarried;
     setTiles = 0;
-    planes.clear();
-    for (int step = lowest; step <= highest; ++step)
-        planes.push_back(unpackedPlane(block, step));
 }
 
 void CellMapsReader::beginGrid(CellGrid grid) {
     tiles = TileGrid(grid);
     bits = CellBits(grid);
-    map.grid = grid;
-    map.steps.assign(std::size_t(grid.count()), 0);
+    map = CellMap(grid);
+    map.brighter = CellBits(grid);
     places.clear();
     for (int tile = 0; tile < tiles.count(); ++tile) {
         const int column = tiles.columnOf(tile);
@@ -61,14 +99,25 @@ void CellMapsReader::beginGrid(CellGrid grid) {
     }
 }
 
-void CellMapsReader::change(const TileChange& tile) {
-    constexpr unsigned upper = (1U << tileColumns) - 1;
+/// Unless they are.
+void CellMapsReader::unpackSteps(int lowest, int highest) {
+    if (!steps.empty())
+        return;
+    for (int step = lowest; step <= highest; ++step)
+        steps.push_back(unpackedPlane(*block, step - 1));
+}
+
+void CellMapsReader::flip(const TileChange& tile, CellBits& cells) const {
+    constexpr unsigned row = (1U << tileColumns) - 1;
     const Place place = places[tile.tile];
-    bits.words[std::size_t(place.word)] ^= std::uint64_t(tile.flipped & upper) << place.shift;
+    cells.words[std::size_t(place.word)] ^= std::uint64_t(tile.flipped & row) << place.shift;
     const unsigned lower = tile.flipped >> tileColumns;
     if (lower != 0)
-        bits.words[std::size_t(place.word + bits.wordsPerRow)] ^= std::uint64_t(lower)
-                                                                  << place.shift;
+        cells.words[std::size_t(place.word + cells.wordsPerRow)] ^= std::uint64_t(lower)
+                                                                    << place.shift;
+}
+
+void CellMapsReader::count(const TileChange& tile) {
     if (tile.cells == 0)
         --setTiles;
     else if (tile.cells == tile.flipped) // it had none

@@ -4,32 +4,37 @@
 
 #pragma once
 
+#include "cellbits.h"
 #include "cellcoding.h"
+#include "cellgroups.h"
 #include "celltiles.h"
 
-/// Collects maps of one grid until they are packed.
+/// Collects maps of one grid until they are packed. Groups that count nothing (leastGroup) are not
+/// kept.
 class CellPacker {
 public:
-    /// Whether one more map of this grid can join them.
-    bool takes(CellGrid other) const {
-        return maps == 0 || (other == grid && maps < mostBlockMaps);
-    }
+    /// Whether one more map can join them.
+    bool takes(const CellMap& map) const;
 
     void add(const CellMap& map);
 
-    int count() const { return maps; }
+    int count() const { return maps; } ///< those included that are carried
 
-    CellBlock packed() const { return packedBlock(grid, maps, planes); }
+    CellBlock packed() const { return packedBlock(collected); }
 
     void clear();
 
 private:
-    void begin(CellGrid first);
+    void begin(const CellMap& first);
+    CellBits cellsOf(const CellMap& map, int step);
+    void addPlane(int plane, CellBits cells);
+    void addRow(int plane, int row, const CellBits& cells);
+    void addTiles(int plane, int first, std::uint64_t upper, std::uint64_t lower,
+                  std::uint64_t changed);
 
-    CellGrid grid;
-    TileGrid tiles;
     int maps = 0;
-    std::vector<std::uint64_t> last; ///< steps of each tile in the last map
-    std::vector<std::uint64_t> next;
-    PlaneChanges planes;
+    TileGrid tiles;
+    BlockMaps collected;
+    std::array<CellBits, planeCount> last; ///< the planes of the last map
+    CellGroups groups;
 };

@@ -4,6 +4,8 @@
 
 #include "cellsformat.h"
 
+#include "keptvalues.h"
+
 #include <QCryptographicHash>
 #include <QtEndian>
 
@@ -82,7 +84,7 @@ std::optional<CellsEntry> readEntry(const uchar* bytes) {
     entry.bytes = qFromLittleEndian<quint32>(bytes + 8);
     entry.sum = qFromLittleEndian<quint64>(bytes + 12);
     if (entry.grid.columns > mostCellColumns || entry.grid.rows > mostCellRows || count < 1 ||
-        count > mostBlockMaps)
+        count > quint32(mostKeptPictures))
         return std::nullopt;
     entry.count = int(count);
     return entry;

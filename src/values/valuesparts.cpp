@@ -5,8 +5,6 @@
 #include "valuesparts.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <vector>
 
 namespace {
 
@@ -51,13 +49,14 @@ double lastTime(const Measurement& measurement) {
 void append(const CellMaps& part, int held, CellMaps& whole) {
     if (held == 0)
         return whole.append(part);
-    const bool isFirst = whole.count() == 0;
-    const CellMap last = whole.last();
+    CellMap last = whole.last();
     CellMapsReader reader(part);
     int place = 0;
     while (const CellMap* map = reader.next()) {
-        const bool isOwn = place++ >= held;
-        whole.append(isOwn ? *map : isFirst ? CellMap(map->grid) : last);
+        if (place == 0 && whole.count() == 0)
+            last = CellMap(map->grid);
+        last.isCarried = true;
+        whole.append(place++ < held ? last : *map);
     }
 }
 
