@@ -7,7 +7,7 @@
 #include "cellscores.h"
 #include "decision.h"
 #include "framesnapshot.h"
-#include "likelysnapshots.h"
+#include "likelybycells.h"
 #include "missingpicture.h"
 
 #include <QFile>
@@ -86,7 +86,11 @@ PictureKeeperMaker Detection::keeperMaker() const {
         return {};
     const MotionThreshold threshold = options.segmentation.motionThreshold;
     const int skip = options.measure.skip;
-    return [threshold, skip] { return std::make_unique<LikelySnapshots>(threshold, skip); };
+    if (options.detector == Detector::Mean)
+        return [threshold, skip] { return std::make_unique<LikelySnapshots>(threshold, skip); };
+    return [threshold, skip, region = options.measure.region, cells = options.cells] {
+        return std::make_unique<LikelyByCells>(threshold, skip, region, cells);
+    };
 }
 
 MeasuringEnd Detection::runOn(FrameStream& frames) {

@@ -21,7 +21,8 @@
 struct ChunkStream {
     ChunkStream(const AVCodecParameters& parameters, FrameBudget& memory);
 
-    ParametersPointer parameters;     ///< null without memory
+    ParametersPointer parameters; ///< null without memory
+    AVRational timeBase{1, 25};
     PacketPointer firstPacket;        ///< of the stream; set before the first chunk is decoded
     FrameBudget& memory;              ///< outlives the stream
     std::atomic<qint64> keptBytes{0}; ///< of all chunks that were let go and are there

@@ -4,6 +4,7 @@
 
 #include "chunkdecoder.h"
 
+#include "frame.h"
 #include "libavversions.h"
 
 #include <new>
@@ -12,8 +13,8 @@ namespace {
 
 constexpr int none = -1; // no packet: the decoder gives away what it holds back
 
-FramePointer recordOf(AVFramePointer picture) {
-    return FramePointer(new DecodedFrame{0.0, picture.release()});
+FramePointer recordOf(AVFramePointer picture, double time = 0.0) {
+    return FramePointer(new DecodedFrame{time, picture.release()});
 }
 
 } // namespace
@@ -103,11 +104,20 @@ bool ChunkDecoder::feed(Chunk& chunk, const AVPacket* packet, int place, FramePa
         const int result = avcodec_receive_frame(context.get(), picture.get());
         if (result == AVERROR(EAGAIN) || result == AVERROR_EOF)
             return true;
+        tick(packet);
         chunk.isDamaged = result < 0 || isDamaged(*picture);
         const std::optional<qint64> fed = place == none ? none : pacing.placeOf(place);
         if (chunk.isDamaged || !fed || !take(chunk, std::move(picture), int(*fed)))
             return false;
     }
+}
+
+/// A picture comes with this packet; with none where the decoder gives away what it holds back.
+void ChunkDecoder::tick(const AVPacket* packet) {
+    const bool isTimed = packet && packet->dts != AV_NOPTS_VALUE;
+    const double now = isTimed ? secondsOf(packet->dts, stream->timeBase) : time + step;
+    step = now - time;
+    time = now;
 }
 
 /// Pictures behind the chunk's own are those of the next one, and those that belong to packets
@@ -117,7 +127,9 @@ bool ChunkDecoder::take(Chunk& chunk, AVFramePointer picture, int place) {
     if (reached >= chunk.expectedPictures())
         return true;
     ChunkResult result{place, std::nullopt};
-    std::shared_ptr<const DecodedFrame> record = recordOf(std::move(picture));
+    std::shared_ptr<const DecodedFrame> record = recordOf(std::move(picture), time);
+    if (reduce)
+        takeCells(result, *record);
     if (chunk.results.empty()) {
         keepFirst(chunk, *record);
     } else {
@@ -127,11 +139,15 @@ bool ChunkDecoder::take(Chunk& chunk, AVFramePointer picture, int place) {
         if (keeper)
             keeper->take(int(chunk.results.size()), chunk.last, record, result.motion);
     }
-    if (reduce)
-        result.cells = reduce(*record);
     chunk.results.push_back(std::move(result));
     chunk.last = std::move(record);
     return true;
+}
+
+void ChunkDecoder::takeCells(ChunkResult& result, const DecodedFrame& record) {
+    result.cells = reduce(record);
+    if (keeper)
+        keeper->takeCells(record, result.cells);
 }
 
 void ChunkDecoder::keepFirst(Chunk& chunk, const DecodedFrame& record) {

@@ -43,7 +43,9 @@ private:
     bool prepare(const Chunk& chunk);
     void feedAll(Chunk& chunk);
     bool feed(Chunk& chunk, const AVPacket* packet, int place, FramePacing& pacing);
+    void tick(const AVPacket* packet);
     bool take(Chunk& chunk, AVFramePointer picture, int place);
+    void takeCells(ChunkResult& result, const DecodedFrame& record);
     void keepFirst(Chunk& chunk, const DecodedFrame& record);
     bool isDamaged(const AVFrame& picture) const;
 
@@ -53,5 +55,7 @@ private:
     PictureReduction reduce;
     std::unique_ptr<PictureKeeper> keeper;
     std::function<bool()> isInterrupted;
-    bool isNew = true; ///< nothing has been decoded
+    bool isNew = true;  ///< nothing has been decoded
+    double time = 0.0;  ///< seconds, of the last picture, most likely
+    double step = 0.04; ///< seconds, from the one before it
 };

@@ -15,7 +15,9 @@ ChunkReader::ChunkReader(PacketReader& reader, FrameBudget& memory, CodecContext
     , order(work.comparison(), work.keeper ? work.keeper() : nullptr)
     , areReduced(work.reduction != nullptr)
     , workers(plan.workers, stream, std::move(context), work,
-              [&reader] { return reader.isInterrupted(); }) {}
+              [&reader] { return reader.isInterrupted(); }) {
+    stream->timeBase = reader.stream().time_base;
+}
 
 FrameDecoder::Result ChunkReader::next() {
     begin();

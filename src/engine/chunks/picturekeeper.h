@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "cellpicture.h"
 #include "decodedframe.h"
 #include "motionscore.h"
 
@@ -33,6 +34,13 @@ public:
 
     /// A chunk begins. Its first picture is most likely number `number` of the recording.
     virtual void begin(qint64 number) = 0;
+
+    /// The next picture, from the first one on, and its cells, where these are wanted; null if it
+    /// has none. Its time is that of its packet, as far as the chunk alone tells.
+    virtual void takeCells(const DecodedFrame& picture, const CellPicturePointer& cells) {
+        static_cast<void>(picture);
+        static_cast<void>(cells);
+    }
 
     /// The next picture, `place` in the chunk, 1 or more, and what comparing it with the one
     /// before it gave.
