@@ -15,6 +15,7 @@ class TestMotionHistogram : public QObject {
 private Q_SLOTS:
     void thresholdsAreRoundNumbers();
     void histogramKnowsTheTimeAboveEachThreshold();
+    void cellsHaveSharesUpToAll();
     void histogramsAddUp();
 };
 
@@ -53,6 +54,22 @@ void TestMotionHistogram::histogramKnowsTheTimeAboveEachThreshold() {
             seconds += histogram.seconds()[i];
         QVERIFY2(std::abs(seconds - expected) < 1e-6, QByteArray::number(step).constData());
     }
+}
+
+void TestMotionHistogram::cellsHaveSharesUpToAll() {
+    const QVector<double>& steps = thresholdSteps(Detector::Cells);
+    QVERIFY(std::is_sorted(steps.cbegin(), steps.cend()));
+    QCOMPARE(steps.mid(0, thresholdSteps().size()), thresholdSteps());
+    QCOMPARE(steps.last(), 100.0);
+    MotionHistogram histogram(Detector::Cells);
+    histogram.add(1.0, 40.0F);
+    histogram.add(3.0, 100.0F);
+    QCOMPARE(histogram.seconds().size(), steps.size());
+    QCOMPARE(histogram.seconds()[steps.indexOf(40.0)], 1.0);
+    QCOMPARE(histogram.seconds().last(), 2.0);
+    MotionHistogram all(Detector::Cells);
+    all.add(histogram);
+    QCOMPARE(all.seconds(), histogram.seconds());
 }
 
 void TestMotionHistogram::histogramsAddUp() {

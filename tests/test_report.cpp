@@ -93,6 +93,9 @@ private Q_SLOTS:
     void stripIsDrawnToScale();
     void dataHasTheHistograms();
     void othersAreListedAtTheEnd();
+    void remarksStandWhereTheirRecordingDoes();
+    void cellsHaveTheirOwnScale();
+    void restlessCellsAreDrawn();
     void incompleteReportsSaySo();
     void clockIsTold();
     void writingEndsWhereItFails();
@@ -201,6 +204,62 @@ void TestReport::othersAreListedAtTheEnd() {
     QVERIFY(page.indexOf("id=\"failed\"") > page.indexOf("class=\"recording\""));
     QVERIFY(!page.contains("not complete"));
     QVERIFY(!page.contains("id=\"unsearched\""));
+}
+
+void TestReport::remarksStandWhereTheirRecordingDoes() {
+    MotionReport report = reportWithClip("garden.mp4");
+    report.recordings.push_back(hourOf("quiet.mp4", 0.1F));
+    report.recordings[0].remark = "motion <throughout>";
+    report.recordings[1].remark = "strongest motion 0.1 at 0:00:01, below 0.5";
+    const QByteArray page = pageOf(report);
+    QVERIFY(between(page, "<section class=\"recording\"", "</section>")
+                .contains("<p class=\"facts\">motion &lt;throughout&gt;</p>"));
+    const QByteArray quiet = between(page, "<section class=\"list\"", "</section>");
+    QVERIFY(quiet.contains("long, strongest motion 0.1 at 0:00:01, below 0.5</span>"));
+    QVERIFY(!quiet.contains("greatest motion value"));
+}
+
+void TestReport::cellsHaveTheirOwnScale() {
+    MotionReport report = reportWithClip("garden.mp4");
+    QVERIFY(pageOf(report).contains("with --threshold-motion 0.5<"));
+    ReportedRecording lively;
+    lively.name = "lively.mp4";
+    lively.histogram = MotionHistogram(Detector::Cells);
+    lively.add(1.0, {64.0F});
+    lively.clips = {clipAt(0, 0.0, 1.0, 64.0F)};
+    report.detector = Detector::Cells;
+    report.threshold = 0.7;
+    report.recordings = {lively};
+    const QByteArray page = pageOf(report);
+    QVERIFY(page.contains("with --detector cells --threshold-motion 0.7<"));
+    QVERIFY(page.contains("strength 64.00 %<"));
+    QVERIFY(page.contains("aria-label=\"Motion over time, at most 64.00 %;"));
+    QCOMPARE(stripTop(report), 64.0); // that of the mean would end at 10
+    const QJsonObject data = dataOf(page);
+    QCOMPARE(data["steps"].toArray().last().toDouble(), 100.0);
+    const QJsonArray pair = data["all"].toArray()[0].toArray();
+    QCOMPARE(data["steps"].toArray()[pair[0].toInt()].toDouble(), 64.0);
+}
+
+void TestReport::restlessCellsAreDrawn() {
+    MotionReport report = reportWithClip("garden.mp4");
+    QVERIFY(!pageOf(report).contains("<svg class=\"restless\""));
+    ReportedRestless restless{CellBits({160, 90}), {1920, 1080}, "left out: 4 cells"};
+    for (const int column : {0, 1, 159})
+        restless.cells.add(column, 2);
+    restless.cells.add(63, 89);
+    report.recordings[0].restless = restless;
+    const QByteArray section =
+        between(pageOf(report), "<section class=\"recording\"", "</section>");
+    QVERIFY(section.contains("<p class=\"facts\">left out: 4 cells</p>"));
+    const QByteArray drawing = between(section, "<svg class=\"restless\"", "</svg>");
+    QVERIFY(drawing.contains("width=\"96\" height=\"54\" viewBox=\"0 0 160 90\""));
+    QCOMPARE(between(drawing, "<path d=\"", "\""),
+             QByteArray("M0 2H2v1H0ZM159 2H160v1H159ZM63 89H64v1H63Z"));
+    report.recordings[0].restless = {CellBits(), {1920, 1080}, "nothing is restless"};
+    const QByteArray calm = pageOf(report);
+    QVERIFY(calm.contains("<p class=\"facts\">nothing is restless</p>"));
+    QVERIFY(!calm.contains("<svg class=\"restless\""));
 }
 
 void TestReport::incompleteReportsSaySo() {

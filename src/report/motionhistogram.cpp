@@ -15,17 +15,18 @@ void appendSteps(QVector<double>& steps, int first, int last, int stride, double
         steps.append(i / perUnit);
 }
 
-QVector<double> makeSteps() {
+QVector<double> makeSteps(Detector detector) {
     QVector<double> steps;
     appendSteps(steps, 0, 100, 1, 1000.0);
     appendSteps(steps, 100, 1000, 5, 1000.0);
     appendSteps(steps, 100, 1001, 5, 100.0);
+    if (detector == Detector::Cells)
+        appendSteps(steps, 105, 1001, 5, 10.0);
     return steps;
 }
 
 /// The step at or below a value, compared as the scanner compares it with its threshold.
-int stepOf(float value) {
-    const QVector<double>& steps = thresholdSteps();
+int stepOf(float value, const QVector<double>& steps) {
     const auto next =
         std::upper_bound(steps.cbegin(), steps.cend(), value,
                          [](float left, double right) { return left < float(right); });
@@ -34,16 +35,18 @@ int stepOf(float value) {
 
 } // namespace
 
-const QVector<double>& thresholdSteps() {
-    static const QVector<double> steps = makeSteps();
-    return steps;
+const QVector<double>& thresholdSteps(Detector detector) {
+    static const QVector<double> mean = makeSteps(Detector::Mean);
+    static const QVector<double> cells = makeSteps(Detector::Cells);
+    return detector == Detector::Cells ? cells : mean;
 }
 
 void MotionHistogram::add(double time, float value) {
     if (!std::isfinite(time) || time <= last)
         return;
-    bins.resize(thresholdSteps().size());
-    bins[stepOf(value)] += time - last;
+    const QVector<double>& steps = thresholdSteps(detector);
+    bins.resize(steps.size());
+    bins[stepOf(value, steps)] += time - last;
     last = time;
 }
 

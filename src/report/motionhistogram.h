@@ -4,16 +4,21 @@
 
 #pragma once
 
+#include "detector.h"
+
 #include <QVector>
 
-/// The thresholds that a person may choose from, ascending: 0 to 10, the range of the option, in
-/// steps that grow with the threshold.
-const QVector<double>& thresholdSteps();
+/// The thresholds that a person may choose from, ascending: 0 to 10, or to 100 where cells decide,
+/// the range of the option, in steps that grow with the threshold.
+const QVector<double>& thresholdSteps(Detector detector = Detector::Mean);
 
 /// How much of a recording's time lies at or above each of thresholdSteps(). Takes the same memory
 /// for every length.
 class MotionHistogram {
 public:
+    explicit MotionHistogram(Detector detector = Detector::Mean)
+        : detector(detector) {}
+
     /// A value measured between two pictures, at `time`, that of the newer one, in seconds from the
     /// first picture. It counts for the time since the last one; none where times run backwards.
     void add(double time, float value);
@@ -26,6 +31,7 @@ public:
     const QVector<double>& seconds() const { return bins; }
 
 private:
+    Detector detector;
     double last = 0.0; ///< the newest time so far
     QVector<double> bins;
 };

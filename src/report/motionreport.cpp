@@ -12,6 +12,10 @@ void ReportedRecording::add(double time, MotionScore motion) {
     histogram.add(time, shownMotion(motion));
 }
 
+QByteArray MotionReport::unit() const {
+    return detector == Detector::Cells ? QByteArray(" %") : QByteArray();
+}
+
 bool MotionReport::isQuick() const {
     return std::any_of(recordings.cbegin(), recordings.cend(),
                        [](const ReportedRecording& one) { return one.isQuick; });

@@ -69,9 +69,13 @@ struct ReportedRecording {
 /// Everything that a report shows.
 struct MotionReport {
     QString folder; ///< absolute; files in it are named from there
+    Detector detector = Detector::Mean;
     double threshold = 0.5;
     QDateTime startTime; ///< of each first picture; invalid: not known
     std::vector<ReportedRecording> recordings;
+
+    /// What stands behind motion values: of the mean nothing, of cells that they are percent.
+    QByteArray unit() const;
 
     bool isQuick() const;    ///< key frames alone were looked at in some recording
     bool isComplete() const; ///< every recording was searched as far as it could be read

@@ -7,6 +7,7 @@
 #include "clocktext.h"
 #include "escaping.h"
 #include "htmltext.h"
+#include "restlessdrawing.h"
 #include "stripdrawing.h"
 
 #include <algorithm>
@@ -65,7 +66,8 @@ QByteArray caption(const MotionReport& report, const ReportedRecording& recordin
            QByteArray::number(clip.index) + "</b> " + htmlText(timeText(report, clip.start)) +
            " – " + htmlText(timeText(report, clip.end)) + " <span class=\"facts\">" +
            QByteArray::number(clip.end - clip.start, 'f', 1) + " s, strength " +
-           QByteArray::number(double(shownMotion(clip.strength)), 'f', 2) + "</span></figcaption>";
+           QByteArray::number(double(shownMotion(clip.strength)), 'f', 2) + report.unit() +
+           "</span></figcaption>";
 }
 
 QByteArray figure(const MotionReport& report, const ReportedRecording& recording,
@@ -102,6 +104,12 @@ QByteArray trouble(const ReportedRecording& recording) {
     return {};
 }
 
+QByteArray remark(const ReportedRecording& recording) {
+    if (recording.remark.isEmpty())
+        return {};
+    return "<p class=\"facts\">" + htmlText(recording.remark) + "</p>\n";
+}
+
 } // namespace
 
 bool hasSection(const ReportedRecording& recording) {
@@ -118,7 +126,8 @@ QByteArray recordingSection(const ReportedRecording& recording, const MotionRepo
     QByteArray section = "<section class=\"recording\" id=\"" + id + "\" aria-labelledby=\"" + id +
                          "name\">\n<h2 id=\"" + id + "name\">" + heading(recording.name) +
                          "</h2>\n<p class=\"facts\">" + lengthText(report, recording) + "</p>\n" +
-                         trouble(recording) + "<div class=\"stripbox\">\n" +
+                         trouble(recording) + remark(recording) +
+                         restlessDrawing(recording.restless) + "<div class=\"stripbox\">\n" +
                          stripDrawing(recording, report, top) + "</div>\n<div class=\"clips\">\n";
     for (const ReportedClip& clip : recording.clips)
         section += figure(report, recording, clip);

@@ -62,12 +62,27 @@ QByteArray list(const MotionReport& report, const QByteArray& id, const QByteArr
            heading + "</h2>\n<ul>\n" + items + "</ul>\n</section>\n";
 }
 
+QString decidedBy(const MotionReport& report) {
+    const QString threshold =
+        QStringLiteral("--threshold-motion ") + QString::number(report.threshold);
+    return report.detector == Detector::Cells ? QStringLiteral("--detector cells ") + threshold
+                                              : threshold;
+}
+
+QByteArray strongest(const ReportedRecording& recording) {
+    if (!recording.remark.isEmpty())
+        return htmlText(recording.remark);
+    return "greatest motion value " +
+           QByteArray::number(double(recording.strip.greatest()), 'f', 2);
+}
+
 QByteArray quietLine(const ReportedRecording& recording) {
     if (recording.state != SearchState::Done || hasSection(recording))
         return {};
-    return " <span class=\"facts\">" + htmlText(elapsedText(recording.seconds)) +
-           " long, greatest motion value " +
-           QByteArray::number(double(recording.strip.greatest()), 'f', 2) +
+    return " <span class=\"facts\">" + htmlText(elapsedText(recording.seconds)) + " long, " +
+           strongest(recording) +
+           (recording.restless.text.isEmpty() ? QByteArray()
+                                              : "; " + htmlText(recording.restless.text)) +
            (recording.reason.isEmpty() ? QByteArray() : "; " + htmlText(recording.reason)) +
            "</span>";
 }
@@ -102,9 +117,9 @@ QByteArray pairs(const MotionHistogram& histogram) {
     return '[' + all.join(',') + ']';
 }
 
-QByteArray steps() {
+QByteArray steps(Detector detector) {
     QByteArrayList all;
-    for (const double step : thresholdSteps())
+    for (const double step : thresholdSteps(detector))
         all.append(number(step));
     return '[' + all.join(',') + ']';
 }
@@ -138,9 +153,8 @@ QByteArray ReportPage::summary() const {
     }
     const QString text = counted(int(report.recordings.size()), " recording", " recordings") +
                          QStringLiteral(", %1 searched, ").arg(elapsedText(seconds)) +
-                         counted(clips, " clip", " clips") +
-                         QStringLiteral(" with --threshold-motion ") +
-                         QString::number(report.threshold);
+                         counted(clips, " clip", " clips") + QStringLiteral(" with ") +
+                         decidedBy(report);
     QByteArray lines = "<p>" + htmlText(text) + "</p>\n";
     if (report.isQuick())
         lines +=
@@ -158,7 +172,7 @@ QByteArray ReportPage::endLists() const {
 }
 
 QByteArray ReportPage::data() const {
-    MotionHistogram all;
+    MotionHistogram all(report.detector);
     QByteArrayList recordings;
     int index = 0;
     for (const ReportedRecording& recording : report.recordings) {
@@ -168,6 +182,6 @@ QByteArray ReportPage::data() const {
         ++index;
     }
     return "{\"threshold\":" + number(report.threshold) + ",\"top\":" + number(top) +
-           ",\"steps\":" + steps() + ",\n\"all\":" + pairs(all) + ",\n\"recordings\":{" +
-           recordings.join(",\n") + "}}";
+           ",\"steps\":" + steps(report.detector) + ",\n\"all\":" + pairs(all) +
+           ",\n\"recordings\":{" + recordings.join(",\n") + "}}";
 }

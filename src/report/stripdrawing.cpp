@@ -96,7 +96,7 @@ QByteArray marks(double seconds, const QDateTime& startTime) {
 } // namespace
 
 double stripTop(const MotionReport& report) {
-    const double highest = thresholdSteps().last();
+    const double highest = thresholdSteps(report.detector).last();
     double strongest = std::max(least, 2.0 * report.threshold);
     for (const ReportedRecording& recording : report.recordings)
         strongest = std::max(strongest, double(recording.strip.greatest()));
@@ -111,7 +111,7 @@ QByteArray stripDrawing(const ReportedRecording& recording, const MotionReport& 
                         double top) {
     const QByteArray greatest = QByteArray::number(double(recording.strip.greatest()), 'f', 2);
     return "<svg class=\"strip\" role=\"img\" aria-label=\"Motion over time, at most " + greatest +
-           "; clips are shaded\" height=\"" + QByteArray::number(plotHeight + 24) + "\">\n" +
-           plot(recording, top) + marks(recording.seconds, report.startTime) +
+           report.unit() + "; clips are shaded\" height=\"" + QByteArray::number(plotHeight + 24) +
+           "\">\n" + plot(recording, top) + marks(recording.seconds, report.startTime) +
            thresholdLine(report.threshold, top) + "</svg>\n";
 }

@@ -15,6 +15,7 @@
 ScanReport::ScanReport(const ScanOptions& options, std::vector<Recording>& recordings)
     : folder(options.reportDirectory) {
     report.folder = QDir(folder).absolutePath();
+    report.detector = options.detection.detector;
     report.threshold = double(options.detection.segmentation.motionThreshold.value);
     report.startTime = options.exporting.startDateTime;
     report.recordings.resize(recordings.size());
@@ -24,6 +25,7 @@ ScanReport::ScanReport(const ScanOptions& options, std::vector<Recording>& recor
         recording.reported = &report.recordings[std::size_t(recording.place)];
         recording.reported->name = recording.video;
         recording.reported->path = recording.path;
+        recording.reported->histogram = MotionHistogram(report.detector);
     }
 }
 
