@@ -137,7 +137,7 @@ void TestOptions::rangesEndWhereTheySay_data() {
         {"threshold-motion", "-0.01", "0", "10", "10.01"},
         {"threshold-motion", "-0.01", "0", "100", "100.01", "cells"},
         {"minimum", "0.99", "1", "3600", "3600.01", "cells"},
-        {"sensitivity", "0", "1", "6", "7", "cells"},
+        {"sensitivity", "0", "1", "4", "5", "cells"},
         {"merge", "-0.01", "0", "86400", "86400.1"},
         {"fps", "0.009", "0.01", "1000", "1000.1"},
         {"bitrate", "-0.01", "0", "100", "100.01"},
@@ -225,7 +225,7 @@ void TestOptions::defaultsDependOnTheDetector() {
     QVERIFY(!cells.cells.isRestlessIgnored);
     const DetectionOptions asked =
         parse({"--detector", "cells", "--minimum", "5", "--threshold-motion", "20", "--sensitivity",
-               "6", "--ignore-restless", "--values", "kept"})
+               "4", "--ignore-restless", "--values", "kept"})
             .options.detection;
     QCOMPARE(asked.segmentation.minimum, 5.0);
     QCOMPARE(asked.segmentation.motionThreshold.value, 20.0F);

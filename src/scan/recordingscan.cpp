@@ -47,7 +47,7 @@ MeasuringEnd RecordingScan::search() {
     if (isSearched)
         judgeChange(end);
     output.endClips();
-    lookAtOtherOptions(end);
+    lookAtOtherOptions(found, end);
     return end;
 }
 
@@ -211,9 +211,11 @@ MeasuringEnd RecordingScan::refine() {
 }
 
 /// For a recording in which nothing was found, or nothing but motion.
-void RecordingScan::lookAtOtherOptions(const MeasuringEnd& end) {
+void RecordingScan::lookAtOtherOptions(const ValuesStore::Found& found, const MeasuringEnd& end) {
     if (end.outcome != DetectionOutcome::Finished || !output.isRemarkable())
         return;
+    if (found.values && measurement.maps.count() == 0)
+        measurement.maps = ValuesStore::mapsOf(found).value_or(CellMaps());
     const OtherFindings others(measurement, isMeanFitting, decided(), options, segmentation);
     output.setOtherwise(output.isNothingFound() ? others.more() : others.less());
 }

@@ -31,7 +31,7 @@ private:
     void takeValuesOfCells();
     bool decideOnAll();
     MeasuringEnd refine();
-    void lookAtOtherOptions(const MeasuringEnd& end);
+    void lookAtOtherOptions(const ValuesStore::Found& found, const MeasuringEnd& end);
     bool isMeasuredFirst() const;
     bool areCellsAsked() const { return options.detection.detector == Detector::Cells; }
     const Measurement& decided() const { return areCellsAsked() ? ofCells : measurement; }
