@@ -35,14 +35,20 @@ QString percentText(double share) {
 
 /// Where no other options are known to find something.
 QString adviceToFindMore(const ScanOptions& options) {
+    const bool isMostSensitive = options.detection.cells.step == 1;
     if (areCells(options))
-        return QStringLiteral("a higher --sensitivity may find more");
+        return isMostSensitive ? QStringLiteral("a lower --threshold-motion may find more")
+                               : QStringLiteral("a higher --sensitivity may find more");
     return QStringLiteral("--detector cells may find more");
 }
 
 QString adviceToFindLess(const ScanOptions& options) {
+    const bool isRestlessIgnored = options.detection.cells.isRestlessIgnored;
     if (areCells(options))
-        return QStringLiteral("a lower --sensitivity or --ignore-restless may tell them apart");
+        return isRestlessIgnored
+                   ? QStringLiteral("a lower --sensitivity may tell them apart")
+                   : QStringLiteral("a lower --sensitivity or --ignore-restless may tell them "
+                                    "apart");
     return QStringLiteral("a higher --threshold-value or --detector cells may tell them apart");
 }
 
@@ -56,6 +62,8 @@ QString nearness(const SeenMotion& seen, const ScanOptions& options) {
     if (!segmentation.motionThreshold.isReachedBy(seen.strongest))
         return strongest + QStringLiteral("below ") +
                shortestDigits(segmentation.motionThreshold.value) + unit(options);
+    if (options.detection.isKeyframesOnly)
+        return strongest + QStringLiteral("but in too few key frames");
     return strongest +
            QStringLiteral("but never in half of %1 s").arg(QString::number(segmentation.minimum));
 }
