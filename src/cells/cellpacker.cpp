@@ -4,8 +4,6 @@
 
 #include "cellpacker.h"
 
-#include "cellthinning.h"
-
 #include <algorithm>
 #include <utility>
 
@@ -25,7 +23,7 @@ void CellPacker::add(const CellMap& map) {
     collected.pictures.push_back(1);
     const int steps = int(cellSteps.size());
     for (int step = 1; step <= steps; ++step)
-        addPlane(step - 1, cellsOf(map, step));
+        addPlane(step - 1, cellsFrom(map, step));
     CellBits brighter = last.front();
     if (map.brighter.grid == map.grid)
         brighter.keep(map.brighter);
@@ -39,12 +37,6 @@ void CellPacker::begin(const CellMap& first) {
     collected.isFirstCarried = first.isCarried;
     tiles = TileGrid(first.grid);
     last.fill(CellBits(first.grid));
-}
-
-CellBits CellPacker::cellsOf(const CellMap& map, int step) {
-    CellBits cells = cellsFrom(map, step);
-    removeSmallGroups(cells, groups);
-    return cells;
 }
 
 void CellPacker::addPlane(int plane, CellBits cells) {

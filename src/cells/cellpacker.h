@@ -6,7 +6,6 @@
 
 #include "cellbits.h"
 #include "cellcoding.h"
-#include "cellgroups.h"
 #include "celltiles.h"
 
 /// Collects maps of one grid until they are packed. Groups that count nothing (leastGroup) are not
@@ -26,7 +25,6 @@ public:
 
 private:
     void begin(const CellMap& first);
-    CellBits cellsOf(const CellMap& map, int step);
     void addPlane(int plane, CellBits cells);
     void addRow(int plane, int row, const CellBits& cells);
     void addTiles(int plane, int first, std::uint64_t upper, std::uint64_t lower,
@@ -36,5 +34,4 @@ private:
     TileGrid tiles;
     BlockMaps collected;
     std::array<CellBits, planeCount> last; ///< the planes of the last map
-    CellGroups groups;
 };

@@ -4,8 +4,6 @@
 
 #include "cellthinning.h"
 
-#include "cellmap.h"
-
 #include <algorithm>
 #include <utility>
 #include <vector>
@@ -34,26 +32,40 @@ std::vector<Place> someOf(const CellBits& cells, Place first) {
     return found;
 }
 
-void removeSmallGroup(CellBits& cells, Place first) {
+/// Lets the cells of the group of one of them fall to the step below if it is a small one.
+void removeIfSmall(CellMap& map, CellBits& cells, Place first, int step) {
     const std::vector<Place> found = someOf(cells, first);
     if (int(found.size()) == leastGroup)
         return;
-    for (const auto& [column, row] : found)
+    for (const auto& [column, row] : found) {
         cells.remove(column, row);
+        map.steps[std::size_t(row * map.grid.columns + column)] = std::uint8_t(step - 1);
+    }
 }
 
-} // namespace
-
-void removeSmallGroups(CellBits& cells, CellGroups& groups) {
-    for (const CellGroup& group : groups.find(cells, 1)) {
+/// Whether there was any group at all.
+bool removeFrom(CellMap& map, int step, CellGroups& groups) {
+    CellBits cells = cellsFrom(map, step);
+    const std::vector<CellGroup>& found = groups.find(cells, 1);
+    for (const CellGroup& group : found) {
         if (group.area >= leastGroup)
             continue;
         // Cells of larger groups may lie in its box.
         for (int row = group.top; row <= group.bottom; ++row) {
             for (int column = group.left; column <= group.right; ++column) {
                 if (cells.has(column, row))
-                    removeSmallGroup(cells, {column, row});
+                    removeIfSmall(map, cells, {column, row}, step);
             }
         }
     }
+    return !found.empty();
+}
+
+} // namespace
+
+// A group of one step lies within one of the step below, so that the lowest come first.
+void removeSmallGroups(CellMap& map, CellGroups& groups) {
+    int step = 1;
+    while (step <= int(cellSteps.size()) && removeFrom(map, step, groups))
+        ++step;
 }

@@ -4,9 +4,9 @@
 
 #pragma once
 
-#include "cellbits.h"
 #include "cellgroups.h"
+#include "cellmap.h"
 
-/// Takes the groups away that have fewer than `leastGroup` cells. `groups` is what they are found
-/// with.
-void removeSmallGroups(CellBits& cells, CellGroups& groups);
+/// Takes the groups away that have fewer than `leastGroup` cells, of each step by itself: their
+/// cells fall to the step below. `groups` is what they are found with.
+void removeSmallGroups(CellMap& map, CellGroups& groups);

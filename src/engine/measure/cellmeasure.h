@@ -5,6 +5,7 @@
 #pragma once
 
 #include "cellcomparison.h"
+#include "cellgroups.h"
 #include "picturecells.h"
 
 #include <QtGlobal>
@@ -15,7 +16,8 @@ struct Frame;
 /// last one of them.
 constexpr double cellHistory = 1.0;
 
-/// The map of changed cells of each frame, or, where a frame is not looked at, the map before.
+/// The map of changed cells of each frame without small groups, or, where a frame is not looked at,
+/// the map before.
 class CellMeasure {
 public:
     /// `skip`: frames between two that are looked at, of which the recording's first one is one.
@@ -29,8 +31,12 @@ public:
     const CellMap& add(const Frame& frame);
 
 private:
+    const CellMap& last();
+
     int skip;
     qint64 number;
     PictureCells pictures;
     CellComparison comparison;
+    CellGroups groups;
+    CellMap map;
 };
