@@ -504,7 +504,7 @@ void TestCellComparison::dependsOnTheLastSecondAlone() {
         if (i % 37 != 36)
             continue;
         std::size_t first = past.size() - 1;
-        while (first > 0 && past[first].time > past.back().time - CellComparison::memory)
+        while (first > 0 && past[first].time > past.back().time - cellHistory)
             --first;
         CellComparison part;
         CellMap map;

@@ -11,6 +11,10 @@
 #include <cstdint>
 #include <vector>
 
+/// A map depends on no picture that lies more than this before its own, in seconds, but for the
+/// last one of them.
+constexpr double cellHistory = 1.0;
+
 /// Compares each picture of a recording with those of the last second, cell by cell.
 ///
 /// The mean of each cell over the last quarter of a second is compared with its mean between 0.75
@@ -25,10 +29,6 @@
 /// halves up, and what counts as changed to the same, halves up. Steps are reached exactly.
 class CellComparison {
 public:
-    /// A map depends on no picture that lies more than this before its own, in seconds, but for the
-    /// newest one of them.
-    static constexpr double memory = 1.0;
-
     /// The map of the next picture, at `time` seconds as the stream counts them. Valid until the
     /// next call.
     ///

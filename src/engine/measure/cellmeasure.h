@@ -12,10 +12,6 @@
 
 struct Frame;
 
-/// A map depends on no picture that lies more than this before its own, in seconds, but for the
-/// last one of them.
-constexpr double cellHistory = 1.0;
-
 /// The map of changed cells of each frame without small groups, or, where a frame is not looked at,
 /// the map before.
 class CellMeasure {
