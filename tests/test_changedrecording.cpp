@@ -167,7 +167,8 @@ Scan TestChangedRecording::scan(const QStringList& arguments) const {
 bool TestChangedRecording::forge(const QString& file, const RecordingStamp& recording) const {
     if (scan({"--values", path("forging"), video}).status != 0)
         return false;
-    const QString kept = QDir(path("forging")).entryInfoList(QDir::Files).value(0).filePath();
+    const QString kept =
+        QDir(path("forging")).entryInfoList({"*.values"}, QDir::Files).value(0).filePath();
     KeptValues values = readValues(kept).values;
     QDir(path("forging")).removeRecursively();
     values.recording = recording;
@@ -300,7 +301,8 @@ void TestChangedRecording::quickValuesAreNotRefinedInAnother() {
     QFETCH(QString, kind);
     QFETCH(QByteArray, reason);
     QCOMPARE(scan({"--quick", "--values", path("kept"), own}).status, 0);
-    const QString values = QDir(path("kept")).entryInfoList(QDir::Files).value(0).filePath();
+    const QString values =
+        QDir(path("kept")).entryInfoList({"*.values"}, QDir::Files).value(0).filePath();
     QCOMPARE(scan({"--quick", "--refine", values}).state(), QString("finished"));
     QVERIFY(kind == "another" ? replace(own, other) : QFile::remove(own));
     if (kind == "pipe")
@@ -535,7 +537,8 @@ void TestChangedRecording::touchedWithoutAChange() {
 void TestChangedRecording::olderValuesAreMeasuredAnew() {
     const QStringList keeping = {"--values", path("kept"), own};
     const Scan fresh = scan(keeping);
-    const QString file = QDir(path("kept")).entryInfoList(QDir::Files).value(0).filePath();
+    const QString file =
+        QDir(path("kept")).entryInfoList({"*.values"}, QDir::Files).value(0).filePath();
     const QByteArray values = readFile(file);
     QVERIFY(writeFile(file, olderFormat(values)));
     QCOMPARE(readValues(file).flaw, QString());

@@ -118,14 +118,14 @@ void TestConfinement::scannerOpensNothingElse() {
         QVERIFY2(result.errors.contains(QByteArray("trespasser: ") + deed + refused),
                  result.errors.constData());
     QCOMPARE(readFile(secret()), QByteArray("do not tell\n"));
-    QCOMPARE(QDir(path("values")).entryList(QDir::Files).size(), 1);
+    QCOMPARE(QDir(path("values")).entryList({"*.values"}).size(), 1);
 }
 
 void TestConfinement::forgedValuesOpenNoFolder() {
     if (!isOffered("Landlock"))
         QSKIP("this kernel has no Landlock");
     QVERIFY(!scan({"--values", "kept", recording}).isEmpty());
-    QByteArray values = readFile(path("kept/" + QDir(path("kept")).entryList(QDir::Files)[0]));
+    QByteArray values = readFile(path("kept/" + QDir(path("kept")).entryList({"*.values"})[0]));
     values.replace("# recording: " + QFile::encodeName(recording),
                    "# recording: " + QFile::encodeName(elsewhere->path()));
     QVERIFY(writeFile(path("forged.values"), values));
@@ -206,7 +206,7 @@ void TestConfinement::recordingsAreReadWhereverTheyAre() {
 
 void TestConfinement::recordingOfNamedValues() {
     QVERIFY(!scan({"--values", "kept", recording}).isEmpty());
-    const QStringList kept = QDir(path("kept")).entryList(QDir::Files);
+    const QStringList kept = QDir(path("kept")).entryList({"*.values"});
     QCOMPARE(kept.size(), 1);
     const QByteArray output = scan({"--snapshots", "pictures", "kept/" + kept[0]});
     QCOMPARE(output.count('\n'), 1);

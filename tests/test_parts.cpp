@@ -145,7 +145,7 @@ void TestParts::compareWithOnePass(const QString& video, const QStringList& opti
     QVERIFY(fresh.status == 0);
     const QString once = path("once");
     scanned(options + QStringList{"--values", once}, video);
-    const QStringList whole = QDir(once).entryList(QDir::Files);
+    const QStringList whole = QDir(once).entryList({"*.values"}, QDir::Files);
     QCOMPARE(whole.size(), 1);
     measureParts(video, count, options);
     if (count == 3)
@@ -215,13 +215,13 @@ void TestParts::aPartIsMeasuredOnce() {
     const QStringList part = {"--values", kept(), "--part", "2/2", video};
     const ProcessResult again = runProgramIn(faults::readError(video, 0), "kestrova-scan", part);
     QVERIFY2(again.status == 0, again.errors.constData());
-    QCOMPARE(QDir(kept()).entryList(QDir::Files).size(), 2);
+    QCOMPARE(QDir(kept()).entryList({"*.values"}, QDir::Files).size(), 2);
     // Where the whole is there, nothing is to be done, either.
     scanned({"--values", kept()}, video);
     const ProcessResult other = runProgramIn(faults::readError(video, 0), "kestrova-scan",
                                              {"--values", kept(), "--part", "1/5", video});
     QVERIFY2(other.status == 0, other.errors.constData());
-    QCOMPARE(QDir(kept()).entryList(QDir::Files).size(), 3);
+    QCOMPARE(QDir(kept()).entryList({"*.values"}, QDir::Files).size(), 3);
 }
 
 /// Damage may reach as far as it likes.

@@ -191,7 +191,7 @@ void TestQuick::keptValuesAreMarked() {
         QCOMPARE(kept.errors, fresh.errors);
     }
     const QDir folder(path("kept"));
-    const QString file = folder.filePath(folder.entryList(QDir::Files).value(0));
+    const QString file = folder.filePath(folder.entryList({"*.values"}, QDir::Files).value(0));
     QCOMPARE(scan(someClips, file).output, fresh.output); // without being asked for
     // Quick values are none for a whole scan, and the other way round.
     const QByteArray whole = scan(someClips, video).output;
@@ -320,7 +320,7 @@ void TestQuick::refinedFromKeptValues() {
     QVERIFY(fresh.errors.contains("searched exactly"));
     // What is kept are the key frames.
     const QDir kept(path("kept-refined"));
-    QVERIFY(readFile(kept.filePath(kept.entryList(QDir::Files).value(0)))
+    QVERIFY(readFile(kept.filePath(kept.entryList({"*.values"}, QDir::Files).value(0)))
                 .contains("# pictures: key\n"));
 }
 

@@ -93,7 +93,7 @@ private:
                  const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment());
     QString path(const QString& name) const { return results->filePath(name); }
     QString kept() const { return path("kept"); }
-    QStringList keptFiles() const { return QDir(kept()).entryList(QDir::Files); }
+    QStringList keptFiles() const { return QDir(kept()).entryList({"*.values"}, QDir::Files); }
     QString keptFile() const { return kept() + '/' + keptFiles().value(0); }
 
     QTemporaryDir recordings;

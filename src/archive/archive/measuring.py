@@ -17,7 +17,7 @@ ROUNDS = 3  # of the engine, while something other than a crash is in the way
 FAILURES = 5  # of the scanner on a recording by the recording's own fault, after which it is left out
 CRASHES = 3  # of the scanner on a recording, after which it is left out
 LATE = 20  # seconds that a shared folder may take to show what another machine has written
-NOT_KEPT = "cannot keep the values"  # the scanner's words, where the recording is not at fault
+NOT_KEPT = "cannot keep the "  # values or maps: the scanner's words, where the recording is not at fault
 
 
 class Jobs:

@@ -263,9 +263,11 @@ bool ValuesStore::write(const KeptValues& values, const QString& path) const {
     const QByteArray text = valuesText(values);
     const bool areMapsKept = writeMaps(values, digestIn(text), cellsPath(path));
     const QString failure = writeValues(text, path);
-    if (!failure.isEmpty())
-        messages.complain(path, QStringLiteral("cannot keep the values: ") + failure);
-    return areMapsKept && failure.isEmpty();
+    if (failure.isEmpty())
+        return areMapsKept;
+    messages.complain(path, QStringLiteral("cannot keep the values: ") + failure);
+    QFile::remove(cellsPath(path));
+    return false;
 }
 
 bool ValuesStore::writeMaps(const KeptValues& values, const QByteArray& digest,
