@@ -41,6 +41,9 @@ void TestCellBits::keepsAndRemoves() {
     left.remove(right);
     QCOMPARE(left.count(), 1);
     QVERIFY(left.has(0, 0));
+    QVERIFY(!left.isEmpty());
+    left.remove(0, 0);
+    QVERIFY(left.isEmpty());
 }
 
 void TestCellBits::cellsThatHaveReachedAStep() {

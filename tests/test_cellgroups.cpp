@@ -95,7 +95,7 @@ private:
         const int column = i % grid.columns;
         const int row = i / grid.columns;
         if (!groups.contains(numbers[i]))
-            groups.insert(numbers[i], {0, column, column, row, row, 0, 0});
+            groups.insert(numbers[i], {0, column, column, row, row, 0, 0, 0});
         CellGroup& group = groups[numbers[i]];
         ++group.area;
         group.left = qMin(group.left, column);
@@ -134,6 +134,7 @@ private Q_SLOTS:
     void cornersTouch();
     void edgesOfThePictureDoNotTouch();
     void armsThatMeetBelowAreOneGroup();
+    void marksAreCountedInTheirGroups();
     void smallGroupsAreLeftOut();
     void noCellsAreNoGroups();
     void likeTheSlowWayOnEveryGrid();
@@ -177,6 +178,27 @@ void TestCellGroups::armsThatMeetBelowAreOneGroup() {
                                   "####...", //
                                   "...#..."});
     QCOMPARE(found(cells, 1), QVector<QVector<int>>({{18, 0, 6, 0, 4, 50, 30}}));
+}
+
+void TestCellGroups::marksAreCountedInTheirGroups() {
+    CellBits cells({160, 3});
+    CellBits marks({160, 3});
+    for (int column = 10; column < 150; ++column) {
+        if (column != 140)
+            cells.add(column, 0); // 130 of them, then nine
+    }
+    cells.add(20, 1);
+    for (int column = 0; column < 160; column += 10)
+        marks.add(column, 0);
+    for (int column = 0; column < 160; ++column)
+        marks.add(column, 1);
+    CellGroups groups;
+    const std::vector<CellGroup>& found = groups.find(cells, 1, marks);
+    QCOMPARE(int(found.size()), 2);
+    QCOMPARE(found[0].area, 131);
+    QCOMPARE(found[0].marked, 14); // 10, 20 ... 130, and the one below
+    QCOMPARE(found[1].marked, 0);
+    QCOMPARE(groups.find(cells, 1).front().marked, 0);
 }
 
 void TestCellGroups::smallGroupsAreLeftOut() {

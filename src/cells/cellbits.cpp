@@ -11,6 +11,14 @@
 
 namespace {
 
+constexpr int wordBits = 64;
+
+int bitCount(std::uint64_t bits) {
+    bits -= bits >> 1 & 0x5555555555555555U;
+    bits = (bits & 0x3333333333333333U) + (bits >> 2 & 0x3333333333333333U);
+    return int(((bits + (bits >> 4)) & 0x0F0F0F0F0F0F0F0FU) * 0x0101010101010101U >> 56);
+}
+
 constexpr std::uint64_t eachByte = 0x0101010101010101U;
 constexpr std::uint64_t gatherBytes = 0x0102040810204080U; // bit 8 i goes to bit 56 + i
 
@@ -54,6 +62,27 @@ int CellBits::count() const {
     for (const std::uint64_t word : words)
         count += std::bitset<64>(word).count();
     return int(count);
+}
+
+bool CellBits::isEmpty() const {
+    std::uint64_t any = 0;
+    for (const std::uint64_t word : words)
+        any |= word;
+    return any == 0;
+}
+
+int CellBits::countInRow(int row, int first, int last) const {
+    const std::uint64_t* inRow = words.data() + std::size_t(row) * std::size_t(wordsPerRow);
+    int count = 0;
+    for (int word = first / wordBits; word <= last / wordBits; ++word) {
+        std::uint64_t bits = inRow[word];
+        if (word == last / wordBits)
+            bits &= ~std::uint64_t(0) >> (wordBits - 1 - last % wordBits);
+        if (word == first / wordBits)
+            bits &= ~std::uint64_t(0) << (first % wordBits);
+        count += bitCount(bits);
+    }
+    return count;
 }
 
 void CellBits::keep(const CellBits& others) {

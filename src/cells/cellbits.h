@@ -28,6 +28,10 @@ struct CellBits {
         words[std::size_t(row * wordsPerRow + column / 64)] &= ~(std::uint64_t(1) << (column % 64));
     }
     int count() const;
+    bool isEmpty() const;
+
+    /// How many of the columns `first` .. `last` of a row are in it.
+    int countInRow(int row, int first, int last) const;
 
     /// Keeps those that are in `others` as well, which is of the same grid.
     void keep(const CellBits& others);

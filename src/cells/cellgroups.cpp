@@ -8,32 +8,20 @@
 
 namespace {
 
-/// The first column from `column` on that is in `cells`, or is not; all of them if there is none.
-int nextColumn(const CellBits& cells, int row, int column, bool isIn) {
-    const std::uint64_t turn = isIn ? 0 : ~std::uint64_t(0);
-    const std::size_t words = std::size_t(row) * std::size_t(cells.wordsPerRow);
-    while (column < cells.grid.columns) {
-        const std::uint64_t word = (cells.words[words + std::size_t(column / 64)] ^ turn);
-        const std::uint64_t rest = word >> (column % 64);
-        if (rest != 0)
-            return std::min(column + __builtin_ctzll(rest), cells.grid.columns);
-        column = (column / 64 + 1) * 64;
-    }
-    return cells.grid.columns;
-}
+constexpr int wordBits = 64;
 
 } // namespace
 
-const std::vector<CellGroup>& CellGroups::find(const CellBits& cells, int leastArea) {
-    groups.clear();
-    mergedInto.clear();
-    runs.clear();
+const std::vector<CellGroup>& CellGroups::find(const CellBits& cells, int leastArea,
+                                               const CellBits& marks) {
+    clear(cells.grid.columns);
     for (int row = 0; row < cells.grid.rows; ++row) {
-        runs.swap(runsAbove);
-        findRuns(cells, row);
-        std::size_t above = 0;
-        for (Run& run : runs)
-            join(run, above, row);
+        const std::size_t word = std::size_t(row) * std::size_t(cells.wordsPerRow);
+        Row& current = rows[std::size_t(row % 2)];
+        findRuns(current, cells.words.data() + word, cells.wordsPerRow);
+        if (!marks.words.empty())
+            countMarks(current, marks, row);
+        joinRow(row);
     }
     const auto isLeftOut = [leastArea](const CellGroup& group) {
         return group.area == 0 || group.area < leastArea;
@@ -42,40 +30,74 @@ const std::vector<CellGroup>& CellGroups::find(const CellBits& cells, int leastA
     return groups;
 }
 
-void CellGroups::findRuns(const CellBits& cells, int row) {
-    runs.clear();
-    const int columns = cells.grid.columns;
-    for (int column = nextColumn(cells, row, 0, true); column < columns;) {
-        const int behind = nextColumn(cells, row, column, false);
-        runs.push_back({column, behind - 1, -1});
-        column = nextColumn(cells, row, behind, true);
+void CellGroups::clear(int columns) {
+    groups.clear();
+    mergedInto.clear();
+    for (Row& row : rows) {
+        row.runs.resize(std::size_t(columns / 2 + 1));
+        row.count = 0;
     }
 }
 
-/// Adds a run to the groups that it touches in the row above, and makes one of them. `above` is the
-/// first run there that can touch it, or one behind it.
-void CellGroups::join(Run& run, std::size_t& above, int row) {
-    while (above < runsAbove.size() && runsAbove[above].end + 1 < run.begin)
-        ++above;
-    for (std::size_t i = above; i < runsAbove.size() && runsAbove[i].begin <= run.end + 1; ++i) {
-        const int touched = firstOf(runsAbove[i].group);
-        run.group = run.group < 0 ? touched : merge(run.group, touched);
+/// The first cells of all runs are those without one to their left, the last ones those without one
+/// to their right: there are as many.
+void CellGroups::findRuns(Row& row, const std::uint64_t* cells, int words) {
+    Run* begun = row.begin();
+    Run* ended = begun;
+    for (int word = 0; word < words; ++word) {
+        const std::uint64_t bits = cells[word];
+        if (bits == 0)
+            continue;
+        const std::uint64_t before = word == 0 ? 0 : cells[word - 1] >> (wordBits - 1);
+        const std::uint64_t behind = word + 1 == words ? 0 : cells[word + 1] << (wordBits - 1);
+        for (std::uint64_t firsts = bits & ~(bits << 1 | before); firsts != 0; firsts &= firsts - 1)
+            *begun++ = {word * wordBits + __builtin_ctzll(firsts), 0, -1, 0};
+        for (std::uint64_t lasts = bits & ~(bits >> 1 | behind); lasts != 0; lasts &= lasts - 1)
+            (ended++)->end = word * wordBits + __builtin_ctzll(lasts);
     }
-    if (run.group < 0)
-        run.group = openGroup(run, row);
-    CellGroup& group = groups[std::size_t(run.group)];
-    const int length = run.end - run.begin + 1;
-    group.area += length;
-    group.columns += (run.begin + run.end) * length / 2;
-    group.rows += row * length;
-    group.left = std::min(group.left, run.begin);
-    group.right = std::max(group.right, run.end);
-    group.bottom = row;
+    row.count = int(begun - row.begin());
+}
+
+void CellGroups::countMarks(Row& runs, const CellBits& marks, int row) {
+    for (Run& run : runs)
+        run.marked = marks.countInRow(row, run.begin, run.end);
+}
+
+/// Makes each run of a row one of a group.
+void CellGroups::joinRow(int number) {
+    const Row& above = rows[std::size_t(1 - number % 2)];
+    const Run* touched = above.begin(); // the first that can touch the run, or one behind it
+    for (Run& run : rows[std::size_t(number % 2)]) {
+        while (touched != above.end() && touched->end + 1 < run.begin)
+            ++touched;
+        run.group = groupAbove(run, touched, above);
+        if (run.group < 0)
+            run.group = openGroup(run, number);
+        CellGroup& group = groups[std::size_t(run.group)];
+        const int length = run.end - run.begin + 1;
+        group.area += length;
+        group.columns += (run.begin + run.end) * length / 2;
+        group.rows += number * length;
+        group.marked += run.marked;
+        group.left = std::min(group.left, run.begin);
+        group.right = std::max(group.right, run.end);
+        group.bottom = number;
+    }
+}
+
+/// The group of all runs above that a run touches; -1 if there are none.
+int CellGroups::groupAbove(const Run& run, const Run* touched, const Row& above) {
+    int group = -1;
+    for (; touched != above.end() && touched->begin <= run.end + 1; ++touched) {
+        const int other = firstOf(touched->group);
+        group = group < 0 ? other : merge(group, other);
+    }
+    return group;
 }
 
 int CellGroups::openGroup(const Run& run, int row) {
     const int group = int(groups.size());
-    groups.push_back({0, run.begin, run.end, row, row, 0, 0});
+    groups.push_back({0, run.begin, run.end, row, row, 0, 0, 0});
     mergedInto.push_back(group);
     return group;
 }
@@ -99,6 +121,7 @@ int CellGroups::merge(int group, int other) {
     into.area += from.area;
     into.columns += from.columns;
     into.rows += from.rows;
+    into.marked += from.marked;
     into.left = std::min(into.left, from.left);
     into.right = std::max(into.right, from.right);
     into.top = std::min(into.top, from.top);

@@ -61,6 +61,10 @@ public:
     /// Its cells that have become brighter, of any step but 0. Valid until the next call.
     const CellBits& brighter();
 
+    /// Its cells that have reached the step before the one that is asked for, or the first one.
+    /// Valid until the next call.
+    const CellBits& weaker();
+
 private:
     /// Where the first cell of a tile is in the words of a set.
     struct Place {
@@ -68,9 +72,18 @@ private:
         int shift;
     };
 
+    /// A plane that is read when somebody asks for it.
+    struct Beside {
+        UnpackedPlane plane;
+        int read = notUnpacked; ///< maps
+    };
+
+    static constexpr int notUnpacked = -1;
+
     bool goOn();
     void beginBlock();
     void beginGrid(CellGrid grid);
+    void readBeside(Beside& beside, int plane, CellBits& cells);
     void unpackSteps(int lowest, int highest);
     void flip(const TileChange& tile, CellBits& cells) const;
     void count(const TileChange& tile);
@@ -83,14 +96,16 @@ private:
     const CellBlock* block = nullptr;
     UnpackedRuns runs;
     std::vector<UnpackedPlane> steps; ///< those that are asked for; empty: not unpacked yet
-    UnpackedPlane signs;
-    int signsRead = 0; ///< maps of them; less than 0: not unpacked yet
-    int at = 0;        ///< the current map without those that are carried
-    int left = 0;      ///< pictures that it serves behind the current one
+    Beside signs;
+    Beside weakerStep;
+    int at = 0;   ///< the current map without those that are carried
+    int left = 0; ///< pictures that it serves behind the current one
 
     TileGrid tiles;
     std::vector<Place> places;
     int setTiles = 0; ///< that have a cell
+    int step = 1;     ///< that is asked for
     CellBits bits;
+    CellBits weakerBits; ///< of the step before it
     CellMap map;
 };

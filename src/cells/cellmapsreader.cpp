@@ -30,7 +30,8 @@ const CellMap* CellMapsReader::next() {
     return &map;
 }
 
-const CellBits* CellMapsReader::next(int step) {
+const CellBits* CellMapsReader::next(int wanted) {
+    step = wanted;
     if (!goOn())
         return nullptr;
     if (map.isCarried && !steps.empty())
@@ -44,14 +45,26 @@ const CellBits* CellMapsReader::next(int step) {
 }
 
 const CellBits& CellMapsReader::brighter() {
-    if (block && signsRead < 0) {
-        signs = unpackedPlane(*block, brighterPlane);
-        signsRead = 0;
-    }
-    for (; signsRead <= at && block; ++signsRead)
-        forEachChange(signs, signsRead,
-                      [this](const TileChange& tile) { flip(tile, map.brighter); });
+    readBeside(signs, brighterPlane, map.brighter);
     return map.brighter;
+}
+
+const CellBits& CellMapsReader::weaker() {
+    if (step == 1)
+        return bits;
+    readBeside(weakerStep, step - 2, weakerBits);
+    return weakerBits;
+}
+
+/// Up to the current map.
+void CellMapsReader::readBeside(Beside& beside, int plane, CellBits& cells) {
+    if (block && beside.read == notUnpacked) {
+        beside.plane = unpackedPlane(*block, plane);
+        beside.read = 0;
+    }
+    for (; beside.read <= at && block; ++beside.read)
+        forEachChange(beside.plane, beside.read,
+                      [&](const TileChange& tile) { flip(tile, cells); });
 }
 
 /// To the next map. False behind the last one.
@@ -77,12 +90,14 @@ void CellMapsReader::beginBlock() {
     at = 0;
     runs = unpackedRuns(*block);
     steps.clear();
-    signsRead = -1;
+    signs.read = notUnpacked;
+    weakerStep.read = notUnpacked;
     if (block->grid != map.grid || places.empty())
         beginGrid(block->grid);
     std::fill(map.steps.begin(), map.steps.end(), std::uint8_t(0));
     std::fill(map.brighter.words.begin(), map.brighter.words.end(), 0);
     std::fill(bits.words.begin(), bits.words.end(), 0);
+    std::fill(weakerBits.words.begin(), weakerBits.words.end(), 0);
     map.isCarried = runs.isFirstCarried;
     setTiles = 0;
 }
@@ -90,6 +105,7 @@ void CellMapsReader::beginBlock() {
 void CellMapsReader::beginGrid(CellGrid grid) {
     tiles = TileGrid(grid);
     bits = CellBits(grid);
+    weakerBits = CellBits(grid);
     map = CellMap(grid);
     map.brighter = CellBits(grid);
     places.clear();

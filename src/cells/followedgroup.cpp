@@ -17,21 +17,49 @@ int common(int begin, int end, int otherBegin, int otherEnd) {
     return std::max(0, std::min(end, otherEnd) - std::max(begin, otherBegin) + 2);
 }
 
+bool isMixed(int one, int other) {
+    return std::min(one, other) * 100 > bothWaysPercent * (one + other);
+}
+
 } // namespace
 
 static_assert(alongTime / placeEvery + 2 < 8, "all places have room");
 
-void FollowedGroup::see(double time, const CellGroup& group) {
-    seen = group;
+void FollowedGroup::see(double time, const SeenGroup& now) {
+    seeWays(time, now);
+    seen = now.group;
     seenAt = time;
-    middle = {time, int(std::int64_t(group.columns) * unit / group.area),
-              int(std::int64_t(group.rows) * unit / group.area)};
+    middle = {time, int(std::int64_t(seen.columns) * unit / seen.area),
+              int(std::int64_t(seen.rows) * unit / seen.area)};
     keepPlace(middle);
+}
+
+void FollowedGroup::seeWays(double time, const SeenGroup& now) {
+    const int brighter = now.group.marked;
+    const int darker = now.group.area - brighter;
+    const bool isFirst = placeCount == 0;
+    const bool isTurned = !isFirst && isBrighter != (brighter >= darker);
+    isBrighter = brighter >= darker;
+    if (isMixed(now.brighterNear, now.darkerNear))
+        bothWaysNear = time;
+    if (isMixed(brighter, darker))
+        bothWays = time;
+    if (isTurned || bothWaysNear == time)
+        oneWayFrom = time;
 }
 
 int FollowedGroup::overlap(const CellGroup& group) const {
     return common(seen.left, seen.right, group.left, group.right) *
            common(seen.top, seen.bottom, group.top, group.bottom);
+}
+
+int FollowedGroup::weight(bool isLargeShare) const {
+    if (isMovingAlong() && seenAt - bothWaysNear <= lately)
+        return isLargeShare ? alongWeight : 1;
+    if (seenAt - oneWayFrom > oneWayTime)
+        return 0;
+    const bool isAtWork = seenAt - bornAt >= stayingAge && seenAt - bothWays <= lately;
+    return isLargeShare && isAtWork ? stayingWeight : 1;
 }
 
 void FollowedGroup::keepPlace(const Place& place) {

@@ -5,7 +5,17 @@
 #include "cellscores.h"
 
 #include "cellregion.h"
+#include "cellthinning.h"
 #include "restlesscells.h"
+
+namespace {
+
+/// Which step cells have nearly changed from.
+int weakerStep(int step) {
+    return std::max(1, step - 1);
+}
+
+} // namespace
 
 CellScores::CellScores(RegionOfInterest region, QSize pictures, const CellOptions& options,
                        CellBits restless)
@@ -15,16 +25,39 @@ CellScores::CellScores(RegionOfInterest region, QSize pictures, const CellOption
     , restless(std::move(restless)) {}
 
 MotionScore CellScores::add(double time, const CellMap& map) {
-    return add(time, cellsFrom(map, options.step));
+    if (map.isCarried)
+        return score;
+    CellBits nearly = thinned(map, weakerStep(options.step));
+    CellBits brighter = nearly;
+    if (map.brighter.grid == map.grid)
+        brighter.keep(map.brighter);
+    else
+        brighter = CellBits(map.grid);
+    return add(time, thinned(map, options.step), nearly, brighter);
 }
 
-MotionScore CellScores::add(double time, const CellBits& changed) {
+MotionScore CellScores::add(double time, const CellBits& changed, const CellBits& nearly,
+                            const CellBits& brighter) {
     if (changed.grid != selected.grid)
         fit(changed.grid);
-    inside = changed;
-    inside.keep(selected);
-    const int moving = motion.add(time, inside);
-    return {whole == 0 ? 0.0F : float(100.0 * moving / whole)};
+    cells.changed = changed;
+    cells.changed.keep(selected);
+    if (!cells.changed.isEmpty()) {
+        cells.nearly = nearly;
+        cells.nearly.keep(selected);
+        cells.brighter = brighter;
+        cells.brighter.keep(cells.nearly);
+    }
+    const int moving = motion.add(time, cells);
+    score.value = whole == 0 ? 0.0F : float(100.0 * moving / whole);
+    return score;
+}
+
+/// As maps are kept.
+CellBits CellScores::thinned(const CellMap& map, int step) {
+    CellBits cells = cellsFrom(map, step);
+    removeSmallGroups(cells, groups);
+    return cells;
 }
 
 void CellScores::fit(CellGrid grid) {
@@ -41,7 +74,11 @@ MotionSeries seriesOf(const CellMaps& maps, const QVector<double>& times, CellSc
         const CellBits* changed = reader.next(scores.step());
         if (!changed)
             break;
-        series.scores.append(scores.add(time, *changed));
+        if (reader.isQuiet() && !reader.isCarried())
+            scores.add(time, *changed, *changed, *changed);
+        else if (!reader.isCarried())
+            scores.add(time, *changed, reader.weaker(), reader.brighter());
+        series.scores.append(scores.last());
         series.times.append(time);
     }
     return series;
@@ -55,7 +92,8 @@ CellBits restlessOf(const CellMaps& maps, const QVector<double>& times,
         const CellBits* changed = reader.next(options.step);
         if (!changed)
             break;
-        restless.add(time, *changed);
+        if (!reader.isCarried())
+            restless.add(time, *changed);
     }
     return restless.found();
 }

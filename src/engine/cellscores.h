@@ -22,27 +22,37 @@ public:
                CellBits restless = CellBits());
 
     /// The value of the next picture, at `time` seconds as the stream counts them: the share of
-    /// the largest group of changed cells, in percent. 0 where nothing is selected.
+    /// the group of changed cells that counts most, in percent; what has moved along for a while
+    /// counts several times (GroupMotion). 0 where nothing is selected.
     MotionScore add(double time, const CellMap& map);
 
-    /// The same for the cells of the picture's map that have reached the step of the options.
-    MotionScore add(double time, const CellBits& changed);
+    /// The same for a map that is not carried on, by its cells that have reached the step of the
+    /// options, those that have reached the weaker one, and at least those of them that have become
+    /// brighter. Groups that are never kept (leastGroup) are not in them.
+    MotionScore add(double time, const CellBits& changed, const CellBits& nearly,
+                    const CellBits& brighter);
+
+    /// The value of the last picture, for one that carries its map on.
+    MotionScore last() const { return score; }
 
     /// The step that cells must have reached.
     int step() const { return options.step; }
 
 private:
     void fit(CellGrid grid);
+    CellBits thinned(const CellMap& map, int step);
 
     RegionOfInterest region;
     QSize pictures;
     CellOptions options;
     CellBits restless;
 
-    CellBits inside;   ///< those that have changed in the last picture
-    CellBits selected; ///< of the grid of the last map
-    int whole = 0;     ///< so many cells are 100 %
+    CellBits selected;  ///< of the grid of the last map
+    int whole = 0;      ///< so many cells are 100 %
+    ChangedCells cells; ///< of the last map, of those that are selected
+    CellGroups groups;  ///< thins maps out
     GroupMotion motion;
+    MotionScore score;
 };
 
 /// The values of all maps that were kept of a recording; `times` has one for each of them.
