@@ -103,14 +103,29 @@ struct Run {
     Run(const QString& path, DetectionOptions options, int threads, int cancelAt = -1) {
         options.threads = threads;
         account.cancelAt = cancelAt;
-        const MeasuringEnd end = Detection(options, account, &account).run(path);
+        Detection detection(options, account, &account);
+        const MeasuringEnd end = detection.run(path);
         outcome = end.outcome;
         error = end.error;
+        maps = detection.measurement().maps;
+    }
+
+    /// Of all maps.
+    QByteArray mapsDigest() const {
+        QCryptographicHash digest(QCryptographicHash::Md5);
+        CellMapsReader reader(maps);
+        while (const CellMap* map = reader.next()) {
+            digest.addData(QByteArray::number(map->grid.columns));
+            digest.addData(reinterpret_cast<const char*>(map->steps.data()),
+                           int(map->steps.size()));
+        }
+        return digest.result();
     }
 
     Account account;
     DetectionOutcome outcome{};
     QString error;
+    CellMaps maps;
 };
 
 QString difference(const QList<QByteArray>& found, const QList<QByteArray>& expected) {
@@ -127,6 +142,7 @@ QString difference(const QList<QByteArray>& found, const QList<QByteArray>& expe
 
 DetectionOptions oneSecond() {
     DetectionOptions options;
+    options.areMapsKept = true;
     options.segmentation.minimum = 1.0;
     return options;
 }
@@ -143,6 +159,7 @@ void compareWithOneThread(const QString& path, const DetectionOptions& options =
                  qPrintable(QStringLiteral("%1 threads: %2").arg(threads).arg(found)));
         QCOMPARE(run.outcome, expected.outcome);
         QCOMPARE(run.error, expected.error);
+        QCOMPARE(run.mapsDigest(), expected.mapsDigest());
         QVERIFY(run.account.hasAllSnapshots);
         if (plans > 0 && ends == endsBefore)
             QCOMPARE(run.account.positions, expected.account.positions);
@@ -618,12 +635,16 @@ void TestChunks::snapshotsAreMadeWhileDecoding_data() {
     QTest::addColumn<int>("group");
     QTest::addColumn<int>("pixelThreshold");
     QTest::addColumn<int>("skip");
+    QTest::addColumn<bool>("areCells");
     QTest::addColumn<int>("most"); // of a hundred clips, those for which a chunk is decoded again
-    QTest::newRow("short groups") << 50 << 35 << 0 << 5;
-    QTest::newRow("long groups") << 250 << 35 << 0 << 5;
-    QTest::newRow("noise counts as motion") << 50 << 2 << 0 << 5;
+    QTest::newRow("short groups") << 50 << 35 << 0 << false << 5;
+    QTest::newRow("long groups") << 250 << 35 << 0 << false << 5;
+    QTest::newRow("noise counts as motion") << 50 << 2 << 0 << false << 5;
     // A clip can open at any picture that keeps a value.
-    QTest::newRow("pictures are skipped") << 50 << 35 << 4 << 35;
+    QTest::newRow("pictures are skipped") << 50 << 35 << 4 << false << 35;
+    // The first half second of a chunk knows too little.
+    QTest::newRow("cells") << 50 << 35 << 0 << true << 35;
+    QTest::newRow("cells of long groups") << 250 << 35 << 0 << true << 20;
 }
 
 /// Which pictures can be chosen is known when they are decoded, but for a few.
@@ -631,6 +652,7 @@ void TestChunks::snapshotsAreMadeWhileDecoding() {
     QFETCH(int, group);
     QFETCH(int, pixelThreshold);
     QFETCH(int, skip);
+    QFETCH(bool, areCells);
     QFETCH(int, most);
     const QStringList codec{"-c:v", "libx264", "-preset", "veryfast", "-g", QString::number(group)};
     const QString path = encoded("snapshots.mp4", codec, 120);
@@ -639,6 +661,7 @@ void TestChunks::snapshotsAreMadeWhileDecoding() {
     options.segmentation.minimum = 2.0;
     options.measure.pixelThreshold = pixelThreshold;
     options.measure.skip = skip;
+    options.detector = areCells ? Detector::Cells : Detector::Mean;
     const Run expected(path, options, 1);
     again = 0;
     const Run run(path, options, 4);
