@@ -8,6 +8,7 @@
 #include "optiontable.h"
 #include "optiontext.h"
 
+#include <QImage>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -73,6 +74,7 @@ class TestOptions : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
+    void initTestCase();
     void defaultsAreTaken_data();
     void defaultsAreTaken();
     void rangesEndWhereTheySay_data();
@@ -86,6 +88,8 @@ private Q_SLOTS:
     void theTableNamesItsOwn();
     void listIsForPrograms();
     void valuesDependOnTheirOptions();
+    void keptSettingsTellTheirOptions_data();
+    void keptSettingsTellTheirOptions();
 
     void helpNamesEverything();
     void helpFitsATerminal();
@@ -95,7 +99,18 @@ private Q_SLOTS:
     void zshRepeatsOptions();
     void pagesAreUpToDate();
     void manualIsUpToDate();
+
+private:
+    QTemporaryDir folder;
+    QString mask; ///< a picture
 };
+
+void TestOptions::initTestCase() {
+    QImage green(4, 4, QImage::Format_RGB32);
+    green.fill(Qt::green);
+    mask = folder.filePath("mask.png");
+    QVERIFY(green.save(mask));
+}
 
 void TestOptions::defaultsAreTaken_data() {
     QTest::addColumn<ScanOption>("option");
@@ -312,6 +327,40 @@ void TestOptions::valuesDependOnTheirOptions() {
     for (const ScanOption& option : scanOptions())
         QVERIFY2(option.valuesKey.isEmpty() || keys.contains(option.valuesKey),
                  qPrintable(option.name));
+}
+
+void TestOptions::keptSettingsTellTheirOptions_data() {
+    QTest::addColumn<QStringList>("kept");
+    QTest::addColumn<bool>("canBeTold");
+    const QStringList excluded = {"--exclude", "1,2,3,4", "--exclude", "-5,6,7,8"};
+    QTest::newRow("defaults") << QStringList{} << true;
+    QTest::newRow("numbers") << QStringList{"--threshold-value", "7", "--skip", "3"} << true;
+    QTest::newRow("key frames") << QStringList{"--quick"} << true;
+    QTest::newRow("rectangle") << QStringList{"--roi", "-1,20,300,4000"} << true;
+    QTest::newRow("excluded") << excluded << true;
+    QTest::newRow("both") << excluded + QStringList{"--roi", "9,8,7,6"} << true;
+    QTest::newRow("mask") << QStringList{"--mask", mask} << false;
+}
+
+/// Whatever the call's own options are.
+void TestOptions::keptSettingsTellTheirOptions() {
+    QFETCH(QStringList, kept);
+    QFETCH(bool, canBeTold);
+    const DetectionOptions before = parse(kept).options.detection;
+    const MeasureSettings settings = measureSettings(before);
+    for (const QStringList& asked : {QStringList{}, QStringList{"--roi", "5,5,5,5"},
+                                     QStringList{"--skip", "2", "--exclude", "1,1,1,1"}}) {
+        const auto told = measuredWith(settings, parse(asked).options.detection);
+        QCOMPARE(told.has_value(), canBeTold);
+        QVERIFY(!told || measureSettings(*told) == settings);
+    }
+    QVERIFY(measuredWith(settings, before).has_value()); // the same mask is at hand
+    MeasureSettings forged = settings;
+    for (HeadLine& line : forged) {
+        if (line.key == "region")
+            line.value = "rectangle 2147483647,0,2147483647,1";
+    }
+    QVERIFY(!measuredWith(forged, before).has_value());
 }
 
 void TestOptions::helpNamesEverything() {

@@ -8,7 +8,7 @@
 
 #include <algorithm>
 
-QString quickNote(const Measurement& measurement, double minimum) {
+QString quickNote(const Measurement& measurement, double minimum, Detector detector) {
     double pair = 0.0;
     double before = measurement.firstTime;
     double beforeThat = measurement.firstTime;
@@ -22,6 +22,8 @@ QString quickNote(const Measurement& measurement, double minimum) {
                        "them is missed")
             .arg(QString::number(measurement.series.times.size() + 1),
                  QString::number(largestGap(measurement), 'f', 3));
+    if (detector == Detector::Cells)
+        note += QStringLiteral("; each is compared with the one before it, however long ago");
     if (pair >= minimum)
         note += QStringLiteral("; --minimum is widened to two comparisons, up to %1 s")
                     .arg(QString::number(pair, 'f', 3));

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "detector.h"
 #include "measurement.h"
 
 #include <QString>
@@ -13,4 +14,4 @@ constexpr int fewestQuickComparisons = 2;
 
 /// What a person is told of the gaps between the pictures of a quick look; `minimum` is the length
 /// of the voting window in seconds.
-QString quickNote(const Measurement& measurement, double minimum);
+QString quickNote(const Measurement& measurement, double minimum, Detector detector);

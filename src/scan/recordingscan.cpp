@@ -153,7 +153,8 @@ MeasuringEnd RecordingScan::decide(const MeasuringEnd& measured, bool isQuick) {
         takeValuesOfCells();
     if (isQuick) {
         segmentation.fewestCompared = fewestQuickComparisons;
-        outputs.messages.warn(recording.video, quickNote(measurement, segmentation.minimum));
+        outputs.messages.warn(recording.video, quickNote(measurement, segmentation.minimum,
+                                                         options.detection.detector));
     }
     MeasuringEnd end;
     if (isQuick && options.isRefined && !measured.isLasting)
