@@ -5,7 +5,6 @@
 #include "cellscores.h"
 
 #include "cellregion.h"
-#include "cellthinning.h"
 #include "restlesscells.h"
 
 namespace {
@@ -27,13 +26,13 @@ CellScores::CellScores(RegionOfInterest region, QSize pictures, const CellOption
 MotionScore CellScores::add(double time, const CellMap& map) {
     if (map.isCarried)
         return score;
-    CellBits nearly = thinned(map, weakerStep(options.step));
+    CellBits nearly = cellsFrom(map, weakerStep(options.step));
     CellBits brighter = nearly;
     if (map.brighter.grid == map.grid)
         brighter.keep(map.brighter);
     else
         brighter = CellBits(map.grid);
-    return add(time, thinned(map, options.step), nearly, brighter);
+    return add(time, cellsFrom(map, options.step), nearly, brighter);
 }
 
 MotionScore CellScores::add(double time, const CellBits& changed, const CellBits& nearly,
@@ -51,13 +50,6 @@ MotionScore CellScores::add(double time, const CellBits& changed, const CellBits
     const int moving = motion.add(time, cells);
     score.value = whole == 0 ? 0.0F : float(100.0 * moving / whole);
     return score;
-}
-
-/// As maps are kept.
-CellBits CellScores::thinned(const CellMap& map, int step) {
-    CellBits cells = cellsFrom(map, step);
-    removeSmallGroups(cells, groups);
-    return cells;
 }
 
 void CellScores::fit(CellGrid grid) {

@@ -40,7 +40,6 @@ public:
 
 private:
     void fit(CellGrid grid);
-    CellBits thinned(const CellMap& map, int step);
 
     RegionOfInterest region;
     QSize pictures;
@@ -50,7 +49,6 @@ private:
     CellBits selected;  ///< of the grid of the last map
     int whole = 0;      ///< so many cells are 100 %
     ChangedCells cells; ///< of the last map, of those that are selected
-    CellGroups groups;  ///< thins maps out
     GroupMotion motion;
     MotionScore score;
 };
