@@ -303,7 +303,6 @@ private Q_SLOTS:
     void oneMapOutOfTwo();
     void whatBeginsAnewIsMade();
     void picturesOfOneMoment();
-    void whatIsNotLookedAtCarriesOn();
     void tellsWhichBecameBrighter();
     void keepsFewPictures();
     void extremeLevels();
@@ -606,18 +605,6 @@ void TestCellComparison::picturesOfOneMoment() {
     comparison.add(1.005, flat(grid, 10));
     // 14 and 5 of three are more than 5 levels, and of six they would be less.
     QCOMPARE(int(comparison.add(1.04, dotted(grid, 10, 5, 15)).steps[5]), 1);
-}
-
-void TestCellComparison::whatIsNotLookedAtCarriesOn() {
-    const CellGrid grid{16, 9};
-    CellComparison comparison;
-    QVERIFY(!comparison.last().isCarried); // there is none
-    QCOMPARE(comparison.last().grid.count(), 0);
-    comparison.add(0, flat(grid, 10));
-    QVERIFY(!comparison.add(1, dotted(grid, 10, 5, 40)).isCarried);
-    QVERIFY(comparison.last().isCarried);
-    QCOMPARE(changedCells(comparison.last()), 1);
-    QVERIFY(!comparison.add(2, dotted(grid, 10, 5, 40)).isCarried);
 }
 
 void TestCellComparison::tellsWhichBecameBrighter() {

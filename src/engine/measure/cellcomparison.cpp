@@ -59,11 +59,6 @@ const CellMap& CellComparison::add(double time, CellPicturePointer picture) {
     return map;
 }
 
-const CellMap& CellComparison::last() {
-    map.isCarried = map.grid.count() > 0;
-    return map;
-}
-
 bool CellComparison::follows(double time, const CellPicture& picture) const {
     return isTime(time) && !history.isEmpty() && time >= history.last().time &&
            picture.grid == history.last().picture->grid;

@@ -39,9 +39,6 @@ public:
     /// rounded so, are the same, the first alone enters the means: at most 100 pictures are kept.
     const CellMap& add(double time, CellPicturePointer picture);
 
-    /// The map of the last picture, for one that is not looked at.
-    const CellMap& last();
-
 private:
     struct Level {
         int light; ///< median of the differences
