@@ -43,16 +43,22 @@ public:
 };
 
 QByteArray bytesOf(const CellMap& map) {
-    QByteArray bytes = QByteArray::number(map.grid.columns) + 'x';
+    QByteArray bytes = QByteArray::number(map.grid.columns) + (map.isCarried ? '=' : 'x');
+    for (const std::uint64_t word : map.brighter.words)
+        bytes.append(QByteArray::number(qulonglong(word), 16));
     return bytes.append(reinterpret_cast<const char*>(map.steps.data()), int(map.steps.size()));
 }
 
-Maps mapsOf(const Measurement& measured) {
+Maps mapsOf(const CellMaps& kept) {
     Maps maps;
-    CellMapsReader reader(measured.maps);
+    CellMapsReader reader(kept);
     while (const CellMap* map = reader.next())
         maps.append(bytesOf(*map));
     return maps;
+}
+
+Maps mapsOf(const Measurement& measured) {
+    return mapsOf(measured.maps);
 }
 
 int movingIn(const Maps& maps) {
@@ -96,15 +102,16 @@ Maps literalMaps(const QString& path, int skip) {
     FrameStream frames(QFile::encodeName(path), plan);
     PictureCells pictures;
     CellComparison comparison;
-    Maps maps;
+    CellMaps maps;
     int number = 0;
     for (Frame frame = frames.next(); frame.isThere(); frame = frames.next(), ++number) {
-        if (number % (skip + 1) == 0)
-            comparison.add(frame.time, pictures.reduce(*frame.picture));
+        const bool isSeen = number % (skip + 1) == 0;
+        const CellMap& map = isSeen ? comparison.add(frame.time, pictures.reduce(*frame.picture))
+                                    : comparison.last();
         if (number > 0)
-            maps.append(bytesOf(comparison.last()));
+            maps.append(map);
     }
-    return maps;
+    return mapsOf(maps);
 }
 
 } // namespace
