@@ -4,6 +4,7 @@
 
 #include "chunkplan.h"
 
+#include "cellgrid.h"
 #include "framebudget.h"
 #include "libavpointers.h"
 
@@ -17,6 +18,7 @@ private Q_SLOTS:
     void workers_data();
     void workers();
     void packetsAreBounded();
+    void cellsAreBounded();
 };
 
 namespace {
@@ -68,6 +70,17 @@ void TestChunkPlan::packetsAreBounded() {
         QVERIFY(plan.mostBytes * (plan.workers + 1) <= plan.bytesInHand);
         QVERIFY(plan.bytesInHand <= (threads + 1) * qint64(16 << 20));
         QVERIFY(plan.fewestPackets < plan.mostPackets);
+    }
+}
+
+/// A group of an ordinary length for each thread, and no more than half of what packets may take.
+void TestChunkPlan::cellsAreBounded() {
+    for (const QSize& size :
+         {QSize(1920, 1080), QSize(640, 480), QSize(1080, 1920), QSize(64, 48)}) {
+        const ChunkPlan plan = planFor(AV_CODEC_ID_H264, size, 16);
+        const int cells = cellGridOf(size.width(), size.height()).count();
+        QVERIFY(qint64(plan.cellsInHand) * cells * 2 <= plan.bytesInHand / 2);
+        QVERIFY(plan.cellsInHand >= plan.workers * (size.width() < size.height() ? 90 : 150));
     }
 }
 

@@ -52,6 +52,8 @@ void TestNoMemory::isAFailureOrNone_data() {
         row("chunks", {"--threads", "2"}, closed);
         row("decoded ahead", {"--threads", "2"}, single);
         row("key frames", {"--threads", "2", "--quick"}, closed);
+        row("cells in chunks", {"--threads", "2", "--detector", "cells"}, closed);
+        row("cells decoded ahead", {"--threads", "2", "--detector", "cells"}, single);
         row("recordings", {"--threads", "1", "--jobs", "2", single}, closed);
         row("everything", {"--threads", "2", "--jobs", "2", single}, closed);
     }
