@@ -6,6 +6,7 @@
 // that nobody packed do no harm.
 
 #include "cellmaps.h"
+#include "cellthinning.h"
 
 #include <QtTest>
 
@@ -74,10 +75,9 @@ std::vector<std::size_t> groupAt(const CellMap& map, int step, std::size_t first
     return found;
 }
 
-/// As it is kept: cells of small groups of a step are of the step below.
-CellMap kept(const CellMap& map) {
+/// Without small groups: their cells are of the step below.
+CellMap thinned(const CellMap& map) {
     CellMap left = emptyMap(map.grid);
-    left.isCarried = map.isCarried;
     for (int step = 1; step <= int(cellSteps.size()); ++step) {
         std::vector<bool> isSeen(map.steps.size(), false);
         for (std::size_t cell = 0; cell < map.steps.size(); ++cell) {
@@ -88,10 +88,17 @@ CellMap kept(const CellMap& map) {
                 left.steps[one] = std::uint8_t(left.steps[one] + (int(group.size()) >= leastGroup));
         }
     }
+    return left;
+}
+
+/// As it is kept: where nothing has changed nothing became brighter.
+CellMap kept(const CellMap& map) {
+    CellMap left = map;
+    left.brighter = CellBits(map.grid);
     for (int cell = 0; cell < map.grid.count(); ++cell) {
         const int column = cell % map.grid.columns;
         const int row = cell / map.grid.columns;
-        if (left.steps[std::size_t(cell)] > 0 && map.brighter.has(column, row))
+        if (map.steps[std::size_t(cell)] > 0 && map.brighter.has(column, row))
             left.brighter.add(column, row);
     }
     return left;
@@ -193,7 +200,8 @@ class TestCellMaps : public QObject {
 private Q_SLOTS:
     void givesBackWhatWentIn_data();
     void givesBackWhatWentIn();
-    void smallGroupsAreNotKept();
+    void smallGroupsAreLeftOut();
+    void smallGroupsOfAnyMapAreLeftOut();
     void carriedMapsAreCounted();
     void partsMayBeginWithACarriedOne();
     void lastIsTheLast();
@@ -242,29 +250,40 @@ void TestCellMaps::givesBackWhatWentIn() {
         QVERIFY2(isSameStep(all, expected, step), qPrintable(QString::number(step)));
 }
 
-/// A group of seven cells beside one of eight that surrounds it as far as it can.
-void TestCellMaps::smallGroupsAreNotKept() {
+/// A group of seven cells, and one of a single cell inside a large one.
+void TestCellMaps::smallGroupsAreLeftOut() {
     const CellGrid grid{10, 5};
-    CellMap map = emptyMap(grid);
+    CellMap map(grid);
     const char* rows[] = {"22222     ", //
                           "2   2 1   ", //
                           "2 2 2  1  ", //
                           "    2   1 ", //
                           "2222   111"};
-    CellMap expected = map;
+    CellMap expected(grid);
     for (int row = 0; row < grid.rows; ++row) {
         for (int column = 0; column < grid.columns; ++column) {
             const auto cell = std::size_t(row * grid.columns + column);
             map.steps[cell] = std::uint8_t(rows[row][column] == ' ' ? 0 : rows[row][column] - '0');
             const bool isLarge = rows[row][column] == '2' && !(row == 2 && column == 2);
             expected.steps[cell] = isLarge ? 2 : 0;
-            if (isLarge)
-                expected.brighter.add(column, row);
         }
     }
-    map.brighter = CellBits(grid, true);
-    CellMapsReader reader(packed({map}));
-    QVERIFY(isSame(*reader.next(), expected));
+    CellGroups groups;
+    removeSmallGroups(map, groups);
+    QVERIFY(map.steps == expected.steps);
+}
+
+void TestCellMaps::smallGroupsOfAnyMapAreLeftOut() {
+    CellGroups groups;
+    for (const CellGrid grid : {CellGrid{160, 90}, CellGrid{37, 23}, CellGrid{1, 50}}) {
+        for (const double share : {0.001, 0.01, 0.05}) {
+            for (CellMap map : randomMaps(grid, 20, share, 11)) {
+                const CellMap expected = thinned(map);
+                removeSmallGroups(map, groups);
+                QVERIFY(map.steps == expected.steps);
+            }
+        }
+    }
 }
 
 void TestCellMaps::carriedMapsAreCounted() {
