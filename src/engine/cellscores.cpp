@@ -7,6 +7,8 @@
 #include "cellregion.h"
 #include "restlesscells.h"
 
+#include <algorithm>
+
 namespace {
 
 /// Which step cells have nearly changed from.
@@ -26,13 +28,9 @@ CellScores::CellScores(RegionOfInterest region, QSize pictures, const CellOption
 MotionScore CellScores::add(double time, const CellMap& map) {
     if (map.isCarried)
         return score;
-    CellBits nearly = cellsFrom(map, weakerStep(options.step));
-    CellBits brighter = nearly;
-    if (map.brighter.grid == map.grid)
-        brighter.keep(map.brighter);
-    else
-        brighter = CellBits(map.grid);
-    return add(time, cellsFrom(map, options.step), nearly, brighter);
+    const bool hasBrighter = map.brighter.grid == map.grid;
+    return add(time, cellsFrom(map, options.step), cellsFrom(map, weakerStep(options.step)),
+               hasBrighter ? map.brighter : CellBits(map.grid));
 }
 
 MotionScore CellScores::add(double time, const CellBits& changed, const CellBits& nearly,

@@ -28,7 +28,7 @@ public:
 
     /// The same for a map that is not carried on, by its cells that have reached the step of the
     /// options, those that have reached the weaker one, and at least those of them that have become
-    /// brighter. Groups that are never kept (leastGroup) are not in them.
+    /// brighter.
     MotionScore add(double time, const CellBits& changed, const CellBits& nearly,
                     const CellBits& brighter);
 
