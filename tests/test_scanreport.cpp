@@ -257,7 +257,7 @@ void TestScanReport::quickLooksAreMarked() {
     // Where nothing was found there is nothing to search.
     scan(options +
          QStringList{folder.filePath("looked"), "--quick", "--refine", "--threshold-motion", "10"});
-    QVERIFY(pageIn("looked").contains("0:00:59 long, greatest motion value"));
+    QVERIFY(pageIn("looked").contains("0:00:59 long, strongest motion "));
 }
 
 void TestScanReport::olderReportsAreReplaced() {
