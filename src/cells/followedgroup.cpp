@@ -54,8 +54,8 @@ int FollowedGroup::overlap(const CellGroup& group) const {
 }
 
 int FollowedGroup::weight(bool isLargeShare) const {
-    if (isMovingAlong() && seenAt - bothWaysNear <= lately)
-        return isLargeShare ? alongWeight : 1;
+    if (isMovingAlong())
+        return isLargeShare && seenAt - bothWaysNear <= lately ? alongWeight : 1;
     if (seenAt - oneWayFrom > oneWayTime)
         return 0;
     const bool isAtWork = seenAt - bornAt >= stayingAge && seenAt - bothWays <= lately;
