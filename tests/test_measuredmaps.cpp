@@ -102,12 +102,14 @@ Maps literalMaps(const QString& path, int skip) {
     FrameStream frames(QFile::encodeName(path), plan);
     PictureCells pictures;
     CellComparison comparison;
+    CellMap map;
     CellMaps maps;
     int number = 0;
     for (Frame frame = frames.next(); frame.isThere(); frame = frames.next(), ++number) {
         const bool isSeen = number % (skip + 1) == 0;
-        const CellMap& map = isSeen ? comparison.add(frame.time, pictures.reduce(*frame.picture))
-                                    : comparison.last();
+        map.isCarried = true;
+        if (isSeen)
+            map = comparison.add(frame.time, pictures.reduce(*frame.picture));
         if (number > 0)
             maps.append(map);
     }
