@@ -6,6 +6,7 @@
 
 #include "partdetection.h"
 
+#include "cellthinning.h"
 #include "footage.h"
 #include "frames.h"
 #include "media.h"
@@ -102,14 +103,19 @@ Maps literalMaps(const QString& path, int skip) {
     FrameStream frames(QFile::encodeName(path), plan);
     PictureCells pictures;
     CellComparison comparison;
+    CellGroups groups;
     CellMap map;
     CellMaps maps;
     int number = 0;
     for (Frame frame = frames.next(); frame.isThere(); frame = frames.next(), ++number) {
         const bool isSeen = number % (skip + 1) == 0;
-        map.isCarried = true;
-        if (isSeen)
-            map = comparison.add(frame.time, pictures.reduce(*frame.picture));
+        const CellMap& made = isSeen ? comparison.add(frame.time, pictures.reduce(*frame.picture))
+                                     : comparison.last();
+        map.isCarried = made.isCarried;
+        if (!made.isCarried) {
+            map = made;
+            removeSmallGroups(map, groups);
+        }
         if (number > 0)
             maps.append(map);
     }

@@ -4,6 +4,8 @@
 
 #include "likelybycells.h"
 
+#include "frame.h"
+
 #include <utility>
 
 LikelyByCells::LikelyByCells(MotionThreshold threshold, int skip, RegionOfInterest region,
@@ -15,19 +17,18 @@ LikelyByCells::LikelyByCells(MotionThreshold threshold, int skip, RegionOfIntere
 
 void LikelyByCells::begin(qint64 first) {
     likely.begin(first);
-    number = first;
-    comparison = CellComparison();
+    measure.emplace(skip, first);
     scores.reset();
     score = MotionScore();
 }
 
 void LikelyByCells::takeCells(const DecodedFrame& picture, const CellPicturePointer& cells) {
-    const bool isSkipped = skippedFrom(number++, skip) > 0;
-    if (isSkipped || !cells)
-        return;
+    Frame frame;
+    frame.time = picture.time;
+    frame.cells = cells;
     if (!scores)
         scores.emplace(region, QSize(picture.width(), picture.height()), options);
-    score = scores->add(picture.time, comparison.add(picture.time, cells));
+    score = scores->add(picture.time, measure->add(frame));
 }
 
 void LikelyByCells::take(int place, const Picture& previous, const Picture& current,

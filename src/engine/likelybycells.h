@@ -4,7 +4,7 @@
 
 #pragma once
 
-#include "cellcomparison.h"
+#include "cellmeasure.h"
 #include "cellscores.h"
 #include "likelysnapshots.h"
 
@@ -35,8 +35,7 @@ private:
     int skip;
     RegionOfInterest region;
     CellOptions options;
-    qint64 number = 0; ///< of the picture to come
-    CellComparison comparison;
+    std::optional<CellMeasure> measure; ///< of the chunk; none before the first one
     std::optional<CellScores> scores;
     MotionScore score;
 };
