@@ -109,12 +109,13 @@ Maps literalMaps(const QString& path, int skip) {
     int number = 0;
     for (Frame frame = frames.next(); frame.isThere(); frame = frames.next(), ++number) {
         const bool isSeen = number % (skip + 1) == 0;
-        const CellMap& made = isSeen ? comparison.add(frame.time, pictures.reduce(*frame.picture))
-                                     : comparison.last();
-        map.isCarried = made.isCarried;
-        if (!made.isCarried) {
-            map = made;
-            removeSmallGroups(map, groups);
+        map.isCarried = true;
+        if (isSeen) {
+            const CellMap& made = comparison.add(frame.time, pictures.reduce(*frame.picture));
+            if (!made.isCarried) {
+                map = made;
+                removeSmallGroups(map, groups);
+            }
         }
         if (number > 0)
             maps.append(map);
