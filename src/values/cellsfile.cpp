@@ -15,7 +15,7 @@
 
 namespace {
 
-/// What may stand in a file: of each block no more than maps can take, on average.
+/// What may stand in a file: of all blocks no more than maps can take.
 bool isWithinBounds(const std::vector<CellsEntry>& entries) {
     qint64 bytes = 0;
     for (const CellsEntry& entry : entries)

@@ -41,7 +41,7 @@ quint64 sumOf(const std::uint8_t* bytes, std::size_t size) {
 
 qint64 mostBytesOf(CellGrid grid, int count) {
     constexpr qint64 beginning = 4096;
-    return beginning + qint64(grid.count()) * count / 4;
+    return beginning + qint64(grid.count()) * count * 3 / 2;
 }
 
 QByteArray cellsHead(const CellsOrigin& origin, const std::vector<CellBlockPointer>& blocks) {

@@ -30,8 +30,8 @@ struct CellsEntry {
 /// Tells bytes that something has befallen from those that were written.
 quint64 sumOf(const std::uint8_t* bytes, std::size_t size);
 
-/// The most bytes that a block's maps may take, on average: two bits a cell, and some to begin
-/// with. Few that are real take a tenth of it.
+/// The most bytes that a block's maps may take: twelve bits a cell, and some to begin with. That is
+/// room for maps in which all changes each time; few that are real take a fiftieth of it.
 qint64 mostBytesOf(CellGrid grid, int count);
 
 /// All before the blocks.
