@@ -45,7 +45,7 @@ CellBits bothWays(CellGrid of = grid) {
 int count(GroupMotion& motion, double time, const CellBits& changed, const CellBits& brighter) {
     CellBits both = changed;
     both.keep(brighter);
-    return motion.add(time, {changed, changed, both});
+    return motion.add(time, GroupFinder().find({changed, changed, both}));
 }
 
 /// The same for groups that change both ways.
@@ -258,7 +258,7 @@ void TestGroupMotion::whatIsAroundAGroupTellsWhichWayItGoes() {
     for (int picture = 0; picture < 50; ++picture) { // brighter, with a darker edge that is weak
         const QRect box(walking(picture), QSize(4, 5));
         const CellBits all = boxOf(box.adjusted(-1, 0, 0, 0));
-        last = motion.add(picture * interval, {boxOf(box), all, boxOf(box)});
+        last = motion.add(picture * interval, GroupFinder().find({boxOf(box), all, boxOf(box)}));
     }
     QCOMPARE(last, 20 * alongWeight);
 }

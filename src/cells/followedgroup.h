@@ -4,19 +4,10 @@
 
 #pragma once
 
-#include "cellgroups.h"
+#include "groupfinder.h"
 
 #include <array>
 #include <limits>
-
-/// A group as it is in one map. Its marks are the cells that have become brighter.
-struct SeenGroup {
-    CellGroup group;
-
-    // Cells that have nearly changed, in the box around it with a cell more on each side.
-    int brighterNear = 0;
-    int darkerNear = 0;
-};
 
 /// A group of changed cells that is followed from map to map.
 class FollowedGroup {

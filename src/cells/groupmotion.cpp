@@ -4,40 +4,18 @@
 
 #include "groupmotion.h"
 
-#include "cellmap.h"
 #include "grouprules.h"
 
 #include <algorithm>
 
-namespace {
-
-SeenGroup seenIn(const ChangedCells& cells, const CellGroup& group) {
-    SeenGroup seen;
-    seen.group = group;
-    const int left = std::max(0, group.left - 1);
-    const int right = std::min(cells.nearly.grid.columns - 1, group.right + 1);
-    const int bottom = std::min(cells.nearly.grid.rows - 1, group.bottom + 1);
-    for (int row = std::max(0, group.top - 1); row <= bottom; ++row) {
-        const int brighter = cells.brighter.countInRow(row, left, right);
-        seen.brighterNear += brighter;
-        seen.darkerNear += cells.nearly.countInRow(row, left, right) - brighter;
-    }
-    return seen;
-}
-
-} // namespace
-
-int GroupMotion::add(double time, const ChangedCells& cells) {
-    forget(time, cells.changed.grid);
-    if (cells.changed.isEmpty()) // as most maps are
-        return 0;
-    findLargest(cells);
+int GroupMotion::add(double time, const SeenGroups& seen) {
+    forget(time, seen.grid);
     matches.clear();
-    for (const CellGroup& group : largest)
-        matches.push_back(matchOf(group));
+    for (const SeenGroup& group : seen.largest)
+        matches.push_back(matchOf(group.group));
     int most = 0;
-    for (std::size_t i = 0; i < largest.size(); ++i)
-        most = std::max(most, follow(time, seenIn(cells, largest[i]), matches[i]));
+    for (std::size_t i = 0; i < seen.largest.size(); ++i)
+        most = std::max(most, follow(time, seen.largest[i], matches[i], seen.changed));
     return most;
 }
 
@@ -53,22 +31,6 @@ void GroupMotion::forget(double time, CellGrid gridNow) {
         track.isSeen = false;
     grid = gridNow;
     last = time;
-}
-
-void GroupMotion::findLargest(const ChangedCells& cells) {
-    largest.clear();
-    changed = 0;
-    const auto isLarger = [](const CellGroup& one, const CellGroup& other) {
-        return one.area > other.area;
-    };
-    for (const CellGroup& group : groups.find(cells.changed, leastGroup, cells.brighter)) {
-        changed += group.area;
-        if (largest.size() == mostFollowed && !isLarger(group, largest.back()))
-            continue;
-        if (largest.size() == mostFollowed)
-            largest.pop_back();
-        largest.insert(std::upper_bound(largest.begin(), largest.end(), group, isLarger), group);
-    }
 }
 
 /// Of several that overlap as much the one that has been followed for longest.
@@ -92,8 +54,8 @@ GroupMotion::Match GroupMotion::matchOf(const CellGroup& group) {
     return match;
 }
 
-/// Answers the cells that the group counts as.
-int GroupMotion::follow(double time, const SeenGroup& seen, Match match) {
+/// Answers the cells that the group counts as, one of a map with `changed` cells in groups.
+int GroupMotion::follow(double time, const SeenGroup& seen, Match match, int changed) {
     const int area = seen.group.area;
     if (match.same < 0) {
         if (tracks.size() >= mostTracks)

@@ -4,25 +4,16 @@
 
 #pragma once
 
-#include "cellgroups.h"
 #include "followedgroup.h"
 
-/// What has changed in a picture: sets of one grid, of the cells that are looked at alone.
-struct ChangedCells {
-    CellBits changed;
-    CellBits nearly;   ///< have reached the step before, all of `changed` included
-    CellBits brighter; ///< at least those of `nearly` that have become brighter
-};
-
-/// How much moves in each picture of a recording, from the cells that have changed in it. Cells
-/// that touch, corners included, are one group; groups are followed from map to map.
+/// How much moves in each picture of a recording, from the groups of cells that have changed in it.
+/// They are followed from map to map.
 class GroupMotion {
 public:
     /// The cells of the group that counts most, of which one counts several times, once or not at
     /// all by what it has done before (grouprules.h). `time` in seconds, as the stream counts them.
-    /// A time that runs backwards begins anew, and so does another grid. Where nothing has changed
-    /// the other sets may be empty.
-    int add(double time, const ChangedCells& cells);
+    /// A time that runs backwards begins anew, and so does another grid.
+    int add(double time, const SeenGroups& seen);
 
 private:
     struct Track {
@@ -37,14 +28,10 @@ private:
     };
 
     void forget(double time, CellGrid gridNow);
-    void findLargest(const ChangedCells& cells);
     Match matchOf(const CellGroup& group);
-    int follow(double time, const SeenGroup& seen, Match match);
+    int follow(double time, const SeenGroup& seen, Match match, int changed);
 
-    CellGroups groups;
-    std::vector<CellGroup> largest; ///< of the last map, the largest first
-    int changed = 0;                ///< cells of all of its groups
-    std::vector<Match> matches;     ///< of the largest
+    std::vector<Match> matches; ///< of the groups of the last map
     std::vector<Track> tracks;
     CellGrid grid;
     double last = 0.0; ///< time

@@ -5,7 +5,7 @@
 #include "cellsmeasurement.h"
 
 #include "cellregion.h"
-#include "cellscores.h"
+#include "cellseries.h"
 
 namespace {
 
@@ -27,8 +27,9 @@ Measurement cellsMeasurement(const Measurement& measured, const DetectionOptions
     decided.stream.isRegionEmpty = selectsNothing(region, pictures);
     decided.firstNumber = measured.firstNumber;
     decided.firstTime = measured.firstTime;
-    decided.series = seriesOf(measured.maps, measured.series.times,
-                              CellScores(region, pictures, options.cells, restless));
+    decided.series =
+        seriesOf(measured.maps, measured.series.times,
+                 CellScores(region, pictures, options.cells, restless), options.threads);
     decided.hasPictures = measured.hasPictures;
     decided.damage = measured.damage;
     return decided;

@@ -1,0 +1,51 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "groupfinder.h"
+
+#include "cellmap.h"
+#include "grouprules.h"
+
+#include <algorithm>
+
+namespace {
+
+void addLargest(std::vector<SeenGroup>& largest, const CellGroup& group) {
+    const auto isLarger = [](const CellGroup& one, const SeenGroup& other) {
+        return one.area > other.group.area;
+    };
+    if (largest.size() == mostFollowed && !isLarger(group, largest.back()))
+        return;
+    if (largest.size() == mostFollowed)
+        largest.pop_back();
+    largest.insert(std::upper_bound(largest.begin(), largest.end(), group, isLarger), {group});
+}
+
+void countNear(SeenGroup& seen, const ChangedCells& cells) {
+    const CellGroup& group = seen.group;
+    const int left = std::max(0, group.left - 1);
+    const int right = std::min(cells.nearly.grid.columns - 1, group.right + 1);
+    const int bottom = std::min(cells.nearly.grid.rows - 1, group.bottom + 1);
+    for (int row = std::max(0, group.top - 1); row <= bottom; ++row) {
+        const int brighter = cells.brighter.countInRow(row, left, right);
+        seen.brighterNear += brighter;
+        seen.darkerNear += cells.nearly.countInRow(row, left, right) - brighter;
+    }
+}
+
+} // namespace
+
+SeenGroups GroupFinder::find(const ChangedCells& cells) {
+    SeenGroups found;
+    found.grid = cells.changed.grid;
+    if (cells.changed.isEmpty()) // as most maps are
+        return found;
+    for (const CellGroup& group : groups.find(cells.changed, leastGroup, cells.brighter)) {
+        found.changed += group.area;
+        addLargest(found.largest, group);
+    }
+    for (SeenGroup& seen : found.largest)
+        countNear(seen, cells);
+    return found;
+}
