@@ -73,15 +73,15 @@ bool CellBits::isEmpty() const {
 
 int CellBits::countInRow(int row, int first, int last) const {
     const std::uint64_t* inRow = words.data() + std::size_t(row) * std::size_t(wordsPerRow);
-    int count = 0;
-    for (int word = first / wordBits; word <= last / wordBits; ++word) {
-        std::uint64_t bits = inRow[word];
-        if (word == last / wordBits)
-            bits &= ~std::uint64_t(0) >> (wordBits - 1 - last % wordBits);
-        if (word == first / wordBits)
-            bits &= ~std::uint64_t(0) << (first % wordBits);
-        count += bitCount(bits);
-    }
+    const std::uint64_t* word = inRow + first / wordBits;
+    const std::uint64_t* end = inRow + last / wordBits;
+    const std::uint64_t fromFirst = ~std::uint64_t(0) << (first % wordBits);
+    const std::uint64_t toLast = ~std::uint64_t(0) >> (wordBits - 1 - last % wordBits);
+    if (word == end)
+        return bitCount(*word & fromFirst & toLast);
+    int count = bitCount(*word & fromFirst) + bitCount(*end & toLast);
+    while (++word < end)
+        count += bitCount(*word);
     return count;
 }
 

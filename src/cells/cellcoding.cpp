@@ -220,14 +220,24 @@ public:
                 return false;
             const auto flipped = std::uint8_t((now ^ cells) & inside);
             if (flipped != 0)
-                changes.push_back(
-                    {std::uint16_t(tile), std::uint8_t(next), std::uint8_t(now & inside), flipped});
+                appendChange(changes, tile, next, std::uint8_t(now & inside), flipped);
             cells = now;
         }
         return true;
     }
 
 private:
+    /// Field by field: one that is made first and then copied is read before its bytes are written,
+    /// which took more time than all the rest.
+    static void appendChange(std::vector<TileChange>& changes, int tile, int map,
+                             std::uint8_t cells, std::uint8_t flipped) {
+        TileChange& change = changes.emplace_back();
+        change.tile = std::uint16_t(tile);
+        change.map = std::uint8_t(map);
+        change.cells = cells;
+        change.flipped = flipped;
+    }
+
     StreamReader& streams;
     int count;
 };
