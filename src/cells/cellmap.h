@@ -16,8 +16,8 @@ constexpr std::array<int, 4> cellSteps{10, 16, 26, 42};
 
 constexpr int changedStep = 2; ///< what counts as changed, unless a person asks otherwise
 
-/// Groups of fewer cells that touch, corners included, count nothing: less than a tenth of a percent
-/// of most pictures. They need not be kept.
+/// Groups of fewer cells that touch, corners included, count nothing: less than a tenth of a
+/// percent of most pictures. They need not be kept.
 constexpr int leastGroup = 8;
 
 /// How strongly each cell of one picture has changed.
