@@ -8,6 +8,12 @@
 
 #include <QDir>
 #include <QProcess>
+#include <QRegularExpression>
+
+QByteArray withoutAdvice(const QByteArray& errors) {
+    static const QRegularExpression advice("; (no |a higher |a lower )?--[^\n]*");
+    return QString::fromLocal8Bit(errors).remove(advice).toLocal8Bit();
+}
 
 ProcessResult endOf(QProcess& process, int timeoutMilliseconds) {
     const bool hasEnded = process.waitForFinished(timeoutMilliseconds);

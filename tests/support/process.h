@@ -21,6 +21,10 @@ struct ProcessResult {
     }
 };
 
+/// What a scan has said, without what it advises where there is nothing or too much to be found: it
+/// knows more of other options where values are kept.
+QByteArray withoutAdvice(const QByteArray& errors);
+
 /// Waits for the end of a program that was started, and ends one that outruns its time.
 ProcessResult endOf(QProcess& process, int timeoutMilliseconds = 120000);
 

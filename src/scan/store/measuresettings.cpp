@@ -89,7 +89,7 @@ QRect rectangleOf(const QByteArray& text) {
 
 /// As good as it can be told; `region` where nothing can.
 RegionOfInterest regionOf(const MeasureSettings& settings, RegionOfInterest region) {
-    const QByteArray text = valueOf(settings, "region");
+    const QByteArray text = valueOf(settings, regionKey);
     const QByteArray rectangle = "rectangle ";
     if (text == "whole") {
         region.kind = RegionOfInterest::Kind::WholeFrame;
@@ -98,7 +98,7 @@ RegionOfInterest regionOf(const MeasureSettings& settings, RegionOfInterest regi
         region.rectangle = rectangleOf(text.mid(rectangle.size()));
     }
     region.excluded.clear();
-    const QByteArray excluded = valueOf(settings, "exclude");
+    const QByteArray excluded = valueOf(settings, excludeKey);
     for (const QByteArray& one : excluded.split(' ')) {
         if (one.contains(','))
             region.excluded.append(rectangleOf(one));
@@ -137,13 +137,12 @@ bool areOfKeyFrames(const MeasureSettings& settings) {
 std::optional<DetectionOptions> measuredWith(const MeasureSettings& settings,
                                              DetectionOptions options) {
     MeasureOptions& measure = options.measure;
-    measure.pixelThreshold = valueOf(settings, "threshold-value").toInt();
+    measure.pixelThreshold = valueOf(settings, thresholdKey).toInt();
     measure.skip = valueOf(settings, "skip").toInt();
     measure.region = regionOf(settings, measure.region);
     options.isKeyframesOnly = areOfKeyFrames(settings);
     const MeasureSettings again = measureSettings(options);
-    for (const char* key :
-         {"measure", "threshold-value", "skip", "region", "exclude", picturesKey}) {
+    for (const char* key : {measureKey, thresholdKey, "skip", regionKey, excludeKey, picturesKey}) {
         if (valueOf(again, key) != valueOf(settings, key))
             return std::nullopt;
     }

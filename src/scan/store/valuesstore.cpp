@@ -258,28 +258,28 @@ bool ValuesStore::keepJoined(const Found& found) const {
            write(*found.values, valuesPath(options.valuesDirectory, found.values->recording.path));
 }
 
-/// The maps come first: those that lie beside values of another digest are nobody's.
+/// The maps come first: those that lie beside values of another digest are nobody's. What keeps the
+/// values from being written is told once.
 bool ValuesStore::write(const KeptValues& values, const QString& path) const {
     const QByteArray text = valuesText(values);
-    const bool areMapsKept = writeMaps(values, digestIn(text), cellsPath(path));
+    const QString mapsFailure = writeMaps(values, digestIn(text), cellsPath(path));
     const QString failure = writeValues(text, path);
-    if (failure.isEmpty())
-        return areMapsKept;
-    messages.complain(path, QStringLiteral("cannot keep the values: ") + failure);
-    QFile::remove(cellsPath(path));
-    return false;
+    if (!failure.isEmpty()) {
+        messages.complain(path, QStringLiteral("cannot keep the values: ") + failure);
+        QFile::remove(cellsPath(path));
+    } else if (!mapsFailure.isEmpty()) {
+        messages.complain(cellsPath(path),
+                          QStringLiteral("cannot keep the maps of cells: ") + mapsFailure);
+    }
+    return failure.isEmpty() && mapsFailure.isEmpty();
 }
 
-bool ValuesStore::writeMaps(const KeptValues& values, const QByteArray& digest,
-                            const QString& path) const {
+QString ValuesStore::writeMaps(const KeptValues& values, const QByteArray& digest,
+                               const QString& path) {
     const CellMaps& maps = values.measurement.maps;
     const CellsOrigin origin = originOf(values, digest);
-    if (maps.count() == 0 || maps.count() != origin.count) {
-        QFile::remove(path); // older ones are of other values
-        return true;
-    }
-    const QString failure = writeCells(maps, origin, path);
-    if (!failure.isEmpty())
-        messages.complain(path, QStringLiteral("cannot keep the maps of cells: ") + failure);
-    return failure.isEmpty();
+    if (maps.count() > 0 && maps.count() == origin.count)
+        return writeCells(maps, origin, path);
+    QFile::remove(path); // older ones are of other values
+    return {};
 }
