@@ -93,9 +93,9 @@ void RestlessCells::endStretch() {
 }
 
 CellBits RestlessCells::found() const {
-    CellBits cells(inStretch.grid);
     if (stretches < fewestStretches)
-        return cells;
+        return CellBits();
+    CellBits cells(inStretch.grid);
     const CellBits seeds = changingIn(restless);
     CellBits left = changingIn(nearRestless);
     for (int row = 0; row < cells.grid.rows; ++row) {

@@ -21,7 +21,8 @@ public:
     /// them. Begins anew with another grid.
     void add(double time, const CellBits& changed);
 
-    /// The restless cells, with their neighbours. None before a minute has been seen.
+    /// The restless cells, with their neighbours. Of no grid before a minute has been seen, which
+    /// is too little to tell.
     CellBits found() const;
 
 private:

@@ -13,5 +13,6 @@
 MotionSeries seriesOf(const CellMaps& maps, const QVector<double>& times, CellScores scores,
                       int threads = 1);
 
-/// The cells that change through most of a recording; empty where there are none.
+/// The cells that change through most of a recording; empty where there are none, and of no grid
+/// where it is too short to tell.
 CellBits restlessOf(const CellMaps& maps, const QVector<double>& times, const CellOptions& options);

@@ -42,6 +42,8 @@ CellBits restlessOf(const Measurement& measured, const DetectionOptions& options
 }
 
 QString restlessText(const CellBits& restless, QSize pictures) {
+    if (restless.grid.count() == 0)
+        return QStringLiteral("too short to tell what is restless, which takes a minute");
     const QVector<QRect> boxes = boxesOf(restless, pictures);
     if (boxes.isEmpty())
         return QStringLiteral("nothing is restless");

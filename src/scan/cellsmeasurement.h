@@ -17,5 +17,6 @@ Measurement cellsMeasurement(const Measurement& measured, const DetectionOptions
 CellBits restlessOf(const Measurement& measured, const DetectionOptions& options);
 
 /// The cells that are left out, for a person: "left out as restless: 34 of 14400 cells, in 2
-/// places: 120,8,190,32 and 600,400,16,16", each place as --exclude takes it.
+/// places: 120,8,190,32 600,400,16,16", each place as --exclude takes it. Those of no grid cannot
+/// be told.
 QString restlessText(const CellBits& restless, QSize pictures);
