@@ -162,6 +162,8 @@ void TestScanCells::restlessPlacesAreLeftOut() {
     const ProcessResult all = cells({"--merge", "0", corner});
     QCOMPARE(printed(all).size(), 1);
     QVERIFY(all.errors.contains("motion throughout: "));
+    const ProcessResult known = cells({"--values", inKept("maps"), "--merge", "0", corner});
+    QVERIFY2(known.errors.contains("; --ignore-restless finds 1 clip\n"), known.errors.constData());
     const QStringList ignoring = {"--merge",        "0",   "--ignore-restless", "--report",
                                   inKept("report"), corner};
     const ProcessResult calm = cells(ignoring);
@@ -178,7 +180,7 @@ void TestScanCells::restlessPlacesAreLeftOut() {
         QCOMPARE(asked, calm);
     }
     const ProcessResult early = cells({"--ignore-restless", visit}); // 20 s are too few to tell
-    QVERIFY(early.errors.contains(": nothing is restless\n"));
+    QVERIFY(early.errors.contains(": too short to tell what is restless, which takes a minute\n"));
 }
 
 void TestScanCells::recordingsWithoutClipsSayHowNearTheyWere() {
@@ -198,6 +200,10 @@ void TestScanCells::recordingsWithoutClipsSayHowNearTheyWere() {
     const QJsonObject line = jsonLines(still.output).value(0);
     QVERIFY(line["strongest"].isDouble());
     QVERIFY(line["strongestTime"].isDouble());
+    const QStringList asked = {"--values", inKept("values"), "--threshold-motion", "100", visit};
+    const ProcessResult little = cells(asked); // a box of a twentieth of the picture, counted fully
+    QVERIFY2(little.errors.contains(", below 100 %; no --sensitivity finds a clip; "),
+             little.errors.constData());
     const ProcessResult brief = cells({"--minimum", "10", passing});
     QVERIFY2(brief.errors.contains(", but never in half of 10 s; "), brief.errors.constData());
     const ProcessResult report = scan({"--report", inKept("report"), quiet});

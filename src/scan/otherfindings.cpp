@@ -58,7 +58,7 @@ QString OtherFindings::less() const {
     const IsWanted isLess = [](const Found& found) { return found.share < mostlyClips; };
     if (options.detection.detector == Detector::Mean)
         return cellsInstead(isLess);
-    return otherSensitivity(-1, isLess);
+    return joined({otherSensitivity(-1, isLess), withoutRestless(isLess)});
 }
 
 OtherFindings::Found OtherFindings::decide(const Measurement& measurement,
@@ -73,11 +73,13 @@ OtherFindings::Found OtherFindings::decide(const Measurement& measurement,
     return {seen.clips, seconds > 0.0 ? seen.inClips / seconds : 0.0};
 }
 
-OtherFindings::Found OtherFindings::decideOnCells(int step) const {
+/// Where cells decide already, everything else is as it was asked for.
+OtherFindings::Found OtherFindings::decideOnCells(const CellOptions& other) const {
     DetectionOptions cells = options.detection;
-    cells.cells.step = step;
+    cells.cells = other;
+    const bool isAsked = cells.detector == Detector::Cells;
     return decide(cellsMeasurement(measured, cells, restlessOf(measured, cells)),
-                  segmentationOf(cellsThreshold, cellsMinimum));
+                  isAsked ? segmentation : segmentationOf(cellsThreshold, cellsMinimum));
 }
 
 QString OtherFindings::shorterMinimum() const {
@@ -96,7 +98,7 @@ QString OtherFindings::shorterMinimum() const {
 QString OtherFindings::cellsInstead(const IsWanted& isWanted) const {
     if (measured.maps.count() == 0)
         return {};
-    const Found found = decideOnCells(changedStep);
+    const Found found = decideOnCells(CellOptions());
     const QString name = nameOf("cells", cellsThreshold);
     return isWanted(found) ? QStringLiteral("%1 finds %2").arg(name, countedClips(found.clips))
                            : QStringLiteral("--detector cells finds no %1")
@@ -124,13 +126,26 @@ QString OtherFindings::otherSensitivity(int towards, const IsWanted& isWanted) c
     const int asked = sensitivityOf(options.detection.cells.step);
     for (int next = asked + towards; next >= range.lowest && next <= range.highest;
          next += towards) {
-        const Found found = decideOnCells(stepOf(next));
+        CellOptions other = options.detection.cells;
+        other.step = stepOf(next);
+        const Found found = decideOnCells(other);
         if (isWanted(found))
             return QStringLiteral("--sensitivity %1 finds %2")
                 .arg(QString::number(next), countedClips(found.clips));
     }
     return QStringLiteral("no --sensitivity finds %1")
         .arg(towards > 0 ? QStringLiteral("a clip") : QStringLiteral("quiet in it"));
+}
+
+QString OtherFindings::withoutRestless(const IsWanted& isWanted) const {
+    CellOptions other = options.detection.cells;
+    if (measured.maps.count() == 0 || other.isRestlessIgnored)
+        return {};
+    other.isRestlessIgnored = true;
+    const Found found = decideOnCells(other);
+    return isWanted(found)
+               ? QStringLiteral("--ignore-restless finds %1").arg(countedClips(found.clips))
+               : QString();
 }
 
 /// What counts with another detector, where the threshold is that one's own.

@@ -34,11 +34,12 @@ private:
     using IsWanted = std::function<bool(const Found&)>;
 
     Found decide(const Measurement& measurement, const SegmentationOptions& other) const;
-    Found decideOnCells(int step) const;
+    Found decideOnCells(const CellOptions& other) const;
     QString shorterMinimum() const;
     QString cellsInstead(const IsWanted& isWanted) const;
     QString meanInstead() const;
     QString otherSensitivity(int towards, const IsWanted& isWanted) const;
+    QString withoutRestless(const IsWanted& isWanted) const;
     SegmentationOptions segmentationOf(double threshold, double minimum) const;
     QString nameOf(const char* detector, double threshold) const;
     bool isGiven(const char* option) const;

@@ -182,7 +182,6 @@ void RecordingOutput::finish(const MeasuringEnd& end, const Damage& damage) {
     if (isRead)
         outputs.messages.note(
             QStringLiteral("%1: clips: %2, length: %3")
-                .arg(recording.video, QString::number(line.clips), preciseClockText(line.seconds)));
-    if (!remarked.isEmpty())
-        outputs.messages.note(QStringLiteral("%1: %2").arg(recording.video, remarked));
+                .arg(recording.video, QString::number(line.clips), preciseClockText(line.seconds)) +
+            (remarked.isEmpty() ? QString() : QStringLiteral("; ") + remarked));
 }
