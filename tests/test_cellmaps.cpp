@@ -5,8 +5,10 @@
 // Maps of cells that are packed: what comes out is what went in, whatever the maps are, and bytes
 // that nobody packed do no harm.
 
+#include "cellcoding.h"
 #include "cellmaps.h"
 #include "cellthinning.h"
+#include "celltiles.h"
 
 #include <QtTest>
 
@@ -214,6 +216,7 @@ private Q_SLOTS:
     void quietHoursAreSmall();
     void foreignBytesDoNoHarm();
     void absurdLengthsDoNoHarm();
+    void mapsWithoutPicturesAreNotUnpacked();
 };
 
 void TestCellMaps::givesBackWhatWentIn_data() {
@@ -426,6 +429,22 @@ void TestCellMaps::absurdLengthsDoNoHarm() {
         maps.append(std::make_shared<const CellBlock>(block));
         QVERIFY(isReadable(maps));
     }
+}
+
+/// Few bytes can say that all cells change in each of many maps, which is much to unpack for the
+/// one picture that they are for.
+void TestCellMaps::mapsWithoutPicturesAreNotUnpacked() {
+    Maps maps;
+    for (int i = 0; i < mostBlockMaps; ++i) {
+        maps.push_back(emptyMap({160, 640}));
+        std::fill(maps.back().steps.begin(), maps.back().steps.end(), std::uint8_t(i % 2));
+    }
+    CellBlock block = *packed(maps).blocks().front();
+    QCOMPARE(int(unpackedPlane(block, 0).begins.size()), mostBlockMaps + 1);
+    block.count = 2;
+    const UnpackedPlane few = unpackedPlane(block, 0);
+    QCOMPARE(int(few.begins.size()), block.count + 1);
+    QVERIFY(few.changes.size() <= 2 * std::size_t(TileGrid(block.grid).count()));
 }
 
 QTEST_APPLESS_MAIN(TestCellMaps)

@@ -144,9 +144,10 @@ Piece pieceIn(const Bytes& block, std::size_t piece) {
     return {block.data() + begin, size};
 }
 
-/// How many maps are packed.
-int mapsIn(const Bytes& block) {
-    return block.empty() ? 1 : std::clamp(int(block[0]), 1, mostBlockMaps);
+/// How many maps are packed, each of which serves a picture or more.
+int mapsIn(const CellBlock& block) {
+    const int most = std::clamp(block.count, 1, mostBlockMaps);
+    return block.bytes.empty() ? 1 : std::clamp(int(block.bytes[0]), 1, most);
 }
 
 /// What a frame holds; empty where that is not `size` bytes.
@@ -321,7 +322,7 @@ UnpackedRuns unpackedRuns(const CellBlock& block) {
     runs.isFirstCarried = block.bytes.size() > 1 && block.bytes[1] != 0;
     std::size_t at = 0;
     int left = block.count;
-    for (int map = 0; left > 0 && map < mapsIn(block.bytes); ++map) {
+    for (int map = 0; left > 0 && map < mapsIn(block); ++map) {
         runs.pictures.push_back(std::min(nextRun(bytes, at), left));
         left -= runs.pictures.back();
     }
@@ -331,7 +332,7 @@ UnpackedRuns unpackedRuns(const CellBlock& block) {
 
 UnpackedPlane unpackedPlane(const CellBlock& block, int plane) {
     const TileGrid tiles(block.grid);
-    const int count = mapsIn(block.bytes);
+    const int count = mapsIn(block);
     // Of each map a gap and cells, and of each tile an end.
     const std::size_t most = std::size_t(tiles.count()) * (2 * std::size_t(count) + 1);
     StreamReader streams(pieceIn(block.bytes, std::size_t(plane + 1)), most);

@@ -8,8 +8,7 @@
 #include "cellcoding.h"
 #include "celltiles.h"
 
-/// Collects maps of one grid until they are packed. Groups that count nothing (leastGroup) are not
-/// kept.
+/// Collects maps of one grid until they are packed.
 class CellPacker {
 public:
     /// Whether one more map can join them.
