@@ -6,6 +6,8 @@
 
 #include "frame.h"
 
+#include <algorithm>
+
 RunUp::RunUp(const PartLead& lead, qint64 delay, const AVRational& timeBase)
     : lead(lead)
     , delay(delay)
@@ -28,10 +30,14 @@ void RunUp::add(const NumberedPacket& packet, const PacketKind& kind) {
     places.back().leading += kind.isLeading ? 1 : 0;
     if (packet.packet->dts == AV_NOPTS_VALUE)
         return;
-    for (Place& place : places) {
-        if (place.packet + place.leading + delay + lead.pictures == packet.number)
-            place.time = secondsOf(packet.packet->dts, timeBase);
-    }
+    // There may be as many places as packets.
+    const qint64 number = packet.number - delay - lead.pictures;
+    const auto isBefore = [](const Place& place, qint64 picture) {
+        return place.firstPicture() < picture;
+    };
+    const auto place = std::lower_bound(places.begin(), places.end(), number, isBefore);
+    if (place != places.end() && place->firstPicture() == number)
+        place->time = secondsOf(packet.packet->dts, timeBase);
 }
 
 void RunUp::takeStart() {

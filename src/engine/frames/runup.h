@@ -41,7 +41,7 @@ public:
     bool isClosed() const { return places.front().isClosed; }
 
     /// The number of the first picture that comes out as it does in one pass.
-    qint64 firstPicture() const { return places.front().packet + places.front().leading; }
+    qint64 firstPicture() const { return places.front().firstPicture(); }
 
 private:
     /// An access point.
@@ -52,6 +52,8 @@ private:
 
         /// Seconds, of the picture that lies the lead's number of them behind its first sure one.
         double time = std::numeric_limits<double>::infinity();
+
+        qint64 firstPicture() const { return packet + leading; }
     };
 
     bool isEarlyEnough(const Place& place, double time) const;
