@@ -12,6 +12,7 @@ a machine whose speed drifts does not matter. Prints a table and writes the same
 
 import argparse
 import json
+import math
 import os
 import statistics
 import subprocess
@@ -21,6 +22,7 @@ import time
 from pathlib import Path
 
 SECONDS = {"1920x1080": 10, "3840x2160": 5}
+HOUR_OF_PICTURES = 90000  # 25 a second
 
 
 def run(command):
@@ -85,14 +87,14 @@ class Bench:
             part.rename(path)
         return path
 
-    def material(self, name, size, seconds, *codec):
-        """Mostly still, with sensor noise; something crosses for 3 s of every 10."""
+    def material(self, name, size, seconds, *codec, still=7):
+        """Sensor noise; something crosses for 3 s, and then nothing does for `still` s."""
         width, height = map(int, size.split("x"))
         scene = (f"color=c=0x557755:s={size}:r=25:d={seconds},noise=alls=4:allf=t[scene];"
                  f"color=c=0x998866:s={width // 8}x{height // 5}:r=25:d={seconds},"
                  "noise=alls=70:allf=t[animal];"
-                 "[scene][animal]overlay=x='mod(t,10)/3*W':y=H/3:"
-                 "enable='lt(mod(t,10),3)',format=yuv420p")
+                 f"[scene][animal]overlay=x='mod(t,{3 + still})/3*W':y=H/3:"
+                 f"enable='lt(mod(t,{3 + still}),3)',format=yuv420p")
         return self.encode(name, "-filter_complex", scene, *codec)
 
     def looped(self, name, video, times):
@@ -260,13 +262,29 @@ def side_by_side(bench, _):
                   bench.scan([minute] * 10))
 
 
-def deciding_again(bench, _):
+def deciding_again(bench, footage):
     bench.heading("Deciding on kept values (A) against measuring (B), an hour of 1080p")
     material = bench.material("h264-1920x1080.mp4", "1920x1080", 10, *CODECS["h264"][1])
     video = bench.looped("hour-1920x1080.mp4", material, 360)
     kept = ("--values", bench.folder / "kept")
     run(bench.decide(video, *kept))
     bench.compare("values", "deciding again", bench.decide(video, *kept), bench.decide(video))
+    deciding_by_cells(bench, footage)
+
+
+def deciding_by_cells(bench, footage):
+    bench.heading("Deciding on kept maps of cells (A) against doing so on kept values (B), an hour")
+    kept = ("--values", bench.folder / "kept")
+    quiet = bench.material("quiet-minute.mp4", "320x180", 60, *CODECS["h264"][1], still=57)
+    hours = [("a quiet camera", bench.looped("quiet-hour.mp4", quiet, 60))]
+    for video in footage:
+        pictures = records(bench.decide(video, "--format", "jsonl"))[-1]["frames"]
+        times = math.ceil(HOUR_OF_PICTURES / pictures)
+        hours.append((video.name, bench.looped(f"hour-{video.name}", video, times)))
+    for name, video in hours:
+        run(bench.decide(video, *kept))
+        bench.compare("values", name, bench.decide(video, *kept, "--detector", "cells"),
+                      bench.decide(video, *kept))
 
 
 def quick_look(bench, _):
@@ -297,11 +315,15 @@ def recall_of_quick_looks(bench, footage):
     bench.rows.append({"group": "recall", "name": "all", "touched": touched, "clips": total})
 
 
-def clips(command):
-    """Start and end of each clip that a scan prints as JSON lines."""
+def records(command):
+    """What a scan prints as JSON lines."""
     lines = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, check=False)
-    found = [json.loads(line) for line in lines.stdout.splitlines()]
-    return [(line["start"], line["end"]) for line in found if "start" in line]
+    return [json.loads(line) for line in lines.stdout.splitlines()]
+
+
+def clips(command):
+    """Start and end of each clip."""
+    return [(record["start"], record["end"]) for record in records(command) if "start" in record]
 
 
 if __name__ == "__main__":
