@@ -592,6 +592,9 @@ void TestCellComparison::whatBeginsAnewIsMade() {
     QVERIFY(!comparison.add(1.001, flat({9, 16}, 10)).isCarried);
     QVERIFY(!comparison.add(1, flat({9, 16}, 10)).isCarried);
     QVERIFY(!comparison.add(notANumber, flat({9, 16}, 10)).isCarried);
+    comparison.add(2, flat({16, 9}, 10));
+    QVERIFY(comparison.add(2.003, flat({16, 9}, 10)).isCarried);
+    QVERIFY(!comparison.add(2.001, flat({16, 9}, 10)).isCarried);
 }
 
 void TestCellComparison::picturesOfOneMoment() {

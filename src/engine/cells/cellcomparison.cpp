@@ -31,8 +31,8 @@ double momentOf(double time) {
     return std::floor(time * cells::momentsASecond + 0.5);
 }
 
-double mapOf(double moment) {
-    return std::floor(moment / cells::momentsOfAMap);
+double mapOf(double time) {
+    return std::floor(momentOf(time) / cells::momentsOfAMap);
 }
 
 bool isStrong(int medianOfAbsolute) {
@@ -49,7 +49,7 @@ int leastChange(int sigmas, int medianOfAbsolute) {
 } // namespace
 
 const CellMap& CellComparison::add(double time, CellPicturePointer picture) {
-    map.isCarried = follows(time, *picture) && mapOf(momentOf(time)) == mapOf(moment);
+    map.isCarried = follows(time, *picture) && mapOf(time) == mapOf(last);
     if (!follows(time, *picture))
         beginAnew(picture->grid);
     if (isTime(time))
@@ -60,7 +60,7 @@ const CellMap& CellComparison::add(double time, CellPicturePointer picture) {
 }
 
 bool CellComparison::follows(double time, const CellPicture& picture) const {
-    return isTime(time) && !history.isEmpty() && time >= history.last().time &&
+    return isTime(time) && !history.isEmpty() && time >= last &&
            picture.grid == history.last().picture->grid;
 }
 
@@ -70,10 +70,9 @@ void CellComparison::beginAnew(CellGrid grid) {
 }
 
 void CellComparison::remember(double time, CellPicturePointer picture) {
-    const double now = momentOf(time);
-    if (history.isEmpty() || now != moment)
+    if (history.isEmpty() || momentOf(time) != momentOf(last))
         history.add(time, std::move(picture));
-    moment = now;
+    last = time;
 }
 
 void CellComparison::judge() {

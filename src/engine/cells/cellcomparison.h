@@ -57,6 +57,6 @@ private:
     std::vector<std::int16_t> difference; ///< of each cell, in 128ths of a level
     std::vector<std::int16_t> absolute;   ///< from the median, less 2^15
     std::vector<std::int16_t> rough;      ///< before they are averaged
-    double moment = 0;                    ///< of the last picture
+    double last = 0.0;                    ///< time
     CellMap map;
 };
