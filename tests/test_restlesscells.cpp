@@ -75,8 +75,8 @@ void TestRestlessCells::aClockInTheCorner() {
 
 void TestRestlessCells::shortRecordingsTellNothing() {
     QCOMPARE(RestlessCells().found().count(), 0);
-    QVERIFY(restlessOf(59, clockTicks).grid == CellGrid());
-    QVERIFY(restlessOf(60, [](int, CellBits&) {}).grid == grid); // nothing is restless
+    QVERIFY(restlessOf(49, clockTicks).grid == CellGrid());
+    QVERIFY(restlessOf(50, [](int, CellBits&) {}).grid == grid); // nothing is restless
 }
 
 void TestRestlessCells::whatChangesInHalfOfTheSecondsStays() {

@@ -49,9 +49,10 @@ void setNumber(std::size_t number, std::uint8_t* bytes) {
         bytes[i] = std::uint8_t(number >> 8 * i);
 }
 
-std::size_t numberAt(const std::uint8_t* bytes) {
-    return std::size_t(bytes[0]) | std::size_t(bytes[1]) << 8 | std::size_t(bytes[2]) << 16 |
-           std::size_t(bytes[3]) << 24;
+/// Wide enough for sums of several.
+std::uint64_t numberAt(const std::uint8_t* bytes) {
+    return std::uint64_t(bytes[0]) | std::uint64_t(bytes[1]) << 8 | std::uint64_t(bytes[2]) << 16 |
+           std::uint64_t(bytes[3]) << 24;
 }
 
 struct FreeContext {
@@ -135,13 +136,13 @@ Piece pieceIn(const Bytes& block, std::size_t piece) {
     if (block.size() < headBytes)
         return {};
     const std::uint8_t* lengths = block.data() + lengthsPlace;
-    std::size_t begin = headBytes;
+    std::uint64_t begin = headBytes;
     for (std::size_t i = 0; i < piece; ++i)
         begin += numberAt(lengths + i * lengthBytes);
-    const std::size_t size = numberAt(lengths + piece * lengthBytes);
+    const std::uint64_t size = numberAt(lengths + piece * lengthBytes);
     if (begin > block.size() || size > block.size() - begin)
         return {};
-    return {block.data() + begin, size};
+    return {block.data() + begin, std::size_t(size)};
 }
 
 /// How many maps are packed, each of which serves a picture or more.
@@ -170,11 +171,11 @@ public:
     StreamReader(Piece plane, std::size_t most) {
         if (plane.size < planeHeadBytes)
             return;
-        std::size_t size = 0;
+        std::uint64_t size = 0;
         for (std::size_t i = 0; i < streams; ++i) {
-            at[i] = size;
+            at[i] = std::size_t(size);
             size += numberAt(plane.data + i * lengthBytes);
-            end[i] = size;
+            end[i] = std::size_t(size);
         }
         if (size <= most)
             bytes = unpacked({plane.data + planeHeadBytes, plane.size - planeHeadBytes}, size);

@@ -12,8 +12,8 @@ namespace {
 constexpr int mostPlaces = 8; ///< that are named
 
 bool selectsNothing(const RegionOfInterest& region, QSize pictures) {
-    return !pictures.isEmpty() &&
-           prepareRegion(region, pictures.width(), pictures.height()).isEmpty();
+    const CellGrid grid = cellGridOf(pictures.width(), pictures.height());
+    return grid.count() > 0 && cellsOf(region, pictures, grid).isEmpty();
 }
 
 } // namespace
@@ -43,7 +43,7 @@ CellBits restlessOf(const Measurement& measured, const DetectionOptions& options
 
 QString restlessText(const CellBits& restless, QSize pictures) {
     if (restless.grid.count() == 0)
-        return QStringLiteral("too short to tell what is restless, which takes a minute");
+        return QStringLiteral("too short to tell what is restless, which takes almost a minute");
     const QVector<QRect> boxes = boxesOf(restless, pictures);
     if (boxes.isEmpty())
         return QStringLiteral("nothing is restless");

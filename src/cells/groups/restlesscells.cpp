@@ -13,11 +13,11 @@ namespace {
 // change each second are seen in 90 to 100 % of stretches of one second, a leaf in half to three
 // quarters, the busiest spots of a road and of the square as well: but these lie within more that
 // changes in a third, which reaches over a tenth of the picture and more, the leaf's over 1.6 %.
-constexpr double stretch = 1.0; // seconds
-constexpr std::uint32_t fewestStretches = 60;
-constexpr int restless = 2;     // more than one in so many stretches
-constexpr int nearRestless = 3; // the same, around restless cells
-constexpr int largest = 50;     // one in so many cells of the picture: a box around all
+constexpr double stretch = 1.0;               // seconds
+constexpr std::uint32_t fewestStretches = 50; // recordings of a minute are usual
+constexpr int restless = 2;                   // more than one in so many stretches
+constexpr int nearRestless = 3;               // the same, around restless cells
+constexpr int largest = 50; // one in so many cells of the picture: a box around all
 
 using Cells = std::vector<std::pair<int, int>>; // columns and rows
 

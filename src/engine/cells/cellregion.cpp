@@ -5,6 +5,7 @@
 #include "cellregion.h"
 
 #include "cellgroups.h"
+#include "opencvfailure.h"
 
 #include <opencv2/core.hpp>
 
@@ -43,9 +44,7 @@ int selectedIn(const PreparedRegion& region, const cv::Rect& cell) {
     return cell.area();
 }
 
-} // namespace
-
-CellBits cellsOf(const RegionOfInterest& region, QSize pictures, CellGrid grid) {
+CellBits selectedCells(const RegionOfInterest& region, QSize pictures, CellGrid grid) {
     CellBits half(grid);
     CellBits touched(grid);
     if (grid.count() == 0)
@@ -66,6 +65,17 @@ CellBits cellsOf(const RegionOfInterest& region, QSize pictures, CellGrid grid) 
         }
     }
     return half.count() > 0 ? half : touched;
+}
+
+} // namespace
+
+CellBits cellsOf(const RegionOfInterest& region, QSize pictures, CellGrid grid) {
+    try {
+        return selectedCells(region, pictures, grid);
+    } catch (const cv::Exception& exception) {
+        noteFailure(exception);
+    }
+    return CellBits(grid);
 }
 
 int wholeOf(const CellBits& region) {
