@@ -86,8 +86,11 @@ private Q_SLOTS:
     void whatGoesOneWayForLongCountsNothing();
     void aFewCellsTheOtherWayAreNoise();
     void partsOfWhatGoesOneWayCountNothing();
-    void lightThatMovesAlongCountsOnce();
+    void lightThatMovesAlongCountsNothing();
     void whatIsAroundAGroupTellsWhichWayItGoes();
+    void aQuickThingOfOneBrightnessIsNoLight();
+    void partnersAreNearAndAsLarge_data();
+    void partnersAreNearAndAsLarge();
     void whatTurnsRoundIsNoLight();
     void ofManyGroupsNoneCountsMore();
     void rareMapsFollowOneAnother();
@@ -243,13 +246,13 @@ void TestGroupMotion::partsOfWhatGoesOneWayCountNothing() {
     QCOMPARE(count(motion, 31 * interval, parts, CellBits(grid)), 25);
 }
 
-void TestGroupMotion::lightThatMovesAlongCountsOnce() {
+void TestGroupMotion::lightThatMovesAlongCountsNothing() {
     GroupMotion motion;
     int last = 0;
     for (int picture = 0; picture < 50; ++picture)
         last = count(motion, picture * interval, boxOf({walking(picture), QSize(4, 5)}),
                      CellBits(grid));
-    QCOMPARE(last, 20);
+    QCOMPARE(last, 0);
 }
 
 void TestGroupMotion::whatIsAroundAGroupTellsWhichWayItGoes() {
@@ -261,6 +264,48 @@ void TestGroupMotion::whatIsAroundAGroupTellsWhichWayItGoes() {
         last = motion.add(picture * interval, GroupFinder().find({boxOf(box), all, boxOf(box)}));
     }
     QCOMPARE(last, 20 * alongWeight);
+}
+
+void TestGroupMotion::aQuickThingOfOneBrightnessIsNoLight() {
+    // It is 24 x 32 cells and moves 16 cells a second: 9 columns where it arrives become brighter,
+    // and 9 where it was darker. 6 columns lie between them.
+    GroupMotion motion;
+    int last = 0;
+    for (int picture = 0; picture < 50; ++picture) {
+        const int left = 10 + picture * 16 / 25;
+        const CellBits arriving = boxOf({left + 15, 30, 9, 32});
+        CellBits cells = arriving;
+        add(cells, {left, 30, 9, 32});
+        last = count(motion, picture * interval, cells, arriving);
+        QVERIFY2(last >= 9 * 32, qPrintable(QString::number(picture)));
+    }
+    QCOMPARE(last, 9 * 32 * alongWeight);
+}
+
+void TestGroupMotion::partnersAreNearAndAsLarge_data() {
+    QTest::addColumn<QRect>("other");
+    QTest::addColumn<bool>("isBrighter");
+    QTest::addColumn<bool>("isPartner");
+    QTest::newRow("as large") << QRect(40, 30, 10, 10) << true << true;
+    QTest::newRow("the same way") << QRect(40, 30, 10, 10) << false << false;
+    QTest::newRow("as far as it is long") << QRect(40, 40, 10, 10) << true << true;
+    QTest::newRow("farther") << QRect(41, 30, 10, 10) << true << false;
+    QTest::newRow("farther below") << QRect(30, 51, 10, 10) << true << false;
+    QTest::newRow("a third") << QRect(33, 30, 4, 9) << true << true;
+    QTest::newRow("less than a third") << QRect(33, 30, 4, 8) << true << false;
+}
+
+void TestGroupMotion::partnersAreNearAndAsLarge() {
+    QFETCH(QRect, other);
+    QFETCH(bool, isBrighter);
+    QFETCH(bool, isPartner);
+    GroupMotion motion;
+    CellBits cells = boxOf({20, 30, 10, 10});
+    add(cells, other);
+    int last = 0;
+    for (int picture = 0; picture < 30; ++picture)
+        last = count(motion, picture * interval, cells, isBrighter ? boxOf(other) : CellBits(grid));
+    QCOMPARE(last, isPartner ? 100 : 0);
 }
 
 void TestGroupMotion::whatTurnsRoundIsNoLight() {

@@ -34,8 +34,7 @@ QByteArrayList printed(const ProcessResult& result) {
 QStringList blinkingCorner() {
     return {"-filter_complex",
             "color=c=0x406040:s=320x240:r=10:d=90,noise=alls=4:allf=t:all_seed=7[scene];"
-            "color=c=white:s=32x24:r=10:d=90[lamp];color=c=gray:s=48x64:r=10:d=90,noise=alls=90:"
-            "allf=t:all_seed=8[box];"
+            "color=c=white:s=32x24:r=10:d=90[lamp];color=c=white:s=48x64:r=10:d=90[box];"
             "[scene][lamp]overlay=x=8:y=8:enable='lt(mod(t,1),0.5)'[lit];"
             "[lit][box]overlay=x='(t-40)*W/10':y=100:enable='between(t,40,50)',format=yuv420p",
             "-c:v",

@@ -17,10 +17,6 @@ int common(int begin, int end, int otherBegin, int otherEnd) {
     return std::max(0, std::min(end, otherEnd) - std::max(begin, otherBegin) + 2);
 }
 
-bool isMixed(int one, int other) {
-    return std::min(one, other) * 100 > bothWaysPercent * (one + other);
-}
-
 } // namespace
 
 static_assert(alongTime / placeEvery + 2 < 8, "all places have room");
@@ -40,9 +36,9 @@ void FollowedGroup::seeWays(double time, const SeenGroup& now) {
     const bool isFirst = placeCount == 0;
     const bool isTurned = !isFirst && isBrighter != (brighter >= darker);
     isBrighter = brighter >= darker;
-    if (isMixed(now.brighterNear, now.darkerNear))
+    if (now.hasPartner || isBothWays(now.brighterNear, now.darkerNear))
         bothWaysNear = time;
-    if (isMixed(brighter, darker))
+    if (isBothWays(brighter, darker))
         bothWays = time;
     if (isTurned || bothWaysNear == time)
         oneWayFrom = time;
@@ -54,8 +50,8 @@ int FollowedGroup::overlap(const CellGroup& group) const {
 }
 
 int FollowedGroup::weight(bool isLargeShare) const {
-    if (isMovingAlong())
-        return isLargeShare && seenAt - bothWaysNear <= lately ? alongWeight : 1;
+    if (isMovingAlong() && seenAt - bothWaysNear <= lately)
+        return isLargeShare ? alongWeight : 1;
     if (seenAt - oneWayFrom > oneWayTime)
         return 0;
     const bool isAtWork = seenAt - bornAt >= stayingAge && seenAt - bothWays <= lately;

@@ -34,7 +34,44 @@ void countNear(SeenGroup& seen, const ChangedCells& cells) {
     }
 }
 
+int longerSide(const CellGroup& group) {
+    return std::max(group.right - group.left, group.bottom - group.top) + 1;
+}
+
+/// Cells between the boxes around two groups, in the direction in which there are more.
+int gapBetween(const CellGroup& one, const CellGroup& other) {
+    return std::max({0, one.left - other.right - 1, other.left - one.right - 1,
+                     one.top - other.bottom - 1, other.top - one.bottom - 1});
+}
+
+bool isOneWay(const CellGroup& group) {
+    return !isBothWays(group.marked, group.area - group.marked);
+}
+
+bool isMostlyBrighter(const CellGroup& group) {
+    return 2 * group.marked > group.area;
+}
+
+/// Whether two groups can be where one thing arrives and where it was.
+bool arePartners(const CellGroup& one, const CellGroup& other) {
+    return isOneWay(one) && isOneWay(other) && isMostlyBrighter(one) != isMostlyBrighter(other) &&
+           one.area <= partnerRatio * other.area && other.area <= partnerRatio * one.area &&
+           gapBetween(one, other) <= std::min(longerSide(one), longerSide(other));
+}
+
+void findPartners(std::vector<SeenGroup>& groups) {
+    for (SeenGroup& one : groups) {
+        one.hasPartner = std::any_of(groups.begin(), groups.end(), [&one](const SeenGroup& other) {
+            return arePartners(one.group, other.group);
+        });
+    }
+}
+
 } // namespace
+
+bool isBothWays(int brighter, int darker) {
+    return std::min(brighter, darker) * 100 > bothWaysPercent * (brighter + darker);
+}
 
 SeenGroups GroupFinder::find(const ChangedCells& cells) {
     SeenGroups found;
@@ -47,5 +84,6 @@ SeenGroups GroupFinder::find(const ChangedCells& cells) {
     }
     for (SeenGroup& seen : found.largest)
         countNear(seen, cells);
+    findPartners(found.largest);
     return found;
 }

@@ -22,7 +22,12 @@ struct SeenGroup {
     // Cells that have nearly changed, in the box around it with a cell more on each side.
     int brighterNear = 0;
     int darkerNear = 0;
+
+    bool hasPartner = false; ///< goes one way, and another one near it goes the other way
 };
+
+/// Whether cells go both ways, of which so many have become brighter and so many darker.
+bool isBothWays(int brighter, int darker);
 
 /// The groups of one map.
 struct SeenGroups {

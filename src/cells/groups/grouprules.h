@@ -31,6 +31,10 @@ constexpr double oneWayTime =
 constexpr int bothWaysPercent = 3; ///< more of the cells must go the rarer way; 1..4
 constexpr double lately = 1.0;     ///< seconds for which that they did is remembered; 1..2
 
+// A thing of one brightness before an even ground makes a group that goes one way where it arrives
+// and one that goes the other way where it was; quick ones leave a gap between the two.
+constexpr int partnerRatio = 3; ///< at most so many times the area of the other one
+
 // What changes both ways on the spot for longer than leaves do: somebody is at work.
 constexpr double stayingAge = 1.5; ///< seconds; at 1, a leaf is, too
 constexpr int stayingWeight = 2;
