@@ -142,24 +142,31 @@ QString difference(const QList<QByteArray>& found, const QList<QByteArray>& expe
 
 DetectionOptions oneSecond() {
     DetectionOptions options;
-    options.areMapsKept = true;
     options.segmentation.minimum = 1.0;
+    return options;
+}
+
+/// Of small pictures maps take far longer than all else, so that two of the runs make them.
+DetectionOptions withMaps(DetectionOptions options, bool areWanted) {
+    options.areMapsKept = areWanted;
     return options;
 }
 
 void compareWithOneThread(const QString& path, const DetectionOptions& options = oneSecond(),
                           const QVector<int>& counts = {2, 3, 4, 8, 16}) {
-    const Run expected(path, options, 1);
+    const Run expected(path, withMaps(options, true), 1);
     QVERIFY2(expected.outcome == DetectionOutcome::Finished, qPrintable(expected.error));
     for (const int threads : counts) {
+        const bool hasMaps = threads == counts[counts.size() / 2];
         const int endsBefore = ends;
-        const Run run(path, options, threads);
+        const Run run(path, withMaps(options, hasMaps), threads);
         const QString found = difference(run.account.events, expected.account.events);
         QVERIFY2(found.isEmpty(),
                  qPrintable(QStringLiteral("%1 threads: %2").arg(threads).arg(found)));
         QCOMPARE(run.outcome, expected.outcome);
         QCOMPARE(run.error, expected.error);
-        QCOMPARE(run.mapsDigest(), expected.mapsDigest());
+        if (hasMaps)
+            QCOMPARE(run.mapsDigest(), expected.mapsDigest());
         QVERIFY(run.account.hasAllSnapshots);
         if (plans > 0 && ends == endsBefore)
             QCOMPARE(run.account.positions, expected.account.positions);
