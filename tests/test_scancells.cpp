@@ -179,7 +179,8 @@ void TestScanCells::restlessPlacesAreLeftOut() {
         QCOMPARE(asked, calm);
     }
     const ProcessResult early = cells({"--ignore-restless", visit}); // 20 s are too few to tell
-    QVERIFY(early.errors.contains(": too short to tell what is restless, which takes almost a minute\n"));
+    QVERIFY(early.errors.contains(
+        ": too short to tell what is restless, which takes almost a minute\n"));
 }
 
 void TestScanCells::recordingsWithoutClipsSayHowNearTheyWere() {
