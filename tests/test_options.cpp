@@ -361,6 +361,14 @@ void TestOptions::keptSettingsTellTheirOptions() {
             line.value = "rectangle 2147483647,0,2147483647,1";
     }
     QVERIFY(!measuredWith(forged, before).has_value());
+    for (const char* key : {"skip", "threshold-value"}) {
+        forged = settings;
+        for (HeadLine& line : forged) {
+            if (line.key == key)
+                line.value = "-1";
+        }
+        QVERIFY(!measuredWith(forged, before).has_value());
+    }
 }
 
 void TestOptions::helpNamesEverything() {

@@ -78,8 +78,10 @@ QByteArray valueOf(const MeasureSettings& settings, const QByteArray& key) {
     return found == settings.cend() ? QByteArray() : found->value;
 }
 
+constexpr int mostSkipped = 1000000; // far above what can be asked for
+
 QRect rectangleOf(const QByteArray& text) {
-    constexpr int farthest = 1 << 30; // far corners must still fit an int
+    constexpr int farthest = 1 << 29; // far corners must still fit an int
     const QByteArrayList numbers = text.split(',');
     const auto number = [&](int place) {
         return std::clamp(numbers.value(place).toInt(), -farthest, farthest);
@@ -139,6 +141,9 @@ std::optional<DetectionOptions> measuredWith(const MeasureSettings& settings,
     MeasureOptions& measure = options.measure;
     measure.pixelThreshold = valueOf(settings, thresholdKey).toInt();
     measure.skip = valueOf(settings, "skip").toInt();
+    if (measure.pixelThreshold < 0 || measure.pixelThreshold > 255 || measure.skip < 0 ||
+        measure.skip > mostSkipped)
+        return std::nullopt;
     measure.region = regionOf(settings, measure.region);
     options.isKeyframesOnly = areOfKeyFrames(settings);
     const MeasureSettings again = measureSettings(options);
