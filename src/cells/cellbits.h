@@ -18,14 +18,17 @@ struct CellBits {
 
     explicit CellBits(CellGrid grid = {}, bool isSet = false);
 
+    std::size_t wordOf(int column, int row) const {
+        return std::size_t(row) * std::size_t(wordsPerRow) + std::size_t(column / 64);
+    }
     bool has(int column, int row) const {
-        return (words[std::size_t(row * wordsPerRow + column / 64)] >> (column % 64) & 1U) != 0;
+        return (words[wordOf(column, row)] >> (column % 64) & 1U) != 0;
     }
     void add(int column, int row) {
-        words[std::size_t(row * wordsPerRow + column / 64)] |= std::uint64_t(1) << (column % 64);
+        words[wordOf(column, row)] |= std::uint64_t(1) << (column % 64);
     }
     void remove(int column, int row) {
-        words[std::size_t(row * wordsPerRow + column / 64)] &= ~(std::uint64_t(1) << (column % 64));
+        words[wordOf(column, row)] &= ~(std::uint64_t(1) << (column % 64));
     }
     int count() const;
     bool isEmpty() const;

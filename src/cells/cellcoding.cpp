@@ -336,7 +336,7 @@ UnpackedPlane unpackedPlane(const CellBlock& block, int plane) {
     const int count = mapsIn(block);
     // Of each map a gap and cells, and of each tile an end.
     const std::size_t most = std::size_t(tiles.count()) * (2 * std::size_t(count) + 1);
-    StreamReader streams(pieceIn(block.bytes, std::size_t(plane + 1)), most);
+    StreamReader streams(pieceIn(block.bytes, std::size_t(plane) + 1), most);
     if (streams.isEmpty())
         return {{}, std::vector<int>(std::size_t(count) + 1, 0)};
     return byMap(changesOf(streams, count, tiles), count);

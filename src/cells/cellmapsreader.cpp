@@ -129,8 +129,8 @@ void CellMapsReader::flip(const TileChange& tile, CellBits& cells) const {
     cells.words[std::size_t(place.word)] ^= std::uint64_t(tile.flipped & row) << place.shift;
     const unsigned lower = tile.flipped >> tileColumns;
     if (lower != 0)
-        cells.words[std::size_t(place.word + cells.wordsPerRow)] ^= std::uint64_t(lower)
-                                                                    << place.shift;
+        cells.words[std::size_t(place.word) + std::size_t(cells.wordsPerRow)] ^=
+            std::uint64_t(lower) << place.shift;
 }
 
 void CellMapsReader::count(const TileChange& tile) {

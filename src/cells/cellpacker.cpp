@@ -54,7 +54,8 @@ void CellPacker::addRow(int plane, int row, const CellBits& cells) {
     const CellBits& before = last[std::size_t(plane)];
     const bool hasLower = row + 1 < collected.grid.rows;
     for (int i = 0; i < cells.wordsPerRow; ++i) {
-        const std::size_t upper = std::size_t(row * cells.wordsPerRow + i);
+        const std::size_t upper =
+            std::size_t(row) * std::size_t(cells.wordsPerRow) + std::size_t(i);
         const std::size_t lower = upper + std::size_t(cells.wordsPerRow);
         std::uint64_t changed = cells.words[upper] ^ before.words[upper];
         if (hasLower)

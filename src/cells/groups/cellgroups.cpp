@@ -34,7 +34,7 @@ void CellGroups::clear(int columns) {
     groups.clear();
     mergedInto.clear();
     for (Row& row : rows) {
-        row.runs.resize(std::size_t(columns / 2 + 1));
+        row.runs.resize(std::size_t(columns / 2) + 1);
         row.count = 0;
     }
 }

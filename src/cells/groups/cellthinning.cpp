@@ -39,7 +39,8 @@ void removeIfSmall(CellMap& map, CellBits& cells, Place first, int step) {
         return;
     for (const auto& [column, row] : found) {
         cells.remove(column, row);
-        map.steps[std::size_t(row * map.grid.columns + column)] = std::uint8_t(step - 1);
+        map.steps[std::size_t(row) * std::size_t(map.grid.columns) + std::size_t(column)] =
+            std::uint8_t(step - 1);
     }
 }
 

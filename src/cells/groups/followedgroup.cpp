@@ -62,7 +62,7 @@ void FollowedGroup::keepPlace(const Place& place) {
     if (placeCount == 0 || place.time - places[std::size_t(placeCount - 1)].time >= placeEvery)
         places[std::size_t(placeCount++)] = place;
     int old = 0;
-    while (old + 1 < placeCount && places[std::size_t(old + 1)].time <= place.time - alongTime)
+    while (old + 1 < placeCount && places[std::size_t(old) + 1].time <= place.time - alongTime)
         ++old;
     std::copy(places.begin() + old, places.begin() + placeCount, places.begin());
     placeCount -= old;

@@ -14,8 +14,10 @@ using cells::unit;
 
 constexpr int highestLevel = 255 * 16;
 constexpr int mostPictures = int(cells::momentsASecond * cells::longestWindow) + 2;
+constexpr int unitsInLevelStep = unit / 16; // levels are in sixteenths
 static_assert(255 * unit <= INT16_MAX, "differences of means fit");
-static_assert(mostPictures * highestLevel * (unit / 16) < 1 << 22, "means are exact, see below");
+static_assert(mostPictures * highestLevel * unitsInLevelStep < 1 << 22,
+              "means are exact, see below");
 
 void add(std::vector<int>& sums, const std::vector<std::uint16_t>& levels) {
     for (std::size_t i = 0; i < sums.size(); ++i)
@@ -37,7 +39,8 @@ public:
         , reciprocal(1.0F / float(count)) {}
 
     int operator()(int sum) const {
-        return int((float(sum * (unit / 16) + half) + 0.5F) * reciprocal);
+        const int scaled = sum * unitsInLevelStep + half;
+        return int((float(scaled) + 0.5F) * reciprocal);
     }
 
 private:
