@@ -37,7 +37,7 @@ QByteArray cellsPath(const CellBits& cells) {
 QByteArray restlessDrawing(const ReportedRestless& restless) {
     if (restless.text.isEmpty())
         return {};
-    const QByteArray text = "<p class=\"facts\">" + htmlText(restless.text) + "</p>\n";
+    QByteArray text = "<p class=\"facts\">" + htmlText(restless.text) + "</p>\n";
     const CellGrid grid = restless.cells.grid;
     if (restless.cells.count() == 0)
         return text;
