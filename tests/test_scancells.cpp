@@ -32,15 +32,12 @@ QByteArrayList printed(const ProcessResult& result) {
 /// A still scene of 90 s in which a lamp in the corner blinks all the time, and a box crosses from
 /// second 40 to 50.
 QStringList blinkingCorner() {
-    return {"-filter_complex",
-            "color=c=0x406040:s=320x240:r=10:d=90,noise=alls=4:allf=t:all_seed=7[scene];"
-            "color=c=white:s=32x24:r=10:d=90[lamp];color=c=white:s=48x64:r=10:d=90[box];"
-            "[scene][lamp]overlay=x=8:y=8:enable='lt(mod(t,1),0.5)'[lit];"
-            "[lit][box]overlay=x='(t-40)*W/10':y=100:enable='between(t,40,50)',format=yuv420p",
-            "-c:v",
-            "libx264",
-            "-preset",
-            "ultrafast"};
+    const QString scene =
+        "color=c=0x406040:s=320x240:r=10:d=90,noise=alls=4:allf=t:all_seed=7[scene];"
+        "color=c=white:s=32x24:r=10:d=90[lamp];color=c=white:s=48x64:r=10:d=90[box];"
+        "[scene][lamp]overlay=x=8:y=8:enable='lt(mod(t,1),0.5)'[lit];"
+        "[lit][box]overlay=x='(t-40)*W/10':y=100:enable='between(t,40,50)',format=yuv420p";
+    return {"-filter_complex", scene, "-c:v", "libx264", "-preset", "ultrafast"};
 }
 
 } // namespace
