@@ -7,12 +7,12 @@
 #include "cellmap.h"
 
 #include <algorithm>
-#include <bitset>
 
 namespace {
 
 constexpr int wordBits = 64;
 
+/// Without the processor's own instruction, which not every one has, quicker than the library's.
 int bitCount(std::uint64_t bits) {
     bits -= bits >> 1 & 0x5555555555555555U;
     bits = (bits & 0x3333333333333333U) + (bits >> 2 & 0x3333333333333333U);
@@ -58,10 +58,10 @@ CellBits::CellBits(CellGrid grid, bool isSet)
 }
 
 int CellBits::count() const {
-    std::size_t count = 0;
+    int count = 0;
     for (const std::uint64_t word : words)
-        count += std::bitset<64>(word).count();
-    return int(count);
+        count += bitCount(word);
+    return count;
 }
 
 bool CellBits::isEmpty() const {
