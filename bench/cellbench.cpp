@@ -66,6 +66,7 @@ double timeOf(Action action) {
 
 double comparisonTime(const std::vector<cv::Mat>& planes) {
     std::vector<CellPicturePointer> cells;
+    cells.reserve(planes.size());
     for (const cv::Mat& plane : planes)
         cells.push_back(reduceToCells(plane));
     CellComparison comparison;

@@ -97,7 +97,7 @@ MeasuringEnd RecordingScan::measure() {
     DetectionOptions wanted = options.detection;
     wanted.areSnapshotsWanted = areSnapshotsWanted();
     Detection detection(wanted, progress, &output);
-    const MeasuringEnd end = runAndKeep(detection);
+    MeasuringEnd end = runAndKeep(detection);
     output.endClips();
     if (output.isRemarkable())
         measurement = detection.measurement();
