@@ -150,7 +150,7 @@ void TestScanList::unmeasuredAreThoseWithoutValues() {
     QCOMPARE(scan(asked).output, names({both[1]}));
     QCOMPARE(scan({"--values", path("kept"), "--part", "2/2", both[1]}).status, 0);
     QCOMPARE(scan(asked).output, QByteArray());
-    QDirIterator files(path("kept"), {"1.mp4*"});
+    QDirIterator files(path("kept"), {"1.mp4*.values"});
     QVERIFY(writeFile(files.next(), "damaged\n"));
     const ProcessResult damaged = scan(asked);
     QCOMPARE(damaged.status, 0);
