@@ -99,7 +99,7 @@ CellMap walkersAt(int picture, int walkers, cv::RNG& random) {
         for (int row = top; row < top + 20; ++row) {
             const int begin = left + random.uniform(0, 3);
             for (int column = begin; column < begin + 12; ++column) {
-                map.steps[std::size_t(row) * std::size_t(hourGrid.columns) + std::size_t(column)] =
+                map.steps[hourGrid.placeOf(column, row)] =
                     std::uint8_t(std::min(int(cellSteps.size()), 1 + (column - begin) / 2));
                 if (column < left + 7)
                     map.brighter.add(column, row);

@@ -117,9 +117,8 @@ std::vector<Number> neighbourSums(const std::vector<Number>& numbers, CellGrid g
             Number sum = 0;
             for (int v = row - 1; v <= row + 1; ++v) {
                 for (int u = column - 1; u <= column + 1; ++u)
-                    sum += numbers[std::size_t(std::clamp(v, 0, grid.rows - 1)) *
-                                       std::size_t(grid.columns) +
-                                   std::size_t(std::clamp(u, 0, grid.columns - 1))];
+                    sum += numbers[grid.placeOf(std::clamp(u, 0, grid.columns - 1),
+                                                std::clamp(v, 0, grid.rows - 1))];
             }
             sums.push_back(sum);
         }

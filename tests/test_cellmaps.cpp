@@ -40,8 +40,7 @@ Maps randomMaps(CellGrid grid, int count, double share, unsigned seed) {
             for (int row = top; row < std::min(grid.rows, top + 1 + below(6)); ++row) {
                 for (int column = left; column < std::min(grid.columns, left + 6); ++column) {
                     const int chosen = step > int(cellSteps.size()) ? 0 : step;
-                    map.steps[std::size_t(row) * std::size_t(grid.columns) + std::size_t(column)] =
-                        std::uint8_t(chosen);
+                    map.steps[grid.placeOf(column, row)] = std::uint8_t(chosen);
                     map.brighter.remove(column, row);
                     if (chosen > 0 && below(2) == 0)
                         map.brighter.add(column, row);
@@ -67,7 +66,7 @@ std::vector<std::size_t> groupAt(const CellMap& map, int step, std::size_t first
                 const int y = int(found[i]) / columns + dy;
                 if (x < 0 || y < 0 || x >= columns || y >= map.grid.rows)
                     continue;
-                const auto cell = std::size_t(y) * std::size_t(columns) + std::size_t(x);
+                const std::size_t cell = map.grid.placeOf(x, y);
                 if (map.steps[cell] >= step && !isSeen[cell]) {
                     isSeen[cell] = true;
                     found.push_back(cell);
@@ -266,7 +265,7 @@ void TestCellMaps::smallGroupsAreLeftOut() {
     CellMap expected(grid);
     for (int row = 0; row < grid.rows; ++row) {
         for (int column = 0; column < grid.columns; ++column) {
-            const auto cell = std::size_t(row) * std::size_t(grid.columns) + std::size_t(column);
+            const std::size_t cell = grid.placeOf(column, row);
             map.steps[cell] = std::uint8_t(rows[row][column] == ' ' ? 0 : rows[row][column] - '0');
             const bool isLarge = rows[row][column] == '2' && !(row == 2 && column == 2);
             expected.steps[cell] = isLarge ? 2 : 0;

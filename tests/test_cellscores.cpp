@@ -21,8 +21,7 @@ CellMap mapOf(const QRect& box, int step = changedStep, CellGrid grid = ::grid) 
     CellMap map(grid);
     for (int row = box.top(); row <= box.bottom(); ++row) {
         for (int column = box.left(); column <= box.right(); ++column)
-            map.steps[std::size_t(row) * std::size_t(grid.columns) + std::size_t(column)] =
-                std::uint8_t(step);
+            map.steps[grid.placeOf(column, row)] = std::uint8_t(step);
     }
     return map;
 }

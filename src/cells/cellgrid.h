@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 /// How a picture is divided into cells, row by row.
@@ -12,6 +13,11 @@ struct CellGrid {
     int rows = 0;
 
     int count() const { return columns * rows; }
+
+    /// Of a cell among all, row by row.
+    std::size_t placeOf(int column, int row) const {
+        return std::size_t(row) * std::size_t(columns) + std::size_t(column);
+    }
     bool operator==(const CellGrid& other) const {
         return columns == other.columns && rows == other.rows;
     }

@@ -32,8 +32,7 @@ QImage drawn(const QImage& picture, const CellMap& map) {
     QPainter painter(&image);
     for (int row = 0; row < map.grid.rows; ++row) {
         for (int column = 0; column < map.grid.columns; ++column) {
-            const int step =
-                map.steps[std::size_t(row) * std::size_t(map.grid.columns) + std::size_t(column)];
+            const int step = map.steps[map.grid.placeOf(column, row)];
             if (step == 0)
                 continue;
             const QColor tint(step >= changedStep ? Qt::red : Qt::yellow);

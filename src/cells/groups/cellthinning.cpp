@@ -39,8 +39,7 @@ void removeIfSmall(CellMap& map, CellBits& cells, Place first, int step) {
         return;
     for (const auto& [column, row] : found) {
         cells.remove(column, row);
-        map.steps[std::size_t(row) * std::size_t(map.grid.columns) + std::size_t(column)] =
-            std::uint8_t(step - 1);
+        map.steps[map.grid.placeOf(column, row)] = std::uint8_t(step - 1);
     }
 }
 

@@ -114,9 +114,8 @@ void CellComparison::takeSteps(int changed) {
 void CellComparison::takeBrighter(int light) {
     map.brighter = CellBits(map.grid);
     for (int row = 0; row < map.grid.rows; ++row) {
-        const std::size_t first = std::size_t(row) * std::size_t(map.grid.columns);
         for (int column = 0; column < map.grid.columns; ++column) {
-            const std::size_t cell = first + std::size_t(column);
+            const std::size_t cell = map.grid.placeOf(column, row);
             if (map.steps[cell] > 0 && difference[cell] > light)
                 map.brighter.add(column, row);
         }

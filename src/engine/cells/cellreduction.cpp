@@ -177,7 +177,7 @@ CellPicturePointer reduceToCells(const cv::Mat& plane) {
     for (int row = 0; row < rows; ++row)
         reduction.reduce(plane.rowRange(cellBorder(row, rows, plane.rows),
                                         cellBorder(row + 1, rows, plane.rows)),
-                         &cells->levels[std::size_t(row) * std::size_t(columns)]);
+                         &cells->levels[cells->grid.placeOf(0, row)]);
     return cells;
 }
 

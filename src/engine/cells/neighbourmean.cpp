@@ -41,7 +41,7 @@ void averageNeighbours(const std::vector<std::int16_t>& numbers, CellGrid grid,
     };
     for (int row = 0; row < grid.rows; ++row) {
         addRows(rowAt(row - 1), rowAt(row), rowAt(row + 1), sums);
-        std::int16_t* mean = &means[std::size_t(row) * std::size_t(grid.columns)];
+        std::int16_t* mean = &means[grid.placeOf(0, row)];
         for (std::size_t i = 0; i < std::size_t(grid.columns); ++i)
             mean[i] = meanOf(sums[i] + sums[i + 1] + sums[i + 2]);
     }
