@@ -17,6 +17,7 @@
 #include "settingsdialog.h"
 #include "ui_mainwindow.h"
 #include "video.h"
+#include "windowdocks.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -57,6 +58,7 @@ MainWindow::MainWindow(QWidget* parent)
     connect(&ExportNotices::instance(), SIGNAL(told(QString)), ui->statusBar,
             SLOT(showMessage(QString)));
     editMaskWindow.installEventFilter(this);
+    docks = std::make_unique<WindowDocks>(*this, queue, *ui->files);
     statusTimer.start(statusIntervalMilliseconds);
     updateActions();
     addCommandLineFiles(longestStartMilliseconds);
@@ -143,6 +145,7 @@ void MainWindow::newClip(int index, const QImage& snapshot, double start, double
     auto* video = qobject_cast<Video*>(sender());
     if (!video)
         return;
+    video->nextClipNumber = qMax(video->nextClipNumber, index + 1);
     auto* clip = new Clip(video, index, snapshot, start, end, snapshotTime);
     ui->files->insertItem(ui->files->count(), clip);
     updateActions();

@@ -19,6 +19,7 @@
 class BusyCursor;
 class QListWidgetItem;
 class QModelIndex;
+class WindowDocks;
 
 namespace Ui {
 class MainWindow;
@@ -80,4 +81,5 @@ private:
     std::unique_ptr<BusyCursor> busyCursor;
     bool isSetupClosing = false;
     DetectionQueue queue; ///< its worker ends before all else
+    std::unique_ptr<WindowDocks> docks;
 };

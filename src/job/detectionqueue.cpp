@@ -87,6 +87,7 @@ bool DetectionQueue::isActive() const {
 
 void DetectionQueue::add(const QList<Video*>& jobs) {
     videos.append(jobs);
+    Q_EMIT added(jobs);
     startNext();
 }
 
@@ -108,10 +109,13 @@ void DetectionQueue::startNext() {
 }
 
 void DetectionQueue::cancel() {
-    for (Video* video : qAsConst(videos)) {
-        if (!video->hasEnded())
-            video->state = Video::CancelRequested;
-    }
+    for (Video* video : qAsConst(videos))
+        cancel(*video);
+}
+
+void DetectionQueue::cancel(Video& video) {
+    if (!video.hasEnded())
+        video.state = Video::CancelRequested;
 }
 
 void DetectionQueue::stop() {

@@ -55,6 +55,9 @@ public:
     /// Withdraws all jobs that wait, and asks the one that runs to end.
     void cancel();
 
+    /// The same for one of them.
+    void cancel(Video& video);
+
     /// Cancels all jobs, ends the worker thread and waits for it, one second at the most. The end
     /// of the queue does so, too.
     ///
@@ -69,6 +72,9 @@ public:
     BatchProgress progress();
 
 Q_SIGNALS:
+    /// These jobs are in the queue from now on, as its last ones.
+    void added(const QList<Video*>& jobs);
+
     /// Why no job can be started; empty as soon as one can.
     void told(const QString& notice);
 

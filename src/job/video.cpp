@@ -49,27 +49,6 @@ private:
     QElapsedTimer timer;
 };
 
-DetectionOptions detectionOptions(const Video& job) {
-    const QSettings store;
-    DetectionOptions options;
-    options.measure.pixelThreshold =
-        std::clamp(settings::pixelThreshold.read(store), settings::pixelThreshold.lowest,
-                   settings::pixelThreshold.highest);
-    options.measure.skip = job.skip;
-    if (job.roiRect && job.mask) {
-        options.measure.region.kind = RegionOfInterest::Kind::Rectangle;
-        options.measure.region.rectangle = *job.roiRect;
-        options.measure.region.space = job.mask->size();
-    } else if (job.mask) {
-        options.measure.region.kind = RegionOfInterest::Kind::Mask;
-        options.measure.region.mask = *job.mask;
-    }
-    // Without an upper end: who stores more than the dialog offers means it.
-    options.segmentation = {job.prerecord, job.postrecord, job.minimum,
-                            std::max(float(settings::motionThreshold.read(store)), 0.0F)};
-    return options;
-}
-
 } // namespace
 
 Video::Video(const QString& fileName, const QString& exportDirectory, double prerecord,
@@ -88,6 +67,26 @@ Video::Video(const QString& fileName, const QString& exportDirectory, double pre
     , exportTimestamps(exportTimestamps)
     , startDateTime(startDateTime) {
     clipDirectory = makeClipFolder(fileName, exportDirectory, numbers);
+}
+
+Video::Video(const JobRecord& record)
+    : fileName(record.fileName)
+    , clipDirectory(record.clipDirectory)
+    , state(record.state == Running ? int(Waiting) : record.state)
+    , fileSize(QFileInfo(fileName).size())
+    , prerecord(record.prerecord)
+    , postrecord(record.postrecord)
+    , minimum(record.minimum)
+    , skip(record.skip)
+    , autoExport(record.autoExport)
+    , mask(record.mask.isNull() ? nullptr : std::make_unique<QImage>(record.mask))
+    , roiRect(record.roiRect ? std::make_unique<QRect>(*record.roiRect) : nullptr)
+    , intraCodec(record.intraCodec)
+    , exportTimestamps(record.exportTimestamps)
+    , startDateTime(record.startDateTime)
+    , search(record.search)
+    , nextClipNumber(record.nextClipNumber) {
+    news.setFacts(record.facts);
 }
 
 Video::~Video() = default;
@@ -109,7 +108,7 @@ void Video::detect() {
 
 void Video::runDetection() {
     JobClient client(*this);
-    Detection detection(detectionOptions(*this), client, &client);
+    Detection detection(detectionOptions(), client, &client);
     // A pipe or device may have been chosen unseen, beside a file that was looked at.
     const MeasuringEnd end = QFileInfo(fileName).isFile()
                                  ? detection.run(fileName)
@@ -122,4 +121,48 @@ void Video::runDetection() {
     std::transform(series.scores.cbegin(), series.scores.cend(), motionValues.begin(),
                    [](MotionScore motion) { return motion.value; });
     frameTimes = series.times;
+}
+
+DetectionOptions Video::detectionOptions() const {
+    const QSettings store;
+    DetectionOptions options;
+    options.measure.pixelThreshold =
+        std::clamp(settings::pixelThreshold.read(store), settings::pixelThreshold.lowest,
+                   settings::pixelThreshold.highest);
+    options.measure.skip = skip;
+    if (roiRect && mask) {
+        options.measure.region.kind = RegionOfInterest::Kind::Rectangle;
+        options.measure.region.rectangle = *roiRect;
+        options.measure.region.space = mask->size();
+    } else if (mask) {
+        options.measure.region.kind = RegionOfInterest::Kind::Mask;
+        options.measure.region.mask = *mask;
+    }
+    // Without an upper end: who stores more than the dialog offers means it.
+    options.segmentation = {prerecord, postrecord, minimum,
+                            std::max(float(settings::motionThreshold.read(store)), 0.0F)};
+    return options;
+}
+
+JobRecord Video::record() const {
+    JobRecord record;
+    record.fileName = fileName;
+    record.clipDirectory = clipDirectory;
+    record.state = state;
+    record.prerecord = prerecord;
+    record.postrecord = postrecord;
+    record.minimum = minimum;
+    record.skip = skip;
+    record.autoExport = autoExport;
+    if (mask)
+        record.mask = *mask;
+    if (roiRect)
+        record.roiRect = *roiRect;
+    record.intraCodec = intraCodec;
+    record.exportTimestamps = exportTimestamps;
+    record.startDateTime = startDateTime;
+    record.search = search;
+    record.facts = news.facts();
+    record.nextClipNumber = nextClipNumber;
+    return record;
 }

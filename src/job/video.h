@@ -6,6 +6,9 @@
 
 #include "clipnames.h"
 #include "firstframe.h"
+#include "jobnews.h"
+#include "jobrecord.h"
+#include "searchoptions.h"
 
 #include <QDateTime>
 #include <QImage>
@@ -17,6 +20,8 @@
 
 #include <atomic>
 #include <memory>
+
+struct DetectionOptions;
 
 /// One video file's detection job: the file, its region of interest and its export options.
 ///
@@ -39,7 +44,15 @@ public:
           double postrecord, double minimum, int skip, bool autoExport, const QImage* mask,
           const QRect* roiRect, bool exportTimestamps, const QDateTime& startDateTime,
           ClipFolderNumbers* numbers = nullptr);
+
+    /// A job of an earlier run: with its clip folder as it was, and waiting unless it has ended.
+    explicit Video(const JobRecord& record);
     ~Video() override;
+
+    JobRecord record() const;
+
+    /// What its recording is measured and decided with; as the settings are now.
+    DetectionOptions detectionOptions() const;
 
     bool hasEnded() const { return state >= CancelRequested; }
 
@@ -65,6 +78,9 @@ public:
     std::atomic<bool> intraCodec{false}; ///< every picture stands alone; known once detection runs
     bool exportTimestamps;               ///< burn the wall-clock time into exported clips
     QDateTime startDateTime;             ///< wall-clock time of the first picture
+    SearchOptions search;                ///< fixed before the job is handed over
+    JobNews news;                        ///< of the GUI thread
+    int nextClipNumber = 0; ///< of the GUI thread: none of its clips had this one or a higher one
 
 Q_SIGNALS:
     /// A clip was found. Times in seconds from the first picture.

@@ -1,0 +1,46 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "windowdocks.h"
+
+#include "cliplistwidget.h"
+#include "detectionqueue.h"
+#include "listfilter.h"
+#include "motiondock.h"
+#include "playerdock.h"
+#include "recordingsdock.h"
+
+#include <QAction>
+#include <QMainWindow>
+#include <QStatusBar>
+#include <QToolButton>
+
+WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWidget& list)
+    : window(window)
+    , queue(queue)
+    , list(list)
+    , filter(new ListFilter(list))
+    , recordings(new RecordingsDock(queue, &window))
+    , motion(new MotionDock(&window))
+    , player(new PlayerDock(&window)) {
+    filter->setParent(this);
+    add(*recordings, Qt::RightDockWidgetArea, "buttonRecordings", Qt::Key_F7);
+    add(*motion, Qt::BottomDockWidgetArea, "buttonMotion", Qt::Key_F8);
+    add(*player, Qt::RightDockWidgetArea, "buttonPlayer", Qt::Key_F9);
+}
+
+WindowDocks::~WindowDocks() = default;
+
+void WindowDocks::add(QDockWidget& dock, Qt::DockWidgetArea area, const char* button,
+                      Qt::Key shortcut) {
+    window.addDockWidget(area, &dock);
+    dock.hide();
+    QAction* action = dock.toggleViewAction();
+    action->setShortcut(shortcut);
+    window.addAction(action);
+    auto* tool = new QToolButton(&window);
+    tool->setObjectName(QLatin1String(button));
+    tool->setDefaultAction(action);
+    window.statusBar()->addPermanentWidget(tool);
+}

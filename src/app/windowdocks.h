@@ -1,0 +1,39 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QObject>
+
+class ClipListWidget;
+class DetectionQueue;
+class ListFilter;
+class MotionDock;
+class PlayerDock;
+class QDockWidget;
+class QMainWindow;
+class RecordingsDock;
+
+/// Everything that stands beside what the main window has always had: the docks with their buttons
+/// at the right end of the status bar, and what goes between them, the list and the queue. All
+/// docks are hidden until a person asks for them; their places are remembered.
+class WindowDocks : public QObject {
+    Q_OBJECT
+
+public:
+    /// All must outlive it.
+    WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWidget& list);
+    ~WindowDocks() override;
+
+private:
+    void add(QDockWidget& dock, Qt::DockWidgetArea area, const char* button, Qt::Key shortcut);
+
+    QMainWindow& window;
+    DetectionQueue& queue;
+    ClipListWidget& list;
+    ListFilter* filter;
+    RecordingsDock* recordings;
+    MotionDock* motion;
+    PlayerDock* player;
+};
