@@ -9,9 +9,6 @@
 
 #include <QString>
 
-/// How many comparisons the voting window holds at least where key frames are far apart.
-constexpr int fewestQuickComparisons = 2;
-
 /// What a person is told of the gaps between the pictures of a quick look; `minimum` is the length
 /// of the voting window in seconds.
 QString quickNote(const Measurement& measurement, double minimum, Detector detector);

@@ -4,9 +4,9 @@
 
 #include "recordingoutput.h"
 
-#include "cellsmeasurement.h"
 #include "clocktext.h"
 #include "motionreport.h"
+#include "restlesstext.h"
 #include "shortestdigits.h"
 #include "valuesformat.h"
 

@@ -13,6 +13,10 @@
 
 #include <optional>
 
+/// How many comparisons the voting window holds at least where key frames alone were looked at,
+/// which can lie far apart.
+constexpr int fewestQuickComparisons = 2;
+
 /// How motion values become clips. Seconds are those of the recording.
 struct SegmentationOptions {
     double prerecord = 1.0;  ///< seconds before the voting window at which a clip starts

@@ -15,8 +15,3 @@ Measurement cellsMeasurement(const Measurement& measured, const DetectionOptions
 /// The cells that change through most of what was measured, where they are to be left out; else
 /// none.
 CellBits restlessOf(const Measurement& measured, const DetectionOptions& options);
-
-/// The cells that are left out, for a person: "left out as restless: 34 of 14400 cells, in 2
-/// places: 120,8,190,32 600,400,16,16", each place as --exclude takes it. Those of no grid cannot
-/// be told.
-QString restlessText(const CellBits& restless, QSize pictures);
