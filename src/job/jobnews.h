@@ -23,7 +23,9 @@ public:
 
     void tellFacts(const JobFacts& facts);
 
-    /// Of the pictures since the last call, in their order; seconds from the first picture.
+    /// Of the pictures since the last call, in their order: values of the detector that decides,
+    /// seconds from the first picture. All come at the end where nothing is decided before it, as
+    /// in a quick look or where what is restless is left out.
     void tellMeasured(const QVector<float>& values, const QVector<double>& times);
 
 Q_SIGNALS:

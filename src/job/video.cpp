@@ -5,49 +5,29 @@
 #include "video.h"
 
 #include "clipnames.h"
-#include "detection.h"
-#include "encoderarguments.h"
+#include "jobsearch.h"
 #include "settingstable.h"
 
-#include <QElapsedTimer>
 #include <QFileInfo>
+#include <QPainter>
 
 #include <algorithm>
 #include <new>
 
 namespace {
 
-/// Keeps a job's progress fields and signals in step with its detection.
-class JobClient : public DetectionProgress, public DetectionFindings {
-public:
-    explicit JobClient(Video& job)
-        : job(job) {}
-
-    bool isCancelled() override { return job.state != Video::Running; }
-
-    void opened(const StreamFacts& stream) override {
-        job.intraCodec = isIntraCodec(stream.codecName);
-        timer.start();
-    }
-
-    void frameProcessed(const FrameReport&) override {
-        job.elapsedSeconds = int(timer.elapsed() / 1000);
-    }
-
-    void positionChanged(qint64 bytePosition, bool isAtEnd) override {
-        if (isAtEnd)
-            job.state = Video::Finished;
-        job.bytesRead = bytePosition;
-    }
-
-    void clipFound(const DetectedClip& clip) override {
-        Q_EMIT job.newClip(clip.index, clip.snapshot, clip.start, clip.end, clip.snapshotTime);
-    }
-
-private:
-    Video& job;
-    QElapsedTimer timer;
-};
+/// What is excluded has the coordinates of the recording's pictures, a rectangle those of its mask:
+/// of a mask that may be of another size, what it selects is left.
+void exclude(RegionOfInterest& region, const QVector<QRect>& excluded) {
+    region.excluded = excluded;
+    if (excluded.isEmpty() || region.kind != RegionOfInterest::Kind::Rectangle)
+        return;
+    region.kind = RegionOfInterest::Kind::Mask;
+    region.mask = QImage(region.space, QImage::Format_RGB32);
+    region.mask.fill(Qt::black);
+    QPainter(&region.mask).fillRect(region.rectangle, Qt::white);
+    region.space = QSize();
+}
 
 } // namespace
 
@@ -98,29 +78,12 @@ QString Video::shortFileName() const {
 void Video::detect() {
     state = Running;
     try {
-        runDetection();
+        JobSearch(*this).run();
     } catch (const std::bad_alloc&) {
         if (state == Running)
             state = Failed;
     }
     Q_EMIT resultReady();
-}
-
-void Video::runDetection() {
-    JobClient client(*this);
-    Detection detection(detectionOptions(), client, &client);
-    // A pipe or device may have been chosen unseen, beside a file that was looked at.
-    const MeasuringEnd end = QFileInfo(fileName).isFile()
-                                 ? detection.run(fileName)
-                                 : MeasuringEnd{DetectionOutcome::CannotOpen};
-    // A read error in the middle is an end like that of the file.
-    if (end.outcome != DetectionOutcome::Cancelled && state == Running)
-        state = Failed;
-    const MotionSeries& series = detection.measurement().series;
-    motionValues.resize(series.scores.size());
-    std::transform(series.scores.cbegin(), series.scores.cend(), motionValues.begin(),
-                   [](MotionScore motion) { return motion.value; });
-    frameTimes = series.times;
 }
 
 DetectionOptions Video::detectionOptions() const {
@@ -138,9 +101,18 @@ DetectionOptions Video::detectionOptions() const {
         options.measure.region.kind = RegionOfInterest::Kind::Mask;
         options.measure.region.mask = *mask;
     }
+    exclude(options.measure.region, search.excluded);
     // Without an upper end: who stores more than the dialog offers means it.
     options.segmentation = {prerecord, postrecord, minimum,
                             std::max(float(settings::motionThreshold.read(store)), 0.0F)};
+    if (search.deciding) {
+        options.detector = search.deciding->detector;
+        options.segmentation = search.deciding->segmentation;
+        options.cells = search.deciding->cells;
+    }
+    options.isKeyframesOnly = search.isQuick;
+    if (search.isQuick)
+        options.segmentation.fewestCompared = fewestQuickComparisons;
     return options;
 }
 

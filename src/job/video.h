@@ -83,7 +83,8 @@ public:
     int nextClipNumber = 0; ///< of the GUI thread: none of its clips had this one or a higher one
 
 Q_SIGNALS:
-    /// A clip was found. Times in seconds from the first picture.
+    /// A clip was found. Times in seconds from the first picture. Clips are numbered from
+    /// `nextClipNumber` on, as it was when the search began.
     void newClip(int index, QImage snapshot, double start, double end, double snapshotTime);
 
     /// The run is over, whatever its outcome; `state` is no longer 1. Once per `detect`.
@@ -92,7 +93,4 @@ Q_SIGNALS:
 public Q_SLOTS:
     /// The whole run, on the thread that the job lives on.
     void detect();
-
-private:
-    void runDetection();
 };
