@@ -4,7 +4,7 @@
 
 list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR})
 
-find_package(Qt5 5.15 REQUIRED COMPONENTS Core Gui Widgets)
+find_package(Qt5 5.15 REQUIRED COMPONENTS Core DBus Gui Widgets)
 find_package(OpenCVModules 4.6 REQUIRED COMPONENTS core)
 find_package(nlohmann_json 3.11 REQUIRED)
 find_package(Threads REQUIRED)
