@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "applicationicon.h"
+#include "backgroundthread.h"
 #include "commandlinepaths.h"
 #include "detectionqueue.h"
 #include "filenamecodec.h"
@@ -63,7 +64,8 @@ int main(int argc, char* argv[]) {
 
     const int status = showMainWindow();
     // A thread that is still busy must not find the program's globals destroyed.
-    if (DetectionQueue::isAnyAbandoned() || PendingFiles::isAnyAbandoned())
+    if (BackgroundThread::isAnyAbandoned() || DetectionQueue::isAnyAbandoned() ||
+        PendingFiles::isAnyAbandoned())
         std::_Exit(status);
     return status;
 }
