@@ -9,7 +9,8 @@
 // grow from 1 in the order of a shuffle, so that each is there once.
 
 #include "filenamecodec.h"
-#include "outputfiles.h"
+#include "foldercheck.h"
+#include "reportfolder.h"
 #include "scanreport.h"
 
 #include <QCoreApplication>
@@ -102,7 +103,7 @@ int main(int argc, char* argv[]) {
     const int clips = QByteArray(argv[2]).toInt();
     const int nights = (clips + mostClips - 1) / mostClips;
     const ScanOptions options = optionsFor(QString::fromLocal8Bit(argv[1]), nights);
-    if (!prepareFolder(ScanReport::pictureFolder(options.reportDirectory)).isEmpty())
+    if (!prepareFolder(reportPictureFolder(options.reportDirectory)).isEmpty())
         return 1;
     std::vector<Recording> recordings = recordingsOf(options.inputs.videos);
     const ScanReport report(options, recordings);

@@ -6,7 +6,7 @@
 
 #include "encodertimes.h"
 #include "interrupt.h"
-#include "outputfiles.h"
+#include "picturefile.h"
 #include "snapshotfolder.h"
 
 ClipOutput::ClipOutput(Recording& recording, const ScanOptions& options, ScanOutputs& outputs)

@@ -6,7 +6,7 @@
 
 #include "confinement.h"
 #include "encoderarguments.h"
-#include "outputfiles.h"
+#include "foldercheck.h"
 #include "valuesname.h"
 
 #include <QFileInfo>

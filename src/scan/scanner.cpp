@@ -4,12 +4,14 @@
 
 #include "scanner.h"
 
+#include "foldercheck.h"
 #include "interrupt.h"
 #include "logging.h"
-#include "outputfiles.h"
 #include "partscan.h"
 #include "recordingscan.h"
+#include "reportfolder.h"
 #include "snapshotfolder.h"
+#include "tracefile.h"
 #include "writing.h"
 
 #include <QFile>
@@ -164,7 +166,7 @@ bool prepareFolders(const ScanOptions& options, Messages& messages) {
         return failure.isEmpty();
     };
     const QString& report = options.reportDirectory;
-    const QString pictures = report.isEmpty() ? QString() : ScanReport::pictureFolder(report);
+    const QString pictures = report.isEmpty() ? QString() : reportPictureFolder(report);
     // Of a folder for values, one that cannot be written into may still be read.
     const bool areValuesForeign = isForeignLink(options.valuesDirectory);
     const QString values = areValuesForeign ? options.valuesDirectory : QString();

@@ -4,10 +4,8 @@
 
 #include "scanreport.h"
 
-#include "outputfiles.h"
-#include "reportpage.h"
+#include "reportfolder.h"
 #include "snapshotfolder.h"
-#include "writing.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -19,7 +17,7 @@ ScanReport::ScanReport(const ScanOptions& options, std::vector<Recording>& recor
     report.threshold = double(options.detection.segmentation.motionThreshold.value);
     report.startTime = options.exporting.startDateTime;
     report.recordings.resize(recordings.size());
-    SnapshotFolder pictures(pictureFolder(folder));
+    SnapshotFolder pictures(reportPictureFolder(folder));
     for (Recording& recording : recordings) {
         recording.reportPictures = pictures.next(recording.video);
         recording.reported = &report.recordings[std::size_t(recording.place)];
@@ -27,10 +25,6 @@ ScanReport::ScanReport(const ScanOptions& options, std::vector<Recording>& recor
         recording.reported->path = recording.path;
         recording.reported->histogram = MotionHistogram(report.detector);
     }
-}
-
-QString ScanReport::pictureFolder(const QString& reportFolder) {
-    return QDir(reportFolder).filePath(QStringLiteral("pictures"));
 }
 
 QString ScanReport::addClip(const ClipLine& line) const {
@@ -43,30 +37,17 @@ QString ScanReport::addClip(const ClipLine& line) const {
     clip.strength = found.strongestMotion;
     if (line.isExported)
         clip.exportFile = QFileInfo(line.exportFile).absoluteFilePath();
-    QString failure = writePicture(line, clip);
+    QString failure =
+        writeReportPicture(found.snapshot, line.recording.reportPictures, report.folder, clip);
     line.recording.reported->offset = line.played.offset;
     line.recording.reported->clips.append(clip);
     return failure;
 }
 
-QString ScanReport::writePicture(const ClipLine& line, ReportedClip& clip) const {
-    const QImage& picture = line.clip.snapshot;
-    if (picture.isNull())
-        return QStringLiteral("its pictures cannot be scaled");
-    const QString path = snapshotPath(line.recording.reportPictures, line.clip.index);
-    const QString failure = writePictureFile(picture, path, FolderLink::Refused);
-    if (!failure.isEmpty())
-        return QStringLiteral("cannot write the picture %1: %2").arg(path, failure);
-    clip.pictureFile = QDir(report.folder).relativeFilePath(QFileInfo(path).absoluteFilePath());
-    clip.pictureSize = picture.size();
-    return {};
-}
-
 QString ScanReport::pageFile() const {
-    return QDir(folder).filePath(QStringLiteral("index.html"));
+    return reportPage(folder);
 }
 
 QString ScanReport::write() const {
-    const ReportPage page(report);
-    return writeWholeFile(pageFile(), [&](const PieceSink& sink) { page.write(sink); });
+    return writeReportPage(report, pageFile());
 }

@@ -17,9 +17,6 @@ public:
     /// place in the report where is said what was found in it.
     ScanReport(const ScanOptions& options, std::vector<Recording>& recordings);
 
-    /// The folder for a report's pictures.
-    static QString pictureFolder(const QString& reportFolder);
-
     /// Takes in a clip and writes its picture. Answers why it has none, for a person; empty after
     /// a success.
     QString addClip(const ClipLine& line) const;
@@ -31,8 +28,6 @@ public:
     QString pageFile() const; ///< the path of the page
 
 private:
-    QString writePicture(const ClipLine& line, ReportedClip& clip) const;
-
     QString folder; ///< as it was named
     MotionReport report;
 };

@@ -2,12 +2,11 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-#include "outputfiles.h"
+#include "foldercheck.h"
 
-#include <QBuffer>
+#include <QFile>
 
 #include <cerrno>
-#include <fcntl.h>
 #include <filesystem>
 #include <optional>
 #include <sys/stat.h>
@@ -44,27 +43,4 @@ QString prepareFolder(const QString& path, FolderLink link) {
     if (!error && access(name.c_str(), W_OK | X_OK) != 0)
         error.assign(errno, std::generic_category());
     return error ? QString::fromStdString(error.message()) : QString();
-}
-
-QString openTraceFile(QFile& file) {
-    const QByteArray name = QFile::encodeName(file.fileName());
-    constexpr int flags = O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC;
-    int descriptor = open(name.constData(), flags | O_NOFOLLOW, 0666);
-    if (descriptor < 0 && errno == ELOOP) {
-        if (isForeignLink(file.fileName()))
-            return QStringLiteral("it is a symbolic link of another user, and is not followed");
-        descriptor = open(name.constData(), flags, 0666);
-    }
-    if (descriptor < 0)
-        return qt_error_string(errno);
-    const bool isOpen = file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered,
-                                  QFileDevice::AutoCloseHandle);
-    return isOpen ? QString() : file.errorString();
-}
-
-QString writePictureFile(const QImage& picture, const QString& path, FolderLink link) {
-    QBuffer png;
-    if (!png.open(QIODevice::WriteOnly) || !picture.save(&png, "PNG"))
-        return QStringLiteral("it cannot be encoded");
-    return writeWholeFile(path, png.data(), link);
 }
