@@ -103,6 +103,7 @@ void DetectionQueue::startNext() {
     if (next == videos.cend() || !hasWorker())
         return;
     heldVideo = *next;
+    heldVideo->numberOn(videos);
     heldVideo->moveToThread(workerThread.get());
     connect(heldVideo, SIGNAL(resultReady()), SLOT(letGo()));
     QMetaObject::invokeMethod(heldVideo, "detect");

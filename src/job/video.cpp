@@ -65,11 +65,23 @@ Video::Video(const JobRecord& record)
     , exportTimestamps(record.exportTimestamps)
     , startDateTime(record.startDateTime)
     , search(record.search)
-    , nextClipNumber(record.nextClipNumber) {
+    , firstClipNumber(record.nextClipNumber)
+    , nextClipNumber(record.nextClipNumber)
+    , isFolderShared(true) {
     news.setFacts(record.facts);
 }
 
 Video::~Video() = default;
+
+void Video::numberOn(const QList<Video*>& jobs) {
+    if (!isFolderShared)
+        return;
+    for (const Video* job : jobs) {
+        if (job->clipDirectory == clipDirectory)
+            nextClipNumber = std::max(nextClipNumber, job->nextClipNumber);
+    }
+    firstClipNumber = nextClipNumber;
+}
 
 QString Video::shortFileName() const {
     return QFileInfo(fileName).fileName();

@@ -12,6 +12,7 @@
 
 #include <QDateTime>
 #include <QImage>
+#include <QList>
 #include <QMutex>
 #include <QObject>
 #include <QRect>
@@ -45,7 +46,8 @@ public:
           const QRect* roiRect, bool exportTimestamps, const QDateTime& startDateTime,
           ClipFolderNumbers* numbers = nullptr);
 
-    /// A job of an earlier run: with its clip folder as it was, and waiting unless it has ended.
+    /// A job of an earlier run, or one that searches its recording once more: with its clip folder
+    /// as it was, and waiting unless it has ended. Its clips are numbered on (`numberOn`).
     explicit Video(const JobRecord& record);
     ~Video() override;
 
@@ -55,6 +57,11 @@ public:
     DetectionOptions detectionOptions() const;
 
     bool hasEnded() const { return state >= CancelRequested; }
+
+    /// Gives the clips that it is about to find numbers that none has had of those `jobs` that
+    /// share its clip folder, so that no file there is replaced. Does nothing to a job that was
+    /// given a clip folder of its own.
+    void numberOn(const QList<Video*>& jobs);
 
     /// The file's name without its folder.
     QString shortFileName() const;
@@ -80,6 +87,7 @@ public:
     QDateTime startDateTime;             ///< wall-clock time of the first picture
     SearchOptions search;                ///< fixed before the job is handed over
     JobNews news;                        ///< of the GUI thread
+    int firstClipNumber = 0; ///< of the GUI thread: all clips of its search have this one or more
     int nextClipNumber = 0; ///< of the GUI thread: none of its clips had this one or a higher one
 
 Q_SIGNALS:
@@ -93,4 +101,7 @@ Q_SIGNALS:
 public Q_SLOTS:
     /// The whole run, on the thread that the job lives on.
     void detect();
+
+private:
+    bool isFolderShared = false; ///< clips of other jobs may be in its clip folder
 };
