@@ -34,5 +34,7 @@ void ListFilter::apply() {
                                          [clip](const auto& test) { return test.second(*clip); });
         if (clip->isHidden() == isShown)
             clip->setHidden(!isShown);
+        if (!isShown)
+            clip->setSelected(false); // nobody sees it, so nothing must be done with it
     }
 }

@@ -4,6 +4,7 @@
 
 #include "windowdocks.h"
 
+#include "areacontrol.h"
 #include "cliplistwidget.h"
 #include "detectionqueue.h"
 #include "listfilter.h"
@@ -28,6 +29,8 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     add(*recordings, Qt::RightDockWidgetArea, "buttonRecordings", Qt::Key_F7);
     add(*motion, Qt::BottomDockWidgetArea, "buttonMotion", Qt::Key_F8);
     add(*player, Qt::RightDockWidgetArea, "buttonPlayer", Qt::Key_F9);
+    area = std::make_unique<AreaControl>(*player, list, *filter, queue);
+    connect(recordings, SIGNAL(chosen(Video*)), area.get(), SLOT(setRecording(Video*)));
 }
 
 WindowDocks::~WindowDocks() = default;

@@ -6,6 +6,9 @@
 
 #include <QObject>
 
+#include <memory>
+
+class AreaControl;
 class ClipListWidget;
 class DetectionQueue;
 class ListFilter;
@@ -36,4 +39,5 @@ private:
     RecordingsDock* recordings;
     MotionDock* motion;
     PlayerDock* player;
+    std::unique_ptr<AreaControl> area;
 };

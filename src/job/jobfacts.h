@@ -4,8 +4,7 @@
 
 #pragma once
 
-#include "damage.h"
-#include "motionscore.h"
+#include "measurement.h"
 
 #include <QMetaType>
 #include <QSize>
@@ -15,6 +14,7 @@
 struct JobFacts {
     double seconds = 0.0; ///< how long it is: as its header says, once it was read as it was read
     QSize pictures;       ///< pixels; empty: not known
+    StreamFacts stream;   ///< no codec's name: not known
     MotionScore strongest;
     double strongestTime = 0.0; ///< seconds from the first picture
     QString error;              ///< in English, why it could not be read; empty: it could
