@@ -28,6 +28,7 @@ FactsTeller::FactsTeller(JobNews& news)
 void FactsTeller::open(const StreamFacts& stream) {
     facts.seconds = stream.duration;
     facts.pictures = stream.description.size;
+    facts.stream = stream;
     tellFacts();
 }
 
