@@ -4,13 +4,12 @@
 
 #include "valuesstore.h"
 
-#include "cellsfile.h"
-#include "measuredefinition.h"
+#include "disagreement.h"
+#include "keptpair.h"
 #include "measuresettings.h"
 #include "valuesname.h"
 #include "valuesparts.h"
 #include "valuesreader.h"
-#include "valueswriter.h"
 
 #include <QFile>
 
@@ -31,19 +30,8 @@ QString lackIn(const KeptValues& kept, const RecordingStamp& found) {
     return {};
 }
 
-CellsOrigin originOf(const KeptValues& values, const QByteArray& digest) {
-    return {cellsDefinition, digest, values.measurement.series.times.size()};
-}
-
 CellsReading readMaps(const ValuesStore::Found& found) {
-    return readCells(cellsPath(found.file), originOf(*found.values, found.digest));
-}
-
-/// Whether measuring it anew gives it again.
-bool canBeKept(const Measurement& measured, const MeasuringEnd& end) {
-    if (measured.series.times.size() >= mostKeptPictures)
-        return false;
-    return end.outcome == DetectionOutcome::Finished || end.isLasting;
+    return readMapsBeside(found.file, *found.values, found.digest);
 }
 
 } // namespace
@@ -258,28 +246,13 @@ bool ValuesStore::keepJoined(const Found& found) const {
            write(*found.values, valuesPath(options.valuesDirectory, found.values->recording.path));
 }
 
-/// The maps come first: those that lie beside values of another digest are nobody's. What keeps the
-/// values from being written is told once.
+/// What keeps the values from being written is told once.
 bool ValuesStore::write(const KeptValues& values, const QString& path) const {
-    const QByteArray text = valuesText(values);
-    const QString mapsFailure = writeMaps(values, digestIn(text), cellsPath(path));
-    const QString failure = writeValues(text, path);
-    if (!failure.isEmpty()) {
-        messages.complain(path, QStringLiteral("cannot keep the values: ") + failure);
-        QFile::remove(cellsPath(path));
-    } else if (!mapsFailure.isEmpty()) {
+    const PairFailure failure = writePair(values, path);
+    if (!failure.values.isEmpty())
+        messages.complain(path, QStringLiteral("cannot keep the values: ") + failure.values);
+    else if (!failure.maps.isEmpty())
         messages.complain(cellsPath(path),
-                          QStringLiteral("cannot keep the maps of cells: ") + mapsFailure);
-    }
-    return failure.isEmpty() && mapsFailure.isEmpty();
-}
-
-QString ValuesStore::writeMaps(const KeptValues& values, const QByteArray& digest,
-                               const QString& path) {
-    const CellMaps& maps = values.measurement.maps;
-    const CellsOrigin origin = originOf(values, digest);
-    if (maps.count() > 0 && maps.count() == origin.count)
-        return writeCells(maps, origin, path);
-    QFile::remove(path); // older ones are of other values
-    return {};
+                          QStringLiteral("cannot keep the maps of cells: ") + failure.maps);
+    return failure.values.isEmpty() && failure.maps.isEmpty();
 }

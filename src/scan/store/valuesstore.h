@@ -73,8 +73,6 @@ private:
     KeptValues valuesOf(const Recording& recording, const Measurement& measured,
                         const MeasuringEnd& end) const;
     bool write(const KeptValues& values, const QString& path) const;
-    static QString writeMaps(const KeptValues& values, const QByteArray& digest,
-                             const QString& path);
 
     const ScanOptions& options;
     Messages& messages;

@@ -5,7 +5,6 @@
 #include "measuresettings.h"
 
 #include "measuredefinition.h"
-#include "optiontable.h"
 #include "shortestdigits.h"
 
 #include <QByteArrayList>
@@ -17,7 +16,6 @@
 
 namespace {
 
-constexpr char measureKey[] = "measure";
 constexpr char thresholdKey[] = "threshold-value";
 constexpr char regionKey[] = "region";
 constexpr char excludeKey[] = "exclude";
@@ -52,10 +50,17 @@ QByteArray maskText(const QImage& mask) {
            ' ' + digest.result().toHex();
 }
 
+/// Of a rectangle that is none of the recording's own pixels.
+QByteArray spaceText(const QSize& space) {
+    if (space.isEmpty())
+        return {};
+    return " in " + QByteArray::number(space.width()) + 'x' + QByteArray::number(space.height());
+}
+
 QByteArray regionText(const RegionOfInterest& region) {
     switch (region.kind) {
     case RegionOfInterest::Kind::Rectangle:
-        return "rectangle " + rectangleText(region.rectangle);
+        return "rectangle " + rectangleText(region.rectangle) + spaceText(region.space);
     case RegionOfInterest::Kind::Mask:
         return maskText(region.mask);
     case RegionOfInterest::Kind::WholeFrame:
@@ -72,12 +77,6 @@ QByteArray endText(double seconds) {
     return std::isfinite(seconds) ? shortestDigits(seconds) : QByteArray("end");
 }
 
-QByteArray valueOf(const MeasureSettings& settings, const QByteArray& key) {
-    const auto found = std::find_if(settings.cbegin(), settings.cend(),
-                                    [&key](const HeadLine& line) { return line.key == key; });
-    return found == settings.cend() ? QByteArray() : found->value;
-}
-
 constexpr int mostSkipped = 1000000; // far above what can be asked for
 
 QRect rectangleOf(const QByteArray& text) {
@@ -91,16 +90,17 @@ QRect rectangleOf(const QByteArray& text) {
 
 /// As good as it can be told; `region` where nothing can.
 RegionOfInterest regionOf(const MeasureSettings& settings, RegionOfInterest region) {
-    const QByteArray text = valueOf(settings, regionKey);
+    const QByteArray text = settingOf(settings, regionKey);
     const QByteArray rectangle = "rectangle ";
     if (text == "whole") {
         region.kind = RegionOfInterest::Kind::WholeFrame;
     } else if (text.startsWith(rectangle)) {
         region.kind = RegionOfInterest::Kind::Rectangle;
         region.rectangle = rectangleOf(text.mid(rectangle.size()));
+        region.space = QSize(); // in others it cannot be told
     }
     region.excluded.clear();
-    const QByteArray excluded = valueOf(settings, excludeKey);
+    const QByteArray excluded = settingOf(settings, excludeKey);
     for (const QByteArray& one : excluded.split(' ')) {
         if (one.contains(','))
             region.excluded.append(rectangleOf(one));
@@ -132,15 +132,21 @@ MeasureSettings cellsSettings(const MeasureSettings& settings) {
     return left;
 }
 
+QByteArray settingOf(const MeasureSettings& settings, const QByteArray& key) {
+    const auto found = std::find_if(settings.cbegin(), settings.cend(),
+                                    [&key](const HeadLine& line) { return line.key == key; });
+    return found == settings.cend() ? QByteArray() : found->value;
+}
+
 bool areOfKeyFrames(const MeasureSettings& settings) {
-    return valueOf(settings, picturesKey) == keyPictures;
+    return settingOf(settings, picturesKey) == keyPictures;
 }
 
 std::optional<DetectionOptions> measuredWith(const MeasureSettings& settings,
                                              DetectionOptions options) {
     MeasureOptions& measure = options.measure;
-    measure.pixelThreshold = valueOf(settings, thresholdKey).toInt();
-    measure.skip = valueOf(settings, "skip").toInt();
+    measure.pixelThreshold = settingOf(settings, thresholdKey).toInt();
+    measure.skip = settingOf(settings, "skip").toInt();
     if (measure.pixelThreshold < 0 || measure.pixelThreshold > 255 || measure.skip < 0 ||
         measure.skip > mostSkipped)
         return std::nullopt;
@@ -148,22 +154,8 @@ std::optional<DetectionOptions> measuredWith(const MeasureSettings& settings,
     options.isKeyframesOnly = areOfKeyFrames(settings);
     const MeasureSettings again = measureSettings(options);
     for (const char* key : {measureKey, thresholdKey, "skip", regionKey, excludeKey, picturesKey}) {
-        if (valueOf(again, key) != valueOf(settings, key))
+        if (settingOf(again, key) != settingOf(settings, key))
             return std::nullopt;
     }
     return options;
-}
-
-QString disagreement(const QStringList& given, const MeasureSettings& asked,
-                     const MeasureSettings& kept) {
-    if (valueOf(asked, measureKey) != valueOf(kept, measureKey))
-        return QStringLiteral("its values were measured by another version of this program");
-    for (const ScanOption& option : scanOptions()) {
-        const QByteArray key = option.valuesKey.toLatin1();
-        const QByteArray value = valueOf(kept, key);
-        if (!key.isEmpty() && given.contains(option.name) && value != valueOf(asked, key))
-            return QStringLiteral("--%1 does not fit its values, which were measured with %2 %3")
-                .arg(option.name, option.valuesKey, QString::fromUtf8(value));
-    }
-    return {};
 }

@@ -4,10 +4,12 @@
 
 #pragma once
 
-#include "detection.h"
+#include "detectionoptions.h"
 #include "keptvalues.h"
 
 #include <optional>
+
+constexpr char measureKey[] = "measure"; ///< the line with the number of the mean's definition
 
 /// Everything in `options` that motion values depend on, as it stands in a values file.
 MeasureSettings measureSettings(const DetectionOptions& options);
@@ -15,6 +17,9 @@ MeasureSettings measureSettings(const DetectionOptions& options);
 /// Those of them that maps of changed cells depend on, too: neither on where one looks, nor on what
 /// counts as motion there.
 MeasureSettings cellsSettings(const MeasureSettings& settings);
+
+/// The value of a line of them; empty where there is none.
+QByteArray settingOf(const MeasureSettings& settings, const QByteArray& key);
 
 /// Whether the values are those of key frames alone.
 bool areOfKeyFrames(const MeasureSettings& settings);
@@ -24,8 +29,3 @@ bool areOfKeyFrames(const MeasureSettings& settings);
 /// a digest is all that is kept.
 std::optional<DetectionOptions> measuredWith(const MeasureSettings& settings,
                                              DetectionOptions options);
-
-/// Which of the options named in `given` say otherwise than `kept`, as a sentence for a person;
-/// empty if none does. `asked` are the settings of all options.
-QString disagreement(const QStringList& given, const MeasureSettings& asked,
-                     const MeasureSettings& kept);
