@@ -165,6 +165,7 @@ void TestJobNews::initTestCase() {
 
 void TestJobNews::init() {
     QSettings().clear();
+    QSettings().setValue("kept_values_mb", 0); // each job measures
 }
 
 void TestJobNews::headerIsToldFirst() {

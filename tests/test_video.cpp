@@ -188,6 +188,7 @@ void TestVideo::initTestCase() {
 
 void TestVideo::init() {
     QSettings().clear();
+    QSettings().setValue("kept_values_mb", 0); // each job measures
     folder = std::make_unique<QTemporaryDir>();
     QVERIFY(folder->isValid());
 }

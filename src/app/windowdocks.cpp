@@ -8,6 +8,7 @@
 #include "cliplistwidget.h"
 #include "detectionqueue.h"
 #include "listfilter.h"
+#include "measurementcache.h"
 #include "motiondock.h"
 #include "playerdock.h"
 #include "recordingsdock.h"
@@ -31,6 +32,8 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     add(*player, Qt::RightDockWidgetArea, "buttonPlayer", Qt::Key_F9);
     area = std::make_unique<AreaControl>(*player, list, *filter, queue);
     connect(recordings, SIGNAL(chosen(Video*)), area.get(), SLOT(setRecording(Video*)));
+    window.statusBar()->connect(&MeasurementCache::instance(), SIGNAL(told(QString)),
+                                SLOT(showMessage(QString)));
 }
 
 WindowDocks::~WindowDocks() = default;

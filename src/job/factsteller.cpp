@@ -12,9 +12,17 @@ namespace {
 constexpr int factsMilliseconds = 500;
 constexpr int valuesMilliseconds = 100;
 
-bool isCutShort(DetectionOutcome outcome) {
-    return outcome == DetectionOutcome::Cancelled || outcome == DetectionOutcome::ReadFailed ||
-           outcome == DetectionOutcome::OutOfMemory;
+bool isReadWhole(const MeasuringEnd& end) {
+    switch (end.outcome) {
+    case DetectionOutcome::Finished:
+        return end.error.isEmpty(); // there is more of it now
+    case DetectionOutcome::Cancelled:
+    case DetectionOutcome::ReadFailed:
+    case DetectionOutcome::OutOfMemory:
+        return false;
+    default:
+        return true;
+    }
 }
 
 } // namespace
@@ -48,7 +56,7 @@ void FactsTeller::add(const FrameReport& frame) {
 
 void FactsTeller::end(const MeasuringEnd& end, const Damage& damage) {
     facts.error = end.error;
-    facts.isReadToItsEnd = !isCutShort(end.outcome);
+    facts.isReadToItsEnd = isReadWhole(end);
     if (end.outcome == DetectionOutcome::Finished)
         facts.damage = damage;
     if (end.outcome != DetectionOutcome::Cancelled && readSeconds > 0.0)

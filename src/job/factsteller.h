@@ -20,6 +20,8 @@ public:
     void open(const StreamFacts& stream);
     void add(const FrameReport& frame); ///< the next picture
 
+    double seconds() const { return readSeconds; } ///< up to the last picture
+
     /// How it ended. Everything that was not told yet is told now.
     void end(const MeasuringEnd& end, const Damage& damage);
 

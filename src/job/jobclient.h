@@ -36,6 +36,7 @@ public:
 
     /// So many pictures behind the first one were decided on.
     int decided() const { return pictures; }
+    double decidedSeconds() const { return teller.seconds(); }
 
     bool isCancelled() override;
     void positionChanged(qint64 bytePosition, bool isAtEnd) override;

@@ -5,7 +5,10 @@
 #include "jobsearch.h"
 
 #include "cellsmeasurement.h"
+#include "clocktext.h"
 #include "keptdetection.h"
+#include "measurementcache.h"
+#include "measuresettings.h"
 #include "picturefinder.h"
 #include "video.h"
 
@@ -53,32 +56,70 @@ MeasuringEnd JobSearch::search() {
     const QFileInfo file(job.fileName);
     if (file.exists() && !file.isFile())
         return {DetectionOutcome::CannotOpen, QStringLiteral("no regular file")};
-    return isMeasuredFirst() ? measureFirst() : measure();
-}
-
-/// Decides while the recording is decoded.
-MeasuringEnd JobSearch::measure() {
-    Detection detection(options, client, &client);
-    MeasuringEnd end = detection.run(job.fileName);
-    measured = detection.measurement();
+    stamp = stampOf(job.fileName);
+    if (stamp && MeasurementCache::isOn()) {
+        if (auto values = MeasurementCache::instance().find(*stamp, options))
+            return decideOnKept(std::move(*values));
+    }
+    if (stamp)
+        watched.emplace(*stamp, WatchedRecording::Measured::Now);
+    MeasuringEnd end = measure();
+    judgeChange(end);
     return end;
 }
 
-/// What is said first depends on how far the key frames lie apart, and what is left out on the
-/// whole recording.
-bool JobSearch::isMeasuredFirst() const {
-    return options.isKeyframesOnly || (areCellsAsked() && options.cells.isRestlessIgnored);
+MeasuringEnd JobSearch::decideOnKept(KeptValues values) {
+    watched.emplace(values.recording, WatchedRecording::Measured::Before);
+    measuredAs = measuredWith(values.settings, options);
+    measured = std::move(values.measurement);
+    if (!measured.series.times.isEmpty()) // what its header says is not kept
+        measured.stream.duration = measured.series.times.last() - measured.stream.origin;
+    const bool isFailure = values.outcome != DetectionOutcome::Finished;
+    return decide({values.outcome, values.reason, isFailure}, job.fileSize);
 }
 
-MeasuringEnd JobSearch::measureFirst() {
+/// Decides while the recording is decoded, or when all is measured: what is said first can depend
+/// on how far the key frames lie apart, and what is left out on the whole recording.
+MeasuringEnd JobSearch::measure() {
+    if (!options.isKeyframesOnly && !(areCellsAsked() && options.cells.isRestlessIgnored)) {
+        Detection detection(options, client, &client);
+        return runAndKeep(detection);
+    }
     client.measureFirst();
     Opening opening(client);
     DetectionOptions wanted = options;
     wanted.areSnapshotsWanted = false;
     Detection detection(wanted, client, &opening);
-    const MeasuringEnd end = detection.run(job.fileName);
-    measured = detection.measurement();
+    const MeasuringEnd end = runAndKeep(detection);
+    measuredAs = options;
     return decide(end, job.bytesRead);
+}
+
+MeasuringEnd JobSearch::runAndKeep(Detection& detection) {
+    MeasuringEnd end = detection.run(job.fileName);
+    measured = detection.measurement();
+    if (watched && watched->state() == WatchedRecording::State::Same)
+        MeasurementCache::instance().keep(*stamp, options, measured, end);
+    return end;
+}
+
+/// What was found in a recording that is another one now is nobody's. One that a camera still
+/// writes to was searched as far as it went.
+void JobSearch::judgeChange(MeasuringEnd& end) {
+    const auto state = watched ? watched->state() : WatchedRecording::State::Same;
+    if (state == WatchedRecording::State::Same || end.outcome == DetectionOutcome::Cancelled)
+        return;
+    end.isLasting = false;
+    if (state == WatchedRecording::State::Grown) {
+        const double seconds = client.decidedSeconds();
+        end.error = QStringLiteral("it grew while it was searched; what came behind %1 is left out")
+                        .arg(preciseClockText(seconds));
+        return;
+    }
+    end.outcome = DetectionOutcome::ReadFailed;
+    end.error = state == WatchedRecording::State::Gone
+                    ? QStringLiteral("it was removed while it was searched")
+                    : QStringLiteral("it was changed while it was searched");
 }
 
 /// Decides on what was measured, as far as that went, unless nobody wants to know. The job ends as
@@ -86,7 +127,7 @@ MeasuringEnd JobSearch::measureFirst() {
 MeasuringEnd JobSearch::decide(const MeasuringEnd& end, qint64 bytePosition) {
     const bool isOver =
         end.outcome == DetectionOutcome::Cancelled || end.outcome == DetectionOutcome::OutOfMemory;
-    if (!measured.hasPictures || isOver)
+    if (measured.series.times.isEmpty() || isOver)
         return end;
     client.decideOn(measured.series.times.size(), bytePosition);
     decideOnMeasured();
@@ -95,8 +136,13 @@ MeasuringEnd JobSearch::decide(const MeasuringEnd& end, qint64 bytePosition) {
 }
 
 void JobSearch::decideOnMeasured() {
-    const auto isInterrupted = [this] { return client.isCancelled(); };
-    PictureFinder finder(job.fileName, options, measured, isInterrupted);
+    // The last clip's picture is looked for when the job is finished.
+    const auto isInterrupted = [this] { return job.state == Video::CancelRequested; };
+    PictureFinder finder(job.fileName, measuredAs.value_or(options), measured, isInterrupted);
+    if (watched)
+        finder.setRefusal([this] { return watched->flaw(); });
+    if (!measuredAs)
+        finder.readFromStart();
     const auto pictures = [&finder](int picture) -> ClipPicturePointer {
         return std::make_shared<LatePicture>(finder, picture);
     };

@@ -6,9 +6,11 @@
 
 #include "detection.h"
 #include "jobclient.h"
+#include "keptvalues.h"
+#include "watchedrecording.h"
 
-/// One search of a job's recording, on the thread that runs it. Both measures are taken in one
-/// pass, whichever decides.
+/// One search of a job's recording, on the thread that runs it: decides on what was kept of it, or
+/// measures it. Both measures are taken in one pass, whichever decides.
 class JobSearch {
 public:
     /// `job` must outlive it.
@@ -20,8 +22,10 @@ public:
 
 private:
     MeasuringEnd search();
+    MeasuringEnd decideOnKept(KeptValues values);
     MeasuringEnd measure();
-    MeasuringEnd measureFirst();
+    MeasuringEnd runAndKeep(Detection& detection);
+    void judgeChange(MeasuringEnd& end);
     MeasuringEnd decide(const MeasuringEnd& end, qint64 bytePosition);
     void decideOnMeasured();
     bool isMeasuredFirst() const;
@@ -32,4 +36,7 @@ private:
     DetectionOptions options;
     JobClient client;
     Measurement measured;
+    std::optional<DetectionOptions> measuredAs; ///< nothing: it cannot be told
+    std::optional<RecordingStamp> stamp;        ///< of the recording as it was when that began
+    std::optional<WatchedRecording> watched;
 };

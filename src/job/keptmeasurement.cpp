@@ -4,17 +4,12 @@
 
 #include "keptmeasurement.h"
 
-#include "detection.h"
+#include "measurementcache.h"
 
 std::optional<Measurement> keptMeasurement(const QString& video, const DetectionOptions& options) {
-    class Nobody : public DetectionProgress {
-        bool isCancelled() override { return false; }
-        void positionChanged(qint64, bool) override {}
-    } nobody;
-    DetectionOptions wanted = options;
-    wanted.areMapsKept = true;
-    Detection detection(wanted, nobody);
-    if (detection.run(video).outcome != DetectionOutcome::Finished)
+    const auto stamp = stampOf(video);
+    auto values = stamp ? MeasurementCache::instance().find(*stamp, options) : std::nullopt;
+    if (!values)
         return std::nullopt;
-    return detection.measurement();
+    return std::move(values->measurement);
 }
