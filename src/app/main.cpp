@@ -40,6 +40,7 @@ std::string answerTo(int argc, char* argv[]) {
 
 int showMainWindow() {
     MainWindow window;
+    window.keepSession();
     window.show();
     return QApplication::exec();
 }

@@ -13,7 +13,10 @@
 #include "exportnotices.h"
 #include "filenames.h"
 #include "leftoutbar.h"
+#include "resumedsearches.h"
 #include "screenfit.h"
+#include "sessioncontrol.h"
+#include "sessionoffer.h"
 #include "settingsdialog.h"
 #include "ui_mainwindow.h"
 #include "video.h"
@@ -70,6 +73,13 @@ MainWindow::~MainWindow() {
     Clip::leaveQueue(ui->files->clips());
     // The list outlives this part of the window, and its selection ends with its items.
     disconnect(ui->files, nullptr, this, nullptr);
+}
+
+void MainWindow::keepSession() {
+    auto* offer = new SessionOffer(this);
+    ui->gridLayout->addWidget(offer, 2, 0);
+    session = std::make_unique<SessionControl>(queue, *ui->files, docks->resumed(), *offer);
+    connect(session.get(), SIGNAL(told(QString)), ui->statusBar, SLOT(showMessage(QString)));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event) {
@@ -145,8 +155,11 @@ void MainWindow::newClip(int index, const QImage& snapshot, double start, double
     auto* video = qobject_cast<Video*>(sender());
     if (!video)
         return;
-    video->nextClipNumber = qMax(video->nextClipNumber, index + 1);
-    auto* clip = new Clip(video, index, snapshot, start, end, snapshotTime);
+    const std::optional<int> number = docks->resumed().numberOf(*video, index, start, end);
+    if (!number)
+        return;
+    video->nextClipNumber = qMax(video->nextClipNumber, *number + 1);
+    auto* clip = new Clip(video, *number, snapshot, start, end, snapshotTime);
     ui->files->insertItem(ui->files->count(), clip);
     updateActions();
     // Meant to be asked for a second time, after the clip's constructor: a clip that is exported

@@ -19,6 +19,7 @@
 class BusyCursor;
 class QListWidgetItem;
 class QModelIndex;
+class SessionControl;
 class WindowDocks;
 
 namespace Ui {
@@ -35,6 +36,10 @@ class MainWindow : public QMainWindow {
 public:
     explicit MainWindow(QWidget* parent = nullptr);
     ~MainWindow() override;
+
+    /// Keeps what is listed in the program's data folder from now on, and offers what was listed
+    /// last.
+    void keepSession();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -82,4 +87,5 @@ private:
     bool isSetupClosing = false;
     DetectionQueue queue; ///< its worker ends before all else
     std::unique_ptr<WindowDocks> docks;
+    std::unique_ptr<SessionControl> session; ///< null: none is kept; ends before all that it keeps
 };

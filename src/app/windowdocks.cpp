@@ -12,6 +12,7 @@
 #include "motiondock.h"
 #include "playerdock.h"
 #include "recordingsdock.h"
+#include "resumedsearches.h"
 
 #include <QAction>
 #include <QMainWindow>
@@ -23,10 +24,13 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     , queue(queue)
     , list(list)
     , filter(new ListFilter(list))
+    , resumedSearches(new ResumedSearches(window, queue, list))
     , recordings(new RecordingsDock(queue, &window))
     , motion(new MotionDock(&window))
     , player(new PlayerDock(&window)) {
     filter->setParent(this);
+    resumedSearches->setParent(this);
+    connect(recordings, SIGNAL(restAsked()), resumedSearches, SLOT(searchRest()));
     add(*recordings, Qt::RightDockWidgetArea, "buttonRecordings", Qt::Key_F7);
     add(*motion, Qt::BottomDockWidgetArea, "buttonMotion", Qt::Key_F8);
     add(*player, Qt::RightDockWidgetArea, "buttonPlayer", Qt::Key_F9);

@@ -17,6 +17,7 @@ class PlayerDock;
 class QDockWidget;
 class QMainWindow;
 class RecordingsDock;
+class ResumedSearches;
 
 /// Everything that stands beside what the main window has always had: the docks with their buttons
 /// at the right end of the status bar, and what goes between them, the list and the queue. All
@@ -29,6 +30,8 @@ public:
     WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWidget& list);
     ~WindowDocks() override;
 
+    ResumedSearches& resumed() { return *resumedSearches; }
+
 private:
     void add(QDockWidget& dock, Qt::DockWidgetArea area, const char* button, Qt::Key shortcut);
 
@@ -36,6 +39,7 @@ private:
     DetectionQueue& queue;
     ClipListWidget& list;
     ListFilter* filter;
+    ResumedSearches* resumedSearches;
     RecordingsDock* recordings;
     MotionDock* motion;
     PlayerDock* player;

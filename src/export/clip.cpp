@@ -43,17 +43,24 @@ QString emptyFileReason(const QString& path) {
 
 Clip::Clip(Video* video, int index, const QImage& snapshot, double start, double end,
            double snapshotTime)
-    : video(video)
+    : Clip(video, index, snapshot, start, end, snapshotTime, {}) {
+    if (video->autoExport)
+        exportClip(false);
+}
+
+Clip::Clip(Video* video, int index, const QImage& snapshot, double start, double end,
+           double snapshotTime, const ExportState& state)
+    : status(state.status)
+    , video(video)
     , index(index)
     , start(start)
     , end(end)
     , snapshotTime(snapshotTime)
-    , snapshot(snapshot) {
+    , snapshot(snapshot)
+    , outputPath(state.outputPath) {
     setData(Qt::DecorationRole, QIcon(QPixmap::fromImage(snapshot)));
-    if (video->autoExport)
-        exportClip(false);
-    else
-        updateText();
+    setToolTip(state.note);
+    updateText();
 }
 
 Clip::~Clip() {

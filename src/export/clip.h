@@ -42,6 +42,17 @@ public:
     Clip(Video* video, int index, const QImage& snapshot, double start, double end,
          double snapshotTime);
 
+    /// What has become of a clip's export.
+    struct ExportState {
+        int status = NotExported;
+        QString outputPath;
+        QString note; ///< the tool tip: why it went wrong
+    };
+
+    /// A clip that was listed before, with what had become of it; asks for no export.
+    Clip(Video* video, int index, const QImage& snapshot, double start, double end,
+         double snapshotTime, const ExportState& state);
+
     /// Leaves the export queue and lets it go on. An encoder that runs for this clip runs to its
     /// end.
     ~Clip() override;

@@ -87,7 +87,8 @@ public:
     QDateTime startDateTime;             ///< wall-clock time of the first picture
     SearchOptions search;                ///< fixed before the job is handed over
     JobNews news;                        ///< of the GUI thread
-    int firstClipNumber = 0; ///< of the GUI thread: all clips of its search have this one or more
+    int firstClipNumber = 0;   ///< of the GUI thread: all clips of its search have this one or more
+    bool isSuperseded = false; ///< of the GUI thread: another job stands for it
     int nextClipNumber = 0; ///< of the GUI thread: none of its clips had this one or a higher one
 
 Q_SIGNALS:

@@ -20,7 +20,8 @@ struct SavedClip {
     QImage snapshot;
     int status = 0;
     QString outputPath;
-    QString note; ///< its tool tip: why its export went wrong
+    QString note;               ///< its tool tip: why its export went wrong
+    bool isFileMissing = false; ///< exported, but its file is no longer there; found out by reading
 };
 
 /// All that is listed.

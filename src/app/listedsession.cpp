@@ -1,0 +1,48 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "listedsession.h"
+
+#include "clip.h"
+#include "cliplistwidget.h"
+#include "detectionqueue.h"
+#include "video.h"
+
+#include <QHash>
+
+namespace {
+
+SavedClip saved(const Clip& clip, int job) {
+    SavedClip saved;
+    saved.job = job;
+    saved.index = clip.index;
+    saved.start = clip.start;
+    saved.end = clip.end;
+    saved.snapshotTime = clip.snapshotTime;
+    saved.snapshot = clip.snapshot;
+    saved.status = clip.status;
+    saved.outputPath = clip.outputPath;
+    saved.note = clip.toolTip();
+    return saved;
+}
+
+} // namespace
+
+SavedSession listedSession(const DetectionQueue& queue, const ClipListWidget& list) {
+    SavedSession session;
+    QHash<const Video*, int> places;
+    for (const Video* job : queue.jobs()) {
+        if (job->isSuperseded)
+            continue;
+        places.insert(job, session.jobs.size());
+        session.jobs.append(job->record());
+    }
+    const QList<Clip*> clips = list.clips();
+    for (const Clip* clip : clips) {
+        const int place = places.value(clip->video, -1);
+        if (place >= 0)
+            session.clips.append(saved(*clip, place));
+    }
+    return session;
+}

@@ -1,0 +1,87 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "sessionrestore.h"
+
+#include "clip.h"
+#include "cliplistwidget.h"
+#include "resumedsearches.h"
+#include "video.h"
+
+#include <QDeadlineTimer>
+#include <QFile>
+
+#include <utility>
+
+namespace {
+
+constexpr int sliceMilliseconds = 20;
+
+bool isUnfinished(int status) {
+    return status == Clip::Exporting || status == Clip::Queued;
+}
+
+/// What is shown of an export until it goes on.
+Clip::ExportState stateOf(const SavedClip& saved) {
+    if (isUnfinished(saved.status))
+        return {Clip::NotExported, saved.outputPath, {}};
+    if (saved.status == Clip::Exported && saved.isFileMissing)
+        return {Clip::NotExported, saved.outputPath,
+                SessionRestore::tr("It was exported, but its file is no longer there")};
+    return {saved.status, saved.outputPath, saved.note};
+}
+
+} // namespace
+
+SessionRestore::SessionRestore(const SavedSession& session, ClipListWidget& list,
+                               ResumedSearches& resumed)
+    : session(session)
+    , list(list)
+    , resumed(resumed) {
+    timer.start(0, this);
+}
+
+SessionRestore::~SessionRestore() {
+    qDeleteAll(jobs);
+}
+
+void SessionRestore::timerEvent(QTimerEvent*) {
+    const QDeadlineTimer deadline(sliceMilliseconds);
+    bool isMore = true;
+    while (isMore && !deadline.hasExpired())
+        isMore = step();
+    if (isMore)
+        return;
+    timer.stop();
+    resumed.add(std::exchange(jobs, {}), clipsOf);
+    Q_EMIT done();
+}
+
+/// False when there is nothing left to be listed and exported.
+bool SessionRestore::step() {
+    if (jobs.size() < session.jobs.size())
+        jobs.append(new Video(session.jobs[jobs.size()]));
+    else if (listedClips < session.clips.size())
+        addClip(session.clips[listedClips++]);
+    else if (!toBeExported.isEmpty()) {
+        if (Clip* clip = toBeExported.takeFirst())
+            clip->exportClip(false);
+    } else
+        return false;
+    return true;
+}
+
+void SessionRestore::addClip(const SavedClip& saved) {
+    Video* job = jobs[saved.job];
+    auto* clip = new Clip(job, saved.index, saved.snapshot, saved.start, saved.end,
+                          saved.snapshotTime, stateOf(saved));
+    list.insertItem(list.count(), clip);
+    clipsOf[job].append(clip);
+    if (!isUnfinished(saved.status))
+        return;
+    // An encoder that outlives its program may still write to this one.
+    if (saved.status == Clip::Exporting && !saved.outputPath.isEmpty())
+        QFile::remove(saved.outputPath);
+    toBeExported.append(clip);
+}

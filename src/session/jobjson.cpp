@@ -1,0 +1,161 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "jobjson.h"
+
+#include "jsonfields.h"
+#include "video.h"
+
+#include <limits>
+
+namespace {
+
+constexpr int most = std::numeric_limits<int>::max();
+constexpr int mostRectangles = 10000;
+
+QJsonArray rectangleJson(const QRect& rectangle) {
+    return {rectangle.x(), rectangle.y(), rectangle.width(), rectangle.height()};
+}
+
+QRect rectangleOf(const QJsonValue& json, bool& isGood) {
+    const QJsonArray sides = json.toArray();
+    QJsonObject object;
+    const char* const keys[] = {"x", "y", "width", "height"};
+    for (int i = 0; i < 4; ++i)
+        object.insert(QLatin1String(keys[i]), sides.at(i));
+    JsonFields fields(object, isGood);
+    constexpr int farthest = 1 << 20; // pixels, more than any picture has
+    return {fields.integer("x", -farthest, farthest), fields.integer("y", -farthest, farthest),
+            fields.integer("width", -farthest, farthest),
+            fields.integer("height", -farthest, farthest)};
+}
+
+QJsonObject decidingJson(const DecidingOptions& options) {
+    QJsonObject json{{"cells", options.detector == Detector::Cells},
+                     {"before", numberJson(options.segmentation.prerecord)},
+                     {"after", numberJson(options.segmentation.postrecord)},
+                     {"minimum", numberJson(options.segmentation.minimum)},
+                     {"threshold", numberJson(options.segmentation.motionThreshold.value)},
+                     {"fewest", options.segmentation.fewestCompared},
+                     {"step", options.cells.step},
+                     {"ignoreRestless", options.cells.isRestlessIgnored}};
+    if (options.joiningGap)
+        json.insert("joining", numberJson(*options.joiningGap));
+    return json;
+}
+
+DecidingOptions decidingOf(JsonFields fields) {
+    DecidingOptions options;
+    options.detector = fields.flag("cells") ? Detector::Cells : Detector::Mean;
+    options.segmentation.prerecord = fields.number("before");
+    options.segmentation.postrecord = fields.number("after");
+    options.segmentation.minimum = fields.number("minimum");
+    options.segmentation.motionThreshold.value = float(fields.number("threshold"));
+    options.segmentation.fewestCompared = fields.integer("fewest", 0, most);
+    options.cells.step = fields.integer("step", 1, int(cellSteps.size()));
+    options.cells.isRestlessIgnored = fields.flag("ignoreRestless");
+    if (fields.has("joining"))
+        options.joiningGap = fields.number("joining");
+    return options;
+}
+
+QJsonObject searchJson(const SearchOptions& search) {
+    QJsonArray excluded;
+    for (const QRect& rectangle : search.excluded)
+        excluded.append(rectangleJson(rectangle));
+    QJsonObject json{{"quick", search.isQuick}, {"excluded", excluded}};
+    if (search.deciding)
+        json.insert("deciding", decidingJson(*search.deciding));
+    return json;
+}
+
+SearchOptions searchOf(JsonFields fields, bool& isGood) {
+    SearchOptions search;
+    search.isQuick = fields.flag("quick");
+    const QJsonArray excluded = fields.array("excluded", mostRectangles);
+    for (const QJsonValue& rectangle : excluded)
+        search.excluded.append(rectangleOf(rectangle, isGood));
+    if (fields.has("deciding"))
+        search.deciding = decidingOf(fields.fields("deciding"));
+    return search;
+}
+
+QJsonObject factsJson(const JobFacts& facts) {
+    return {{"seconds", numberJson(facts.seconds)},
+            {"width", facts.pictures.width()},
+            {"height", facts.pictures.height()},
+            {"strongest", numberJson(facts.strongest.value)},
+            {"strongestTime", numberJson(facts.strongestTime)},
+            {"error", textJson(facts.error)},
+            {"whole", facts.isReadToItsEnd},
+            {"damagedPackets", double(facts.damage.packets)},
+            {"promised", numberJson(facts.damage.promised)},
+            {"read", numberJson(facts.damage.read)}};
+}
+
+JobFacts factsOf(JsonFields fields) {
+    JobFacts facts;
+    facts.seconds = fields.number("seconds");
+    facts.pictures = {fields.integer("width", -1, most), fields.integer("height", -1, most)};
+    facts.strongest.value = float(fields.number("strongest"));
+    facts.strongestTime = fields.number("strongestTime");
+    facts.error = fields.text("error");
+    facts.isReadToItsEnd = fields.flag("whole");
+    facts.damage.packets = fields.count("damagedPackets");
+    facts.damage.promised = fields.number("promised");
+    facts.damage.read = fields.number("read");
+    return facts;
+}
+
+QDateTime timeOf(const QString& text, bool& isGood) {
+    const QDateTime time = QDateTime::fromString(text, Qt::ISODateWithMs);
+    isGood = isGood && (text.isEmpty() || time.isValid());
+    return time;
+}
+
+} // namespace
+
+QJsonObject jobJson(const JobRecord& job) {
+    QJsonObject json{{"file", textJson(job.fileName)},
+                     {"folder", textJson(job.clipDirectory)},
+                     {"state", job.state},
+                     {"before", numberJson(job.prerecord)},
+                     {"after", numberJson(job.postrecord)},
+                     {"minimum", numberJson(job.minimum)},
+                     {"skip", job.skip},
+                     {"autoExport", job.autoExport},
+                     {"intraCodec", job.intraCodec},
+                     {"timestamps", job.exportTimestamps},
+                     {"start", textJson(job.startDateTime.toString(Qt::ISODateWithMs))},
+                     {"search", searchJson(job.search)},
+                     {"facts", factsJson(job.facts)},
+                     {"nextClip", job.nextClipNumber}};
+    if (job.roiRect)
+        json.insert("rectangle", rectangleJson(*job.roiRect));
+    return json;
+}
+
+JobRecord jobOf(const QJsonValue& json, bool& isGood) {
+    JsonFields fields(json, isGood);
+    JobRecord job;
+    job.fileName = fields.text("file");
+    job.clipDirectory = fields.text("folder");
+    job.state = fields.integer("state", Video::Waiting, Video::Finished);
+    job.prerecord = fields.number("before");
+    job.postrecord = fields.number("after");
+    job.minimum = fields.number("minimum");
+    job.skip = fields.integer("skip", 0, most);
+    job.autoExport = fields.flag("autoExport");
+    job.intraCodec = fields.flag("intraCodec");
+    job.exportTimestamps = fields.flag("timestamps");
+    job.startDateTime = timeOf(fields.text("start"), isGood);
+    job.search = searchOf(fields.fields("search"), isGood);
+    job.facts = factsOf(fields.fields("facts"));
+    job.nextClipNumber = fields.integer("nextClip", 0, most);
+    if (fields.has("rectangle")) {
+        const QJsonArray sides = fields.array("rectangle", 4);
+        job.roiRect = rectangleOf(sides, isGood);
+    }
+    return job;
+}
