@@ -6,11 +6,11 @@
 
 #include "clocktext.h"
 #include "motionreport.h"
+#include "playedrecording.h"
 #include "restlesstext.h"
 #include "shortestdigits.h"
 #include "valuesformat.h"
 
-#include <cmath>
 #include <limits>
 
 namespace {
@@ -46,9 +46,9 @@ RecordingOutput::RecordingOutput(Recording& recording, const ScanOptions& option
 }
 
 void RecordingOutput::opened(const StreamFacts& stream) {
-    played = {stream.description, stream.origin - stream.description.startTime};
+    played = playedRecording(stream);
     if (stream.frameRate > 0.0)
-        numberPictures(stream.frameRate);
+        noteNumbering(stream.frameRate);
     clips.exports().setCodec(stream.codecName);
     hasBegunAgain = true;
     isRegionEmpty = stream.isRegionEmpty;
@@ -59,9 +59,7 @@ void RecordingOutput::opened(const StreamFacts& stream) {
                 "warning: the region selects nothing of its pictures, so no motion is found"));
 }
 
-void RecordingOutput::numberPictures(double frameRate) {
-    played.offset = 0.0;
-    played.stream.frameRate = {int(std::lround(frameRate * 1000.0)), 1000};
+void RecordingOutput::noteNumbering(double frameRate) {
     clips.exports().setFrameRate(frameRate);
     if (options.detection.times.frameRate == 0.0)
         outputs.messages.note(

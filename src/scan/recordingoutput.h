@@ -47,7 +47,7 @@ public:
     void clipFound(const DetectedClip& clip) override;
 
 private:
-    void numberPictures(double frameRate);
+    void noteNumbering(double frameRate);
     void pass(const std::optional<DetectedClip>& clip);
     void passLooked(double time);
     void show(double time, MotionScore motion);

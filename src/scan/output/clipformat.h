@@ -5,22 +5,16 @@
 #pragma once
 
 #include "damage.h"
+#include "playedrecording.h"
 #include "recording.h"
 #include "scanoptions.h"
 #include "segmentation.h"
-#include "streamdescription.h"
 
 #include <QByteArray>
 #include <QString>
 
 #include <memory>
 #include <optional>
-
-/// A recording as programs see it that play it.
-struct PlayedRecording {
-    StreamDescription stream;
-    double offset = 0.0; ///< seconds from the file's beginning to its first picture
-};
 
 /// One clip as it is reported.
 struct ClipLine {

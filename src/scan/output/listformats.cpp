@@ -4,52 +4,19 @@
 
 #include "listformats.h"
 
+#include "cliplist.h"
 #include "editlists.h"
 #include "encodertimes.h"
-#include "escaping.h"
 #include "playlists.h"
-
-#include <QFile>
-#include <QFileInfo>
 
 #include <map>
 #include <mutex>
 
 namespace {
 
-/// VLC counts from the beginning of most files. Of Matroska and MP4 it shows the times as they are
-/// written.
-bool hasClockOfStreamsInVlc(const QString& path) {
-    QFile file(path);
-    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
-        return false;
-    const QByteArray head = file.read(8);
-    const QByteArray box = head.mid(4);
-    return head.startsWith("\x1a\x45\xdf\xa3") || box == "ftyp" || box == "moov" || box == "mdat";
-}
-
-ListedRecording listed(const Recording& recording, const PlayedRecording& played) {
-    ListedRecording listed;
-    listed.path = recording.path;
-    listed.name = printable(recording.video);
-    listed.offset = played.offset;
-    listed.fileStart = played.stream.startTime;
-    if (listed.fileStart != 0.0 && hasClockOfStreamsInVlc(listed.path))
-        listed.vlcStart = listed.fileStart;
-    listed.size = played.stream.size;
-    const auto take = [](const Ratio& ratio, int& numerator, int& denominator) {
-        if (ratio.numerator <= 0 || ratio.denominator <= 0)
-            return;
-        numerator = ratio.numerator;
-        denominator = ratio.denominator;
-    };
-    take(played.stream.frameRate, listed.frameRateNumerator, listed.frameRateDenominator);
-    take(played.stream.pixelAspect, listed.pixelAspectNumerator, listed.pixelAspectDenominator);
-    return listed;
-}
-
 ListedClip listed(const ClipLine& line) {
-    return {listed(line.recording, line.played), line.clip.index, line.clip.start, line.clip.end};
+    return {listedRecording(line.recording.path, line.recording.video, line.played),
+            line.clip.index, line.clip.start, line.clip.end};
 }
 
 class PlaylistFormat : public ClipFormat {
