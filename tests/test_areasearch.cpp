@@ -5,6 +5,7 @@
 #include "areasearch.h"
 #include "detection.h"
 #include "files.h"
+#include "measurementcache.h"
 #include "media.h"
 #include "process.h"
 
@@ -73,8 +74,10 @@ void TestAreaSearch::initTestCase() {
     DetectionOptions options;
     options.areMapsKept = true;
     Detection detection(options, nobody);
-    QCOMPARE(int(detection.run(video).outcome), int(DetectionOutcome::Finished));
+    const MeasuringEnd end = detection.run(video);
+    QCOMPARE(int(end.outcome), int(DetectionOutcome::Finished));
     measurement = detection.measurement();
+    MeasurementCache::instance().keep(*stampOf(video), options, measurement, end);
 }
 
 void TestAreaSearch::clipsAreToldApartByWhere() {
