@@ -102,6 +102,12 @@ int renameat(int fromFolder, const char* from, int toFolder, const char* to) {
                : next("renameat", renameat)(fromFolder, from, toFolder, to);
 }
 
+int renameat2(int fromFolder, const char* from, int toFolder, const char* to, unsigned flags) {
+    return isConcerned("rename", to)
+               ? fail()
+               : next("renameat2", renameat2)(fromFolder, from, toFolder, to, flags);
+}
+
 int mkdir(const char* path, mode_t mode) {
     return isConcerned("mkdir", path) ? fail() : next("mkdir", mkdir)(path, mode);
 }

@@ -1,0 +1,461 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "faults.h"
+#include "process.h"
+#include "sessionkeeper.h"
+#include "sessions.h"
+#include "sessionstore.h"
+#include "video.h"
+
+#include <QCryptographicHash>
+#include <QDir>
+#include <QRandomGenerator>
+#include <QTemporaryDir>
+
+#include <cerrno>
+#include <cmath>
+#include <limits>
+#include <memory>
+
+namespace {
+
+QByteArray contentOf(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void write(const QString& path, const QByteArray& content) {
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    QCOMPARE(file.write(content), qint64(content.size()));
+}
+
+/// An index with a digest that fits, whatever it says.
+QByteArray sealed(const QByteArray& text, const QByteArray& version = "1") {
+    const QByteArray digest = QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex();
+    return "kestrova-session " + version + ' ' + digest + '\n' + text;
+}
+
+/// The JSON of an index without pictures.
+QByteArray goodText() {
+    SessionIndex index{sessions::full(), {"", ""}, {"", "", ""}};
+    const QByteArray bytes = sessionBytes(index);
+    return bytes.mid(bytes.indexOf('\n') + 1);
+}
+
+} // namespace
+
+class TestSessionFile : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init();
+    void everythingComesBack();
+    void numbersThatAreNone();
+    void namesOfAnyBytes();
+    void nothingIsThereAtFirst();
+    void picturesAreWrittenOnce();
+    void picturesThatNobodyNeedsGo();
+    void damagedIndexIsNeverTaken();
+    void forgedIndexIsRefused_data();
+    void forgedIndexIsRefused();
+    void damagedSessionIsPutAside();
+    void otherVersionIsPutAside();
+    void sessionThatStaysWhereItIs();
+    void picturesThatCannotBeRead();
+    void regionThatIsLost();
+    void exportedFileThatIsGone();
+    void secondProgramKeepsNone();
+    void whatAKilledProgramLeft();
+    void failingDisk_data();
+    void failingDisk();
+    void keeperWaitsForTheLastChange();
+    void keeperWritesDuringSteadyChange();
+    void keeperWritesAtTheEnd();
+    void keeperTellsAFailureOnce();
+    void keeperHoldsBackWhileItReads();
+
+private:
+    QString path(const QString& name) const { return folder->filePath("data/session/" + name); }
+    QStringList pictures() const { return QDir(path("pictures")).entryList(QDir::Files); }
+    std::unique_ptr<SessionStore> store() const {
+        return std::make_unique<SessionStore>(folder->filePath("data/session"));
+    }
+    SavedSession readBack() const {
+        const auto other = store();
+        other->look();
+        return other->read();
+    }
+    void save(const SavedSession& session) const { QCOMPARE(store()->save(session), QString()); }
+
+    std::unique_ptr<QTemporaryDir> folder;
+};
+
+void TestSessionFile::init() {
+    folder = std::make_unique<QTemporaryDir>();
+}
+
+void TestSessionFile::everythingComesBack() {
+    save(sessions::full());
+    const auto other = store();
+    const LastSession last = other->look();
+    QCOMPARE(last.recordings, 2);
+    QCOMPARE(last.clips, 3);
+    QVERIFY(last.state == IndexState::Good && last.putAside.isEmpty() && !last.isOthers);
+    sessions::compare(other->read(), sessions::full());
+}
+
+void TestSessionFile::numbersThatAreNone() {
+    SavedSession session = sessions::full();
+    session.clips[0].start = -std::numeric_limits<double>::infinity();
+    session.clips[0].end = std::numeric_limits<double>::quiet_NaN();
+    save(session);
+    const SavedClip clip = readBack().clips[0];
+    QVERIFY(clip.start == session.clips[0].start && std::isnan(clip.end));
+}
+
+void TestSessionFile::namesOfAnyBytes() {
+    SavedSession session;
+    for (int byte = 1; byte < 128; ++byte)
+        session.jobs.append(sessions::plainJob(QString("/a") + QChar(byte) + "%41", 4));
+    save(session);
+    sessions::compare(readBack(), session);
+}
+
+void TestSessionFile::nothingIsThereAtFirst() {
+    const LastSession last = store()->look();
+    QCOMPARE(last.recordings, 0);
+    QVERIFY(last.putAside.isEmpty() && last.failure.isEmpty() && !last.isOthers);
+}
+
+void TestSessionFile::picturesAreWrittenOnce() {
+    SavedSession session = sessions::full();
+    session.clips.append(sessions::clip(0, 0, 1)); // the first one's picture once more
+    const auto first = store();
+    QCOMPARE(first->save(session), QString());
+    QCOMPARE(pictures().size(), 3); // two of clips, and a mask
+    for (const QString& name : pictures())
+        write(path("pictures/" + name), "not written again");
+    const QByteArray before = contentOf(path("index"));
+    session.clips[0].status = 5;
+    QCOMPARE(first->save(session), QString());
+    QVERIFY(contentOf(path("index")) != before);
+    for (const QString& name : pictures())
+        QCOMPARE(contentOf(path("pictures/" + name)), QByteArray("not written again"));
+}
+
+void TestSessionFile::picturesThatNobodyNeedsGo() {
+    SavedSession session = sessions::full();
+    save(session);
+    session.clips.removeAt(1);
+    save(session); // as another run of the program, too
+    QCOMPARE(pictures().size(), 2);
+    sessions::compare(readBack(), session);
+}
+
+void TestSessionFile::damagedIndexIsNeverTaken() {
+    const QByteArray good = sealed(goodText());
+    SessionIndex index;
+    QVERIFY(readSession(good, index) == IndexState::Good);
+    QRandomGenerator chance(17);
+    for (int i = 0; i < 2000; ++i) {
+        QByteArray bytes = good;
+        const int at = chance.bounded(bytes.size());
+        switch (i % 4) {
+        case 0:
+            bytes[at] = char(bytes[at] ^ (1 << chance.bounded(8)));
+            break;
+        case 1:
+            bytes.truncate(at);
+            break;
+        case 2:
+            bytes.remove(at, 1 + chance.bounded(200));
+            break;
+        default:
+            bytes.insert(at, QByteArray(1 + chance.bounded(200), char(chance.bounded(256))));
+        }
+        QVERIFY2(readSession(bytes, index) != IndexState::Good, qPrintable(QString::number(i)));
+        QVERIFY(index.session.jobs.isEmpty() && index.session.clips.isEmpty());
+    }
+}
+
+void TestSessionFile::forgedIndexIsRefused_data() {
+    QTest::addColumn<QByteArray>("before");
+    QTest::addColumn<QByteArray>("after");
+    const auto add = [](const char* name, const char* before, const char* after) {
+        QTest::newRow(name) << QByteArray(before) << QByteArray(after);
+    };
+    add("job behind the last", "\"job\":1", "\"job\":2");
+    add("job before the first", "\"job\":1", "\"job\":-1");
+    add("half a job", "\"job\":1", "\"job\":0.5");
+    add("job that is a text", "\"job\":1", "\"job\":\"1\"");
+    add("job without an end", "\"job\":1", "\"job\":1e300");
+    add("status that is none", "\"status\":4", "\"status\":6");
+    add("state that is none", "\"state\":1", "\"state\":5");
+    add("negative clip number", "\"index\":5", "\"index\":-5");
+    add("clip number too large", "\"index\":5", "\"index\":4294967296");
+    add("start missing", "\"snapshotTime\"", "\"snapshotTimes\"");
+    add("start that is a list", "\"snapshotTime\":", "\"snapshotTime\":[0],\"x\":");
+    add("step that is none", "\"step\":3", "\"step\":5");
+    add("step 0", "\"step\":3", "\"step\":0");
+    add("negative skip", "\"skip\":3", "\"skip\":-3");
+    add("rectangle far away", "[1,2,30,40]", "[1,2,30,40000000]");
+    add("rectangle with three sides", "[1,2,30,40]", "[1,2,30]");
+    add("rectangle with five sides", "[1,2,30,40]", "[1,2,30,40,50]");
+    add("packets below none", "\"damagedPackets\":4711", "\"damagedPackets\":-1");
+    add("no time", "2026-02-03", "2026-02-31");
+    add("clips missing", "\"clips\"", "\"clops\"");
+    add("jobs that are none", "\"jobs\":[", "\"jobs\":[7,");
+    add("no object", "{\"clips\"", "[{\"clips\"");
+}
+
+void TestSessionFile::forgedIndexIsRefused() {
+    QFETCH(QByteArray, before);
+    QFETCH(QByteArray, after);
+    QByteArray text = goodText();
+    const int at = text.indexOf(before);
+    QVERIFY2(at >= 0, text.constData());
+    text.replace(at, before.size(), after);
+    SessionIndex index;
+    QVERIFY(readSession(sealed(text), index) == IndexState::Damaged);
+    QVERIFY(index.session.jobs.isEmpty());
+}
+
+void TestSessionFile::damagedSessionIsPutAside() {
+    for (int number = 1; number <= 2; ++number) {
+        save(sessions::full());
+        QByteArray damaged = contentOf(path("index"));
+        damaged.chop(number);
+        write(path("index"), damaged);
+        const auto other = store();
+        const LastSession last = other->look();
+        QVERIFY(last.state == IndexState::Damaged);
+        QCOMPARE(last.recordings, 0);
+        const QString aside = folder->filePath("data/session.damaged-%1").arg(number);
+        QCOMPARE(last.putAside, aside);
+        QCOMPARE(contentOf(aside + "/index"), damaged);
+        QCOMPARE(QDir(aside + "/pictures").entryList(QDir::Files).size(), 3);
+        QVERIFY(!QFile::exists(path("index")));
+        QCOMPARE(other->save(sessions::full()), QString()); // this one is kept
+        QVERIFY(QFile::exists(path("index")));
+    }
+}
+
+void TestSessionFile::otherVersionIsPutAside() {
+    save(sessions::full());
+    write(path("index"), sealed("{\"later\":true}", "2"));
+    const LastSession last = store()->look();
+    QVERIFY(last.state == IndexState::OtherVersion);
+    QCOMPARE(last.putAside, folder->filePath("data/session.damaged-1"));
+}
+
+void TestSessionFile::sessionThatStaysWhereItIs() {
+    if (qEnvironmentVariableIsEmpty("FAILING_CALL")) {
+        const ProcessResult result =
+            runProgramIn(faults::callError("rename", EROFS, "session.damaged"),
+                         QCoreApplication::applicationFilePath(), {"sessionThatStaysWhereItIs"});
+        QVERIFY2(result.status == 0, result.output.constData());
+        return;
+    }
+    save(sessions::full());
+    write(path("index"), "garbage");
+    const auto other = store();
+    const LastSession last = other->look();
+    QVERIFY(last.putAside.isEmpty());
+    QCOMPARE(last.failure, qt_error_string(EROFS));
+    QCOMPARE(other->save(sessions::full()), qt_error_string(EROFS));
+    QCOMPARE(contentOf(path("index")), QByteArray("garbage"));
+}
+
+void TestSessionFile::picturesThatCannotBeRead() {
+    SavedSession session;
+    session.jobs = {sessions::plainJob("/videos/plain.avi", 4)};
+    for (int i = 0; i < 200; ++i)
+        session.clips.append(sessions::clip(0, i, 0));
+    save(session);
+    SessionIndex index;
+    QVERIFY(readSession(contentOf(path("index")), index) == IndexState::Good);
+    QRandomGenerator chance(3);
+    const auto fileOf = [&](int clip) { return path("pictures/" + index.snapshots[clip]); };
+    for (int i = 0; i < 200; i += 4) {
+        QVERIFY(QFile::remove(fileOf(i)));
+        write(fileOf(i + 1), contentOf(fileOf(i + 3))); // another's picture
+        QByteArray spoiled = contentOf(fileOf(i + 2));
+        spoiled[chance.bounded(spoiled.size())] = char(chance.bounded(256));
+        spoiled.truncate(chance.bounded(spoiled.size() * 2));
+        write(fileOf(i + 2), spoiled);
+    }
+    const SavedSession found = readBack();
+    QCOMPARE(found.clips.size(), 200);
+    for (int i = 0; i < 200; i += 4) {
+        QVERIFY(found.clips[i].snapshot.isNull());
+        QVERIFY(found.clips[i + 1].snapshot.isNull());
+        const QImage& spoiled = found.clips[i + 2].snapshot; // or only what stands beside it was
+        QVERIFY(spoiled.isNull() || spoiled == session.clips[i + 2].snapshot);
+        QCOMPARE(found.clips[i + 3].snapshot, session.clips[i + 3].snapshot);
+    }
+}
+
+void TestSessionFile::regionThatIsLost() {
+    SavedSession session = sessions::full();
+    session.jobs[1].mask = sessions::mask();
+    save(session);
+    for (const QString& name : pictures()) {
+        if (QImage(path("pictures/" + name)).hasAlphaChannel())
+            QVERIFY(QFile::remove(path("pictures/" + name)));
+    }
+    // What was to be searched with a region is not searched without one.
+    const SavedSession found = readBack();
+    QCOMPARE(found.jobs[0].state, int(Video::CancelRequested));
+    QVERIFY(found.jobs[0].mask.isNull() && !found.jobs[0].roiRect);
+    QCOMPARE(found.jobs[1].state, int(Video::Finished));
+}
+
+void TestSessionFile::exportedFileThatIsGone() {
+    SavedSession session = sessions::full();
+    write(folder->filePath("there.mp4"), "recorded");
+    write(folder->filePath("empty.mp4"), "");
+    session.clips[0].outputPath = folder->filePath("there.mp4");
+    session.clips[1].outputPath = folder->filePath("empty.mp4");
+    session.clips[2].outputPath = folder->filePath("gone.mp4");
+    save(session);
+    const SavedSession found = readBack();
+    QVERIFY(!found.clips[0].isFileMissing);
+    QVERIFY(found.clips[1].isFileMissing);
+    QVERIFY(found.clips[2].isFileMissing);
+}
+
+void TestSessionFile::secondProgramKeepsNone() {
+    const auto first = store();
+    QCOMPARE(first->save(sessions::full()), QString());
+    const QByteArray kept = contentOf(path("index"));
+    const auto second = store();
+    const LastSession last = second->look();
+    QVERIFY(last.isOthers);
+    QCOMPARE(last.recordings, 0);
+    QCOMPARE(second->save({}), QString());
+    QCOMPARE(contentOf(path("index")), kept);
+}
+
+void TestSessionFile::whatAKilledProgramLeft() {
+    save(sessions::full());
+    write(path("index.ab12cd"), "half");
+    write(path("pictures/0123.ab12cd"), "half");
+    const auto other = store();
+    QCOMPARE(other->look().recordings, 2);
+    QCOMPARE(other->save({}), QString());
+    QCOMPARE(QDir(path(".")).entryList(QDir::Files), QStringList{"index"});
+    QCOMPARE(pictures(), QStringList());
+}
+
+void TestSessionFile::failingDisk_data() {
+    QTest::addColumn<QByteArray>("call");
+    QTest::addColumn<int>("error");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<int>("room");
+    QTest::newRow("no room at all") << QByteArray("write") << ENOSPC << "/session/" << 0;
+    QTest::newRow("no room for a picture") << QByteArray("write") << ENOSPC << "/pictures/" << 50;
+    QTest::newRow("no room for the index") << QByteArray("write") << ENOSPC << "/index" << 100;
+    QTest::newRow("not on the disk") << QByteArray("fsync") << EIO << "/index" << 0;
+    QTest::newRow("not renamed") << QByteArray("rename") << EACCES << "/index" << 0;
+    QTest::newRow("no folder") << QByteArray("mkdir") << EROFS << "/session" << 0;
+}
+
+void TestSessionFile::failingDisk() {
+    QFETCH(QByteArray, call);
+    QFETCH(int, error);
+    QFETCH(QString, file);
+    QFETCH(int, room);
+    if (qEnvironmentVariableIsEmpty("FAILING_CALL")) {
+        const QByteArray row = QByteArray("failingDisk:") + QTest::currentDataTag();
+        const ProcessResult result =
+            runProgramIn(faults::callError(call.constData(), error, file, room),
+                         QCoreApplication::applicationFilePath(), {QString::fromLatin1(row)});
+        QVERIFY2(result.status == 0, result.output.constData());
+        return;
+    }
+    const auto failing = store();
+    failing->look();
+    for (int i = 0; i < 2; ++i) {
+        QCOMPARE(failing->save(sessions::full()), qt_error_string(error));
+        QVERIFY(!QFile::exists(path("index")));
+    }
+    QCOMPARE(QDir(path(".")).entryList({"index*"}, QDir::Files), QStringList());
+    QVERIFY(!pictures().join(' ').contains('.')); // nothing half written
+}
+
+void TestSessionFile::keeperWaitsForTheLastChange() {
+    int asked = 0;
+    SessionKeeper keeper(folder->filePath("data/session"), [&asked] {
+        ++asked;
+        return sessions::full();
+    });
+    for (int i = 0; i < 10; ++i) {
+        keeper.change();
+        QTest::qWait(50);
+    }
+    QCOMPARE(asked, 0);
+    QTRY_VERIFY(QFile::exists(path("index")));
+    QCOMPARE(asked, 1);
+}
+
+void TestSessionFile::keeperWritesDuringSteadyChange() {
+    SessionKeeper keeper(folder->filePath("data/session"), sessions::full);
+    QTimer steady;
+    connect(&steady, SIGNAL(timeout()), &keeper, SLOT(change()));
+    steady.start(100);
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(path("index")), 8000);
+}
+
+void TestSessionFile::keeperWritesAtTheEnd() {
+    SessionKeeper keeper(folder->filePath("data/session"), sessions::full);
+    keeper.change();
+    keeper.finish();
+    QVERIFY(QFile::exists(path("index")));
+}
+
+void TestSessionFile::keeperTellsAFailureOnce() {
+    QVERIFY(QDir().mkpath(folder->filePath("data/session")));
+    write(path("pictures"), "in the place of a folder");
+    SessionKeeper keeper(folder->filePath("data/session"), sessions::full);
+    QSignalSpy told(&keeper, SIGNAL(told(QString)));
+    keeper.change();
+    QVERIFY(told.wait());
+    QVERIFY(told[0][0].toString().startsWith("The session cannot be kept: "));
+    keeper.change();
+    QVERIFY(!told.wait(2000));
+    QVERIFY(QFile::remove(path("pictures")));
+    keeper.change();
+    QTRY_VERIFY(QFile::exists(path("index")));
+    QCOMPARE(told.size(), 1);
+    // A later failure is told again.
+    QVERIFY(QDir(path("pictures")).removeRecursively());
+    write(path("pictures"), "in the place of a folder");
+    keeper.change();
+    QVERIFY(told.wait());
+}
+
+void TestSessionFile::keeperHoldsBackWhileItReads() {
+    save(sessions::full());
+    const QByteArray kept = contentOf(path("index"));
+    SessionKeeper keeper(folder->filePath("data/session"), [] { return SavedSession(); });
+    QSignalSpy found(&keeper, SIGNAL(found(int, int)));
+    keeper.look();
+    QVERIFY(found.wait());
+    QCOMPARE(found[0], QVariantList({2, 3}));
+    SavedSession session;
+    connect(&keeper, &SessionKeeper::readBack, this,
+            [&session](const SavedSession& read) { session = read; });
+    QVERIFY(keeper.read());
+    keeper.change();
+    QTRY_COMPARE(session.jobs.size(), 2);
+    QTest::qWait(1500);
+    QCOMPARE(contentOf(path("index")), kept);
+    keeper.resume();
+    QTRY_VERIFY(contentOf(path("index")) != kept);
+}
+
+QTEST_GUILESS_MAIN(TestSessionFile)
+#include "test_sessionfile.moc"
