@@ -54,6 +54,16 @@ void ClipListWidget::removeSelected() {
     }
 }
 
+void ClipListWidget::setOrder(const QList<Clip*>& clips) {
+    selectionModel()->clear();
+    isReordering = true;
+    while (count() > 0)
+        takeItem(count() - 1); // none behind it has to be moved
+    for (Clip* clip : clips)
+        addItem(clip);
+    isReordering = false;
+}
+
 QRect ClipListWidget::visualRect(const QModelIndex& index) const {
     if (layoutTimer.isActive() && index.row() >= placed)
         const_cast<ClipListWidget*>(this)->doItemsLayout();
@@ -131,7 +141,8 @@ void ClipListWidget::paintEvent(QPaintEvent* event) {
 
 /// The base class forgets all places, and shows nothing until it has found them anew.
 void ClipListWidget::rowsInserted(const QModelIndex& parent, int start, int end) {
-    keepSizes(start, end);
+    if (!isReordering)
+        keepSizes(start, end);
     if (start < placed) {
         QListWidget::rowsInserted(parent, start, end);
         return;

@@ -26,6 +26,10 @@ public:
     QList<Clip*> selectedClips() const;
     void removeSelected();
 
+    /// Takes all clips out and puts them back in that order. Forgets what is selected, current and
+    /// hidden.
+    void setOrder(const QList<Clip*>& clips);
+
     /// Gives a new item its place first.
     QRect visualRect(const QModelIndex& index) const override;
     void doItemsLayout() override;
@@ -49,6 +53,7 @@ private:
     void layOutLater();
     void recognizeHeldReturn(QKeyEvent& event);
 
+    bool isReordering = false;   ///< items come back with their sizes
     QBasicTimer layoutTimer;     ///< active while items have no place, or not their own
     int placed = 0;              ///< items that have one: the first ones
     qint64 layoutDuration = 0;   ///< of the last layout, milliseconds

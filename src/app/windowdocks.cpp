@@ -6,6 +6,7 @@
 
 #include "areacontrol.h"
 #include "cliplistwidget.h"
+#include "clipmenu.h"
 #include "detectionqueue.h"
 #include "listfilter.h"
 #include "measurementcache.h"
@@ -35,6 +36,10 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     add(*motion, Qt::BottomDockWidgetArea, "buttonMotion", Qt::Key_F8);
     add(*player, Qt::RightDockWidgetArea, "buttonPlayer", Qt::Key_F9);
     area = std::make_unique<AreaControl>(*player, list, *filter, queue);
+    clipMenu = std::make_unique<ClipMenu>(window, list, queue, *filter);
+    connect(clipMenu.get(), SIGNAL(told(QString)), window.statusBar(), SLOT(showMessage(QString)));
+    connect(clipMenu.get(), SIGNAL(onlyRecordingAsked(Video*)), recordings,
+            SIGNAL(onlyThisAsked(Video*)));
     connect(recordings, SIGNAL(chosen(Video*)), area.get(), SLOT(setRecording(Video*)));
     window.statusBar()->connect(&MeasurementCache::instance(), SIGNAL(told(QString)),
                                 SLOT(showMessage(QString)));

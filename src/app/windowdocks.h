@@ -10,6 +10,7 @@
 
 class AreaControl;
 class ClipListWidget;
+class ClipMenu;
 class DetectionQueue;
 class ListFilter;
 class MotionDock;
@@ -44,4 +45,5 @@ private:
     MotionDock* motion;
     PlayerDock* player;
     std::unique_ptr<AreaControl> area;
+    std::unique_ptr<ClipMenu> clipMenu;
 };

@@ -92,7 +92,8 @@ public:
     double snapshotTime;       ///< seconds
     bool openWhenDone = false; ///< open the file as soon as its export has succeeded
     QImage snapshot;
-    QString outputPath; ///< of the exported file; empty until the first export starts
+    QString outputPath;     ///< of the exported file; empty until the first export starts
+    float strength = -1.0F; ///< motion value of the snapshot's picture; -1: not known
 
 private Q_SLOTS:
     void processError(QProcess::ProcessError error);

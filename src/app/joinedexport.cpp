@@ -1,0 +1,142 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "joinedexport.h"
+
+#include "captiondelegate.h"
+#include "clip.h"
+#include "detectionqueue.h"
+#include "video.h"
+
+#include <QFileInfo>
+
+#include <algorithm>
+#include <functional>
+
+namespace {
+
+bool isBefore(const Clip* left, const Clip* right) {
+    if (left->video != right->video)
+        return std::less<const Video*>()(left->video, right->video);
+    return left->start < right->start;
+}
+
+double endOf(const QList<Clip*>& group) {
+    return (*std::max_element(
+                group.begin(), group.end(),
+                [](const Clip* left, const Clip* right) { return left->end < right->end; }))
+        ->end;
+}
+
+/// Whether its status is that of an export of its own.
+bool isOwnExport(const Clip& clip) {
+    return clip.status == Clip::Exporting || clip.status == Clip::Queued ||
+           clip.status == Clip::Exported;
+}
+
+/// The jobs that write into the same folder.
+QList<Video*> sharers(const Video& video, const QList<Video*>& jobs) {
+    QList<Video*> found;
+    std::copy_if(jobs.begin(), jobs.end(), std::back_inserter(found),
+                 [&video](const Video* job) { return job->clipDirectory == video.clipDirectory; });
+    return found;
+}
+
+int takeNumber(Video& video, const QList<Video*>& sharers) {
+    int number = video.nextClipNumber;
+    for (const Video* job : sharers)
+        number = std::max(number, job->nextClipNumber);
+    video.nextClipNumber = number + 1;
+    return number;
+}
+
+} // namespace
+
+QList<QList<Clip*>> overlappingGroups(QList<Clip*> clips) {
+    std::stable_sort(clips.begin(), clips.end(), isBefore);
+    QList<QList<Clip*>> groups;
+    for (Clip* clip : clips) {
+        const bool isNext = !groups.isEmpty() && groups.last().first()->video == clip->video &&
+                            clip->start <= endOf(groups.last());
+        if (isNext)
+            groups.last().append(clip);
+        else
+            groups.append({clip});
+    }
+    return groups;
+}
+
+JoinedExport::JoinedExport(const DetectionQueue& queue)
+    : queue(queue) {
+    connect(&joinedClips, SIGNAL(itemChanged(QListWidgetItem*)), SLOT(follow(QListWidgetItem*)));
+}
+
+JoinedExport::~JoinedExport() {
+    joinedClips.disconnect(this);
+    QList<Clip*> clips;
+    for (int row = 0; row < joinedClips.count(); ++row)
+        clips.append(static_cast<Clip*>(joinedClips.item(row)));
+    Clip::leaveQueue(clips);
+}
+
+QString JoinedExport::exportJoined(const QList<Clip*>& clips) {
+    QString refused;
+    for (const QList<Clip*>& group : overlappingGroups(clips)) {
+        if (!exportGroup(group))
+            refused = group.first()->video->shortFileName();
+    }
+    return refused.isEmpty()
+               ? QString()
+               : tr("Clips of %1 can be joined when its search has ended").arg(refused);
+}
+
+void JoinedExport::follow(QListWidgetItem* item) {
+    const auto& joined = *static_cast<Clip*>(item);
+    const bool isExported = joined.status == Clip::Exported;
+    for (const QPointer<Clip>& part : partsOf.value(item)) {
+        if (!part || !part->outputPath.isEmpty())
+            continue; // gone, or exported by itself meanwhile
+        part->status = joined.status;
+        part->setToolTip(
+            isExported ? tr("Joined with others: %1").arg(QFileInfo(joined.outputPath).fileName())
+                       : joined.toolTip());
+        if (isExported)
+            part->outputPath = joined.outputPath;
+        part->updateText();
+    }
+}
+
+/// False while clips may still come that would get the number, too.
+bool JoinedExport::exportGroup(const QList<Clip*>& group) {
+    Video* video = group.first()->video;
+    if (group.size() == 1) {
+        group.first()->exportClip(false);
+        return true;
+    }
+    const QList<Video*> jobs = sharers(*video, queue.jobs());
+    if (std::any_of(jobs.begin(), jobs.end(),
+                    [](const Video* job) { return job->state == Video::Running; }))
+        return false;
+    auto* joined = new Clip(video, takeNumber(*video, jobs), QImage(), group.first()->start,
+                            endOf(group), group.first()->snapshotTime);
+    begin(*joined, group);
+    return true;
+}
+
+void JoinedExport::begin(Clip& joined, const QList<Clip*>& group) {
+    ++groups;
+    Parts parts;
+    for (Clip* clip : group) {
+        clip->setData(joinedRole, groups);
+        if (isOwnExport(*clip))
+            continue;
+        clip->outputPath.clear(); // of an export that has failed
+        parts.append(clip);
+    }
+    partsOf.insert(&joined, parts);
+    joinedClips.addItem(&joined);
+    if (joined.status == Clip::NotExported) // else its job exports by itself
+        joined.exportClip(false);
+    follow(&joined);
+}
