@@ -21,7 +21,8 @@
 #include <QToolButton>
 
 WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWidget& list)
-    : window(window)
+    : QObject(&window)
+    , window(window)
     , queue(queue)
     , list(list)
     , filter(new ListFilter(list))
@@ -37,9 +38,11 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     add(*player, Qt::RightDockWidgetArea, "buttonPlayer", Qt::Key_F9);
     area = std::make_unique<AreaControl>(*player, list, *filter, queue);
     clipMenu = std::make_unique<ClipMenu>(window, list, queue, *filter);
+    clipMenu->setParent(this);
     connect(clipMenu.get(), SIGNAL(told(QString)), window.statusBar(), SLOT(showMessage(QString)));
     connect(clipMenu.get(), SIGNAL(onlyRecordingAsked(Video*)), recordings,
             SIGNAL(onlyThisAsked(Video*)));
+    area->setParent(this);
     connect(recordings, SIGNAL(chosen(Video*)), area.get(), SLOT(setRecording(Video*)));
     window.statusBar()->connect(&MeasurementCache::instance(), SIGNAL(told(QString)),
                                 SLOT(showMessage(QString)));
