@@ -77,7 +77,10 @@ void TestAreaSearch::initTestCase() {
     const MeasuringEnd end = detection.run(video);
     QCOMPARE(int(end.outcome), int(DetectionOutcome::Finished));
     measurement = detection.measurement();
-    MeasurementCache::instance().keep(*stampOf(video), options, measurement, end);
+    const auto stamp = stampOf(video);
+    QVERIFY(stamp);
+    MeasurementCache::clear();
+    MeasurementCache::instance().keep(*stamp, options, measurement, end);
 }
 
 void TestAreaSearch::clipsAreToldApartByWhere() {
@@ -137,6 +140,7 @@ AreaRecording TestAreaSearch::question(int number) const {
     AreaRecording recording;
     recording.job = reinterpret_cast<Video*>(quintptr(number)); // told back, never looked into
     recording.video = video;
+    recording.options.detector = Detector::Cells;
     recording.clips = {atTheLeft, atTheRight};
     return recording;
 }
@@ -208,6 +212,14 @@ void TestAreaSearch::unreadableRecordingHasNoMaps() {
     QTRY_COMPARE_WITH_TIMEOUT(listener.ends, 1, 60000);
     QVERIFY(!listener.answers[0].hasMaps);
     QVERIFY(listener.answers[1].hasMaps);
+    MeasurementCache::clear();
+    QVERIFY(search.ask(areaOf(leftHalf), {question(2)})); // still known
+    QTRY_COMPARE_WITH_TIMEOUT(listener.ends, 2, 60000);
+    QVERIFY(listener.answers[2].hasMaps);
+    search.forget();
+    QVERIFY(search.ask(areaOf(leftHalf), {question(2)}));
+    QTRY_COMPARE_WITH_TIMEOUT(listener.ends, 3, 60000);
+    QVERIFY(!listener.answers[3].hasMaps);
 }
 
 QTEST_MAIN(TestAreaSearch)

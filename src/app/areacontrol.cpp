@@ -31,6 +31,13 @@ void prepare(QTimer& timer, int milliseconds) {
     timer.setInterval(milliseconds);
 }
 
+/// Maps will do, whatever the mean was measured with.
+AreaRecording questionFor(Video& job, const QVector<ClipSpan>& spans) {
+    DetectionOptions options = job.detectionOptions();
+    options.detector = Detector::Cells;
+    return {&job, job.fileName, options, job.search.excluded, spans};
+}
+
 } // namespace
 
 AreaControl::AreaControl(PlayerDock& player, ClipListWidget& list, ListFilter& filter,
@@ -216,10 +223,8 @@ QVector<AreaRecording> AreaControl::unjudged() const {
         if (!isInScope(job) || !job->hasEnded() || !clips.contains(job))
             continue;
         const QVector<ClipSpan> spans = verdicts.questions(job, clips[job]);
-        const AreaRecording recording{job, job->fileName, job->detectionOptions(),
-                                      job->search.excluded, spans};
         if (!spans.isEmpty())
-            recordings.insert(job == drawnOn ? 0 : recordings.size(), recording);
+            recordings.insert(job == drawnOn ? 0 : recordings.size(), questionFor(*job, spans));
     }
     return recordings;
 }
