@@ -5,6 +5,7 @@
 #include "recordingoutput.h"
 
 #include "clocktext.h"
+#include "damagetext.h"
 #include "motionreport.h"
 #include "playedrecording.h"
 #include "restlesstext.h"

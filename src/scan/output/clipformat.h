@@ -66,6 +66,3 @@ public:
 
 /// `withExports`: lines tell what became of each clip's export.
 std::unique_ptr<ClipFormat> makeClipFormat(ReportFormat format, bool withExports);
-
-/// What is missing of a recording, for a person.
-QString damageText(const Damage& damage);
