@@ -46,7 +46,10 @@ QList<Clip*> ClipListWidget::selectedClips() const {
 }
 
 void ClipListWidget::removeSelected() {
-    const QList<Clip*> clips = selectedClips();
+    remove(selectedClips());
+}
+
+void ClipListWidget::remove(const QList<Clip*>& clips) {
     Clip::leaveQueue(clips);
     for (Clip* clip : clips) {
         setItemWidget(clip, nullptr);

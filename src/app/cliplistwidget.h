@@ -25,6 +25,7 @@ public:
     QList<Clip*> clips() const;
     QList<Clip*> selectedClips() const;
     void removeSelected();
+    void remove(const QList<Clip*>& clips);
 
     /// Takes all clips out and puts them back in that order. Forgets what is selected, current and
     /// hidden.

@@ -11,6 +11,7 @@
 
 class Clip;
 class ClipListWidget;
+class QModelIndex;
 
 /// Which clips are shown. Each reason to hide some has a name of its own, so that they add up.
 class ListFilter : public QObject {
@@ -30,13 +31,18 @@ public:
 
     bool isActive() const { return !tests.empty(); }
 
-    /// Judges them anew, as after a clip has come.
+    /// Judges them anew. Those that come are judged without being asked.
     void apply();
 
 Q_SIGNALS:
     void changed();
 
+private Q_SLOTS:
+    void judgeNew(const QModelIndex& parent, int first, int last);
+
 private:
+    void judge(Clip& clip);
+
     ClipListWidget& list;
     std::map<QString, Test> tests;
 };

@@ -227,6 +227,7 @@ void MainWindow::on_actionRemoveSelected_triggered() {
 }
 
 void MainWindow::on_actionRemoveAll_triggered() {
+    docks->showAllClips();
     ui->files->selectAll();
     on_actionRemoveSelected_triggered();
 }

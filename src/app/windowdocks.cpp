@@ -8,14 +8,21 @@
 #include "cliplistwidget.h"
 #include "clipmenu.h"
 #include "detectionqueue.h"
+#include "docklayout.h"
 #include "listfilter.h"
 #include "measurementcache.h"
 #include "motiondock.h"
 #include "playerdock.h"
+#include "recordingscontrol.h"
 #include "recordingsdock.h"
+#include "reportcontrol.h"
 #include "resumedsearches.h"
+#include "searchnotice.h"
+#include "shownbar.h"
+#include "video.h"
 
 #include <QAction>
+#include <QGridLayout>
 #include <QMainWindow>
 #include <QStatusBar>
 #include <QToolButton>
@@ -46,9 +53,45 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     connect(recordings, SIGNAL(chosen(Video*)), area.get(), SLOT(setRecording(Video*)));
     window.statusBar()->connect(&MeasurementCache::instance(), SIGNAL(told(QString)),
                                 SLOT(showMessage(QString)));
+    wireRecordings();
+    addShownBar();
+    layout = std::make_unique<DockLayout>(window);
+    layout->restore();
 }
 
-WindowDocks::~WindowDocks() = default;
+/// The docks would outlive what they show.
+WindowDocks::~WindowDocks() {
+    layout.reset();
+    recordingsControl.reset();
+    reportControl.reset();
+    delete recordings;
+}
+
+void WindowDocks::showAllClips() {
+    if (filter->isActive())
+        filter->clear();
+}
+
+void WindowDocks::accept(Video* job) {
+    connect(job, SIGNAL(newClip(int, QImage, double, double, double)), &window,
+            SLOT(newClip(int, QImage, double, double, double)));
+    queue.add({job});
+}
+
+void WindowDocks::showSummary(const QString& summary) {
+    recordings->toggleViewAction()->setIconText(summary);
+}
+
+void WindowDocks::focusShown(bool isShown) {
+    const auto* action = qobject_cast<QAction*>(sender());
+    auto* dock = action ? qobject_cast<QDockWidget*>(action->parent()) : nullptr;
+    if (isShown && dock && dock->widget()) {
+        dock->raise();
+        dock->widget()->setFocus();
+    } else if (!isShown) {
+        list.setFocus();
+    }
+}
 
 void WindowDocks::add(QDockWidget& dock, Qt::DockWidgetArea area, const char* button,
                       Qt::Key shortcut) {
@@ -56,9 +99,27 @@ void WindowDocks::add(QDockWidget& dock, Qt::DockWidgetArea area, const char* bu
     dock.hide();
     QAction* action = dock.toggleViewAction();
     action->setShortcut(shortcut);
+    action->setToolTip(QStringLiteral("%1 (%2)").arg(
+        dock.windowTitle(), action->shortcut().toString(QKeySequence::NativeText)));
     window.addAction(action);
+    connect(action, SIGNAL(triggered(bool)), SLOT(focusShown(bool)));
     auto* tool = new QToolButton(&window);
     tool->setObjectName(QLatin1String(button));
     tool->setDefaultAction(action);
     window.statusBar()->addPermanentWidget(tool);
+}
+
+void WindowDocks::addShownBar() {
+    auto* grid = qobject_cast<QGridLayout*>(window.centralWidget()->layout());
+    grid->addWidget(new ShownBar(*filter, list), grid->rowCount(), 0);
+}
+
+void WindowDocks::wireRecordings() {
+    recordingsControl =
+        std::make_unique<RecordingsControl>(window, queue, list, *filter, *recordings);
+    reportControl = std::make_unique<ReportControl>(window, queue, list);
+    searchNotice = std::make_unique<SearchNotice>(queue);
+    connect(recordings, SIGNAL(searchAsked(Video*)), SLOT(accept(Video*)));
+    connect(recordings, SIGNAL(reportAsked()), reportControl.get(), SLOT(save()));
+    connect(recordings, SIGNAL(summaryChanged(QString)), SLOT(showSummary(QString)));
 }

@@ -12,13 +12,18 @@ class AreaControl;
 class ClipListWidget;
 class ClipMenu;
 class DetectionQueue;
+class DockLayout;
 class ListFilter;
 class MotionDock;
 class PlayerDock;
 class QDockWidget;
 class QMainWindow;
+class RecordingsControl;
 class RecordingsDock;
 class ResumedSearches;
+class ReportControl;
+class SearchNotice;
+class Video;
 
 /// Everything that stands beside what the main window has always had: the docks with their buttons
 /// at the right end of the status bar, and what goes between them, the list and the queue. All
@@ -33,8 +38,21 @@ public:
 
     ResumedSearches& resumed() { return *resumedSearches; }
 
+    /// Lists the clips again that are hidden for whatever reason.
+    void showAllClips();
+
+public Q_SLOTS:
+    /// Searches a job besides the others, and lists its clips.
+    void accept(Video* job);
+
+private Q_SLOTS:
+    void showSummary(const QString& summary);
+    void focusShown(bool isShown);
+
 private:
     void add(QDockWidget& dock, Qt::DockWidgetArea area, const char* button, Qt::Key shortcut);
+    void addShownBar();
+    void wireRecordings();
 
     QMainWindow& window;
     DetectionQueue& queue;
@@ -46,4 +64,8 @@ private:
     PlayerDock* player;
     std::unique_ptr<AreaControl> area;
     std::unique_ptr<ClipMenu> clipMenu;
+    std::unique_ptr<RecordingsControl> recordingsControl;
+    std::unique_ptr<ReportControl> reportControl;
+    std::unique_ptr<SearchNotice> searchNotice;
+    std::unique_ptr<DockLayout> layout;
 };

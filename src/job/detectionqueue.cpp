@@ -85,6 +85,10 @@ bool DetectionQueue::isActive() const {
                        [](const Video* video) { return !video->hasEnded(); });
 }
 
+bool DetectionQueue::isOver(const Video& video) const {
+    return video.hasEnded() && heldVideo != &video;
+}
+
 void DetectionQueue::add(const QList<Video*>& jobs) {
     videos.append(jobs);
     Q_EMIT added(jobs);

@@ -45,6 +45,9 @@ public:
     /// Whether a job waits or runs.
     bool isActive() const;
 
+    /// Whether the job has ended and the worker has let go of it: its lists are the GUI thread's.
+    bool isOver(const Video& video) const;
+
     /// Owns these jobs from now on. Who wants their clips connects to them before.
     void add(const QList<Video*>& jobs);
 

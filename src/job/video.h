@@ -63,6 +63,9 @@ public:
     /// given a clip folder of its own.
     void numberOn(const QList<Video*>& jobs);
 
+    /// Whether other jobs may have clips in its clip folder.
+    bool sharesFolder() const { return isFolderShared; }
+
     /// The file's name without its folder.
     QString shortFileName() const;
 

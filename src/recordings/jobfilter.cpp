@@ -10,6 +10,9 @@
 JobFilter::JobFilter(QObject* parent)
     : QSortFilterProxyModel(parent) {
     setSortRole(JobModel::SortRole);
+    // Without a language there are no numbers in names.
+    if (QLocale().language() == QLocale::C)
+        collator.setLocale(QLocale::English);
     collator.setNumericMode(true);
     collator.setCaseSensitivity(Qt::CaseInsensitive);
 }

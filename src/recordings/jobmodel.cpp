@@ -116,7 +116,7 @@ QVariant JobModel::headerData(int section, Qt::Orientation orientation, int role
 void JobModel::refresh() {
     lastSearches.clear();
     for (int row = 0; row < jobs.size(); ++row) {
-        if (jobs[row]->state == Video::Finished)
+        if (jobs[row]->sharesFolder() && jobs[row]->state == Video::Finished)
             lastSearches[jobs[row]->clipDirectory] = row;
     }
     bool isAnyOther = false;

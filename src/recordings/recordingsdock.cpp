@@ -34,7 +34,11 @@ RecordingsDock::RecordingsDock(DetectionQueue& queue, QWidget* parent)
     setObjectName(QStringLiteral("dockRecordings"));
     setWidget(panel);
     filter->setSourceModel(model);
+    // Before the table hears of it, which chooses another row then.
+    connect(filter, SIGNAL(rowsAboutToBeRemoved(QModelIndex, int, int)), SLOT(holdChoice()));
     panel->setModel(filter);
+    connect(filter, SIGNAL(rowsRemoved(QModelIndex, int, int)), SLOT(showCurrent()));
+    connect(filter, SIGNAL(rowsInserted(QModelIndex, int, int)), SLOT(showCurrent()));
     timer.setInterval(refreshMilliseconds);
     connect(&timer, SIGNAL(timeout()), SLOT(refresh()));
     connect(model, SIGNAL(changed()), SLOT(showTotals()));
@@ -44,7 +48,6 @@ RecordingsDock::RecordingsDock(DetectionQueue& queue, QWidget* parent)
     connect(table, SIGNAL(menuAsked(QPoint)), SLOT(showMenu(QPoint)));
     connect(table->selectionModel(), SIGNAL(currentRowChanged(QModelIndex, QModelIndex)),
             SLOT(takeCurrent()));
-    connect(filter, SIGNAL(layoutChanged()), SLOT(showTotals()));
     connect(watch, SIGNAL(found(Video*, FilePresence)), SLOT(takePresence(Video*, FilePresence)));
     showTotals();
 }
@@ -83,7 +86,10 @@ void RecordingsDock::hideEvent(QHideEvent* event) {
     timer.stop();
 }
 
-/// Rows that the filter takes away take the choice along, which is not what a person means.
+void RecordingsDock::holdChoice() {
+    isShowing = true;
+}
+
 void RecordingsDock::takeCurrent() {
     const QModelIndex index = table->currentIndex();
     if (!isShowing && index.isValid())
@@ -162,12 +168,10 @@ void RecordingsDock::showCurrent() {
     const int row = current ? model->row(current) : -1;
     const QModelIndex index =
         row < 0 ? QModelIndex() : filter->mapFromSource(model->index(row, JobModel::Name));
-    if (index.row() == table->currentIndex().row())
-        return;
     isShowing = true;
-    if (index.isValid())
+    if (index.isValid() && index.row() != table->currentIndex().row())
         table->setCurrentIndex(index);
-    else
-        table->clearSelection();
+    else if (!index.isValid())
+        table->selectionModel()->clear();
     isShowing = false;
 }

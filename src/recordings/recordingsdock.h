@@ -65,7 +65,9 @@ protected:
     void hideEvent(QHideEvent* event) override;
 
 private Q_SLOTS:
+    void holdChoice();
     void takeCurrent();
+    void showCurrent();
     void enter();
     void showMenu(const QPoint& globalPosition);
     void searchAgain();
@@ -79,8 +81,6 @@ private Q_SLOTS:
     void takePresence(Video* job, FilePresence presence);
 
 private:
-    void showCurrent();
-
     DetectionQueue& queue;
     JobModel* model;
     JobFilter* filter;

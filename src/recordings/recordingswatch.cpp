@@ -63,6 +63,7 @@ RecordingsWatch::RecordingsWatch(DetectionQueue& queue, QObject* parent)
     , files(std::make_shared<Files>()) {
     timer.setInterval(intervalMilliseconds);
     connect(&timer, SIGNAL(timeout()), SLOT(checkAll()));
+    connect(&queue, SIGNAL(added(QList<Video*>)), SLOT(watch(QList<Video*>)));
 }
 
 RecordingsWatch::~RecordingsWatch() = default;
@@ -79,6 +80,11 @@ void RecordingsWatch::setWanted(bool isWanted) {
     }
     timer.start();
     checkAll();
+}
+
+void RecordingsWatch::watch(const QList<Video*>& jobs) {
+    for (Video* job : jobs)
+        connect(job, SIGNAL(resultReady()), SLOT(stampEnded()));
 }
 
 /// One look at all of them at a time: a disk may be slow.

@@ -36,6 +36,7 @@ Q_SIGNALS:
     void found(Video* job, FilePresence presence);
 
 private Q_SLOTS:
+    void watch(const QList<Video*>& jobs);
     void checkAll();
     void stampEnded();
 

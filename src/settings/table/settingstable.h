@@ -79,6 +79,9 @@ constexpr Switch timestamps{"export_timestamps", false};
 constexpr PathSetting lastFiles{"last_files"};
 constexpr PathSetting lastDirectory{"last_dir"};
 
+// Where its docks are: bytes of the toolkit's.
+constexpr const char* windowStateKey = "window_state";
+
 // What is kept of recordings that were searched: megabytes, 0 for nothing.
 constexpr Setting<int> keptValues{"kept_values_mb", 1000, 0, 100000};
 

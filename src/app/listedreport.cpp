@@ -1,0 +1,91 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "listedreport.h"
+
+#include "clip.h"
+#include "cliplistwidget.h"
+#include "detectionqueue.h"
+#include "video.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+namespace {
+
+QHash<const Video*, QVector<ListedReport::Clip>> clipsByJob(const ClipListWidget& list) {
+    QHash<const Video*, QVector<ListedReport::Clip>> clips;
+    for (const Clip* clip : list.clips()) {
+        ListedReport::Clip listed;
+        listed.reported.index = clip->index;
+        listed.reported.start = clip->start;
+        listed.reported.end = clip->end;
+        listed.reported.snapshotTime = clip->snapshotTime;
+        if (clip->status == Clip::Exported)
+            listed.reported.exportFile = clip->outputPath;
+        listed.picture = clip->snapshot;
+        clips[clip->video].append(listed);
+    }
+    return clips;
+}
+
+/// Whether a later job has searched the same, and nothing of this one is listed any more.
+bool isReplaced(const Video& job, const DetectionQueue& queue) {
+    const QList<Video*>& jobs = queue.jobs();
+    return std::any_of(jobs.cbegin() + jobs.indexOf(const_cast<Video*>(&job)) + 1, jobs.cend(),
+                       [&job](const Video* other) {
+                           return other->sharesFolder() && other->state == Video::Finished &&
+                                  other->clipDirectory == job.clipDirectory;
+                       });
+}
+
+ListedReport::Recording recordingOf(const Video& job, bool isOver) {
+    ListedReport::Recording recording;
+    recording.job = job.record();
+    recording.options = job.detectionOptions();
+    if (isOver) {
+        recording.values = job.motionValues;
+        recording.times = job.frameTimes;
+    }
+    return recording;
+}
+
+/// The page counts all from one start: that of all recordings, or none.
+QDateTime commonStart(const std::vector<ListedReport::Recording>& recordings) {
+    QDateTime common;
+    for (const auto& recording : recordings) {
+        const QDateTime start =
+            recording.job.exportTimestamps ? recording.job.startDateTime : QDateTime();
+        if (!start.isValid() || (common.isValid() && start != common))
+            return {};
+        common = start;
+    }
+    return common;
+}
+
+} // namespace
+
+ListedReport listedReport(const DetectionQueue& queue, const ClipListWidget& list,
+                          const QString& folder) {
+    ListedReport listed;
+    listed.folder = folder;
+    const auto clips = clipsByJob(list);
+    for (const Video* job : queue.jobs()) {
+        if (isReplaced(*job, queue) && !clips.contains(job))
+            continue;
+        listed.recordings.push_back(recordingOf(*job, queue.isOver(*job)));
+        listed.recordings.back().clips = clips.value(job);
+    }
+    const auto isOfCells = [](const auto& one) { return one.options.detector == Detector::Cells; };
+    const auto begin = listed.recordings.cbegin();
+    const auto end = listed.recordings.cend();
+    const auto mean = std::find_if_not(begin, end, isOfCells);
+    listed.detector = begin != end && mean == end ? Detector::Cells : Detector::Mean;
+    if (begin != end)
+        listed.threshold =
+            double((mean == end ? begin : mean)->options.segmentation.motionThreshold.value);
+    listed.startTime = commonStart(listed.recordings);
+    return listed;
+}

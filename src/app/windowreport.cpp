@@ -1,0 +1,181 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "windowreport.h"
+
+#include "cellsmeasurement.h"
+#include "damagetext.h"
+#include "foldercheck.h"
+#include "keptmeasurement.h"
+#include "listedreport.h"
+#include "reportfolder.h"
+#include "snapshotfolder.h"
+#include "video.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+
+namespace {
+
+SearchState stateOf(const JobRecord& job) {
+    switch (job.state) {
+    case Video::Waiting:
+        return SearchState::NotBegun;
+    case Video::Failed:
+        return SearchState::Failed;
+    case Video::Finished:
+        return SearchState::Done;
+    default:
+        return job.facts.seconds > 0.0 ? SearchState::CutShort : SearchState::NotBegun;
+    }
+}
+
+QString reasonOf(const JobFacts& facts) {
+    return facts.damage.isThere() ? damageText(facts.damage) : facts.error;
+}
+
+/// What the page's detector says of each picture, from the first one on.
+MotionSeries seriesOf(const ListedReport::Recording& recording, Detector detector) {
+    MotionSeries series;
+    if (detector == Detector::Cells) {
+        const auto kept = keptMeasurement(recording.job.fileName, recording.options);
+        return kept ? cellsMeasurement(*kept, recording.options,
+                                       restlessOf(*kept, recording.options))
+                          .series
+                    : series;
+    }
+    series.times = recording.times;
+    for (const float value : recording.values)
+        series.scores.append(MotionScore{value});
+    return series;
+}
+
+/// The value that the picture of its strongest motion has.
+MotionScore strengthOf(const ReportedClip& clip, const MotionSeries& series, double origin) {
+    MotionScore strength;
+    double nearest = std::numeric_limits<double>::infinity();
+    for (int i = 0; i < series.times.size(); ++i) {
+        const double distance = std::abs(series.times[i] - origin - clip.snapshotTime);
+        if (distance < nearest) {
+            nearest = distance;
+            strength = series.scores[i];
+        }
+    }
+    return strength;
+}
+
+/// Files that are written, and taken away again if not all of them can be.
+class NewFiles {
+public:
+    explicit NewFiles(const QString& folder)
+        : folder(folder)
+        , isFolderNew(!QDir(folder).exists())
+        , arePicturesNew(!QDir(reportPictureFolder(folder)).exists()) {}
+
+    void expect(const QString& path) {
+        if (!QFile::exists(path))
+            files.append(path);
+    }
+
+    void takeAway() const {
+        for (const QString& file : files)
+            QFile::remove(file);
+        if (arePicturesNew)
+            QDir().rmdir(reportPictureFolder(folder));
+        if (isFolderNew)
+            QDir().rmdir(folder);
+    }
+
+private:
+    QString folder;
+    bool isFolderNew;
+    bool arePicturesNew;
+    QStringList files;
+};
+
+class ReportWriter {
+public:
+    explicit ReportWriter(const ListedReport& listed)
+        : listed(listed)
+        , files(listed.folder)
+        , pictures(reportPictureFolder(listed.folder)) {
+        report.folder = listed.folder;
+        report.detector = listed.detector;
+        report.threshold = listed.threshold;
+        report.startTime = listed.startTime;
+    }
+
+    QString write() {
+        QString failure = prepareFolder(reportPictureFolder(listed.folder), FolderLink::Refused);
+        for (const auto& recording : listed.recordings) {
+            if (failure.isEmpty())
+                failure = add(recording);
+        }
+        if (failure.isEmpty())
+            failure = writeReportPage(report, reportPage(listed.folder));
+        if (!failure.isEmpty())
+            files.takeAway();
+        return failure;
+    }
+
+private:
+    QString add(const ListedReport::Recording& recording) {
+        const JobRecord& job = recording.job;
+        const StreamFacts& stream = job.facts.stream;
+        ReportedRecording reported;
+        reported.name = job.fileName;
+        reported.path = QFileInfo(job.fileName).absoluteFilePath();
+        reported.state = stateOf(job);
+        reported.reason = reasonOf(job.facts);
+        reported.isQuick = job.search.isQuick;
+        reported.histogram = MotionHistogram(report.detector);
+        if (stream.frameRate == 0.0)
+            reported.offset = stream.origin - stream.description.startTime;
+        const MotionSeries series = seriesOf(recording, report.detector);
+        for (int i = 0; i < series.times.size(); ++i)
+            reported.add(series.times[i] - stream.origin, series.scores[i]);
+        reported.seconds = std::max(reported.seconds, job.facts.seconds);
+        const QString failure = addClips(recording, series, reported);
+        report.recordings.push_back(reported);
+        return failure;
+    }
+
+    QString addClips(const ListedReport::Recording& recording, const MotionSeries& series,
+                     ReportedRecording& reported) {
+        const QString beginning = pictures.next(recording.job.fileName);
+        for (const auto& listedClip : recording.clips) {
+            ReportedClip clip = listedClip.reported;
+            clip.strength = strengthOf(clip, series, recording.job.facts.stream.origin);
+            const QString failure = writePicture(listedClip.picture, beginning, clip);
+            if (!failure.isEmpty())
+                return failure;
+            reported.clips.append(clip);
+        }
+        return {};
+    }
+
+    /// One that has none is shown without.
+    QString writePicture(const QImage& picture, const QString& beginning, ReportedClip& clip) {
+        if (picture.isNull())
+            return {};
+        files.expect(snapshotPath(beginning, clip.index));
+        return writeReportPicture(picture, beginning, listed.folder, clip);
+    }
+
+    const ListedReport& listed;
+    MotionReport report;
+    NewFiles files;
+    SnapshotFolder pictures;
+};
+
+} // namespace
+
+QString writeReport(const ListedReport& listed) {
+    return ReportWriter(listed).write();
+}
