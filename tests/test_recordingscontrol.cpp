@@ -1,0 +1,285 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "files.h"
+#include "process.h"
+#include "recordingsdock.h"
+#include "windowtest.h"
+
+#include <QDockWidget>
+#include <QMessageBox>
+#include <QTableView>
+
+#include <csignal>
+#include <sys/resource.h>
+
+/// What goes between the recordings' dock, the list of clips and the queue.
+class TestRecordingsControl : public WindowTest {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void initTestCase() { makeRecordings(); }
+    void init();
+    void cleanup() { close(); }
+
+    void clipChoosesItsRecording();
+    void recordingScrollsToItsClips();
+    void returnChoosesTheFirstClip();
+    void onlyOneRecordingIsListed();
+    void hiddenClipsAreNotRemovedUnseen();
+    void removeAllRemovesWhatIsHidden();
+    void clipsOfARecordingAreRemoved();
+    void searchedAgainNumbersGoOn();
+    void exportedClipsOutliveTheNextSearch();
+    void cancelledSearchTakesNothingAway();
+    void reportIsThatOfTheScanner();
+    void reportThatCannotBeWritten();
+    void reportIsNotReplacedUnasked();
+
+private:
+    RecordingsDock& dock() { return driver->part<RecordingsDock>("dockRecordings"); }
+    QStringList numbers();
+    void searchAgain(const Video& job);
+    QString saveReport();
+};
+
+void TestRecordingsControl::init() {
+    open();
+    dock().show();
+}
+
+/// The first lines' ends: "#0".
+QStringList TestRecordingsControl::numbers() {
+    QStringList numbers;
+    for (const QString& caption : driver->captions())
+        numbers += caption.section(' ', 0, 0);
+    return numbers;
+}
+
+void TestRecordingsControl::searchAgain(const Video& job) {
+    JobRecord record = job.record();
+    record.state = Video::Waiting;
+    auto* again = new Video(record);
+    QSignalSpy end(again, SIGNAL(resultReady()));
+    Q_EMIT dock().searchAsked(again);
+    [&] { QTRY_COMPARE_WITH_TIMEOUT(end.size(), 1, longMilliseconds); }();
+    QCOMPARE(int(again->state), int(Video::Finished));
+}
+
+/// The folder.
+QString TestRecordingsControl::saveReport() {
+    QDir(folder->path()).mkpath("report");
+    DialogAnswer<QFileDialog> answer([this](QFileDialog& dialog) {
+        dialog.findChild<QLineEdit*>("fileNameEdit")->setText(folder->filePath("report"));
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    driver->click("pushButtonReport");
+    return folder->filePath("report");
+}
+
+void TestRecordingsControl::clipChoosesItsRecording() {
+    Video* first = failedJob();
+    Video* second = failedJob();
+    announceClips(first, 30);
+    announceClips(second, 30);
+    QTRY_COMPARE(driver->list().count(), 60);
+    driver->list().setCurrentRow(40);
+    QCOMPARE(dock().chosenJob(), second);
+    // The list stays where it is: a click shows what is clicked.
+    driver->list().scrollToItem(driver->list().item(40), QAbstractItemView::PositionAtBottom);
+    const QRect before = driver->list().visualItemRect(driver->list().item(41));
+    driver->list().setCurrentRow(41);
+    QCOMPARE(driver->list().visualItemRect(driver->list().item(41)), before);
+}
+
+void TestRecordingsControl::recordingScrollsToItsClips() {
+    Video* first = failedJob();
+    Video* second = failedJob();
+    announceClips(first, 30);
+    announceClips(second, 30);
+    QTRY_COMPARE(driver->list().count(), 60);
+    driver->list().setCurrentRow(3);
+    dock().choose(second);
+    const QRect seen = driver->list().viewport()->rect();
+    QVERIFY(seen.intersects(driver->list().visualItemRect(driver->list().item(30))));
+    QCOMPARE(driver->list().selectedItems(), QList<QListWidgetItem*>{driver->list().item(3)});
+    QCOMPARE(dock().chosenJob(), second);
+}
+
+void TestRecordingsControl::returnChoosesTheFirstClip() {
+    announceClips(failedJob(), 2);
+    Video* second = failedJob();
+    announceClips(second, 2);
+    QTRY_COMPARE(driver->list().count(), 4);
+    driver->window.activateWindow();
+    dock().choose(second);
+    auto& table = driver->part<QTableView>("recordings");
+    table.setFocus();
+    QTest::keyClick(&table, Qt::Key_Return);
+    QCOMPARE(driver->list().selectedItems(), QList<QListWidgetItem*>{driver->list().item(2)});
+    QVERIFY(driver->list().hasFocus());
+    QCOMPARE(driver->clip(2).status, int(Clip::NotExported)); // the window's Return would open it
+}
+
+void TestRecordingsControl::onlyOneRecordingIsListed() {
+    Video* first = failedJob();
+    Video* second = failedJob();
+    announceClips(first, 2);
+    announceClips(second, 1);
+    QTRY_COMPARE(driver->list().count(), 3);
+    auto& bar = driver->part<QWidget>("barShown");
+    QVERIFY(!bar.isVisible());
+    Q_EMIT dock().onlyThisAsked(first);
+    QVERIFY(bar.isVisible());
+    QCOMPARE(driver->part<QLabel>("labelShown").text(), QString("2 of 3 clips are listed"));
+    QVERIFY(!driver->clip(0).isHidden());
+    QVERIFY(driver->clip(2).isHidden());
+    Q_EMIT second->newClip(1, QImage(), 20.0, 25.0, 21.0); // while they are hidden
+    QTRY_COMPARE(driver->list().count(), 4);
+    QVERIFY(driver->clip(3).isHidden());
+    QTRY_COMPARE(driver->part<QLabel>("labelShown").text(), QString("2 of 4 clips are listed"));
+    driver->click("pushButtonShowAll");
+    QVERIFY(!driver->clip(2).isHidden() && !driver->clip(3).isHidden());
+    QVERIFY(!bar.isVisible());
+}
+
+void TestRecordingsControl::hiddenClipsAreNotRemovedUnseen() {
+    Video* first = failedJob();
+    Video* second = failedJob();
+    announceClips(first, 1);
+    announceClips(second, 1);
+    QTRY_COMPARE(driver->list().count(), 2);
+    driver->list().selectAll();
+    Q_EMIT dock().onlyThisAsked(first);
+    driver->trigger("actionRemoveSelected");
+    Q_EMIT dock().onlyThisAsked(nullptr);
+    QCOMPARE(driver->list().count(), 1);
+    QCOMPARE(driver->clip(0).video.data(), second);
+}
+
+void TestRecordingsControl::removeAllRemovesWhatIsHidden() {
+    Video* first = failedJob();
+    announceClips(first, 3);
+    announceClips(failedJob(), 3);
+    QTRY_COMPARE(driver->list().count(), 6);
+    Q_EMIT dock().onlyThisAsked(first);
+    driver->trigger("actionRemoveAll");
+    QCOMPARE(driver->list().count(), 0);
+    QVERIFY(!driver->action("actionRemoveAll").isEnabled());
+}
+
+void TestRecordingsControl::clipsOfARecordingAreRemoved() {
+    Video* first = failedJob();
+    announceClips(first, 3);
+    QTRY_COMPARE(driver->list().count(), 3);
+    QVERIFY(driver->action("actionRemoveAll").isEnabled());
+    Q_EMIT dock().clipsRemovalAsked(first);
+    QCOMPARE(driver->list().count(), 0);
+    QVERIFY(!driver->action("actionRemoveAll").isEnabled());
+}
+
+void TestRecordingsControl::searchedAgainNumbersGoOn() {
+    Video* job = makeJob(shortRecording);
+    driver->accept(job);
+    QTRY_COMPARE_WITH_TIMEOUT(int(job->state), int(Video::Finished), longMilliseconds);
+    QTRY_COMPARE(numbers(), QStringList("#0"));
+    const double start = driver->clip(0).start;
+    searchAgain(*job);
+    QTRY_COMPARE(numbers(), QStringList("#1"));
+    QCOMPARE(driver->clip(0).start, start);
+    searchAgain(*job); // the first one, which knows nothing of the second
+    QTRY_COMPARE(numbers(), QStringList("#2"));
+    QCOMPARE(driver->clip(0).video->clipDirectory, job->clipDirectory);
+}
+
+void TestRecordingsControl::exportedClipsOutliveTheNextSearch() {
+    Video* job = makeJob(shortRecording);
+    driver->accept(job);
+    QTRY_COMPARE_WITH_TIMEOUT(int(job->state), int(Video::Finished), longMilliseconds);
+    QTRY_COMPARE(driver->list().count(), 1);
+    encoder->release();
+    driver->clip(0).exportClip(false);
+    QTRY_COMPARE(driver->clip(0).status, int(Clip::Exported));
+    const QString file = driver->clip(0).outputPath;
+    searchAgain(*job);
+    QTRY_COMPARE(numbers(), QStringList({"#0", "#1"}));
+    driver->clip(1).exportClip(false);
+    QTRY_COMPARE(driver->clip(1).status, int(Clip::Exported));
+    QVERIFY(driver->clip(1).outputPath != file);
+    QCOMPARE(QFileInfo(driver->clip(1).outputPath).path(), QFileInfo(file).path());
+}
+
+void TestRecordingsControl::cancelledSearchTakesNothingAway() {
+    Video* job = makeJob(shortRecording);
+    driver->accept(job);
+    QTRY_COMPARE_WITH_TIMEOUT(int(job->state), int(Video::Finished), longMilliseconds);
+    QTRY_COMPARE(driver->list().count(), 1);
+    JobRecord record = job->record();
+    record.state = Video::Waiting;
+    record.fileName = longRecording;
+    auto* again = new Video(record);
+    QSignalSpy end(again, SIGNAL(resultReady()));
+    Q_EMIT dock().searchAsked(again);
+    QTRY_COMPARE(int(again->state), int(Video::Running));
+    driver->click("pushButtonCancel");
+    QTRY_COMPARE(end.size(), 1);
+    QCOMPARE(driver->clip(0).video.data(), job);
+}
+
+void TestRecordingsControl::reportIsThatOfTheScanner() {
+    Video* job = makeJob(shortRecording);
+    Video* broken = makeJob(QCoreApplication::applicationFilePath());
+    driver->setup.readyVideos.append(job);
+    driver->accept(broken);
+    QTRY_COMPARE_WITH_TIMEOUT(int(broken->state), int(Video::Failed), longMilliseconds);
+    QTRY_COMPARE(driver->list().count(), 1);
+    QTRY_VERIFY(driver->part<QPushButton>("pushButtonReport").isEnabled());
+    QTRY_VERIFY(!broken->news.facts().error.isEmpty());
+    const QString report = saveReport();
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(report + "/index.html"), longMilliseconds);
+    const QString scanned = folder->filePath("scanned");
+    runProgram("kestrova-scan", {"--minimum", "2", "--postrecord", "2", "--report", scanned,
+                                 shortRecording, broken->fileName});
+    QCOMPARE(readFile(report + "/index.html"), readFile(scanned + "/index.html"));
+    QCOMPARE(QDir(report + "/pictures").entryList(QDir::Files),
+             QDir(scanned + "/pictures").entryList(QDir::Files));
+    QCOMPARE(readFile(report + "/pictures/short.mp4-0000.png"),
+             readFile(scanned + "/pictures/short.mp4-0000.png"));
+}
+
+/// As on a full disk: no file may become longer than a few bytes.
+void TestRecordingsControl::reportThatCannotBeWritten() {
+    announceClips(failedJob(), 2);
+    QTRY_COMPARE(driver->list().count(), 2);
+    rlimit before{};
+    QCOMPARE(getrlimit(RLIMIT_FSIZE, &before), 0);
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit few{100, before.rlim_max};
+    QSettings().sync();
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &few), 0);
+    const QString report = saveReport();
+    QTRY_VERIFY(driver->window.findChild<QMessageBox*>("reportFailure"));
+    QCOMPARE(setrlimit(RLIMIT_FSIZE, &before), 0);
+    std::signal(SIGXFSZ, handler);
+    auto& box = driver->part<QMessageBox>("reportFailure");
+    QVERIFY2(box.text().contains("large"), qPrintable(box.text()));
+    box.close();
+    QCOMPARE(QDir(report).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+}
+
+void TestRecordingsControl::reportIsNotReplacedUnasked() {
+    failedJob();
+    QDir(folder->path()).mkpath("report");
+    QFile page(folder->filePath("report/index.html"));
+    QVERIFY(page.open(QIODevice::WriteOnly));
+    page.write("mine");
+    page.close();
+    DialogAnswer<QMessageBox> answer([](QMessageBox& box) { box.reject(); });
+    saveReport();
+    QVERIFY(answer.wasShown());
+    QCOMPARE(readFile(page.fileName()), QByteArray("mine"));
+}
+
+QTEST_MAIN(TestRecordingsControl)
+#include "test_recordingscontrol.moc"
