@@ -70,6 +70,7 @@ void TestRecordingsControl::searchAgain(const Video& job) {
 /// The folder.
 QString TestRecordingsControl::saveReport() {
     QDir(folder->path()).mkpath("report");
+    [&] { QTRY_VERIFY(driver->part<QPushButton>("pushButtonReport").isEnabled()); }();
     DialogAnswer<QFileDialog> answer([this](QFileDialog& dialog) {
         dialog.findChild<QLineEdit*>("fileNameEdit")->setText(folder->filePath("report"));
         QMetaObject::invokeMethod(&dialog, "accept");
@@ -84,13 +85,12 @@ void TestRecordingsControl::clipChoosesItsRecording() {
     announceClips(first, 30);
     announceClips(second, 30);
     QTRY_COMPARE(driver->list().count(), 60);
+    // The list stays where it is: a click is on what is seen.
+    driver->list().scrollToItem(driver->list().item(40), QAbstractItemView::PositionAtTop);
+    const QRect before = driver->list().visualItemRect(driver->list().item(40));
     driver->list().setCurrentRow(40);
     QCOMPARE(dock().chosenJob(), second);
-    // The list stays where it is: a click shows what is clicked.
-    driver->list().scrollToItem(driver->list().item(40), QAbstractItemView::PositionAtBottom);
-    const QRect before = driver->list().visualItemRect(driver->list().item(41));
-    driver->list().setCurrentRow(41);
-    QCOMPARE(driver->list().visualItemRect(driver->list().item(41)), before);
+    QCOMPARE(driver->list().visualItemRect(driver->list().item(40)), before);
 }
 
 void TestRecordingsControl::recordingScrollsToItsClips() {
@@ -234,7 +234,6 @@ void TestRecordingsControl::reportIsThatOfTheScanner() {
     driver->accept(broken);
     QTRY_COMPARE_WITH_TIMEOUT(int(broken->state), int(Video::Failed), longMilliseconds);
     QTRY_COMPARE(driver->list().count(), 1);
-    QTRY_VERIFY(driver->part<QPushButton>("pushButtonReport").isEnabled());
     QTRY_VERIFY(!broken->news.facts().error.isEmpty());
     const QString report = saveReport();
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(report + "/index.html"), longMilliseconds);
@@ -244,8 +243,8 @@ void TestRecordingsControl::reportIsThatOfTheScanner() {
     QCOMPARE(readFile(report + "/index.html"), readFile(scanned + "/index.html"));
     QCOMPARE(QDir(report + "/pictures").entryList(QDir::Files),
              QDir(scanned + "/pictures").entryList(QDir::Files));
-    QCOMPARE(readFile(report + "/pictures/short.mp4-0000.png"),
-             readFile(scanned + "/pictures/short.mp4-0000.png"));
+    const QString picture = "/pictures/short.mp4-0000.png"; // which also tells of the screen here
+    QCOMPARE(QImage(report + picture), QImage(scanned + picture));
 }
 
 /// As on a full disk: no file may become longer than a few bytes.

@@ -85,6 +85,7 @@ void TestWindowDocks::keysAndButtons() {
     MainWindowDriver driver;
     driver.window.show();
     driver.window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&driver.window));
     auto& shown = dock(driver, qPrintable(name));
     auto& tool = driver.part<QToolButton>(qPrintable(button));
     QTest::keyClick(&driver.window, Qt::Key(key));
@@ -103,6 +104,7 @@ void TestWindowDocks::keyboardGoesWhereItIsLookedFor() {
     MainWindowDriver driver;
     driver.window.show();
     driver.window.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&driver.window));
     QTest::keyClick(&driver.window, Qt::Key_F7);
     QVERIFY(driver.part<QWidget>("recordings").hasFocus());
     QTest::keyClick(&driver.window, Qt::Key_F7);

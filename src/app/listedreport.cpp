@@ -33,6 +33,8 @@ QHash<const Video*, QVector<ListedReport::Clip>> clipsByJob(const ClipListWidget
 
 /// Whether a later job has searched the same, and nothing of this one is listed any more.
 bool isReplaced(const Video& job, const DetectionQueue& queue) {
+    if (job.isSuperseded)
+        return true;
     const QList<Video*>& jobs = queue.jobs();
     return std::any_of(jobs.cbegin() + jobs.indexOf(const_cast<Video*>(&job)) + 1, jobs.cend(),
                        [&job](const Video* other) {

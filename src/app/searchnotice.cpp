@@ -38,7 +38,7 @@ void SearchNotice::begin(const QList<Video*>& jobs) {
 void SearchNotice::takeEnd() {
     if (queue.isActive() || !sinceBegin.isValid())
         return;
-    if (sinceBegin.hasExpired(leastMilliseconds) && !QApplication::activeWindow())
+    if (sinceBegin.elapsed() >= leastMilliseconds && !QApplication::activeWindow())
         tell();
     sinceBegin.invalidate();
     searched.clear();

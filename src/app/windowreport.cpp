@@ -18,10 +18,10 @@
 #include <QFileInfo>
 
 #include <algorithm>
-#include <cmath>
-#include <limits>
 
 namespace {
+
+constexpr double slack = 1e-6; // seconds; times are sums
 
 SearchState stateOf(const JobRecord& job) {
     switch (job.state) {
@@ -56,17 +56,14 @@ MotionSeries seriesOf(const ListedReport::Recording& recording, Detector detecto
     return series;
 }
 
-/// The value that the picture of its strongest motion has.
+/// The value for which its picture was chosen: what led to that, or what came of it.
 MotionScore strengthOf(const ReportedClip& clip, const MotionSeries& series, double origin) {
+    const double shown = clip.snapshotTime + origin - slack;
+    const auto first = std::lower_bound(series.times.cbegin(), series.times.cend(), shown);
+    const int at = int(first - series.times.cbegin());
     MotionScore strength;
-    double nearest = std::numeric_limits<double>::infinity();
-    for (int i = 0; i < series.times.size(); ++i) {
-        const double distance = std::abs(series.times[i] - origin - clip.snapshotTime);
-        if (distance < nearest) {
-            nearest = distance;
-            strength = series.scores[i];
-        }
-    }
+    for (int i = at; i < std::min(at + 2, series.scores.size()); ++i)
+        strength.value = std::max(strength.value, series.scores[i].value);
     return strength;
 }
 

@@ -158,7 +158,8 @@ void JobModel::takeFacts() {
 }
 
 JobStatus JobModel::statusNow(const Video* job) const {
-    const bool isReplaced = job->hasEnded() && lastSearches.value(job->clipDirectory) > row(job);
+    const bool isReplaced =
+        job->isSuperseded || (job->hasEnded() && lastSearches.value(job->clipDirectory) > row(job));
     return statusOf(*job, clipCounts.value(job), presences.value(job, FilePresence::Same),
                     isReplaced);
 }
