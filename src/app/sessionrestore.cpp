@@ -51,6 +51,7 @@ void SessionRestore::timerEvent(QTimerEvent*) {
     bool isMore = true;
     while (isMore && !deadline.hasExpired())
         isMore = step();
+    Q_EMIT list.itemSelectionChanged(); // which of the window's actions are possible
     if (isMore)
         return;
     timer.stop();

@@ -32,5 +32,6 @@ struct JobRecord {
     QDateTime startDateTime;
     SearchOptions search;
     JobFacts facts;
+    int firstClipNumber = 0;
     int nextClipNumber = 0;
 };

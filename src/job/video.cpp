@@ -65,7 +65,7 @@ Video::Video(const JobRecord& record)
     , exportTimestamps(record.exportTimestamps)
     , startDateTime(record.startDateTime)
     , search(record.search)
-    , firstClipNumber(record.nextClipNumber)
+    , firstClipNumber(hasEnded() ? record.firstClipNumber : record.nextClipNumber)
     , nextClipNumber(record.nextClipNumber)
     , isFolderShared(true) {
     news.setFacts(record.facts);
@@ -147,6 +147,7 @@ JobRecord Video::record() const {
     record.startDateTime = startDateTime;
     record.search = search;
     record.facts = news.facts();
+    record.firstClipNumber = firstClipNumber;
     record.nextClipNumber = nextClipNumber;
     return record;
 }

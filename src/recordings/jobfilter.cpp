@@ -29,7 +29,7 @@ void JobFilter::setShown(int index) {
 
 bool JobFilter::filterAcceptsRow(int row, const QModelIndex&) const {
     const auto& model = static_cast<const JobModel&>(*sourceModel());
-    return isShown(row) &&
+    return !model.job(row)->isSuperseded && isShown(row) &&
            (wanted.isEmpty() || model.job(row)->fileName.contains(wanted, Qt::CaseInsensitive));
 }
 

@@ -81,10 +81,50 @@ SearchOptions searchOf(JsonFields fields, bool& isGood) {
     return search;
 }
 
+QJsonObject ratioJson(Ratio ratio) {
+    return {{"numerator", ratio.numerator}, {"denominator", ratio.denominator}};
+}
+
+Ratio ratioOf(JsonFields fields) {
+    return {fields.integer("numerator", -most, most), fields.integer("denominator", -most, most)};
+}
+
+QJsonObject streamJson(const StreamFacts& stream) {
+    const StreamDescription& pictures = stream.description;
+    return {{"codec", textJson(QString::fromLatin1(stream.codecName))},
+            {"intraOnly", stream.isIntraOnly},
+            {"width", pictures.size.width()},
+            {"height", pictures.size.height()},
+            {"aspect", ratioJson(pictures.pixelAspect)},
+            {"rate", ratioJson(pictures.frameRate)},
+            {"startTime", numberJson(pictures.startTime)},
+            {"duration", numberJson(stream.duration)},
+            {"numbering", numberJson(stream.frameRate)},
+            {"origin", numberJson(stream.origin)},
+            {"emptyRegion", stream.isRegionEmpty}};
+}
+
+StreamFacts streamOf(JsonFields fields) {
+    StreamFacts stream;
+    StreamDescription& pictures = stream.description;
+    stream.codecName = fields.text("codec").toLatin1();
+    stream.isIntraOnly = fields.flag("intraOnly");
+    pictures.size = {fields.integer("width", -1, most), fields.integer("height", -1, most)};
+    pictures.pixelAspect = ratioOf(fields.fields("aspect"));
+    pictures.frameRate = ratioOf(fields.fields("rate"));
+    pictures.startTime = fields.number("startTime");
+    stream.duration = fields.number("duration");
+    stream.frameRate = fields.number("numbering");
+    stream.origin = fields.number("origin");
+    stream.isRegionEmpty = fields.flag("emptyRegion");
+    return stream;
+}
+
 QJsonObject factsJson(const JobFacts& facts) {
     return {{"seconds", numberJson(facts.seconds)},
             {"width", facts.pictures.width()},
             {"height", facts.pictures.height()},
+            {"stream", streamJson(facts.stream)},
             {"strongest", numberJson(facts.strongest.value)},
             {"strongestTime", numberJson(facts.strongestTime)},
             {"error", textJson(facts.error)},
@@ -98,6 +138,7 @@ JobFacts factsOf(JsonFields fields) {
     JobFacts facts;
     facts.seconds = fields.number("seconds");
     facts.pictures = {fields.integer("width", -1, most), fields.integer("height", -1, most)};
+    facts.stream = streamOf(fields.fields("stream"));
     facts.strongest.value = float(fields.number("strongest"));
     facts.strongestTime = fields.number("strongestTime");
     facts.error = fields.text("error");
@@ -130,6 +171,7 @@ QJsonObject jobJson(const JobRecord& job) {
                      {"start", textJson(job.startDateTime.toString(Qt::ISODateWithMs))},
                      {"search", searchJson(job.search)},
                      {"facts", factsJson(job.facts)},
+                     {"firstClip", job.firstClipNumber},
                      {"nextClip", job.nextClipNumber}};
     if (job.roiRect)
         json.insert("rectangle", rectangleJson(*job.roiRect));
@@ -152,6 +194,7 @@ JobRecord jobOf(const QJsonValue& json, bool& isGood) {
     job.startDateTime = timeOf(fields.text("start"), isGood);
     job.search = searchOf(fields.fields("search"), isGood);
     job.facts = factsOf(fields.fields("facts"));
+    job.firstClipNumber = fields.integer("firstClip", 0, most);
     job.nextClipNumber = fields.integer("nextClip", 0, most);
     if (fields.has("rectangle")) {
         const QJsonArray sides = fields.array("rectangle", 4);

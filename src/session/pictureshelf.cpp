@@ -12,24 +12,26 @@
 #include <QDir>
 #include <QImageReader>
 #include <QRegularExpression>
+#include <QVector>
 
 namespace {
 
 constexpr qint64 mostBytes = qint64(1) << 28;
 constexpr qint64 mostPixels = qint64(1) << 28; // no larger picture is decoded
 
-/// The same for pictures that show the same, in whatever format.
+/// The same for pictures that show the same, in whatever format. Nothing is converted: the toolkit
+/// would do that on threads that may not be there.
 QString nameFor(const QImage& picture) {
-    const bool hasAlpha = picture.hasAlphaChannel();
-    const QImage plain =
-        picture.convertToFormat(hasAlpha ? QImage::Format_RGBA8888 : QImage::Format_RGB888);
-    const int lineBytes = plain.width() * (hasAlpha ? 4 : 3);
     QCryptographicHash hash(QCryptographicHash::Sha256);
-    const QByteArray head = QByteArray::number(plain.width()) + 'x' +
-                            QByteArray::number(plain.height()) + (hasAlpha ? 'a' : 'o');
-    hash.addData(head);
-    for (int y = 0; y < plain.height(); ++y)
-        hash.addData(reinterpret_cast<const char*>(plain.constScanLine(y)), lineBytes);
+    hash.addData(QByteArray::number(picture.width()) + 'x' + QByteArray::number(picture.height()) +
+                 (picture.hasAlphaChannel() ? 'a' : 'o'));
+    QVector<QRgb> line(picture.width());
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x)
+            line[x] = picture.pixel(x, y);
+        hash.addData(reinterpret_cast<const char*>(line.constData()),
+                     line.size() * int(sizeof(QRgb)));
+    }
     return QString::fromLatin1(hash.result().toHex());
 }
 
@@ -84,11 +86,14 @@ QString PictureShelf::put(const QImage& picture, QString& failure) {
     return name;
 }
 
-QImage PictureShelf::take(const QString& name) const {
+QImage PictureShelf::take(const QString& name) {
     if (!isName(name))
         return {};
     const QImage picture = decoded(bytesOf(pathOf(name)));
-    return !picture.isNull() && nameFor(picture) == name ? picture : QImage();
+    if (picture.isNull() || nameFor(picture) != name)
+        return {};
+    nameOf[picture.cacheKey()] = name;
+    return picture;
 }
 
 void PictureShelf::keepOnly(const QSet<QString>& names) {

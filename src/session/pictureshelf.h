@@ -20,7 +20,7 @@ public:
     QString put(const QImage& picture, QString& failure);
 
     /// Null where it is missing, damaged or none of ours.
-    QImage take(const QString& name) const;
+    QImage take(const QString& name);
 
     /// Removes all files but these.
     void keepOnly(const QSet<QString>& names);

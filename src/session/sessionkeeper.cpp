@@ -37,7 +37,9 @@ SessionKeeper::SessionKeeper(const QString& folder, std::function<SavedSession()
     connect(&timer, SIGNAL(timeout()), SLOT(save()));
 }
 
-SessionKeeper::~SessionKeeper() = default;
+SessionKeeper::~SessionKeeper() {
+    store->giveUp();
+}
 
 void SessionKeeper::look() {
     thread.run(this, [this, store = store](const GuiCall& callBack) {

@@ -59,7 +59,7 @@ private:
     void takeSaved(const QString& failure);
 
     std::function<SavedSession()> collect;
-    std::shared_ptr<SessionStore> store; ///< on the thread only
+    std::shared_ptr<SessionStore> store; ///< on the thread, but for `giveUp`
     QTimer timer;
     QElapsedTimer sinceFirstChange; ///< that is not written yet
     bool isChanged = false;

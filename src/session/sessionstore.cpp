@@ -72,14 +72,14 @@ LastSession SessionStore::look() {
     return found;
 }
 
-SavedSession SessionStore::read() const {
+SavedSession SessionStore::read() {
     SavedSession session = last.session;
     for (int i = 0; i < session.jobs.size(); ++i) {
         session.jobs[i].mask = pictures.take(last.masks[i]);
         if (session.jobs[i].mask.isNull() && !last.masks[i].isEmpty())
             withdraw(session.jobs[i]);
     }
-    for (int i = 0; i < session.clips.size(); ++i) {
+    for (int i = 0; i < session.clips.size() && !isGivenUp; ++i) {
         SavedClip& clip = session.clips[i];
         clip.snapshot = pictures.take(last.snapshots[i]);
         clip.isFileMissing = !clip.outputPath.isEmpty() && !isThere(clip.outputPath);
@@ -96,11 +96,20 @@ QString SessionStore::save(const SavedSession& session) {
     if (!QDir().mkpath(folder + QStringLiteral("/pictures")))
         return lastReason();
     SessionIndex index{session, {}, {}};
-    for (const JobRecord& job : session.jobs)
+    failure = putPictures(index);
+    return failure.isEmpty() && !isGivenUp ? write(index) : failure;
+}
+
+QString SessionStore::putPictures(SessionIndex& index) {
+    QString failure;
+    for (const JobRecord& job : qAsConst(index.session.jobs))
         index.masks.append(pictures.put(job.mask, failure));
-    for (const SavedClip& clip : session.clips)
+    for (const SavedClip& clip : qAsConst(index.session.clips)) {
+        if (isGivenUp)
+            break;
         index.snapshots.append(pictures.put(clip.snapshot, failure));
-    return failure.isEmpty() ? write(index) : failure;
+    }
+    return failure;
 }
 
 /// Why there is no folder to write into; empty also where another program has it.

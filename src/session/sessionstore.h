@@ -10,6 +10,8 @@
 #include <QLockFile>
 #include <QString>
 
+#include <atomic>
+
 /// What was found of the session before this one.
 struct LastSession {
     int recordings = 0; ///< 0: there is none that could be gone on with
@@ -33,21 +35,27 @@ public:
 
     /// All of the session that was found. A clip whose picture is missing or damaged has none, a
     /// job whose mask is has been taken from what waits, since it would search elsewhere.
-    SavedSession read() const;
+    SavedSession read();
 
     /// Writes the session in the place of the one before it; pictures that are there already stay.
     /// Answers why that could not be done, for a person; empty after a success, where nothing has
     /// changed, and where the session belongs to another program.
     QString save(const SavedSession& session);
 
+    /// What is being read or written is wanted no more: both end soon, and nothing is changed. May
+    /// be called on any thread.
+    void giveUp() { isGivenUp = true; }
+
 private:
     QString takeHold();
+    QString putPictures(SessionIndex& index);
     QString write(const SessionIndex& index);
     void putAside(LastSession& found);
     QString indexPath() const { return folder + QStringLiteral("/index"); }
 
     QString folder;
     QLockFile lock;
+    std::atomic<bool> isGivenUp{false};
     bool isOthers = false;
     QString whyNotKept; ///< the last session stays where it is; empty: it may be replaced
     SessionIndex last;

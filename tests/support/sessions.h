@@ -63,6 +63,9 @@ inline JobRecord fullJob() {
     job.facts.error = "Invalid data found";
     job.facts.isReadToItsEnd = false;
     job.facts.damage = {4711, 100.0, 90.5};
+    job.facts.stream = {"h264", true, {{1440, 1080}, {4, 3}, {30000, 1001}, -0.5}, 3599.5, 29.97,
+                        0.08,   true};
+    job.firstClipNumber = 2;
     job.nextClipNumber = 7;
     return job;
 }
@@ -104,10 +107,27 @@ inline void compareDeciding(const SearchOptions& found, const SearchOptions& wan
     QVERIFY(found.deciding->joiningGap == wanted.deciding->joiningGap);
 }
 
+inline bool isSame(Ratio left, Ratio right) {
+    return left.numerator == right.numerator && left.denominator == right.denominator;
+}
+
+inline void compareStreams(const StreamFacts& found, const StreamFacts& wanted) {
+    QCOMPARE(found.codecName, wanted.codecName);
+    QCOMPARE(found.isIntraOnly, wanted.isIntraOnly);
+    QCOMPARE(found.description.size, wanted.description.size);
+    QVERIFY(isSame(found.description.pixelAspect, wanted.description.pixelAspect));
+    QVERIFY(isSame(found.description.frameRate, wanted.description.frameRate));
+    QVERIFY(found.description.startTime == wanted.description.startTime &&
+            found.duration == wanted.duration && found.frameRate == wanted.frameRate &&
+            found.origin == wanted.origin);
+    QCOMPARE(found.isRegionEmpty, wanted.isRegionEmpty);
+}
+
 inline void compareFacts(const JobFacts& found, const JobFacts& wanted) {
     QVERIFY(found.seconds == wanted.seconds && found.strongest == wanted.strongest &&
             found.strongestTime == wanted.strongestTime);
     QCOMPARE(found.pictures, wanted.pictures);
+    compareStreams(found.stream, wanted.stream);
     QCOMPARE(found.error, wanted.error);
     QCOMPARE(found.isReadToItsEnd, wanted.isReadToItsEnd);
     QCOMPARE(found.damage.packets, wanted.damage.packets);
@@ -133,6 +153,7 @@ inline void compareJob(const JobRecord& found, const JobRecord& wanted) {
     QCOMPARE(found.search.isQuick, wanted.search.isQuick);
     QCOMPARE(found.search.excluded, wanted.search.excluded);
     compareFacts(found.facts, wanted.facts);
+    QCOMPARE(found.firstClipNumber, wanted.firstClipNumber);
     QCOMPARE(found.nextClipNumber, wanted.nextClipNumber);
 }
 
