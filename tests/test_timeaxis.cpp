@@ -15,6 +15,7 @@ private Q_SLOTS:
     void marksAreRound_data();
     void marksAreRound();
     void marksTellTheClock();
+    void marksOfAPart();
 };
 
 void TestTimeAxis::marksAreRound_data() {
@@ -51,6 +52,18 @@ void TestTimeAxis::marksTellTheClock() {
     QCOMPARE(labels, QStringList({"22:00", "22:30", "23:00", "23:30", "2026-11-17", "00:30",
                                   "01:00", "01:30"}));
     QCOMPARE(marks.first().seconds, 1200.0);
+}
+
+void TestTimeAxis::marksOfAPart() {
+    QStringList labels;
+    for (const TimeMark& mark : timeMarks(3601.5, 3606.0, {}))
+        labels.append(mark.label);
+    QCOMPARE(labels, QStringList({"1:00:02", "1:00:03", "1:00:04", "1:00:05", "1:00:06"}));
+    const QDateTime evening(QDate(2026, 11, 16), QTime(21, 40), Qt::UTC);
+    const QVector<TimeMark> marks = timeMarks(3600.0, 3700.0, evening);
+    QCOMPARE(marks.first().seconds, 3600.0);
+    QCOMPARE(marks.first().label, QString("22:40:00"));
+    QCOMPARE(marks.last().label, QString("22:41:30"));
 }
 
 QTEST_GUILESS_MAIN(TestTimeAxis)

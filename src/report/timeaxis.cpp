@@ -33,24 +33,28 @@ QString clockLabel(const QDateTime& time, qint64 step) {
     return time.toString(step < 60 ? QStringLiteral("HH:mm:ss") : QStringLiteral("HH:mm"));
 }
 
-/// Seconds from the first picture to the first round time that lies not before it.
-double firstMark(const QDateTime& startTime, qint64 step) {
-    if (!startTime.isValid())
-        return 0.0;
+/// Seconds from the first picture to the first round time that lies not before `from`.
+double firstMark(double from, const QDateTime& startTime, qint64 step) {
     const qint64 round = step * 1000;
-    const qint64 past = (startTime.toMSecsSinceEpoch() % round + round) % round;
-    return past == 0 ? 0.0 : double(round - past) / 1000.0;
+    const auto begin = qint64(std::ceil(from * 1000.0));
+    const qint64 at = (startTime.isValid() ? startTime.toMSecsSinceEpoch() : 0) + begin;
+    const qint64 past = (at % round + round) % round;
+    return double(begin + (past == 0 ? 0 : round - past)) / 1000.0;
 }
 
 } // namespace
 
 QVector<TimeMark> timeMarks(double seconds, const QDateTime& startTime) {
+    return timeMarks(0.0, seconds, startTime);
+}
+
+QVector<TimeMark> timeMarks(double from, double to, const QDateTime& startTime) {
     QVector<TimeMark> marks;
-    if (!(seconds > 0.0 && seconds < longest))
+    if (!(from >= 0.0 && to > from && to < longest))
         return marks;
-    const qint64 step = stepFor(seconds);
-    const double first = firstMark(startTime, step);
-    for (int i = 0; first + double(i * step) <= seconds; ++i) {
+    const qint64 step = stepFor(to - from);
+    const double first = firstMark(from, startTime, step);
+    for (int i = 0; first + double(i * step) <= to; ++i) {
         const double at = first + double(i * step);
         const QDateTime time = startTime.addMSecs(std::llround(at * 1000.0));
         marks.append({at, startTime.isValid() ? clockLabel(time, step) : elapsedText(at)});

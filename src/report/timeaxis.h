@@ -18,3 +18,6 @@ struct TimeMark {
 /// count from the first picture or, with a valid `startTime` of this picture, tell the time of the
 /// clock, and at midnight the date.
 QVector<TimeMark> timeMarks(double seconds, const QDateTime& startTime);
+
+/// The same of a part of it, from `from` to `to` seconds.
+QVector<TimeMark> timeMarks(double from, double to, const QDateTime& startTime);
