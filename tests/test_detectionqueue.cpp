@@ -27,6 +27,7 @@ private Q_SLOTS:
     void init();
     void jobsRunInTheirOrder();
     void cancelledJobsDoNotStart();
+    void jobIsOverWhenItsEndWasHeard();
     void stopsAtOnce();
     void stopCancelsAllJobs();
     void stopCancelsAJobThatIsJustStarting();
@@ -86,6 +87,20 @@ void TestDetectionQueue::cancelledJobsDoNotStart() {
     QCOMPARE(int(jobs[1]->state), int(Video::CancelRequested));
     QVERIFY(jobs[1]->thread() == thread());
     QCOMPARE(secondEnd.size(), 0);
+}
+
+/// Its lists belong to the worker until then, whatever its state.
+void TestDetectionQueue::jobIsOverWhenItsEndWasHeard() {
+    Video* job = makeJob(makeRecording("over.avi", 1));
+    Video* withdrawn = makeJob("withdrawn.avi");
+    ffmpegMutex().lock(); // the first one runs until then
+    queue->add({job, withdrawn});
+    queue->cancel();
+    QVERIFY(job->hasEnded());
+    QVERIFY(!queue->isOver(*job));
+    QVERIFY(queue->isOver(*withdrawn)); // it never began
+    ffmpegMutex().unlock();
+    QTRY_VERIFY_WITH_TIMEOUT(queue->isOver(*job), longMilliseconds);
 }
 
 void TestDetectionQueue::stopsAtOnce() {

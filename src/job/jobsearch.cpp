@@ -161,4 +161,5 @@ void JobSearch::takeValues() {
     job.motionValues.resize(count);
     std::transform(series.scores.cbegin(), series.scores.cbegin() + count, job.motionValues.begin(),
                    [](MotionScore motion) { return motion.value; });
+    job.measuredSpan = {measured.stream.origin, measured.firstTime};
 }

@@ -89,6 +89,7 @@ public:
     bool exportTimestamps;               ///< burn the wall-clock time into exported clips
     QDateTime startDateTime;             ///< wall-clock time of the first picture
     SearchOptions search;                ///< fixed before the job is handed over
+    MeasuredSpan measuredSpan;           ///< where `frameTimes` begins; filled as the lists are
     JobNews news;                        ///< of the GUI thread
     int firstClipNumber = 0;   ///< of the GUI thread: all clips of its search have this one or more
     bool isSuperseded = false; ///< of the GUI thread: another job stands for it
