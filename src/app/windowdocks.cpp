@@ -35,7 +35,7 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     , filter(new ListFilter(list))
     , resumedSearches(new ResumedSearches(window, queue, list))
     , recordings(new RecordingsDock(queue, &window))
-    , motion(new MotionDock(&window))
+    , motion(new MotionDock(queue, &window))
     , player(new PlayerDock(&window)) {
     filter->setParent(this);
     resumedSearches->setParent(this);
