@@ -60,6 +60,11 @@ MainWindow::MainWindow(QWidget* parent)
     connect(&queue, SIGNAL(told(QString)), ui->statusBar, SLOT(showMessage(QString)));
     connect(&ExportNotices::instance(), SIGNAL(told(QString)), ui->statusBar,
             SLOT(showMessage(QString)));
+    // Clips come and go by other ways, too.
+    connect(ui->files->model(), SIGNAL(rowsInserted(QModelIndex, int, int)),
+            SLOT(on_files_itemSelectionChanged()));
+    connect(ui->files->model(), SIGNAL(rowsRemoved(QModelIndex, int, int)),
+            SLOT(on_files_itemSelectionChanged()));
     editMaskWindow.installEventFilter(this);
     docks = std::make_unique<WindowDocks>(*this, queue, *ui->files);
     statusTimer.start(statusIntervalMilliseconds);
@@ -73,6 +78,7 @@ MainWindow::~MainWindow() {
     Clip::leaveQueue(ui->files->clips());
     // The list outlives this part of the window, and its selection ends with its items.
     disconnect(ui->files, nullptr, this, nullptr);
+    disconnect(ui->files->model(), nullptr, this, nullptr);
 }
 
 void MainWindow::keepSession() {

@@ -11,6 +11,7 @@
 #include "docklayout.h"
 #include "listfilter.h"
 #include "measurementcache.h"
+#include "motioncontrol.h"
 #include "motiondock.h"
 #include "playerdock.h"
 #include "recordingscontrol.h"
@@ -36,6 +37,7 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     , resumedSearches(new ResumedSearches(window, queue, list))
     , recordings(new RecordingsDock(queue, &window))
     , motion(new MotionDock(queue, &window))
+    , motionControl(new MotionControl(*motion, list, queue, this))
     , player(new PlayerDock(&window)) {
     filter->setParent(this);
     resumedSearches->setParent(this);
@@ -54,6 +56,7 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     window.statusBar()->connect(&MeasurementCache::instance(), SIGNAL(told(QString)),
                                 SLOT(showMessage(QString)));
     wireRecordings();
+    connectMotion();
     addShownBar();
     layout = std::make_unique<DockLayout>(window);
     layout->restore();
@@ -65,6 +68,8 @@ WindowDocks::~WindowDocks() {
     recordingsControl.reset();
     reportControl.reset();
     delete recordings;
+    delete motionControl;
+    delete motion;
 }
 
 void WindowDocks::showAllClips() {
@@ -91,6 +96,19 @@ void WindowDocks::focusShown(bool isShown) {
     } else if (!isShown) {
         list.setFocus();
     }
+}
+
+void WindowDocks::connectMotion() {
+    connect(recordings, SIGNAL(chosen(Video*)), motion, SLOT(showJob(Video*)));
+    connect(motionControl, SIGNAL(listChanged()), SLOT(applyFilter()));
+    connect(&motionControl->replacement(), SIGNAL(told(QString)), window.statusBar(),
+            SLOT(showMessage(QString)));
+}
+
+/// What comes back to the list is shown at first.
+void WindowDocks::applyFilter() {
+    if (filter->isActive())
+        filter->apply();
 }
 
 void WindowDocks::add(QDockWidget& dock, Qt::DockWidgetArea area, const char* button,

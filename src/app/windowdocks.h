@@ -14,6 +14,7 @@ class ClipMenu;
 class DetectionQueue;
 class DockLayout;
 class ListFilter;
+class MotionControl;
 class MotionDock;
 class PlayerDock;
 class QDockWidget;
@@ -48,8 +49,10 @@ public Q_SLOTS:
 private Q_SLOTS:
     void showSummary(const QString& summary);
     void focusShown(bool isShown);
+    void applyFilter();
 
 private:
+    void connectMotion();
     void add(QDockWidget& dock, Qt::DockWidgetArea area, const char* button, Qt::Key shortcut);
     void addShownBar();
     void wireRecordings();
@@ -61,6 +64,7 @@ private:
     ResumedSearches* resumedSearches;
     RecordingsDock* recordings;
     MotionDock* motion;
+    MotionControl* motionControl;
     PlayerDock* player;
     std::unique_ptr<AreaControl> area;
     std::unique_ptr<ClipMenu> clipMenu;

@@ -39,6 +39,7 @@ MotionDock::MotionDock(DetectionQueue& queue, QWidget* parent)
     setObjectName(QStringLiteral("dockMotion"));
     auto* contents = new QWidget(this);
     ui->setupUi(contents);
+    contents->setFocusProxy(ui->motionStrip);
     setWidget(contents);
     liveTimer.setSingleShot(true);
     liveTimer.setInterval(redrawMilliseconds);

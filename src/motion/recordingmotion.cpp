@@ -94,21 +94,29 @@ std::optional<QVector<DetectedClip>> RecordingMotion::clips(const DecidingOption
 }
 
 const Measurement* RecordingMotion::means() {
-    return ofJob.hasPictures ? &ofJob : kept();
+    return ofJob.hasPictures ? &ofJob : keptFor(Detector::Mean, ofMean);
 }
 
-const Measurement* RecordingMotion::kept() {
-    if (!isKeptRead) {
-        keptOnes = keptMeasurement(fileName, measured);
-        isKeptRead = true;
-        if (keptOnes)
-            shareMemory(keptOnes->series, ofJob.series);
+const Measurement* RecordingMotion::keptFor(Detector detector, Kept& kept) {
+    if (!kept.isRead) {
+        DetectionOptions wanted = measured;
+        wanted.detector = detector;
+        kept.measured = keptMeasurement(fileName, wanted);
+        kept.isRead = true;
+        if (kept.measured)
+            shareMemory(kept.measured->series, ofJob.series);
     }
-    return keptOnes && keptOnes->hasPictures ? &*keptOnes : nullptr;
+    return kept.measured && kept.measured->hasPictures ? &*kept.measured : nullptr;
+}
+
+/// Maps will do whatever the mean was measured with, but of two that fit one is enough.
+const Measurement* RecordingMotion::maps() {
+    const Measurement* source = keptFor(Detector::Mean, ofMean);
+    return source ? source : keptFor(Detector::Cells, ofMaps);
 }
 
 const Measurement* RecordingMotion::cells(const CellOptions& options) {
-    const Measurement* source = kept();
+    const Measurement* source = maps();
     if (!source || source->maps.count() == 0)
         return nullptr;
     if (ofCells && isSame(ofCells->options, options))

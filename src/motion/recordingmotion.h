@@ -44,7 +44,14 @@ public:
     const DetectionOptions& measuredWith() const { return measured; }
 
 private:
-    const Measurement* kept();
+    /// What is kept for a search with this detector.
+    struct Kept {
+        bool isRead = false;
+        std::optional<Measurement> measured;
+    };
+
+    const Measurement* keptFor(Detector detector, Kept& kept);
+    const Measurement* maps();
     const Measurement* cells(const CellOptions& options);
 
     /// The values of the cells for one choice of them.
@@ -61,8 +68,8 @@ private:
     QString fileName;
     DetectionOptions measured;
     Measurement ofJob; ///< the mean's values as the job has them; it may have none
-    bool isKeptRead = false;
-    std::optional<Measurement> keptOnes;
+    Kept ofMean;
+    Kept ofMaps; ///< where the mean was measured otherwise
     std::optional<OfCells> ofCells;
     Drawn drawn;
 };

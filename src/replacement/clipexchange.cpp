@@ -1,0 +1,66 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "clipexchange.h"
+
+#include "clip.h"
+#include "clipplaces.h"
+#include "discardedclips.h"
+#include "video.h"
+
+#include <QDeadlineTimer>
+#include <QListWidget>
+
+#include <utility>
+
+ClipExchange::ClipExchange(QListWidget& list, DiscardedClips& discarded)
+    : list(list)
+    , discarded(discarded) {}
+
+ClipExchange::~ClipExchange() {
+    discarded.add(out);
+}
+
+void ClipExchange::setOptions(Video& video, const DecidingOptions& options) {
+    decidings.push_back({&video, video.search.deciding});
+    video.search.deciding = options;
+}
+
+void ClipExchange::takeOut(const QList<Clip*>& clips) {
+    for (Clip* clip : clips)
+        removeFromList(*clip);
+    out.append(clips);
+}
+
+void ClipExchange::putIn(Clip& clip, const QList<Video*>& jobs) {
+    in.append(&clip);
+    listInPlace(list, jobs, clip);
+}
+
+void ClipExchange::undo() {
+    QList<Clip*> leaving;
+    for (const QPointer<Clip>& clip : std::exchange(in, {})) {
+        if (clip && clip->listWidget() && !isExportedOrWill(*clip))
+            leaving.append(clip);
+    }
+    for (Clip* clip : leaving)
+        removeFromList(*clip);
+    discarded.add(leaving);
+    for (const Before& before : std::exchange(decidings, {})) {
+        if (before.video)
+            before.video->search.deciding = before.options;
+    }
+}
+
+bool ClipExchange::putBackSome(const QList<Video*>& jobs, int milliseconds) {
+    const QDeadlineTimer deadline(milliseconds);
+    while (!out.isEmpty() && !deadline.hasExpired())
+        listInPlace(list, jobs, *out.takeFirst());
+    return !out.isEmpty();
+}
+
+void ClipExchange::removeFromList(Clip& clip) {
+    list.setItemWidget(&clip, nullptr);
+    list.takeItem(list.row(&clip));
+}
