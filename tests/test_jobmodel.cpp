@@ -134,9 +134,9 @@ void TestJobModel::filesThatAreGone() {
     const Video* job = jobs.add("garden.mp4", Video::Finished);
     JobModel model(jobs.queue);
     model.setPresence(job, FilePresence::Gone);
-    QCOMPARE(text(model, 0, JobModel::State), QString("no motion, file is gone"));
+    QCOMPARE(text(model, 0, JobModel::State), QString("file is gone, no motion"));
     model.setPresence(job, FilePresence::Changed);
-    QCOMPARE(text(model, 0, JobModel::State), QString("no motion, file has changed since"));
+    QCOMPARE(text(model, 0, JobModel::State), QString("file has changed since, no motion"));
     model.setPresence(job, FilePresence::Same);
     QCOMPARE(text(model, 0, JobModel::State), QString("no motion"));
 }

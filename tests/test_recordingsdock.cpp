@@ -353,7 +353,7 @@ void TestRecordingsDock::filesAreLookedAt() {
     recording.flush();
     jobs->queue.add({changed});
     dock->choose(gone);
-    QTRY_COMPARE(state(0), QString("no motion, file is gone"));
+    QTRY_COMPARE(state(0), QString("file is gone, no motion"));
     QSignalSpy found(dock->findChild<RecordingsWatch*>(), SIGNAL(found(Video*, FilePresence)));
     dock->choose(changed);
     QTRY_COMPARE(found.size(), 1);
@@ -362,7 +362,7 @@ void TestRecordingsDock::filesAreLookedAt() {
     recording.write(" is no more");
     recording.flush();
     dock->choose(changed);
-    QTRY_COMPARE(state(1), QString("no motion, file has changed since"));
+    QTRY_COMPARE(state(1), QString("file has changed since, no motion"));
 }
 
 void TestRecordingsDock::fitsIntoLittleRoom() {

@@ -76,8 +76,12 @@ void RecordingsControl::enterClips(Video* video) {
 }
 
 void RecordingsControl::showOnly(Video* video) {
+    // Searches of one recording that take each other's place have one folder.
+    const QString folder = video ? video->clipDirectory : QString();
     if (video)
-        filter.set(reason(), [video](const Clip& clip) { return clip.video == video; });
+        filter.set(reason(), [folder](const Clip& clip) {
+            return clip.video && clip.video->clipDirectory == folder;
+        });
     else
         filter.set(reason(), {});
     dock.setAlone(video);

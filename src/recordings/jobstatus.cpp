@@ -96,14 +96,16 @@ JobStatus statusOf(const Video& job, int clips, FilePresence file, bool isReplac
     return status;
 }
 
+/// What is wrong with the file comes first, since the end is often not seen.
 QString statusText(const JobStatus& status) {
-    QStringList parts = {kindText(status)};
-    if (!status.isReadToItsEnd)
-        parts += Words::tr("not read to its end");
+    QStringList parts;
     if (status.file == FilePresence::Gone)
         parts += Words::tr("file is gone");
     if (status.file == FilePresence::Changed)
         parts += Words::tr("file has changed since");
+    parts += kindText(status);
+    if (!status.isReadToItsEnd)
+        parts += Words::tr("not read to its end");
     return parts.join(QStringLiteral(", "));
 }
 

@@ -9,10 +9,24 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QStyledItemDelegate>
 
 namespace {
 
 constexpr int shownRows = 12;
+constexpr int shownLetters = 50;
+
+/// Names of one camera differ at their ends.
+class NameDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->textElideMode = Qt::ElideMiddle;
+    }
+};
 
 bool isKeyOfTheWindow(const QKeyEvent& event) {
     const bool isPlain = !(event.modifiers() & ~Qt::KeypadModifier);
@@ -32,6 +46,7 @@ JobTable::JobTable(QWidget* parent)
     setWordWrap(false);
     setAlternatingRowColors(true);
     setHorizontalScrollMode(ScrollPerPixel);
+    setItemDelegateForColumn(JobModel::Name, new NameDelegate(this));
     setMinimumSize(0, 0);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
@@ -88,7 +103,7 @@ void JobTable::contextMenuEvent(QContextMenuEvent* event) {
 
 QSize JobTable::sizeHint() const {
     const int rows = verticalHeader()->defaultSectionSize() * shownRows;
-    return {fontMetrics().averageCharWidth() * 60, rows};
+    return {fontMetrics().averageCharWidth() * shownLetters, rows};
 }
 
 void JobTable::sortNext(int column) {

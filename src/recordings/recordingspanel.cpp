@@ -116,7 +116,7 @@ void RecordingsPanel::addFilterLine() {
     shown->setObjectName(QStringLiteral("comboBoxShown"));
     shown->addItems({tr("All"), tr("With clips"), tr("Without"), tr("Unreadable")});
     shown->setAccessibleName(tr("Which recordings are shown"));
-    shown->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    shown->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     menuButton->setObjectName(QStringLiteral("toolButtonMenu"));
     menuButton->setText(QStringLiteral("☰"));
     menuButton->setToolTip(tr("Order, and measured values"));
