@@ -29,17 +29,6 @@ Area areaOf(const QRect& rectangle) {
                            rectangle.topLeft() + QPoint(rectangle.width(), rectangle.height()));
 }
 
-/// Twenty seconds in which something moves at the left from 3 to 7, and at the right from 12 to 16.
-QStringList twoVisits() {
-    const QString box =
-        "color=c=gray:s=320x240:r=25:d=20,scale=40:60,noise=alls=90:allf=t:all_seed=";
-    return {"-filter_complex",
-            "color=c=0x406040:s=320x240:r=25:d=20,noise=alls=4:allf=t:all_seed=7[scene];" + box +
-                "8[a];" + box +
-                "9[b];[scene][a]overlay=x='10+20*(t-3)':y=80:enable='between(t,3,7)'[one];"
-                "[one][b]overlay=x='190+20*(t-12)':y=80:enable='between(t,12,16)',format=yuv420p"};
-}
-
 } // namespace
 
 class TestAreaSearch : public QObject {
@@ -70,7 +59,7 @@ void TestAreaSearch::initTestCase() {
         void positionChanged(qint64, bool) override {}
     } nobody;
     video = folder.filePath("visits.mkv");
-    QVERIFY(media::encode(twoVisits() + QStringList{"-c:v", "ffv1", video}));
+    QVERIFY(media::encode(media::twoVisits() + QStringList{"-c:v", "ffv1", video}));
     DetectionOptions options;
     options.areMapsKept = true;
     Detection detection(options, nobody);

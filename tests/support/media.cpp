@@ -105,4 +105,14 @@ QStringList crossingBox(int seconds, int from, int to, const QString& size) {
     return {"-filter_complex", scene};
 }
 
+QStringList twoVisits() {
+    const QString box = QStringLiteral(
+        "color=c=gray:s=320x240:r=25:d=20,scale=40:60,noise=alls=90:allf=t:all_seed=");
+    return {"-filter_complex",
+            "color=c=0x406040:s=320x240:r=25:d=20,noise=alls=4:allf=t:all_seed=7[scene];" + box +
+                "8[a];" + box +
+                "9[b];[scene][a]overlay=x='10+20*(t-3)':y=80:enable='between(t,3,7)'[one];"
+                "[one][b]overlay=x='190+20*(t-12)':y=80:enable='between(t,12,16)',format=yuv420p"};
+}
+
 } // namespace media

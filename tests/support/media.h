@@ -44,4 +44,8 @@ QStringList bottomUpRgb();
 QStringList crossingBox(int seconds, int from, int to,
                         const QString& size = QStringLiteral("320x240"));
 
+/// Encoder input: twenty seconds of 320x240 at 25 frames per second, in which something moves at
+/// the left half from 3 to 7, and at the right half from 12 to 16; both between rows 80 and 140.
+QStringList twoVisits();
+
 } // namespace media
