@@ -8,12 +8,16 @@
 #include "videodecoder.h"
 
 extern "C" {
+#include <libavcodec/avcodec.h>
 #include <libavutil/log.h>
 }
 
 #include <QImage>
 #include <QTemporaryFile>
 #include <QtTest>
+
+#include <array>
+#include <thread>
 
 namespace {
 
@@ -38,6 +42,23 @@ QVector<Message> messagesOf(const char* category) {
     return chosen;
 }
 
+/// A decoder that tells of errors to `opaque`.
+class CodecContext {
+public:
+    explicit CodecContext(void* opaque)
+        : context(avcodec_alloc_context3(nullptr)) {
+        context->opaque = opaque;
+    }
+    ~CodecContext() { avcodec_free_context(&context); }
+    CodecContext(const CodecContext&) = delete;
+    CodecContext& operator=(const CodecContext&) = delete;
+
+    AVCodecContext* get() const { return context; }
+
+private:
+    AVCodecContext* context;
+};
+
 } // namespace
 
 class TestLogging : public QObject {
@@ -56,6 +77,9 @@ private Q_SLOTS:
     void levelsBecomeMessageTypes();
     void longLinesAreCut();
     void libraryDetailsStayOut();
+    void errorsGoToTheirDecoder();
+    void errorsOfOtherUsersAreNobodys();
+    void logIsTakenBack();
 
 private:
     QTemporaryFile text;
@@ -149,6 +173,46 @@ void TestLogging::libraryDetailsStayOut() {
     av_log(nullptr, AV_LOG_DEBUG, "debug\n");
     av_log(nullptr, AV_LOG_TRACE, "trace\n");
     QVERIFY(messagesOf("kestrova.libav").isEmpty());
+}
+
+void TestLogging::errorsGoToTheirDecoder() {
+    routeLibavLog();
+    DecoderErrors first;
+    DecoderErrors second;
+    const CodecContext context(&second);
+    av_log(context.get(), AV_LOG_ERROR, "an error\n");
+    av_log(context.get(), AV_LOG_WARNING, "no error\n");
+    QCOMPARE(first.libavErrors.load(), 0);
+    QCOMPARE(second.libavErrors.load(), 1);
+}
+
+/// What a player's decoder points to is its own, and no count.
+void TestLogging::errorsOfOtherUsersAreNobodys() {
+    routeLibavLog();
+    const qint64 unowned = unownedLibavErrors();
+    std::array<unsigned char, 64> foreign{};
+    LibavErrors ofThread{0};
+    const LibavErrorScope scope(ofThread);
+    av_log(CodecContext(foreign.data()).get(), AV_LOG_ERROR, "an error\n");
+    for (const unsigned char byte : foreign)
+        QCOMPARE(int(byte), 0);
+    QCOMPARE(ofThread.load(), 0);
+    std::thread([] {
+        disownLibavErrors();
+        av_log(nullptr, AV_LOG_ERROR, "an error\n");
+    }).join();
+    QCOMPARE(unownedLibavErrors(), unowned);
+    std::thread([] { av_log(nullptr, AV_LOG_ERROR, "an error\n"); }).join();
+    QCOMPARE(unownedLibavErrors(), unowned + 1);
+}
+
+void TestLogging::logIsTakenBack() {
+    routeLibavLog();
+    av_log_set_callback([](void*, int, const char*, va_list) {});
+    takeBackLibavLog();
+    DecoderErrors decoder;
+    av_log(CodecContext(&decoder).get(), AV_LOG_ERROR, "an error\n");
+    QCOMPARE(decoder.libavErrors.load(), 1);
 }
 
 QTEST_GUILESS_MAIN(TestLogging)

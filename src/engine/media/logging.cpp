@@ -14,6 +14,7 @@ extern "C" {
 #include <array>
 #include <cstdarg>
 #include <exception>
+#include <mutex>
 
 Q_LOGGING_CATEGORY(engineLog, "kestrova.engine", QtWarningMsg)
 Q_LOGGING_CATEGORY(libavLog, "kestrova.libav", QtFatalMsg)
@@ -23,20 +24,20 @@ namespace {
 LibavErrors unowned{0};
 thread_local LibavErrors* ofThread = nullptr;
 
-/// Of the decoder that tells; null if that is none of ours. Those that the libraries open by
-/// themselves, to look into a file, count nothing.
-LibavErrors* errorsOf(void* context) {
-    const bool isCodec = context && *static_cast<const AVClass**>(context) == avcodec_get_class();
-    auto* errors = isCodec
-                       ? static_cast<DecoderErrors*>(static_cast<AVCodecContext*>(context)->opaque)
-                       : nullptr;
-    return errors ? &errors->libavErrors : nullptr;
-}
+LibavErrors disowned{0};
+
+std::mutex decodersMutex;
+DecoderErrors* decoders = nullptr; ///< all of ours
 
 void countError(void* context) {
-    LibavErrors* ofDecoder = errorsOf(context);
-    LibavErrors* owner = ofDecoder ? ofDecoder : ofThread;
-    (owner ? *owner : unowned).fetch_add(1, std::memory_order_relaxed);
+    const bool isCodec = context && *static_cast<const AVClass**>(context) == avcodec_get_class();
+    void* opaque = isCodec ? static_cast<AVCodecContext*>(context)->opaque : nullptr;
+    // Decoders that the libraries open by themselves, to look into a file, have none; those that
+    // look into ours do so on the thread that reads it.
+    if (opaque)
+        DecoderErrors::count(opaque);
+    else if (ofThread || !isCodec)
+        (ofThread ? *ofThread : unowned).fetch_add(1, std::memory_order_relaxed);
 }
 
 bool isWanted(int level) {
@@ -86,6 +87,29 @@ void take(void* context, int level, const char* format, va_list arguments) {
 
 } // namespace
 
+DecoderErrors::DecoderErrors() {
+    const std::lock_guard lock(decodersMutex);
+    next = decoders;
+    if (next)
+        next->previous = this;
+    decoders = this;
+}
+
+DecoderErrors::~DecoderErrors() {
+    const std::lock_guard lock(decodersMutex);
+    (previous ? previous->next : decoders) = next;
+    if (next)
+        next->previous = previous;
+}
+
+void DecoderErrors::count(const void* opaque) {
+    const std::lock_guard lock(decodersMutex);
+    for (DecoderErrors* decoder = decoders; decoder; decoder = decoder->next) {
+        if (decoder == opaque)
+            decoder->libavErrors.fetch_add(1, std::memory_order_relaxed);
+    }
+}
+
 LibavErrorScope::LibavErrorScope(LibavErrors& errors)
     : outer(ofThread) {
     ofThread = &errors;
@@ -98,6 +122,14 @@ LibavErrorScope::~LibavErrorScope() {
 void routeLibavLog() {
     static const bool routed = (av_log_set_callback(take), true);
     Q_UNUSED(routed)
+}
+
+void takeBackLibavLog() {
+    av_log_set_callback(take);
+}
+
+void disownLibavErrors() {
+    ofThread = &disowned;
 }
 
 qint64 unownedLibavErrors() {
