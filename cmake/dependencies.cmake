@@ -19,3 +19,5 @@ pkg_check_modules(
   libswscale)
 pkg_check_modules(SECCOMP REQUIRED IMPORTED_TARGET libseccomp)
 pkg_check_modules(ZSTD REQUIRED IMPORTED_TARGET libzstd)
+# Only its headers: the window loads the library when somebody plays.
+find_path(MPV_INCLUDE_DIR mpv/client.h REQUIRED)

@@ -9,6 +9,7 @@
 #include "filenamecodec.h"
 #include "mainwindow.h"
 #include "pendingfiles.h"
+#include "playerdock.h"
 #include "toolkit.h"
 #include "translation.h"
 
@@ -66,7 +67,7 @@ int main(int argc, char* argv[]) {
     const int status = showMainWindow();
     // A thread that is still busy must not find the program's globals destroyed.
     if (BackgroundThread::isAnyAbandoned() || DetectionQueue::isAnyAbandoned() ||
-        PendingFiles::isAnyAbandoned())
+        PendingFiles::isAnyAbandoned() || PlayerDock::isAnyAbandoned())
         std::_Exit(status);
     return status;
 }

@@ -13,6 +13,7 @@
 #include "measurementcache.h"
 #include "motioncontrol.h"
 #include "motiondock.h"
+#include "playercontrol.h"
 #include "playerdock.h"
 #include "recordingscontrol.h"
 #include "recordingsdock.h"
@@ -38,8 +39,10 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     , recordings(new RecordingsDock(queue, &window))
     , motion(new MotionDock(queue, &window))
     , motionControl(new MotionControl(*motion, list, queue, this))
-    , player(new PlayerDock(&window)) {
+    , player(new PlayerDock(&window))
+    , playing(new PlayerControl(list, *player)) {
     filter->setParent(this);
+    playing->setParent(this);
     resumedSearches->setParent(this);
     connect(recordings, SIGNAL(restAsked()), resumedSearches, SLOT(searchRest()));
     add(*recordings, Qt::RightDockWidgetArea, "buttonRecordings", Qt::Key_F7);
@@ -51,6 +54,7 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     connect(clipMenu.get(), SIGNAL(told(QString)), window.statusBar(), SLOT(showMessage(QString)));
     connect(clipMenu.get(), SIGNAL(onlyRecordingAsked(Video*)), recordings,
             SIGNAL(onlyThisAsked(Video*)));
+    connect(clipMenu.get(), SIGNAL(playAsked(Clip*)), playing, SLOT(play(Clip*)));
     area->setParent(this);
     connect(recordings, SIGNAL(chosen(Video*)), area.get(), SLOT(setRecording(Video*)));
     window.statusBar()->connect(&MeasurementCache::instance(), SIGNAL(told(QString)),

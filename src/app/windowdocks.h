@@ -16,6 +16,7 @@ class DockLayout;
 class ListFilter;
 class MotionControl;
 class MotionDock;
+class PlayerControl;
 class PlayerDock;
 class QDockWidget;
 class QMainWindow;
@@ -72,4 +73,5 @@ private:
     std::unique_ptr<ReportControl> reportControl;
     std::unique_ptr<SearchNotice> searchNotice;
     std::unique_ptr<DockLayout> layout;
+    PlayerControl* playing;
 };

@@ -4,15 +4,76 @@
 
 #include "playerdock.h"
 
+#include "fullscreen.h"
+#include "picturewidget.h"
+#include "playback.h"
+#include "playerview.h"
+
+#include <QVBoxLayout>
+
 PlayerDock::PlayerDock(QWidget* parent)
     : QDockWidget(tr("Player"), parent)
-    , pictureWidget(new QWidget(this)) {
+    , view(new PlayerView)
+    , fullScreen(new FullScreen(this)) {
     setObjectName(QStringLiteral("dockPlayer"));
-    setWidget(pictureWidget);
+    auto* place = new QWidget(this);
+    (new QVBoxLayout(place))->setContentsMargins(0, 0, 0, 0);
+    place->layout()->addWidget(view);
+    setWidget(place);
+    connect(view, SIGNAL(nextAsked()), SIGNAL(nextAsked()));
+    connect(view, SIGNAL(previousAsked()), SIGNAL(previousAsked()));
+    connect(view, SIGNAL(fullScreenAsked()), SLOT(toggleFullScreen()));
+    connect(&view->picture(), SIGNAL(pictureMoved()), SIGNAL(pictureMoved()));
+    connect(fullScreen, SIGNAL(left()), SLOT(leaveFullScreen()));
+    connect(this, SIGNAL(visibilityChanged(bool)), SLOT(takeVisibility(bool)));
 }
 
-void PlayerDock::setClip(const PlayedClip&, bool) {}
+PlayerDock::~PlayerDock() = default;
+
+void PlayerDock::setClip(const PlayedClip& clip, bool isPlaying) {
+    const QString name = tr("Player");
+    setWindowTitle(clip.label.isEmpty() ? name : name + QStringLiteral(": ") + clip.label);
+    view->setClip(clip, isPlaying);
+}
+
+bool PlayerDock::isPlaying() const {
+    return view->isPlaying();
+}
+
+void PlayerDock::setStill(const QImage& picture) {
+    view->picture().setStill(picture);
+}
+
+QWidget* PlayerDock::picture() const {
+    return &view->picture();
+}
 
 QRect PlayerDock::pictureRectangle() const {
-    return {};
+    return view->picture().pictureRectangle();
+}
+
+void PlayerDock::focusPicture() {
+    view->picture().setFocus();
+}
+
+bool PlayerDock::isAnyAbandoned() {
+    return Playback::isAnyAbandoned();
+}
+
+void PlayerDock::takeVisibility(bool isVisible) {
+    if (!isVisible)
+        setClip({}, false);
+}
+
+void PlayerDock::toggleFullScreen() {
+    if (fullScreen->isVisible())
+        fullScreen->close();
+    else
+        fullScreen->hold(view);
+    focusPicture();
+}
+
+void PlayerDock::leaveFullScreen() {
+    widget()->layout()->addWidget(view);
+    focusPicture();
 }

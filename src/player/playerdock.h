@@ -4,37 +4,57 @@
 
 #pragma once
 
+#include "playedclip.h"
+
 #include <QDockWidget>
+#include <QImage>
 
-/// What is to be played: a stretch of a recording. Seconds from its first picture.
-struct PlayedClip {
-    QString file;
-    QString label; ///< for a person: "garden.mp4 #3"
-    double start = 0.0;
-    double end = 0.0;
-};
+class FullScreen;
+class PlayerView;
 
-/// Plays a clip from its recording.
+/// Plays a clip from its recording. The library that does it is looked for with the first clip.
+///
+/// Lets go of everything while it is hidden, and must be told again what to play.
 class PlayerDock : public QDockWidget {
     Q_OBJECT
 
 public:
     explicit PlayerDock(QWidget* parent = nullptr);
+    ~PlayerDock() override;
 
     /// Shows the clip's first picture, and plays it where `isPlaying`. An empty file: nothing.
     void setClip(const PlayedClip& clip, bool isPlaying);
 
-    /// Where the picture is drawn, for what lies over it.
-    QWidget* picture() const { return pictureWidget; }
+    /// Whether what it shows is playing.
+    bool isPlaying() const;
 
-    /// The rectangle of `picture` in which the recording's pictures lie; empty where there is none.
+    /// What is shown while it has no clip; null: nothing.
+    void setStill(const QImage& picture);
+
+    /// Where the picture is drawn, for what lies over it.
+    QWidget* picture() const;
+
+    /// The rectangle of `picture` in which the recording's pictures lie, not rotated; empty where
+    /// there is none.
     QRect pictureRectangle() const;
+
+    /// Gives the keys to the player.
+    void focusPicture();
+
+    /// Some player did not end with what it belonged to, and may still be at work.
+    static bool isAnyAbandoned();
 
 Q_SIGNALS:
     void nextAsked();
     void previousAsked();
     void pictureMoved(); ///< `pictureRectangle` is another
 
+private Q_SLOTS:
+    void takeVisibility(bool isVisible);
+    void toggleFullScreen();
+    void leaveFullScreen();
+
 private:
-    QWidget* pictureWidget;
+    PlayerView* view;
+    FullScreen* fullScreen;
 };

@@ -1,0 +1,98 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#include "playercontrol.h"
+
+#include "cliplistwidget.h"
+#include "playerdock.h"
+#include "video.h"
+
+#include <utility>
+
+namespace {
+
+constexpr int pauseMilliseconds = 50;
+
+/// Nothing where the job is gone, and with it what tells of the recording.
+PlayedClip playedClip(const Clip* clip) {
+    if (!clip || !clip->video)
+        return {};
+    const QString label =
+        clip->video->shortFileName() + QStringLiteral(" #") + QString::number(clip->index);
+    return {clip->video->fileName, label, clip->start, clip->end, clip->video->fileSize};
+}
+
+} // namespace
+
+PlayerControl::PlayerControl(ClipListWidget& list, PlayerDock& dock)
+    : list(list)
+    , dock(dock)
+    , isDockSeen(dock.isVisible()) {
+    timer.setSingleShot(true);
+    timer.setInterval(pauseMilliseconds);
+    connect(&timer, SIGNAL(timeout()), SLOT(showChosen()));
+    connect(&list, SIGNAL(itemSelectionChanged()), SLOT(showSoon()));
+    connect(&list, SIGNAL(currentItemChanged(QListWidgetItem*, QListWidgetItem*)),
+            SLOT(showSoon()));
+    connect(&dock, SIGNAL(visibilityChanged(bool)), SLOT(takeVisibility(bool)));
+    connect(&dock, SIGNAL(nextAsked()), SLOT(next()));
+    connect(&dock, SIGNAL(previousAsked()), SLOT(previous()));
+}
+
+void PlayerControl::play(Clip* clip) {
+    dock.show();
+    dock.raise();
+    dock.focusPicture();
+    choose(*clip);
+    shown.clear();
+    isPlaying = true;
+    timer.start();
+}
+
+void PlayerControl::takeVisibility(bool isVisible) {
+    isDockSeen = isVisible;
+    shown.clear();
+    showSoon();
+}
+
+void PlayerControl::showSoon() {
+    if (!timer.isActive())
+        isPlaying = false;
+    timer.start();
+}
+
+void PlayerControl::showChosen() {
+    const bool plays = std::exchange(isPlaying, false);
+    Clip* clip = chosen();
+    if (!isDockSeen || (clip && clip == shown))
+        return;
+    shown = clip;
+    dock.setClip(playedClip(clip), plays);
+}
+
+/// Null where none is, or none can be told from among several.
+Clip* PlayerControl::chosen() const {
+    auto* current = static_cast<Clip*>(list.currentItem());
+    if (current && current->isSelected())
+        return current;
+    const QList<Clip*> selected = list.selectedClips();
+    return selected.size() == 1 ? selected.first() : nullptr;
+}
+
+void PlayerControl::choose(Clip& clip) {
+    list.setCurrentItem(&clip, QItemSelectionModel::ClearAndSelect);
+    list.scrollToItem(&clip);
+}
+
+/// The next one that is shown. What plays goes on to play.
+void PlayerControl::chooseBeside(int step) {
+    const bool wasPlaying = dock.isPlaying();
+    for (int row = list.currentRow() + step; row >= 0 && row < list.count(); row += step) {
+        if (list.item(row)->isHidden())
+            continue;
+        choose(static_cast<Clip&>(*list.item(row)));
+        isPlaying = wasPlaying;
+        return;
+    }
+}

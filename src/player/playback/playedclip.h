@@ -1,0 +1,16 @@
+// SPDX-FileCopyrightText: 2026 The Kestrova authors
+//
+// SPDX-License-Identifier: GPL-3.0-or-later
+
+#pragma once
+
+#include <QString>
+
+/// What is to be played: a stretch of a recording. Seconds from its first picture.
+struct PlayedClip {
+    QString file;
+    QString label; ///< for a person: "garden.mp4 #3"
+    double start = 0.0;
+    double end = 0.0;
+    qint64 bytes = -1; ///< of the file when it was searched; -1: not known
+};
