@@ -12,14 +12,19 @@
 //   clips COUNT      list clips that the first clip's recording might also have had
 //   select COUNT     select the first clips
 //   trigger ACTION   choose from the menu
+//   offered          whether the last session is offered
+//   goon             go on with it
+//   list             also each clip: its recording, number, times, status and file
 //   wait SECONDS     answer only when nothing is searched or exported any more, or after this time
-// The end of the input ends the program like Quit. Settings come from the settings store.
+// The end of the input ends the program like Quit. Settings come from the settings store. With the
+// argument "session" what is listed is kept from run to run.
 
 #include "mainwindowdriver.h"
 #include "toolkit.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QSocketNotifier>
@@ -78,6 +83,8 @@ protected:
     }
 
 private:
+    QWidget* offer() { return driver.window.findChild<QPushButton*>("pushButtonGoOn"); }
+
     void read() {
         char bytes[4096];
         const ssize_t count = ::read(STDIN_FILENO, bytes, sizeof bytes);
@@ -110,7 +117,11 @@ private:
             select(words[0].toInt());
         else if (command == "trigger")
             driver.trigger(words[0].constData());
-        else
+        else if (command == "goon")
+            driver.click("pushButtonGoOn");
+        else if (command == "list")
+            isListAsked = true;
+        else if (command != "offered")
             qFatal("no command %s", command.constData());
         answer(true);
     }
@@ -149,20 +160,36 @@ private:
                countOf(Clip::Queued) == 0;
     }
 
+    QJsonArray rows() {
+        QJsonArray rows;
+        for (int row = 0; row < driver.list().count(); ++row) {
+            const Clip& clip = driver.clip(row);
+            const QString name = clip.video ? clip.video->shortFileName() : QString();
+            rows.append(
+                QJsonArray{name, clip.index, clip.start, clip.end, clip.status, clip.outputPath});
+        }
+        return rows;
+    }
+
     QJsonObject seen(bool isDone) {
         int lies = 0;
         for (int row = 0; row < driver.list().count(); ++row)
             lies += isLie(driver.clip(row)) ? 1 : 0;
-        return {{"done", isDone},
-                {"setup", driver.setup.isVisible()},
-                {"clips", driver.list().count()},
-                {"waiting", countOf(Clip::Exporting) + countOf(Clip::Queued)},
-                {"exported", countOf(Clip::Exported)},
-                {"failed", countOf(Clip::ExportFailed)},
-                {"lies", lies},
-                {"boxes", std::exchange(boxes, 0)},
-                {"freeze", std::exchange(longestFreeze, 0)},
-                {"peak", takePeakMemory()}};
+        QJsonObject seen{{"done", isDone},
+                         {"offered", offer() && offer()->isVisible() && offer()->isEnabled()},
+                         {"reading", offer() && offer()->isVisible() && !offer()->isEnabled()},
+                         {"setup", driver.setup.isVisible()},
+                         {"clips", driver.list().count()},
+                         {"waiting", countOf(Clip::Exporting) + countOf(Clip::Queued)},
+                         {"exported", countOf(Clip::Exported)},
+                         {"failed", countOf(Clip::ExportFailed)},
+                         {"lies", lies},
+                         {"boxes", std::exchange(boxes, 0)},
+                         {"freeze", std::exchange(longestFreeze, 0)},
+                         {"peak", takePeakMemory()}};
+        if (std::exchange(isListAsked, false))
+            seen.insert("rows", rows());
+        return seen;
     }
 
     void answer(bool isDone) {
@@ -180,6 +207,7 @@ private:
     qint64 waitLimit = -1; // milliseconds; negative when nothing is waited for
     qint64 longestFreeze = 0;
     int boxes = 0;
+    bool isListAsked = false;
 };
 
 } // namespace
@@ -190,6 +218,8 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName("kestrova-windowdriver");
     keepToolkitThread();
     MainWindowDriver driver;
+    if (QCoreApplication::arguments().contains("session"))
+        driver.window.keepSession();
     driver.window.show();
     const CommandReader reader(driver);
     return QApplication::exec();

@@ -21,11 +21,29 @@ class WindowError(Exception):
 
 
 class Window:
-    """A run of windowdriver with settings, an export folder and an encoder of its own."""
+    """A run of windowdriver with settings, an export folder and an encoder of its own.
 
-    def __init__(self, preset, folder, encoder="good", automatic=False, env=None):
-        self.folder = common.fresh_folder(folder)
+    With `session` it keeps what is listed, and goes by what earlier ones have left in the folder.
+    """
+
+    def __init__(self, preset, folder, encoder="good", automatic=False, env=None, session=False):
+        self.folder = folder if session and folder.exists() else common.fresh_folder(folder)
         self.clips = self.folder / "clips"
+        self.encoder = None
+        if not self.clips.exists():
+            self.furnish(preset, encoder, automatic)
+        self.errors = tempfile.TemporaryFile()
+        self.begin = time.monotonic()
+        self.process = common.start(
+            [self.folder / "windowdriver", *(["session"] if session else [])],
+            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=self.errors,
+            env=common.environment(XDG_CACHE_HOME=str(self.folder / "cache"),
+                                   XDG_CONFIG_HOME=str(self.folder / "config"),
+                                   XDG_DATA_HOME=str(self.folder / "data"),
+                                   XDG_RUNTIME_DIR=str(self.folder), **(env or {})))
+        self.received = b""
+
+    def furnish(self, preset, encoder, automatic):
         self.clips.mkdir()
         programs = common.program_folder(preset)
         driver = common.ROOT / f"build/{preset}/tests/beside_encoder/windowdriver/windowdriver"
@@ -36,14 +54,6 @@ class Window:
         (settings / "kestrova-windowdriver.conf").write_text(
             f"[General]\nexport_dir={self.clips}\nexport_minimum=1\n"
             f"do_export={str(automatic).lower()}\n")
-        self.errors = tempfile.TemporaryFile()
-        self.begin = time.monotonic()
-        self.process = common.start(
-            [self.folder / "windowdriver"], stdin=subprocess.PIPE, stdout=subprocess.PIPE,
-            stderr=self.errors,
-            env=common.environment(XDG_CONFIG_HOME=str(self.folder / "config"),
-                                   XDG_RUNTIME_DIR=str(self.folder), **(env or {})))
-        self.received = b""
 
     def send(self, *words):
         try:
