@@ -35,6 +35,7 @@ private Q_SLOTS:
     void whatIsExportedStaysAfterUndo();
     void numbersAreNeverUsedAgain();
     void forAll();
+    void searchedAgain();
     void runningJobsAreLeftAlone();
     void optionsAreKept();
     void nothingIsExportedByItself();
@@ -236,6 +237,31 @@ void TestClipReplacement::forAll() {
     undo().click(); // both at once
     QCOMPARE(clips(), before);
     QVERIFY(!undo().isEnabled());
+}
+
+/// Both jobs write into one folder, and no file may be overwritten.
+void TestClipReplacement::searchedAgain() {
+    Video* first = searched(newJob(), 8);
+    JobRecord again = first->record();
+    again.state = Video::Waiting;
+    auto* second = new Video(again);
+    searched(second, 8);
+    QCOMPARE(numbers(), QList<int>({8, 9, 10, 11, 12, 13, 14, 15}));
+    showDock(second);
+    driver->part<QDoubleSpinBox>("spinBoxMinimum").setValue(2.0);
+    driver->click("pushButtonUseForAll");
+    QTRY_COMPARE_WITH_TIMEOUT(times(), ofMinimum2, longMilliseconds);
+    QTest::qWait(300); // no clips of the first one come
+    QCOMPARE(numbers(), QList<int>({16, 17, 18}));
+    showDock(first);
+    second->state = Video::Running; // as if it were searched once more
+    use(2.0);
+    QTRY_COMPARE(message(),
+                 QString("gate.avi: it is being searched again, and its clips stay as they are"));
+    second->state = Video::Finished;
+    use(2.0);
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 6, longMilliseconds);
+    QCOMPARE(first->nextClipNumber, 22);
 }
 
 void TestClipReplacement::runningJobsAreLeftAlone() {
