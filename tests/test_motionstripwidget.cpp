@@ -43,6 +43,7 @@ private Q_SLOTS:
     void keysScrollAndZoom();
     void keysMoveTheThreshold();
     void thresholdIsDragged();
+    void flashesEndAtTheEdge();
     void growsAlong();
     void staysWhereItWasZoomed();
     void isDescribed();
@@ -253,6 +254,20 @@ void TestMotionStripWidget::thresholdIsDragged() {
     mouse::move(*strip->viewport(), {160, 5000});
     QCOMPARE(chosen.last()[0].toDouble(), 0.0);
     mouse::release(*strip->viewport(), {160, line});
+}
+
+/// Or else one of them would leave no room for all other motion.
+void TestMotionStripWidget::flashesEndAtTheEdge() {
+    strip->setMotion(motionAt(30, 200.0F), QString());
+    const QVector<int> flash = columnsWith(qRgb(0, 0, 0), middle());
+    QVERIFY(!flash.isEmpty());
+    QSignalSpy chosen(strip.get(), SIGNAL(thresholdChosen(double)));
+    strip->setThreshold(10.0, 10.0, 0.1); // its line is at the edge
+    mouse::press(*strip->viewport(), {160, strip->fontMetrics().height() / 2});
+    mouse::move(*strip->viewport(), {160, 5000});
+    mouse::release(*strip->viewport(), {160, 5000});
+    QCOMPARE(chosen.count(), 1);
+    QCOMPARE(chosen[0][0].toDouble(), 0.0);
 }
 
 void TestMotionStripWidget::growsAlong() {

@@ -122,7 +122,7 @@ void MotionStripWidget::paintThreshold(QPainter& painter) const {
     painter.drawLine(QPointF(graph().left(), y), QPointF(graph().right(), y));
 }
 
-/// The strongest and the threshold, unless they would cover each other.
+/// The strongest that there is room for and the threshold, unless they would cover each other.
 void MotionStripWidget::paintValues(QPainter& painter) const {
     const double height = textHeight;
     const auto write = [&](double value) {
@@ -133,7 +133,7 @@ void MotionStripWidget::paintValues(QPainter& painter) const {
     painter.setPen(palette().color(QPalette::Link));
     write(threshold);
     painter.setPen(palette().color(QPalette::Text));
-    const auto strongest = double(motion->strongest());
+    const double strongest = std::min(double(motion->strongest()), top());
     if (std::abs(yOf(strongest) - yOf(threshold)) > height)
         write(strongest);
 }

@@ -214,8 +214,10 @@ double MotionStripWidget::motionAt(double y) const {
     return height * height * top();
 }
 
-/// Room for the strongest motion, and for the line below the edge.
+/// Room for the strongest motion and for the line below the edge, but none for flashes of light
+/// that no threshold reaches: they end at the edge.
 double MotionStripWidget::top() const {
     constexpr double least = 0.01;
-    return std::max({motion ? double(motion->strongest()) : 0.0, 2.0 * threshold, least});
+    const double strongest = motion ? double(motion->strongest()) : 0.0;
+    return std::min(std::max({strongest, 2.0 * threshold, least}), highestThreshold);
 }
