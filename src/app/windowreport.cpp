@@ -138,7 +138,7 @@ private:
         for (int i = 0; i < series.times.size(); ++i)
             reported.add(series.times[i] - stream.origin, series.scores[i]);
         reported.seconds = std::max(reported.seconds, job.facts.seconds);
-        const QString failure = addClips(recording, series, reported);
+        QString failure = addClips(recording, series, reported);
         report.recordings.push_back(reported);
         return failure;
     }
@@ -149,7 +149,7 @@ private:
         for (const auto& listedClip : recording.clips) {
             ReportedClip clip = listedClip.reported;
             clip.strength = strengthOf(clip, series, recording.job.facts.stream.origin);
-            const QString failure = writePicture(listedClip.picture, beginning, clip);
+            QString failure = writePicture(listedClip.picture, beginning, clip);
             if (!failure.isEmpty())
                 return failure;
             reported.clips.append(clip);
