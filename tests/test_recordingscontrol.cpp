@@ -148,13 +148,16 @@ void TestRecordingsControl::hiddenClipsAreNotRemovedUnseen() {
     Video* first = failedJob();
     Video* second = failedJob();
     announceClips(first, 1);
-    announceClips(second, 1);
-    QTRY_COMPARE(driver->list().count(), 2);
+    announceClips(second, 2);
+    QTRY_COMPARE(driver->list().count(), 3);
     driver->list().selectAll();
+    QSignalSpy selections(&driver->list(), SIGNAL(itemSelectionChanged()));
     Q_EMIT dock().onlyThisAsked(first);
+    QCOMPARE(driver->list().selectedItems().size(), 1);
+    QCOMPARE(selections.size(), 1);
     driver->trigger("actionRemoveSelected");
     Q_EMIT dock().onlyThisAsked(nullptr);
-    QCOMPARE(driver->list().count(), 1);
+    QCOMPARE(driver->list().count(), 2);
     QCOMPARE(driver->clip(0).video.data(), second);
 }
 

@@ -34,6 +34,7 @@ void ListFilter::apply() {
     const QList<Clip*> clips = list.clips();
     for (Clip* clip : clips)
         judge(*clip);
+    deselectHidden();
 }
 
 void ListFilter::judgeNew(const QModelIndex&, int first, int last) {
@@ -46,6 +47,21 @@ void ListFilter::judge(Clip& clip) {
                                      [&clip](const auto& test) { return test.second(clip); });
     if (clip.isHidden() == isShown)
         clip.setHidden(!isShown);
-    if (!isShown)
-        clip.setSelected(false); // nobody sees it, so nothing must be done with it
+}
+
+/// Nobody sees them, so nothing must be done with them. All at once: each change of the selection
+/// is told to many.
+void ListFilter::deselectHidden() {
+    QItemSelection hidden;
+    for (int row = 0; isActive() && row < list.count(); ++row) {
+        const QModelIndex index = list.model()->index(row, 0);
+        if (!list.isRowHidden(row))
+            continue;
+        if (!hidden.isEmpty() && hidden.last().bottom() == row - 1)
+            hidden.last() = QItemSelectionRange(hidden.last().topLeft(), index);
+        else
+            hidden.append(QItemSelectionRange(index));
+    }
+    if (list.selectionModel()->hasSelection())
+        list.selectionModel()->select(hidden, QItemSelectionModel::Deselect);
 }

@@ -42,6 +42,7 @@ private Q_SLOTS:
 
 private:
     void judge(Clip& clip);
+    void deselectHidden();
 
     ClipListWidget& list;
     std::map<QString, Test> tests;
