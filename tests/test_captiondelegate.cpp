@@ -56,6 +56,7 @@ private Q_SLOTS:
     void longNamesAreNoWiderThanThePicture();
     void allOfALongNameIsSeen();
     void spacesAreBrokenAtFirst();
+    void joinedClipsHaveABracket();
 };
 
 void TestCaptionDelegate::shortNamesAreShownAsEver_data() {
@@ -118,6 +119,30 @@ void TestCaptionDelegate::spacesAreBrokenAtFirst() {
     const int line = list.fontMetrics().height();
     QVERIFY(list.place().height() >= alone.place().height());
     QVERIFY(list.place().height() <= alone.place().height() + 2 * line);
+}
+
+/// Two items of one group, one of another and one of none.
+void TestCaptionDelegate::joinedClipsHaveABracket() {
+    ClipList list("garden.mp4" + secondLine, QSize(320, 240));
+    for (int i = 0; i < 3; ++i)
+        list.addItem(list.item(0)->clone());
+    list.resize(1800, 500);
+    list.item(0)->setData(joinedRole, 1);
+    list.item(1)->setData(joinedRole, 1);
+    list.item(2)->setData(joinedRole, 2);
+    const QImage shown = list.viewport()->grab().toImage();
+    const QColor color = list.palette().color(QPalette::Highlight);
+    const auto isBracket = [&](int row, bool isAtEnd, int down) {
+        const QRect place = list.visualItemRect(list.item(row));
+        return shown.pixelColor(isAtEnd ? place.right() : place.left(), place.top() + down) ==
+               color;
+    };
+    for (int row = 0; row < 3; ++row)
+        QVERIFY(isBracket(row, false, 0) && isBracket(row, true, 0));
+    QVERIFY(isBracket(0, false, 10) && !isBracket(0, true, 10));
+    QVERIFY(!isBracket(1, false, 10) && isBracket(1, true, 10));
+    QVERIFY(isBracket(2, false, 10) && isBracket(2, true, 10));
+    QVERIFY(!isBracket(3, false, 0) && !isBracket(3, true, 0));
 }
 
 QTEST_MAIN(TestCaptionDelegate)

@@ -23,14 +23,13 @@ AreaBar::AreaBar(QWidget* parent)
     allOfCamera->setToolTip(tr("For all recordings whose pictures have the same size"));
     label->setObjectName(QStringLiteral("labelArea"));
     label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    label->setWordWrap(true);
     auto* layout = new QGridLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(draw, 0, 0);
     layout->addWidget(freeShape, 0, 1);
     layout->addWidget(clear, 0, 2);
-    layout->addWidget(label, 0, 3);
     layout->addWidget(allOfCamera, 1, 0, 1, 4);
+    layout->addWidget(label, 2, 0, 1, 4);
     layout->setColumnStretch(3, 1);
     connect(draw, SIGNAL(toggled(bool)), SIGNAL(drawingAsked(bool)));
     connect(freeShape, SIGNAL(toggled(bool)), SIGNAL(freeShapeAsked(bool)));
@@ -40,6 +39,7 @@ AreaBar::AreaBar(QWidget* parent)
 
 void AreaBar::setText(const QString& text) {
     label->setText(text);
+    label->setToolTip(text); // it may be cut off
 }
 
 void AreaBar::setDrawing(bool isDrawing) {
