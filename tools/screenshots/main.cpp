@@ -132,7 +132,8 @@ bool takeAll(const QDir& images) {
 int main(int argc, char* argv[]) {
     const QTemporaryDir home;
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    qputenv("XDG_CONFIG_HOME", QFile::encodeName(home.path()));
+    for (const char* folder : {"XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
+        qputenv(folder, QFile::encodeName(home.path()));
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
     const QApplication application(argc, argv);
     if (argc != 2)

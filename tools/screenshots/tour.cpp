@@ -10,6 +10,7 @@
 #include "media.h"
 #include "visitors.h"
 
+#include <QDockWidget>
 #include <QMessageBox>
 #include <QPainter>
 #include <QProgressBar>
@@ -21,6 +22,7 @@
 namespace {
 
 constexpr int longMilliseconds = 120000;
+constexpr int pictureMilliseconds = 3000; // until the player shows one, and the strip is there
 const char recording[] = "yard-sunday.mp4";
 
 /// Someone in a striped pullover.
@@ -96,6 +98,22 @@ bool finishExports(MainWindowDriver& driver, EncoderStand& encoder) {
         [&] { return Clip::exportQueueLength() == 0 && status.currentMessage().isEmpty(); });
 }
 
+/// All docks, with a clip in the player.
+bool takeDocks(MainWindowDriver& driver, const QDir& images) {
+    const QSize size = driver.window.size();
+    driver.window.resize(1400, 900);
+    for (const char* dock : {"dockRecordings", "dockMotion", "dockPlayer"})
+        driver.part<QDockWidget>(dock).show();
+    driver.list().setCurrentRow(1);
+    QTest::qWait(pictureMilliseconds);
+    const bool isTaken = take(driver.window, images, "docks.png");
+    for (const char* dock : {"dockRecordings", "dockMotion", "dockPlayer"})
+        driver.part<QDockWidget>(dock).hide();
+    driver.list().clearSelection();
+    driver.window.resize(size);
+    return isTaken;
+}
+
 bool takeAbout(MainWindowDriver& driver, const QDir& images) {
     bool isTaken = false;
     const DialogAnswer<QMessageBox> answer([&](QMessageBox& box) {
@@ -120,7 +138,8 @@ bool takeTour(const QDir& images) {
         makeTourRecording() && take(driver.window, images, "start.png") && detect(driver) &&
         take(driver.window, images, "detecting.png") && queueExports(driver, encoder) &&
         take(driver.window, images, "exporting.png") && finishExports(driver, encoder) &&
-        take(driver.window, images, "exported.png") && takeAbout(driver, images);
+        take(driver.window, images, "exported.png") && takeDocks(driver, images) &&
+        takeAbout(driver, images);
     // Exports change it.
     return QDir::setCurrent(directory) && isTaken;
 }
