@@ -154,6 +154,7 @@ void TestPlayer::firstPictureIsShown() {
     QTRY_COMPARE_WITH_TIMEOUT(number(), 20, longMilliseconds);
     QVERIFY(!dock->isPlaying());
     QCOMPARE(dock->windowTitle(), QString("Player: plain.mkv #3"));
+    QCOMPARE(dock->toggleViewAction()->text(), QString("Player"));
     QTRY_COMPARE(part<QLabel>("labelPosition").text(), QString("0:00:00 / 0:00:02"));
     QTest::qWait(200);
     QCOMPARE(number(), 20);

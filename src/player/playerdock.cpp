@@ -9,6 +9,7 @@
 #include "playback.h"
 #include "playerview.h"
 
+#include <QAction>
 #include <QVBoxLayout>
 
 PlayerDock::PlayerDock(QWidget* parent)
@@ -33,6 +34,7 @@ PlayerDock::~PlayerDock() = default;
 void PlayerDock::setClip(const PlayedClip& clip, bool isPlaying) {
     const QString name = tr("Player");
     setWindowTitle(clip.label.isEmpty() ? name : name + QStringLiteral(": ") + clip.label);
+    toggleViewAction()->setText(name); // it takes the title otherwise
     view->setClip(clip, isPlaying);
 }
 

@@ -82,6 +82,13 @@ void MpvHandle::observe(const char* property, mpv_format format) {
     library.observeProperty(handle, 0, property, format);
 }
 
+bool MpvHandle::hasNewPicture() const {
+    mpv_render_frame_info info{};
+    library.getInfo(render, {MPV_RENDER_PARAM_NEXT_FRAME_INFO, &info});
+    return (info.flags & MPV_RENDER_FRAME_INFO_PRESENT) != 0 &&
+           (info.flags & MPV_RENDER_FRAME_INFO_REDRAW) == 0;
+}
+
 const mpv_event* MpvHandle::nextEvent() {
     const mpv_event* event = library.waitEvent(handle, 0.0);
     return event->event_id == MPV_EVENT_NONE ? nullptr : event;

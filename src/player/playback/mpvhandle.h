@@ -36,6 +36,9 @@ public:
     void ask(const char* property, mpv_format format, quint64 id);
     void observe(const char* property, mpv_format format);
 
+    /// Whether the picture to be drawn now is another one than the last.
+    bool hasNewPicture() const;
+
     /// The next event; null where none waits. Valid until the next call.
     const mpv_event* nextEvent();
 

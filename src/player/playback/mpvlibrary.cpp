@@ -36,6 +36,7 @@ bool resolveRender(QLibrary& file, MpvLibrary& mpv) {
            resolve(file, "mpv_render_context_free", mpv.freeRender) &&
            resolve(file, "mpv_render_context_set_update_callback", mpv.setUpdateCallback) &&
            resolve(file, "mpv_render_context_update", mpv.update) &&
+           resolve(file, "mpv_render_context_get_info", mpv.getInfo) &&
            resolve(file, "mpv_render_context_render", mpv.render);
 }
 

@@ -27,6 +27,7 @@ struct MpvLibrary {
     decltype(&mpv_render_context_free) freeRender;
     decltype(&mpv_render_context_set_update_callback) setUpdateCallback;
     decltype(&mpv_render_context_update) update;
+    decltype(&mpv_render_context_get_info) getInfo;
     decltype(&mpv_render_context_render) render;
 
     /// Null where it is not installed, or not whole. Any thread; takes a while the first time.

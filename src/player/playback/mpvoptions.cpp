@@ -66,7 +66,8 @@ constexpr std::array wished = {
     Option{"embeddedfonts", "no"},
     Option{"audio-display", "no"},
     Option{"audio-client-name", "Kestrova"},
-    Option{"vd-lavc-threads", "4"}, // each more keeps pictures
+    Option{"ao", "pipewire,pulse,alsa"}, // others start servers of their own
+    Option{"vd-lavc-threads", "4"},      // each more keeps pictures
 };
 
 } // namespace

@@ -182,6 +182,7 @@ void MpvPlayer::setLoop() {
 void MpvPlayer::seekTo(double seconds, quint64 id) {
     // What is below zero counts from the end.
     target = std::max(first + std::max(seconds, 0.0), 0.0);
+    drawNewest(); // what comes from now on is of this search
     hasPicture = false;
     player->command({"seek", numberText(target), "absolute+exact"}, id);
 }
@@ -307,7 +308,8 @@ bool MpvPlayer::searchFromEarlier(quint64 id) {
 void MpvPlayer::takeEnd(bool isReached) {
     isAtEnd = isReached;
     drawNewest();
-    const bool isLost = isAtEnd && !hasPicture;
+    constexpr double nearEnd = 1.0;
+    const bool isLost = isAtEnd && (!hasPicture || time + nearEnd < length);
     if (stage == Stage::Seeking && isAtEnd && !(isLost && searchFromEarlier(forClip)))
         show();
     else if (stage == Stage::Shown && isLost)
@@ -361,7 +363,7 @@ void MpvPlayer::drawNewest() {
     const bool isNew =
         player && player->picture() &&
         (player->functions().update(player->picture()) & MPV_RENDER_UPDATE_FRAME) != 0;
-    hasPicture = hasPicture || isNew;
+    hasPicture = hasPicture || (isNew && player->hasNewPicture());
     if (isNew && stage == Stage::Shown)
         draw();
     else if (isNew)
