@@ -130,8 +130,9 @@ void TestCaptionDelegate::joinedClipsHaveABracket() {
     list.item(0)->setData(joinedRole, 1);
     list.item(1)->setData(joinedRole, 1);
     list.item(2)->setData(joinedRole, 2);
+    QCoreApplication::processEvents(); // lays them out
     const QImage shown = list.viewport()->grab().toImage();
-    const QColor color = list.palette().color(QPalette::Highlight);
+    const QColor color = list.palette().color(QPalette::Active, QPalette::Highlight);
     const auto isBracket = [&](int row, bool isAtEnd, int down) {
         const QRect place = list.visualItemRect(list.item(row));
         return shown.pixelColor(isAtEnd ? place.right() : place.left(), place.top() + down) ==

@@ -72,5 +72,5 @@ void CaptionDelegate::paint(QPainter* painter, const QStyleOptionViewItem& optio
     const QModelIndex before = index.siblingAtRow(index.row() - 1);
     const QModelIndex behind = index.siblingAtRow(index.row() + 1);
     paintBracket(*painter, option.rect, !isJoined(index, before), !isJoined(index, behind),
-                 option.palette.color(QPalette::Highlight));
+                 option.palette.color(QPalette::Active, QPalette::Highlight));
 }
