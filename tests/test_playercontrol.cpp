@@ -121,7 +121,7 @@ void TestPlayerControl::chosenClipIsShown() {
 }
 
 void TestPlayerControl::chosenClipGoesOnPlaying() {
-    control->play(*clip(0));
+    control->play(clip(0));
     QTRY_VERIFY_WITH_TIMEOUT(dock->isPlaying(), longMilliseconds);
     clip(1)->setSelected(true); // one more
     QTest::qWait(200);
@@ -131,7 +131,7 @@ void TestPlayerControl::chosenClipGoesOnPlaying() {
 
 void TestPlayerControl::clipIsPlayedOnDemand() {
     QVERIFY(dock->isHidden());
-    control->play(*clip(2));
+    control->play(clip(2));
     QVERIFY(dock->isVisible());
     QTRY_VERIFY_WITH_TIMEOUT(dock->isPlaying(), longMilliseconds);
     QCOMPARE(list->currentRow(), 2);
@@ -142,7 +142,7 @@ void TestPlayerControl::clipIsPlayedOnDemand() {
 
 void TestPlayerControl::nextAndPreviousSkipWhatIsHidden() {
     clip(1)->setHidden(true);
-    control->play(*clip(0));
+    control->play(clip(0));
     QTRY_VERIFY_WITH_TIMEOUT(dock->isPlaying(), longMilliseconds);
     QTest::keyClick(dock->picture(), Qt::Key_N);
     QCOMPARE(list->currentRow(), 2);
@@ -160,7 +160,7 @@ void TestPlayerControl::nextAndPreviousSkipWhatIsHidden() {
 }
 
 void TestPlayerControl::removedClipIsLetGo() {
-    control->play(*clip(0));
+    control->play(clip(0));
     QTRY_VERIFY_WITH_TIMEOUT(dock->isPlaying(), longMilliseconds);
     list->selectAll();
     list->removeSelected();
@@ -170,7 +170,7 @@ void TestPlayerControl::removedClipIsLetGo() {
 
 void TestPlayerControl::vanishedRecordingIsTold() {
     QVERIFY(QFile::remove(file));
-    control->play(*clip(0));
+    control->play(clip(0));
     auto* outside = dock->findChild<QPushButton*>("buttonOpenOutside");
     QTRY_VERIFY_WITH_TIMEOUT(outside->isVisible(), longMilliseconds);
     QCOMPARE(dock->picture()->accessibleDescription(),
@@ -183,7 +183,7 @@ void TestPlayerControl::changedRecordingIsTold() {
     QVERIFY(recording.open(QIODevice::Append));
     recording.write("more");
     recording.close();
-    control->play(*clip(0));
+    control->play(clip(0));
     auto* outside = dock->findChild<QPushButton*>("buttonOpenOutside");
     QTRY_VERIFY_WITH_TIMEOUT(outside->isVisible(), longMilliseconds);
     QCOMPARE(dock->picture()->accessibleDescription(),
