@@ -69,21 +69,24 @@ QImage decoded(QByteArray png) {
 PictureShelf::PictureShelf(const QString& folder)
     : folder(folder) {}
 
-QString PictureShelf::put(const QImage& picture, QString& failure) {
+QString PictureShelf::nameOf(const QImage& picture) {
     if (picture.isNull())
         return {};
-    list();
-    QString& name = nameOf[picture.cacheKey()];
+    QString& name = names[picture.cacheKey()];
     if (name.isEmpty())
         name = nameFor(picture);
-    if (onDisk.contains(name))
-        return name;
-    const QString reason = writeWholeFile(pathOf(name), pngOf(picture));
-    if (reason.isEmpty())
-        onDisk.insert(name);
-    else
-        failure = reason;
     return name;
+}
+
+QString PictureShelf::put(const QImage& picture) {
+    list();
+    const QString name = nameOf(picture);
+    if (name.isEmpty() || onDisk.contains(name))
+        return {};
+    const QString failure = writeWholeFile(pathOf(name), pngOf(picture));
+    if (failure.isEmpty())
+        onDisk.insert(name);
+    return failure;
 }
 
 QImage PictureShelf::take(const QString& name) {
@@ -92,24 +95,24 @@ QImage PictureShelf::take(const QString& name) {
     const QImage picture = decoded(bytesOf(pathOf(name)));
     if (picture.isNull() || nameFor(picture) != name)
         return {};
-    nameOf[picture.cacheKey()] = name;
+    names[picture.cacheKey()] = name;
     return picture;
 }
 
-void PictureShelf::keepOnly(const QSet<QString>& names) {
+void PictureShelf::keepOnly(const QSet<QString>& wanted) {
     list();
-    const QSet<QString> others = onDisk - names;
+    const QSet<QString> others = onDisk - wanted;
     for (const QString& name : others)
         QFile::remove(pathOf(name));
     onDisk -= others;
-    for (auto it = nameOf.begin(); it != nameOf.end();)
-        it = names.contains(*it) ? std::next(it) : nameOf.erase(it);
+    for (auto it = names.begin(); it != names.end();)
+        it = wanted.contains(*it) ? std::next(it) : names.erase(it);
 }
 
 void PictureShelf::list() {
     if (isListed)
         return;
     isListed = true;
-    const QStringList names = QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System);
-    onDisk = QSet<QString>(names.cbegin(), names.cend());
+    const QStringList found = QDir(folder).entryList(QDir::Files | QDir::Hidden | QDir::System);
+    onDisk = QSet<QString>(found.cbegin(), found.cend());
 }

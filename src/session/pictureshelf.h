@@ -15,15 +15,18 @@ class PictureShelf {
 public:
     explicit PictureShelf(const QString& folder);
 
-    /// Puts a picture there, in a folder that exists, and answers its name; empty for a null one.
-    /// Where it cannot be written `failure` says why, for a person, and is else left alone.
-    QString put(const QImage& picture, QString& failure);
+    /// The name that a picture has there, or would have; empty for a null one.
+    QString nameOf(const QImage& picture);
+
+    /// Puts a picture there, in a folder that exists. Answers why it cannot be written, for a
+    /// person; empty after a success, and where it is there already.
+    QString put(const QImage& picture);
 
     /// Null where it is missing, damaged or none of ours.
     QImage take(const QString& name);
 
     /// Removes all files but these.
-    void keepOnly(const QSet<QString>& names);
+    void keepOnly(const QSet<QString>& wanted);
 
 private:
     QString pathOf(const QString& name) const { return folder + '/' + name; }
@@ -31,6 +34,6 @@ private:
 
     QString folder;
     bool isListed = false;
-    QSet<QString> onDisk;          ///< names, once they are listed
-    QHash<qint64, QString> nameOf; ///< by QImage::cacheKey
+    QSet<QString> onDisk;         ///< names, once they are listed
+    QHash<qint64, QString> names; ///< by QImage::cacheKey
 };

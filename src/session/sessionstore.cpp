@@ -8,6 +8,7 @@
 #include "video.h"
 #include "writing.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFileInfo>
 
@@ -15,6 +16,7 @@
 
 namespace {
 
+constexpr int longestPicturesMilliseconds = 500;
 constexpr qint64 mostIndexBytes = qint64(1) << 30;
 
 /// Left over by a program that was killed while it wrote.
@@ -95,19 +97,35 @@ QString SessionStore::save(const SavedSession& session) {
         return whyNotKept;
     if (!QDir().mkpath(folder + QStringLiteral("/pictures")))
         return lastReason();
-    SessionIndex index{session, {}, {}};
+    const SessionIndex index = indexOf(session);
     failure = putPictures(index);
     return failure.isEmpty() && !isGivenUp ? write(index) : failure;
 }
 
-QString SessionStore::putPictures(SessionIndex& index) {
+SessionIndex SessionStore::indexOf(const SavedSession& session) {
+    SessionIndex index{session, {}, {}};
+    for (const JobRecord& job : session.jobs)
+        index.masks.append(pictures.nameOf(job.mask));
+    for (const SavedClip& clip : session.clips)
+        index.snapshots.append(pictures.nameOf(clip.snapshot));
+    return index;
+}
+
+/// Thousands of clips can come at once, and their pictures take a while. A program that is killed
+/// meanwhile loses pictures then, but no clip.
+QString SessionStore::putPictures(const SessionIndex& index) {
     QString failure;
-    for (const JobRecord& job : qAsConst(index.session.jobs))
-        index.masks.append(pictures.put(job.mask, failure));
-    for (const SavedClip& clip : qAsConst(index.session.clips)) {
-        if (isGivenUp)
+    for (const JobRecord& job : index.session.jobs)
+        failure = failure.isEmpty() ? pictures.put(job.mask) : failure;
+    QDeadlineTimer patience(longestPicturesMilliseconds);
+    for (const SavedClip& clip : index.session.clips) {
+        if (!failure.isEmpty() || isGivenUp)
             break;
-        index.snapshots.append(pictures.put(clip.snapshot, failure));
+        failure = pictures.put(clip.snapshot);
+        if (failure.isEmpty() && patience.hasExpired()) {
+            failure = write(index);
+            patience = QDeadlineTimer(QDeadlineTimer::Forever);
+        }
     }
     return failure;
 }

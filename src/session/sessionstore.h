@@ -48,7 +48,8 @@ public:
 
 private:
     QString takeHold();
-    QString putPictures(SessionIndex& index);
+    SessionIndex indexOf(const SavedSession& session);
+    QString putPictures(const SessionIndex& index);
     QString write(const SessionIndex& index);
     void putAside(LastSession& found);
     QString indexPath() const { return folder + QStringLiteral("/index"); }

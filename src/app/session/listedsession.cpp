@@ -38,11 +38,12 @@ SavedSession listedSession(const DetectionQueue& queue, const ClipListWidget& li
         places.insert(job, session.jobs.size());
         session.jobs.append(job->record());
     }
-    const QList<Clip*> clips = list.clips();
-    for (const Clip* clip : clips) {
-        const int place = places.value(clip->video, -1);
+    session.clips.reserve(list.count());
+    for (int row = 0; row < list.count(); ++row) {
+        const auto& clip = static_cast<const Clip&>(*list.item(row));
+        const int place = places.value(clip.video, -1);
         if (place >= 0)
-            session.clips.append(saved(*clip, place));
+            session.clips.append(saved(clip, place));
     }
     return session;
 }
