@@ -133,7 +133,7 @@ void ClipMenu::addListMenu() {
     addFormat("actionListM3u", tr("Playlist for VLC (M3U)"), ClipList::M3u);
     addFormat("actionListMpv", tr("Edit list for mpv"), ClipList::Mpv);
     addFormat("actionListEdl", tr("Edit decision list (CMX 3600)"), ClipList::Edl);
-    addFormat("actionListMlt", tr("Project for Shotcut and Kdenlive (MLT)"), ClipList::Mlt);
+    addFormat("actionListMlt", tr("Project for video editors (MLT)"), ClipList::Mlt);
     addFormat("actionListCuts", tr("Cut list"), ClipList::Cuts);
 }
 
