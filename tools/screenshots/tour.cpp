@@ -63,7 +63,7 @@ bool take(QWidget& widget, const QDir& images, const char* name) {
 }
 
 bool detect(MainWindowDriver& driver) {
-    driver.setup.addFile(recording);
+    driver.setup.addFile(QDir::current().absoluteFilePath(recording)); // exports change the folder
     driver.setupPart<QLineEdit>("lineEditDir").setText(QDir::currentPath());
     driver.clickSetup("pushButtonAdd");
     const auto& bar = driver.part<QProgressBar>("progressBar");
