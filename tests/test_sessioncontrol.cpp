@@ -82,6 +82,7 @@ void TestSessionControl::initTestCase() {
 
 void TestSessionControl::init() {
     open();
+    QSettings().setValue("kept_values_mb", 0); // what is listed at once cannot be interrupted
     qputenv("XDG_DATA_HOME", QFile::encodeName(folder->filePath("data")));
     driver->window.keepSession();
 }
@@ -401,7 +402,7 @@ void TestSessionControl::manyClipsComeALittleAtATime() {
         });
     });
     QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 3000, longMilliseconds);
-    QVERIFY2(steps > 3, qPrintable(QString::number(steps))); // the window answered between
+    QVERIFY2(steps > 1, qPrintable(QString::number(steps))); // the window answered between
     QTRY_COMPARE_WITH_TIMEOUT(last, 3000, longMilliseconds);
 }
 
