@@ -341,7 +341,7 @@ void TestSessionControl::cancelCanBeTakenBack() {
     QCOMPARE(captions.size(), driver->list().count());
     const QVector<SeenClip> before = seen();
     goOn();
-    QTRY_COMPARE(driver->list().count(), before.size());
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), before.size(), longMilliseconds);
     QVERIFY(seen() == before);
     QVERIFY(!driver->action("actionCancel").isEnabled());
 }
