@@ -33,7 +33,7 @@ PlayerDock::~PlayerDock() = default;
 
 void PlayerDock::setClip(const PlayedClip& clip, bool isPlaying) {
     const QString name = tr("Player");
-    setWindowTitle(clip.label.isEmpty() ? name : name + QStringLiteral(": ") + clip.label);
+    setWindowTitle(clip.label.isEmpty() ? name : tr("Player: %1").arg(clip.label));
     toggleViewAction()->setText(name); // it takes the title otherwise
     view->setClip(clip, isPlaying);
 }

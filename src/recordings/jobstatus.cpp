@@ -133,5 +133,5 @@ QString JobTotals::text() const {
     append(unfinished, Words::tr("%1 to go"));
     if (parts.isEmpty())
         return {};
-    return QStringLiteral("%1: ").arg(all) + parts.join(QStringLiteral(", "));
+    return Words::tr("%1: %2").arg(QString::number(all), parts.join(QStringLiteral(", ")));
 }

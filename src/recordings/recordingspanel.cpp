@@ -40,8 +40,8 @@ RecordingsPanel::RecordingsPanel(QWidget* parent)
     , menuButton(new QToolButton(this))
     , rows(new JobTable(this))
     , totalsLabel(new QLabel(this))
-    , rest(new QPushButton(tr("Search the &rest"), this))
-    , report(new QPushButton(tr("&Save report..."), this)) {
+    , rest(new QPushButton(tr("&Search the rest"), this))
+    , report(new QPushButton(tr("Save re&port..."), this)) {
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(4, 4, 4, 4);
     addFilterLine();
