@@ -6,6 +6,8 @@
 
 #include "clip.h"
 #include "mainwindow.h"
+#include "recordingmenu.h"
+#include "searchagaindialog.h"
 #include "settingsdialog.h"
 #include "setupwindow.h"
 #include "video.h"
@@ -13,6 +15,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QDialogButtonBox>
+#include <QLabel>
 #include <QLayout>
 #include <QMenuBar>
 #include <QRegularExpression>
@@ -67,18 +70,22 @@ QStringList cutOff(const QWidget& window) {
     return names;
 }
 
-/// The letters that are pressed with Alt in the main window, each as often as it is given.
-QStringList accelerators(const MainWindow& window) {
-    QStringList keys;
-    const auto add = [&keys](const QString& text) {
-        const QKeySequence key = QKeySequence::mnemonic(text);
-        if (!key.isEmpty())
-            keys.append(key.toString());
-    };
+/// The letters that are pressed with Alt in a window or a menu, each as often as it is given.
+QStringList accelerators(const QWidget& window) {
+    QStringList texts;
     for (const auto* button : window.findChildren<QAbstractButton*>())
-        add(button->text());
-    for (const auto* action : window.menuBar()->actions())
-        add(action->text());
+        texts.append(button->text());
+    for (const auto* label : window.findChildren<QLabel*>())
+        texts.append(label->buddy() ? label->text() : QString());
+    for (const auto* bar : window.findChildren<QMenuBar*>())
+        for (const auto* action : bar->actions())
+            texts.append(action->text());
+    for (const auto* action : window.actions())
+        texts.append(action->text());
+    QStringList keys;
+    for (const QString& text : texts)
+        keys.append(QKeySequence::mnemonic(text).toString());
+    keys.removeAll({});
     return keys;
 }
 
@@ -224,12 +231,13 @@ void TestTranslation::placeholdersStay() {
         QCOMPARE(placeholders(reader.readElementText()), placeholders(english));
         compared += int(!placeholders(english).isEmpty());
     }
-    QCOMPARE(compared, 7); // a clip's caption, the clips that wait, and what job setup says
+    QVERIFY(compared > 50);
 }
 
 void TestTranslation::everyTextIsTranslated() {
     QFETCH(QString, language);
-    const QStringList alike{"AVI", "MP4", "MKV", "...", "Kestrova", "Rectangle", "Error", "OK"};
+    const QStringList alike{"AVI",       "MP4",   "MKV", "...", "Kestrova",
+                            "Rectangle", "Error", "OK",  "☰"};
     Windows english;
     speak(language);
     Windows translated;
@@ -273,9 +281,15 @@ void TestTranslation::acceleratorsAreTheirOwn() {
     QFETCH(QString, language);
     speak(language);
     const MainWindow window;
-    QStringList keys = accelerators(window);
-    QCOMPARE(keys.size(), 6); // three menus, three buttons
-    QVERIFY2(keys.removeDuplicates() == 0, qPrintable(accelerators(window).join(' ')));
+    const SearchAgainDialog again(Video("yard.mp4", {}, 1, 1, 5, 0, false, nullptr, {}, false, {}));
+    const RecordingMenu menu({}, false, nullptr);
+    // Three menus, three buttons, and what is in the docks.
+    const QVector<QPair<const QWidget*, int>> expected{{&window, 18}, {&again, 9}, {&menu, 6}};
+    for (const auto& [where, least] : expected) {
+        QStringList keys = accelerators(*where);
+        QVERIFY2(keys.size() >= least, qPrintable(keys.join(' ')));
+        QVERIFY2(keys.removeDuplicates() == 0, qPrintable(accelerators(*where).join(' ')));
+    }
 }
 
 void TestTranslation::shortcutsStay() {

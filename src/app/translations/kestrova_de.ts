@@ -184,10 +184,6 @@
         <translation>Schnittliste EDL (CMX 3600)</translation>
     </message>
     <message>
-        <source>Project for Shotcut and Kdenlive (MLT)</source>
-        <translation>Projekt für Shotcut und Kdenlive (MLT)</translation>
-    </message>
-    <message>
         <source>Cut list</source>
         <translation>Liste der Schnitte</translation>
     </message>
@@ -218,6 +214,10 @@
     <message>
         <source>%1 is no longer there</source>
         <translation>%1 ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>Project for video editors (MLT)</source>
+        <translation>Projekt für Videoeditoren (MLT)</translation>
     </message>
 </context>
 <context>

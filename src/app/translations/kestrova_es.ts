@@ -184,10 +184,6 @@
         <translation>Lista de edición EDL (CMX 3600)</translation>
     </message>
     <message>
-        <source>Project for Shotcut and Kdenlive (MLT)</source>
-        <translation>Proyecto para Shotcut y Kdenlive (MLT)</translation>
-    </message>
-    <message>
         <source>Cut list</source>
         <translation>Lista de cortes</translation>
     </message>
@@ -218,6 +214,10 @@
     <message>
         <source>%1 is no longer there</source>
         <translation>%1 ya no está</translation>
+    </message>
+    <message>
+        <source>Project for video editors (MLT)</source>
+        <translation>Proyecto para editores de vídeo (MLT)</translation>
     </message>
 </context>
 <context>

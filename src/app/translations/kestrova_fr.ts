@@ -184,10 +184,6 @@
         <translation>Liste de montage EDL (CMX 3600)</translation>
     </message>
     <message>
-        <source>Project for Shotcut and Kdenlive (MLT)</source>
-        <translation>Projet pour Shotcut et Kdenlive (MLT)</translation>
-    </message>
-    <message>
         <source>Cut list</source>
         <translation>Liste de coupes</translation>
     </message>
@@ -218,6 +214,10 @@
     <message>
         <source>%1 is no longer there</source>
         <translation>%1 n’est plus là</translation>
+    </message>
+    <message>
+        <source>Project for video editors (MLT)</source>
+        <translation>Projet pour logiciels de montage (MLT)</translation>
     </message>
 </context>
 <context>
