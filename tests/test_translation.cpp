@@ -24,6 +24,7 @@
 #include <QXmlStreamReader>
 #include <QtTest>
 
+#include <algorithm>
 #include <memory>
 #include <utility>
 
@@ -44,6 +45,11 @@ bool isValue(const QObject& object) {
            object.inherits("QProgressBar");
 }
 
+/// Signs and times are the same in every language.
+bool hasLetters(const QString& text) {
+    return std::any_of(text.begin(), text.end(), [](QChar sign) { return sign.isLetter(); });
+}
+
 /// Every text of a window, in an order that is always the same.
 QStringList textsOf(QWidget& window) {
     QStringList texts{window.windowTitle()};
@@ -53,7 +59,9 @@ QStringList textsOf(QWidget& window) {
         texts.append(object->property("toolTip").toString());
         texts.append(object->property("title").toString());
     }
-    texts.removeAll({});
+    texts.erase(std::remove_if(texts.begin(), texts.end(),
+                               [](const QString& text) { return !hasLetters(text); }),
+                texts.end());
     return texts;
 }
 
@@ -236,8 +244,7 @@ void TestTranslation::placeholdersStay() {
 
 void TestTranslation::everyTextIsTranslated() {
     QFETCH(QString, language);
-    const QStringList alike{"AVI",       "MP4",   "MKV", "...", "Kestrova",
-                            "Rectangle", "Error", "OK",  "☰"};
+    const QStringList alike{"AVI", "MP4", "MKV", "Kestrova", "Rectangle", "Error", "OK", "☰"};
     Windows english;
     speak(language);
     Windows translated;
