@@ -151,13 +151,12 @@ void PlayerView::keyPressEvent(QKeyEvent* event) {
 /// False where the key means nothing here.
 bool PlayerView::takeKey(int key) {
     constexpr double second = 1.0;
+    const bool isLeaving = key == Qt::Key_Escape && window()->isFullScreen();
     if (key == Qt::Key_N)
         Q_EMIT nextAsked();
     else if (key == Qt::Key_P)
         Q_EMIT previousAsked();
-    else if (key == Qt::Key_F || key == Qt::Key_F11)
-        Q_EMIT fullScreenAsked();
-    else if (key == Qt::Key_Escape && window()->isFullScreen())
+    else if (key == Qt::Key_F || key == Qt::Key_F11 || isLeaving)
         Q_EMIT fullScreenAsked();
     else if (!controls->isReady())
         return false;

@@ -150,7 +150,7 @@ JobFacts factsOf(JsonFields fields) {
 }
 
 QDateTime timeOf(const QString& text, bool& isGood) {
-    const QDateTime time = QDateTime::fromString(text, Qt::ISODateWithMs);
+    QDateTime time = QDateTime::fromString(text, Qt::ISODateWithMs);
     isGood = isGood && (text.isEmpty() || time.isValid());
     return time;
 }

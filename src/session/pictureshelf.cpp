@@ -83,7 +83,7 @@ QString PictureShelf::put(const QImage& picture) {
     const QString name = nameOf(picture);
     if (name.isEmpty() || onDisk.contains(name))
         return {};
-    const QString failure = writeWholeFile(pathOf(name), pngOf(picture));
+    QString failure = writeWholeFile(pathOf(name), pngOf(picture));
     if (failure.isEmpty())
         onDisk.insert(name);
     return failure;
@@ -92,7 +92,7 @@ QString PictureShelf::put(const QImage& picture) {
 QImage PictureShelf::take(const QString& name) {
     if (!isName(name))
         return {};
-    const QImage picture = decoded(bytesOf(pathOf(name)));
+    QImage picture = decoded(bytesOf(pathOf(name)));
     if (picture.isNull() || nameFor(picture) != name)
         return {};
     names[picture.cacheKey()] = name;

@@ -147,7 +147,7 @@ QString SessionStore::write(const SessionIndex& index) {
     const QByteArray bytes = sessionBytes(index);
     if (bytes == written)
         return {};
-    const QString failure = writeWholeFile(indexPath(), bytes);
+    QString failure = writeWholeFile(indexPath(), bytes);
     if (!failure.isEmpty())
         return failure;
     written = bytes;

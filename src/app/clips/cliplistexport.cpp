@@ -48,7 +48,7 @@ QString askForFile(QWidget* parent, ClipList list) {
     dialog.selectFile(QStringLiteral("clips.") + suffix);
     if (dialog.exec() != QDialog::Accepted)
         return {};
-    const QString file = dialog.selectedFiles().value(0);
+    QString file = dialog.selectedFiles().value(0);
     QSettings().setValue(folderKey, QFileInfo(file).absolutePath());
     return file;
 }

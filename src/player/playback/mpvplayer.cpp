@@ -112,7 +112,7 @@ QString MpvPlayer::start() {
 }
 
 QString MpvPlayer::load() {
-    const QString error = openFile();
+    QString error = openFile();
     if (!error.isEmpty())
         return error;
     // The demuxer that searches have, too: playlists and the like are refused as there.
