@@ -380,6 +380,9 @@ void TestJobNews::failuresAreTranslated_data() {
                                    << "<pictures of 16000 x 9000 are too large>";
     QTest::newRow("a failure inside") << "cannot be read to its end: Input/output error"
                                       << "<cannot be read to its end: <Input/output error>>";
+    QTest::newRow("a failure behind a name")
+        << "cannot write the picture a.png: Permission denied"
+        << "<cannot write the picture a.png: <Permission denied>>";
     QTest::newRow("percent signs") << "no decoder for %2"
                                    << "<no decoder for %2>";
     QTest::newRow("unknown") << "Number of syllables out of range"

@@ -35,6 +35,16 @@ constexpr const char* failures[] = {
     QT_TRANSLATE_NOOP("FailureTexts", "it was changed while it was searched"),
     QT_TRANSLATE_NOOP("FailureTexts",
                       "it grew while it was searched; what came behind %1 is left out"),
+    // Of a report's files.
+    QT_TRANSLATE_NOOP("FailureTexts", "it is a symbolic link"),
+    QT_TRANSLATE_NOOP("FailureTexts", "it is a symbolic link of another user"),
+    QT_TRANSLATE_NOOP("FailureTexts", "it cannot be encoded"),
+    QT_TRANSLATE_NOOP("FailureTexts", "its pictures cannot be scaled"),
+    QT_TRANSLATE_NOOP("FailureTexts", "cannot write the picture %1: %2"),
+    // Of the library that plays.
+    QT_TRANSLATE_NOOP("FailureTexts", "loading failed"),
+    QT_TRANSLATE_NOOP("FailureTexts", "no audio or video data played"),
+    QT_TRANSLATE_NOOP("FailureTexts", "unrecognized file format"),
     // Of the media libraries and the system.
     QT_TRANSLATE_NOOP("FailureTexts", "Invalid data found when processing input"),
     QT_TRANSLATE_NOOP("FailureTexts", "End of file"),
@@ -68,7 +78,7 @@ QString translatedFailure(const QString& failure) {
             continue;
         const QString text = QCoreApplication::translate(context, known);
         if (parts.size() == 3)
-            return text.arg(parts[1], parts[2]);
+            return text.arg(translatedFailure(parts[1]), translatedFailure(parts[2]));
         return parts.size() == 2 ? text.arg(translatedFailure(parts[1])) : text;
     }
     return failure;

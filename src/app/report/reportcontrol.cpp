@@ -4,6 +4,7 @@
 
 #include "reportcontrol.h"
 
+#include "failuretexts.h"
 #include "listedreport.h"
 #include "reportfolder.h"
 #include "windowreport.h"
@@ -61,9 +62,10 @@ void ReportControl::tellEnd(const QString& folder, const QString& failure) {
         return;
     }
     window.statusBar()->clearMessage();
-    auto* box = new QMessageBox(QMessageBox::Critical, tr("Save report"),
-                                tr("The report could not be saved: %1").arg(failure),
-                                QMessageBox::Ok, &window);
+    auto* box =
+        new QMessageBox(QMessageBox::Critical, tr("Save report"),
+                        tr("The report could not be saved: %1").arg(translatedFailure(failure)),
+                        QMessageBox::Ok, &window);
     box->setObjectName(QStringLiteral("reportFailure"));
     box->setTextFormat(Qt::PlainText);
     box->setAttribute(Qt::WA_DeleteOnClose);

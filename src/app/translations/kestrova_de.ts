@@ -623,6 +623,38 @@ Hohe Werte können die Erkennung verschlechtern</translation>
         <source>Stale file handle</source>
         <translation>die Datei ist auf dem Server nicht mehr zu finden</translation>
     </message>
+    <message>
+        <source>it is a symbolic link</source>
+        <translation>der Ordner ist eine symbolische Verknüpfung</translation>
+    </message>
+    <message>
+        <source>it is a symbolic link of another user</source>
+        <translation>der Ordner ist eine symbolische Verknüpfung eines anderen Benutzers</translation>
+    </message>
+    <message>
+        <source>it cannot be encoded</source>
+        <translation>es lässt sich nicht kodieren</translation>
+    </message>
+    <message>
+        <source>its pictures cannot be scaled</source>
+        <translation>die Bilder lassen sich nicht verkleinern</translation>
+    </message>
+    <message>
+        <source>cannot write the picture %1: %2</source>
+        <translation>das Bild %1 lässt sich nicht schreiben: %2</translation>
+    </message>
+    <message>
+        <source>loading failed</source>
+        <translation>das Laden ist gescheitert</translation>
+    </message>
+    <message>
+        <source>no audio or video data played</source>
+        <translation>weder Bild noch Ton ließ sich abspielen</translation>
+    </message>
+    <message>
+        <source>unrecognized file format</source>
+        <translation>unbekanntes Dateiformat</translation>
+    </message>
 </context>
 <context>
     <name>JobModel</name>

@@ -315,7 +315,7 @@
     </message>
     <message>
         <source>&amp;Ignore what is restless</source>
-        <translation>I&amp;gnorar lo que se mueve sin parar</translation>
+        <translation>I&amp;gnorar lo inquieto</translation>
     </message>
 </context>
 <context>
@@ -622,6 +622,38 @@ Los valores altos pueden empeorar la detección</translation>
     <message>
         <source>Stale file handle</source>
         <translation>el archivo ya no se encuentra en el servidor</translation>
+    </message>
+    <message>
+        <source>it is a symbolic link</source>
+        <translation>la carpeta es un enlace simbólico</translation>
+    </message>
+    <message>
+        <source>it is a symbolic link of another user</source>
+        <translation>la carpeta es un enlace simbólico de otro usuario</translation>
+    </message>
+    <message>
+        <source>it cannot be encoded</source>
+        <translation>no se puede codificar</translation>
+    </message>
+    <message>
+        <source>its pictures cannot be scaled</source>
+        <translation>las imágenes no se pueden reducir</translation>
+    </message>
+    <message>
+        <source>cannot write the picture %1: %2</source>
+        <translation>no se puede escribir la imagen %1: %2</translation>
+    </message>
+    <message>
+        <source>loading failed</source>
+        <translation>la carga ha fallado</translation>
+    </message>
+    <message>
+        <source>no audio or video data played</source>
+        <translation>no se pudo reproducir ni imagen ni sonido</translation>
+    </message>
+    <message>
+        <source>unrecognized file format</source>
+        <translation>formato de archivo desconocido</translation>
     </message>
 </context>
 <context>
@@ -1337,7 +1369,7 @@ Los valores altos pueden empeorar la detección</translation>
     </message>
     <message>
         <source>&amp;Ignore what is restless</source>
-        <translation>I&amp;gnorar lo que se mueve sin parar</translation>
+        <translation>I&amp;gnorar lo inquieto</translation>
     </message>
     <message>
         <source>&amp;Quick look</source>

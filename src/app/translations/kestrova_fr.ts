@@ -315,7 +315,7 @@
     </message>
     <message>
         <source>&amp;Ignore what is restless</source>
-        <translation>I&amp;gnorer ce qui bouge sans cesse</translation>
+        <translation>I&amp;gnorer ce qui s’agite</translation>
     </message>
 </context>
 <context>
@@ -622,6 +622,38 @@ Des valeurs élevées peuvent nuire à la détection</translation>
     <message>
         <source>Stale file handle</source>
         <translation>le fichier est introuvable sur le serveur</translation>
+    </message>
+    <message>
+        <source>it is a symbolic link</source>
+        <translation>le dossier est un lien symbolique</translation>
+    </message>
+    <message>
+        <source>it is a symbolic link of another user</source>
+        <translation>le dossier est un lien symbolique d’un autre utilisateur</translation>
+    </message>
+    <message>
+        <source>it cannot be encoded</source>
+        <translation>elle ne peut pas être encodée</translation>
+    </message>
+    <message>
+        <source>its pictures cannot be scaled</source>
+        <translation>les images ne peuvent pas être réduites</translation>
+    </message>
+    <message>
+        <source>cannot write the picture %1: %2</source>
+        <translation>impossible d’écrire l’image %1 : %2</translation>
+    </message>
+    <message>
+        <source>loading failed</source>
+        <translation>le chargement a échoué</translation>
+    </message>
+    <message>
+        <source>no audio or video data played</source>
+        <translation>ni image ni son n’a pu être lu</translation>
+    </message>
+    <message>
+        <source>unrecognized file format</source>
+        <translation>format de fichier inconnu</translation>
     </message>
 </context>
 <context>
@@ -1337,7 +1369,7 @@ Des valeurs élevées peuvent nuire à la détection</translation>
     </message>
     <message>
         <source>&amp;Ignore what is restless</source>
-        <translation>I&amp;gnorer ce qui bouge sans cesse</translation>
+        <translation>I&amp;gnorer ce qui s’agite</translation>
     </message>
     <message>
         <source>&amp;Quick look</source>

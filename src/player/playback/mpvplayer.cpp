@@ -5,6 +5,7 @@
 #include "mpvplayer.h"
 
 #include "containername.h"
+#include "failuretexts.h"
 #include "mediafile.h"
 
 #include <QFile>
@@ -118,7 +119,7 @@ QString MpvPlayer::load() {
     // The demuxer that searches have, too: playlists and the like are refused as there.
     const ContainerName container = containerNameOf(request.clip.file, [] { return false; });
     if (!container.error.isEmpty())
-        return tr("Cannot be played: %1").arg(container.error);
+        return tr("Cannot be played: %1").arg(translatedFailure(container.error));
     stage = Stage::Loading;
     entry = 0;
     setLead(usualLead);
@@ -253,7 +254,8 @@ void MpvPlayer::take(const mpv_event& event) {
     else if (event.event_id == MPV_EVENT_END_FILE && isCurrent && stage != Stage::Nothing) {
         const auto& end = *static_cast<const mpv_event_end_file*>(event.data);
         fail(tr("Cannot be played: %1")
-                 .arg(QString::fromUtf8(player->functions().errorString(end.error))));
+                 .arg(translatedFailure(
+                     QString::fromUtf8(player->functions().errorString(end.error)))));
     }
 }
 
