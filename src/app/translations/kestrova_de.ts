@@ -676,7 +676,7 @@ Hohe Werte können die Erkennung verschlechtern</translation>
     </message>
     <message>
         <source>Strongest</source>
-        <translation>Stärkste</translation>
+        <translation>Höchstwert</translation>
     </message>
     <message>
         <source>Start</source>

@@ -743,7 +743,7 @@ Los valores altos pueden empeorar la detección</translation>
     </message>
     <message>
         <source>%1 without</source>
-        <translation>%1 sin</translation>
+        <translation>%1 sin clips</translation>
     </message>
     <message>
         <source>%1 unreadable</source>
