@@ -74,6 +74,7 @@ private Q_SLOTS:
     void keeperWaitsForTheLastChange();
     void keeperWritesDuringSteadyChange();
     void keeperWritesAtTheEnd();
+    void keeperEndsWhatItIsWriting();
     void keeperTellsAFailureOnce();
     void keeperHoldsBackWhileItReads();
 
@@ -414,6 +415,29 @@ void TestSessionFile::keeperWritesAtTheEnd() {
     keeper.change();
     keeper.finish();
     QVERIFY(QFile::exists(path("index")));
+}
+
+/// The program ends before the pictures are written.
+void TestSessionFile::keeperEndsWhatItIsWriting() {
+    SavedSession session = sessions::full();
+    for (int i = 10; i < 70; ++i) {
+        session.clips.append(sessions::clip(0, i, 0));
+        QImage& noise = session.clips.last().snapshot = QImage(320, 240, QImage::Format_RGB32);
+        auto* pixels = reinterpret_cast<quint32*>(noise.bits());
+        QRandomGenerator(uint(i)).generate(pixels, pixels + noise.sizeInBytes() / 4);
+    }
+    bool isAsked = false;
+    {
+        SessionKeeper keeper(folder->filePath("data/session"), [&] {
+            isAsked = true;
+            return session;
+        });
+        keeper.change();
+        QTRY_VERIFY(isAsked);
+        QVERIFY(!QFile::exists(path("index")));
+        keeper.finish();
+    }
+    QCOMPARE(store()->look().clips, session.clips.size()); // pictures may take too long
 }
 
 void TestSessionFile::keeperTellsAFailureOnce() {

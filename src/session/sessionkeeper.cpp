@@ -56,8 +56,9 @@ bool SessionKeeper::read() {
     return isHeld;
 }
 
+/// What is just being written would be given up with the keeper; writing it again takes no time.
 void SessionKeeper::finish() {
-    if (!isChanged || isHeld)
+    if (isHeld || (!isChanged && !isSaving))
         return;
     timer.stop();
     const auto isDone = std::make_shared<QSemaphore>();
