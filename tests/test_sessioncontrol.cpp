@@ -51,6 +51,7 @@ private Q_SLOTS:
     void secondWindowKeepsNone();
     void damagedSessionIsTold();
     void manyClipsComeALittleAtATime();
+    void clipsAreRemovedWhileTheyCome();
 
 private:
     void start() {
@@ -404,6 +405,31 @@ void TestSessionControl::manyClipsComeALittleAtATime() {
     QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 3000, longMilliseconds);
     QVERIFY2(steps > 1, qPrintable(QString::number(steps))); // the window answered between
     QTRY_COMPARE_WITH_TIMEOUT(last, 3000, longMilliseconds);
+}
+
+/// Of a recording that was being searched, and is searched on.
+void TestSessionControl::clipsAreRemovedWhileTheyCome() {
+    Video* job = makeJob(mediumRecording);
+    driver->accept(job);
+    QTRY_COMPARE(int(job->state), int(Video::Running));
+    QImage snapshot(320, 240, QImage::Format_RGB32);
+    snapshot.fill(Qt::red);
+    for (int i = 0; i < 800; ++i)
+        Q_EMIT job->newClip(1000 + i, snapshot, 10000.0 + i, 10000.5 + i, 10000.2 + i);
+    driver.reset();
+
+    goOn();
+    QTRY_VERIFY_WITH_TIMEOUT(driver->list().count() >= 100, longMilliseconds);
+    QVERIFY(driver->list().count() < 800);
+    driver->trigger("actionRemoveAll");
+    const auto isSearching = [this] {
+        tick();
+        return driver->action("actionCancel").isEnabled();
+    };
+    QTRY_VERIFY_WITH_TIMEOUT(isSearching(), longMilliseconds);
+    QTRY_VERIFY_WITH_TIMEOUT(!driver->action("actionCancel").isEnabled(), longMilliseconds);
+    for (int row = 0; row < driver->list().count(); ++row)
+        QVERIFY(driver->clip(row).start < 10000.0); // what was not found again is gone
 }
 
 QTEST_MAIN(TestSessionControl)

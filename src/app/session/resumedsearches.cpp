@@ -40,14 +40,15 @@ ResumedSearches::ResumedSearches(QObject& window, DetectionQueue& queue, ClipLis
     , queue(queue)
     , list(list) {}
 
-void ResumedSearches::add(const QList<Video*>& jobs, const QHash<Video*, QList<Clip*>>& listed) {
+void ResumedSearches::add(const QList<Video*>& jobs, const ListedClips& listed) {
     for (Video* job : jobs) {
         connect(job, SIGNAL(newClip(int, QImage, double, double, double)), &window,
                 SLOT(newClip(int, QImage, double, double, double)));
         if (job->hasEnded())
             continue;
-        const QList<Clip*> clips = listed.value(job);
-        for (Clip* clip : clips) {
+        for (const QPointer<Clip>& clip : listed.value(job)) {
+            if (!clip)
+                continue;
             unfound[job].append(clip);
             job->nextClipNumber = qMax(job->nextClipNumber, clip->index + 1);
         }
@@ -89,9 +90,9 @@ void ResumedSearches::searchRest() {
 }
 
 /// The clips of the keys, which belong to the values from now on.
-QHash<Video*, QList<Clip*>>
+ResumedSearches::ListedClips
 ResumedSearches::clipsOf(const QHash<Video*, Video*>& successors) const {
-    QHash<Video*, QList<Clip*>> clips;
+    ListedClips clips;
     const QList<Clip*> all = list.clips();
     for (Clip* clip : all) {
         Video* successor = successors.value(clip->video);

@@ -26,8 +26,11 @@ public:
     /// `window` has the slot that takes jobs' clips. All must outlive it.
     ResumedSearches(QObject& window, DetectionQueue& queue, ClipListWidget& list);
 
+    /// Clips of each job; one that a person has removed meanwhile is null.
+    using ListedClips = QHash<Video*, QList<QPointer<Clip>>>;
+
     /// Hands jobs over to the queue, of which some may have clips in the list already.
-    void add(const QList<Video*>& jobs, const QHash<Video*, QList<Clip*>>& listed);
+    void add(const QList<Video*>& jobs, const ListedClips& listed);
 
     /// The number for a clip that a job announces; nothing if it is not to be listed.
     std::optional<int> numberOf(const Video& job, int index, double start, double end);
@@ -40,7 +43,7 @@ private Q_SLOTS:
     void end();
 
 private:
-    QHash<Video*, QList<Clip*>> clipsOf(const QHash<Video*, Video*>& successors) const;
+    ListedClips clipsOf(const QHash<Video*, Video*>& successors) const;
 
     QObject& window;
     DetectionQueue& queue;

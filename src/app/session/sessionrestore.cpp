@@ -6,7 +6,6 @@
 
 #include "clip.h"
 #include "cliplistwidget.h"
-#include "resumedsearches.h"
 #include "video.h"
 
 #include <QDeadlineTimer>

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "resumedsearches.h"
 #include "savedsession.h"
 
 #include <QBasicTimer>
@@ -14,7 +15,6 @@
 
 class Clip;
 class ClipListWidget;
-class ResumedSearches;
 class Video;
 
 /// Lists what was saved, a little at a time, so that the windows answer. Jobs that wait, and those
@@ -44,6 +44,6 @@ private:
     QBasicTimer timer;
     QList<Video*> jobs; ///< of the session's jobs, in their order; owned until all are handed over
     int listedClips = 0;
-    QHash<Video*, QList<Clip*>> clipsOf;
+    ResumedSearches::ListedClips clipsOf;
     QList<QPointer<Clip>> toBeExported;
 };
