@@ -48,6 +48,9 @@ public:
     /// Whether the job has ended and the worker has let go of it: its lists are the GUI thread's.
     bool isOver(const Video& video) const;
 
+    /// Whether the worker has the job in hand. Also one that has ended may announce clips then.
+    bool isHeld(const Video& video) const { return heldVideo == &video; }
+
     /// Owns these jobs from now on. Who wants their clips connects to them before.
     void add(const QList<Video*>& jobs);
 

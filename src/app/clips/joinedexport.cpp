@@ -116,7 +116,7 @@ bool JoinedExport::exportGroup(const QList<Clip*>& group) {
     }
     const QList<Video*> jobs = sharers(*video, queue.jobs());
     if (std::any_of(jobs.begin(), jobs.end(),
-                    [](const Video* job) { return job->state == Video::Running; }))
+                    [this](const Video* job) { return queue.isHeld(*job); }))
         return false;
     auto* joined = new Clip(video, takeNumber(*video, jobs), QImage(), group.first()->start,
                             endOf(group), group.first()->snapshotTime);
