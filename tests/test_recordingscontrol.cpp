@@ -33,6 +33,7 @@ private Q_SLOTS:
     void searchedAgainNumbersGoOn();
     void exportedClipsOutliveTheNextSearch();
     void cancelledSearchTakesNothingAway();
+    void restLeavesWhatWasSearchedAgain();
     void reportIsThatOfTheScanner();
     void reportThatCannotBeWritten();
     void reportIsNotReplacedUnasked();
@@ -228,6 +229,24 @@ void TestRecordingsControl::cancelledSearchTakesNothingAway() {
     driver->click("pushButtonCancel");
     QTRY_COMPARE(end.size(), 1);
     QCOMPARE(driver->clip(0).video.data(), job);
+}
+
+/// The newer search is the one that a person has tuned.
+void TestRecordingsControl::restLeavesWhatWasSearchedAgain() {
+    Video* job = makeJob(shortRecording);
+    job->state = Video::CancelRequested;
+    driver->accept(job);
+    announceClips(job, 1);
+    searchAgain(*job);
+    QTRY_COMPARE(numbers(), QStringList("#1"));
+    Clip* found = &driver->clip(0);
+    Video* other = makeJob(shortRecording);
+    other->state = Video::CancelRequested;
+    driver->accept(other);
+    Q_EMIT dock().restAsked();
+    QVERIFY(other->isSuperseded && !job->isSuperseded);
+    QTRY_COMPARE(numbers(), QStringList({"#1", "#0"}));
+    QCOMPARE(&driver->clip(0), found);
 }
 
 void TestRecordingsControl::reportIsThatOfTheScanner() {

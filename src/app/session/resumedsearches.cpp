@@ -26,6 +26,17 @@ bool isIdle(const Clip& clip) {
            clip.status != Clip::Exported;
 }
 
+/// Whether the recording was searched with other options since, or will be: what that finds takes
+/// the place of all that was found before.
+bool isSearchedAgain(const Video& job, const QList<Video*>& jobs) {
+    return std::any_of(jobs.begin() + jobs.indexOf(const_cast<Video*>(&job)) + 1, jobs.end(),
+                       [&job](const Video* later) {
+                           return later->sharesFolder() && !later->isSuperseded &&
+                                  later->state != Video::Failed &&
+                                  later->clipDirectory == job.clipDirectory;
+                       });
+}
+
 Video* successorOf(Video& job) {
     JobRecord record = job.record();
     record.state = Video::Waiting;
@@ -80,7 +91,8 @@ void ResumedSearches::searchRest() {
     QHash<Video*, Video*> successors;
     QList<Video*> jobs;
     for (Video* job : queue.jobs()) {
-        if (job->state != Video::CancelRequested || job->isSuperseded)
+        const bool isCancelled = job->state == Video::CancelRequested && !job->isSuperseded;
+        if (!isCancelled || isSearchedAgain(*job, queue.jobs()))
             continue;
         jobs.append(successorOf(*job));
         successors.insert(job, jobs.last());

@@ -36,7 +36,8 @@ public:
     std::optional<int> numberOf(const Video& job, int index, double start, double end);
 
 public Q_SLOTS:
-    /// Makes a waiting job of each that was cancelled, which stands for it from then on.
+    /// Makes a waiting job of each that was cancelled and not searched again, which stands for it
+    /// from then on.
     void searchRest();
 
 private Q_SLOTS:
