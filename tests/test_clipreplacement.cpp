@@ -36,6 +36,7 @@ private Q_SLOTS:
     void numbersAreNeverUsedAgain();
     void forAll();
     void searchedAgain();
+    void restIsSearchedAfterwards();
     void runningJobsAreLeftAlone();
     void optionsAreKept();
     void nothingIsExportedByItself();
@@ -262,6 +263,27 @@ void TestClipReplacement::searchedAgain() {
     use(2.0);
     QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 6, longMilliseconds);
     QCOMPARE(first->nextClipNumber, 22);
+}
+
+void TestClipReplacement::restIsSearchedAfterwards() {
+    Video* cancelled = searched(newJob(), 8);
+    cancelled->state = Video::CancelRequested; // as if that had come before its end
+    showDock(cancelled);
+    useAndWait(2.0, ofMinimum2);
+    QMetaObject::invokeMethod(driver->window.findChild<QDockWidget*>("dockRecordings"),
+                              "restAsked");
+    Video* again = dock().shownJob();
+    QVERIFY(again && again != cancelled);
+    QVERIFY(!undo().isEnabled()); // the clips that it lists would be those of the other job
+    QTRY_COMPARE_WITH_TIMEOUT(int(again->state), int(Video::Finished), longMilliseconds);
+    QTest::qWait(300); // what it has announced
+    QCOMPARE(times(), ofMinimum2);
+    QCOMPARE(numbers(), QList<int>({8, 9, 10}));
+    for (const Clip* clip : clips())
+        QCOMPARE(clip->video, again);
+    QTRY_VERIFY(driver->part<QPushButton>("pushButtonUse").isEnabled());
+    useAndWait(5.0, ofMinimum5);
+    QVERIFY(undo().isEnabled());
 }
 
 void TestClipReplacement::runningJobsAreLeftAlone() {

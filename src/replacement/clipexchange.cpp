@@ -12,6 +12,9 @@
 #include <QDeadlineTimer>
 #include <QListWidget>
 
+#include <algorithm>
+#include <functional>
+#include <iterator>
 #include <utility>
 
 ClipExchange::ClipExchange(QListWidget& list, DiscardedClips& discarded)
@@ -51,6 +54,27 @@ void ClipExchange::undo() {
         if (before.video)
             before.video->search.deciding = before.options;
     }
+}
+
+void ClipExchange::forgetSuperseded() {
+    const auto isOver = [](const Video* video) { return !video || video->isSuperseded; };
+    const auto stays = [&isOver](const Clip* clip) { return !isOver(clip->video); };
+    const auto gone = std::stable_partition(out.begin(), out.end(), stays);
+    QList<Clip*> forgotten;
+    std::copy(gone, out.end(), std::back_inserter(forgotten));
+    out.erase(gone, out.end());
+    discarded.add(forgotten);
+    decidings.erase(
+        std::remove_if(decidings.begin(), decidings.end(),
+                       [&isOver](const Before& before) { return isOver(before.video); }),
+        decidings.end());
+    // Those that were listed belong to the jobs that stand for theirs.
+    const auto isListed = [this](const QPointer<Clip>& clip) {
+        return clip && std::any_of(decidings.begin(), decidings.end(), [&](const Before& before) {
+                   return before.video == clip->video;
+               });
+    };
+    in.erase(std::remove_if(in.begin(), in.end(), std::not_fn(isListed)), in.end());
 }
 
 bool ClipExchange::putBackSome(const QList<Video*>& jobs, int milliseconds) {

@@ -40,6 +40,10 @@ public:
     /// left the list is put back by `putBackSome`.
     void undo();
 
+    /// Forgets what was done with recordings for which other jobs stand by now: these find anew
+    /// what is to be listed.
+    void forgetSuperseded();
+
     /// Goes on with that for about so long; false when all are back.
     bool putBackSome(const QList<Video*>& jobs, int milliseconds);
 

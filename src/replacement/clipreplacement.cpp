@@ -33,6 +33,7 @@ ClipReplacement::ClipReplacement(QListWidget& list, DetectionQueue& queue, QObje
     undoTimer.setInterval(0);
     connect(&undoTimer, SIGNAL(timeout()), SLOT(putBack()));
     connect(&work, SIGNAL(failed()), SLOT(giveUp()));
+    connect(&queue, SIGNAL(added(QList<Video*>)), SLOT(forgetSuperseded()));
 }
 
 ClipReplacement::~ClipReplacement() {
@@ -210,15 +211,33 @@ void ClipReplacement::listNext(const QImage& picture) {
     goOn();
 }
 
+/// Clips of a job that another one stands for would be listed beside those that it finds.
+void ClipReplacement::forgetSuperseded() {
+    drop([](const Task& task) { return task.video->isSuperseded; });
+    for (const auto& exchange : exchanges)
+        exchange->forgetSuperseded();
+    if (undone)
+        undone->forgetSuperseded();
+    forgetEmpty();
+    goOn();
+}
+
 /// A use that has changed nothing cannot be taken back.
 void ClipReplacement::endTask() {
-    const auto exchange = tasks.front().exchange;
     tasks.pop_front();
-    const bool isUsed = std::any_of(tasks.begin(), tasks.end(),
-                                    [&](const Task& task) { return task.exchange == exchange; });
-    if (isUsed || !exchange->isEmpty())
+    forgetEmpty();
+}
+
+void ClipReplacement::forgetEmpty() {
+    const auto isVain = [this](const std::shared_ptr<ClipExchange>& exchange) {
+        return exchange->isEmpty() &&
+               std::none_of(tasks.begin(), tasks.end(),
+                            [&](const Task& task) { return task.exchange == exchange; });
+    };
+    const auto vain = std::remove_if(exchanges.begin(), exchanges.end(), isVain);
+    if (vain == exchanges.end())
         return;
-    exchanges.erase(std::remove(exchanges.begin(), exchanges.end(), exchange), exchanges.end());
+    exchanges.erase(vain, exchanges.end());
     Q_EMIT changed();
 }
 

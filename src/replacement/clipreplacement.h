@@ -54,6 +54,7 @@ Q_SIGNALS:
 
 private Q_SLOTS:
     void goOn();
+    void forgetSuperseded();
     void putBack();
     void giveUp();
 
@@ -82,6 +83,7 @@ private:
     template<class IsDropped>
     void drop(const IsDropped& isDropped);
     void forgetOldest();
+    void forgetEmpty(); ///< uses with nothing to take back
 
     QListWidget& list;
     DetectionQueue& queue;

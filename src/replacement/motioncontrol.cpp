@@ -45,9 +45,14 @@ void MotionControl::showSelected() {
         dock.showJob(video);
 }
 
-/// Where none has been chosen: the one that is being searched, or else the first.
+/// Where none has been chosen: the one that is being searched, or else the first. Where another job
+/// stands for the one that is shown, that one.
 void MotionControl::showAny() {
     const QList<Video*>& jobs = queue.jobs();
+    if (const Video* shown = dock.shownJob(); shown && shown->isSuperseded)
+        dock.showJob(*std::find_if(jobs.rbegin(), jobs.rend(), [shown](const Video* video) {
+            return video->clipDirectory == shown->clipDirectory;
+        }));
     if (dock.shownJob() || jobs.isEmpty() || !dock.isVisible())
         return;
     const auto running = std::find_if(jobs.cbegin(), jobs.cend(), [](const Video* video) {
