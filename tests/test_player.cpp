@@ -19,6 +19,7 @@
 #include <QSlider>
 #include <QTemporaryDir>
 #include <QToolButton>
+#include <QVBoxLayout>
 #include <QtTest>
 
 #include <algorithm>
@@ -76,7 +77,9 @@ private Q_SLOTS:
     void sliderGoesThroughTheClip();
     void wholeRecordingIsOffered();
     void speedAndSound();
+    void muteHasAKey();
     void fullScreenIsLeftByEscape();
+    void fullScreenComesBackToItsPlace();
     void fullScreenIsLeftByClosing();
     void failureIsToldAndAnotherProgramOffered();
     void hiddenDockLetsGo();
@@ -300,6 +303,13 @@ void TestPlayer::speedAndSound() {
              qPrintable(QString::number(number() - before)));
 }
 
+void TestPlayer::muteHasAKey() {
+    key(Qt::Key_M);
+    QVERIFY(part<QToolButton>("buttonMute").isChecked());
+    key(Qt::Key_M);
+    QVERIFY(!part<QToolButton>("buttonMute").isChecked());
+}
+
 void TestPlayer::fullScreenIsLeftByEscape() {
     dock->setClip(clip(0.8, 2.0), false);
     QTRY_COMPARE_WITH_TIMEOUT(number(), 20, longMilliseconds);
@@ -320,6 +330,25 @@ void TestPlayer::fullScreenIsLeftByEscape() {
     QCOMPARE(dock->picture()->window(), full);
     key(Qt::Key_F);
     QCOMPARE(dock->picture()->window(), window.get());
+}
+
+/// Others may have put something below it.
+void TestPlayer::fullScreenComesBackToItsPlace() {
+    auto* box = new QWidget;
+    auto* below = new QLabel("below");
+    auto* layout = new QVBoxLayout(box);
+    layout->addWidget(dock->widget());
+    layout->addWidget(below);
+    dock->setWidget(box);
+    QCoreApplication::processEvents();
+    const auto yOf = [this](const QWidget& widget) {
+        return widget.mapTo(window.get(), QPoint()).y();
+    };
+    QVERIFY(yOf(*dock->picture()) < yOf(*below));
+    key(Qt::Key_F);
+    key(Qt::Key_F);
+    QCoreApplication::processEvents();
+    QVERIFY(yOf(*dock->picture()) < yOf(*below));
 }
 
 void TestPlayer::fullScreenIsLeftByClosing() {

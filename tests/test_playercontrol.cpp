@@ -35,6 +35,8 @@ private Q_SLOTS:
     void chosenClipIsShown();
     void chosenClipGoesOnPlaying();
     void clipIsPlayedOnDemand();
+    void timeIsShownUntilAClipIsChosen();
+    void chosenClipComesBackWithAClick();
     void nextAndPreviousSkipWhatIsHidden();
     void removedClipIsLetGo();
     void vanishedRecordingIsTold();
@@ -138,6 +140,31 @@ void TestPlayerControl::clipIsPlayedOnDemand() {
     QCOMPARE(shown(), QString("Player: plain.mkv #2"));
     QCOMPARE(QApplication::focusWidget(), dock->picture());
     QTRY_VERIFY(number() > 51);
+}
+
+void TestPlayerControl::timeIsShownUntilAClipIsChosen() {
+    choose(1);
+    control->showTime(*video, 1.6);
+    QVERIFY(dock->isVisible());
+    QCOMPARE(QApplication::focusWidget(), dock->picture());
+    QTRY_COMPARE_WITH_TIMEOUT(number(), 40, longMilliseconds);
+    QCOMPARE(shown(), QString("Player: plain.mkv"));
+    QVERIFY(!dock->isPlaying());
+    // All of the recording is there.
+    QTest::keyClick(dock->picture(), Qt::Key_Left);
+    QTRY_COMPARE_WITH_TIMEOUT(number(), 15, longMilliseconds);
+    QTest::keyClick(dock->picture(), Qt::Key_N);
+    QTRY_COMPARE_WITH_TIMEOUT(number(), 50, longMilliseconds);
+    QCOMPARE(shown(), QString("Player: plain.mkv #2"));
+}
+
+void TestPlayerControl::chosenClipComesBackWithAClick() {
+    choose(1);
+    control->showTime(*video, 1.6);
+    QTRY_COMPARE_WITH_TIMEOUT(number(), 40, longMilliseconds);
+    list->scrollToItem(clip(1));
+    QTest::mouseClick(list->viewport(), Qt::LeftButton, {}, list->visualItemRect(clip(1)).center());
+    QTRY_COMPARE_WITH_TIMEOUT(number(), 30, longMilliseconds);
 }
 
 void TestPlayerControl::nextAndPreviousSkipWhatIsHidden() {

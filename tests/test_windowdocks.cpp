@@ -29,6 +29,8 @@ private Q_SLOTS:
     void layoutIsStoredSoon();
     void foreignLayoutsAreIgnored_data();
     void foreignLayoutsAreIgnored();
+    void pictureHasTheLargerShare();
+    void sharesAreRemembered();
     void everythingFitsASmallScreen();
 
 private:
@@ -167,6 +169,47 @@ void TestWindowDocks::foreignLayoutsAreIgnored() {
         QVERIFY2(dock(driver, name).isHidden(), name);
     driver.part<QToolButton>("buttonRecordings").click();
     QVERIFY(dock(driver, "dockRecordings").isVisible());
+}
+
+/// In whatever order they are shown.
+void TestWindowDocks::pictureHasTheLargerShare() {
+    for (const auto& keys : {QVector<Qt::Key>{Qt::Key_F7, Qt::Key_F8, Qt::Key_F9},
+                             QVector<Qt::Key>{Qt::Key_F9, Qt::Key_F8, Qt::Key_F7}}) {
+        QSettings().clear();
+        MainWindowDriver driver;
+        driver.window.show();
+        driver.window.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&driver.window));
+        for (const Qt::Key key : keys)
+            QTest::keyClick(&driver.window, key);
+        QCoreApplication::processEvents();
+        const int rows = driver.part<QWidget>("recordings").height();
+        const int picture = driver.part<QWidget>("playerPicture").height();
+        QVERIFY2(picture > 1.5 * rows && picture > 200 && rows > 80,
+                 qPrintable(QString("%1 %2").arg(rows).arg(picture)));
+    }
+}
+
+/// What was shared out by hand stays so.
+void TestWindowDocks::sharesAreRemembered() {
+    int height = 0;
+    {
+        MainWindowDriver driver;
+        driver.window.show();
+        driver.part<QToolButton>("buttonRecordings").click();
+        driver.part<QToolButton>("buttonPlayer").click();
+        QCoreApplication::processEvents();
+        const int first = dock(driver, "dockRecordings").height();
+        driver.window.resizeDocks({&dock(driver, "dockRecordings")}, {300}, Qt::Vertical);
+        QCoreApplication::processEvents();
+        height = dock(driver, "dockRecordings").height();
+        QVERIFY2(height > first, qPrintable(QString::number(height)));
+    }
+    MainWindowDriver driver;
+    driver.window.show();
+    driver.part<QToolButton>("buttonMotion").click();
+    QCoreApplication::processEvents();
+    QCOMPARE(dock(driver, "dockRecordings").height(), height);
 }
 
 void TestWindowDocks::everythingFitsASmallScreen() {

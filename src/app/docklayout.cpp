@@ -35,10 +35,11 @@ DockLayout::~DockLayout() {
 void DockLayout::restore() {
     const QByteArray stored =
         QSettings().value(QLatin1String(settings::windowStateKey)).toByteArray();
-    window.restoreState(stored, layoutVersion);
+    isFirst = !window.restoreState(stored, layoutVersion);
     const QList<QDockWidget*> docks = window.findChildren<QDockWidget*>();
     for (QDockWidget* dock : docks) {
         connect(dock->toggleViewAction(), SIGNAL(toggled(bool)), SLOT(noteChange()));
+        connect(dock->toggleViewAction(), SIGNAL(triggered(bool)), SLOT(shareHeight()));
         connect(dock, SIGNAL(dockLocationChanged(Qt::DockWidgetArea)), SLOT(noteChange()));
         connect(dock, SIGNAL(topLevelChanged(bool)), SLOT(noteChange()));
     }
@@ -47,6 +48,21 @@ void DockLayout::restore() {
 void DockLayout::noteChange() {
     isChanged = true;
     timer.start();
+}
+
+/// The library would give all of them the same.
+void DockLayout::shareHeight() {
+    QList<QDockWidget*> shown;
+    QList<int> heights;
+    const QList<QDockWidget*> docks = window.findChildren<QDockWidget*>();
+    for (QDockWidget* dock : docks) {
+        if (dock->isHidden() || window.dockWidgetArea(dock) != Qt::RightDockWidgetArea)
+            continue;
+        shown.append(dock);
+        heights.append(dock->sizeHint().height());
+    }
+    if (isFirst)
+        window.resizeDocks(shown, heights, Qt::Vertical);
 }
 
 void DockLayout::save() {

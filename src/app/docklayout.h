@@ -26,10 +26,12 @@ public:
 
 private Q_SLOTS:
     void noteChange();
+    void shareHeight();
     void save();
 
 private:
     QMainWindow& window;
-    QTimer timer; ///< until what has changed is stored
+    QTimer timer;         ///< until what has changed is stored
+    bool isFirst = false; ///< nobody has sized the docks yet
     bool isChanged = false;
 };

@@ -45,6 +45,8 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     playing->setParent(this);
     resumedSearches->setParent(this);
     connect(recordings, SIGNAL(restAsked()), resumedSearches, SLOT(searchRest()));
+    // Recordings and player stand above each other, and have need of the height.
+    window.setCorner(Qt::BottomRightCorner, Qt::RightDockWidgetArea);
     add(*recordings, Qt::RightDockWidgetArea, "buttonRecordings", Qt::Key_F7);
     add(*motion, Qt::BottomDockWidgetArea, "buttonMotion", Qt::Key_F8);
     add(*player, Qt::RightDockWidgetArea, "buttonPlayer", Qt::Key_F9);
@@ -102,7 +104,13 @@ void WindowDocks::focusShown(bool isShown) {
     }
 }
 
+void WindowDocks::showTime(double seconds) {
+    if (const Video* job = motion->shownJob())
+        playing->showTime(*job, seconds);
+}
+
 void WindowDocks::connectMotion() {
+    connect(motion, SIGNAL(timeChosen(double)), SLOT(showTime(double)));
     connect(recordings, SIGNAL(chosen(Video*)), motion, SLOT(showJob(Video*)));
     connect(motionControl, SIGNAL(listChanged()), SLOT(applyFilter()));
     connect(&motionControl->replacement(), SIGNAL(told(QString)), window.statusBar(),

@@ -51,6 +51,7 @@ private Q_SLOTS:
     void showSummary(const QString& summary);
     void focusShown(bool isShown);
     void applyFilter();
+    void showTime(double seconds);
 
 private:
     void connectMotion();

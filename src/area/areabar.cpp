@@ -28,8 +28,8 @@ AreaBar::AreaBar(QWidget* parent)
     layout->addWidget(draw, 0, 0);
     layout->addWidget(freeShape, 0, 1);
     layout->addWidget(clear, 0, 2);
-    layout->addWidget(allOfCamera, 1, 0, 1, 4);
-    layout->addWidget(label, 2, 0, 1, 4);
+    layout->addWidget(allOfCamera, 1, 0, 1, 3);
+    layout->addWidget(label, 1, 3);
     layout->setColumnStretch(3, 1);
     connect(draw, SIGNAL(toggled(bool)), SIGNAL(drawingAsked(bool)));
     connect(freeShape, SIGNAL(toggled(bool)), SIGNAL(freeShapeAsked(bool)));

@@ -32,7 +32,7 @@ public:
     /// Pixels of the screen that what is played fills.
     QSize playedPixels() const;
 
-    QSize sizeHint() const override { return {320, 240}; }
+    QSize sizeHint() const override { return {480, 360}; }
     QSize minimumSizeHint() const override { return {80, 60}; }
 
 public Q_SLOTS:

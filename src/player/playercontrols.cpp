@@ -38,7 +38,7 @@ PlayerControls::PlayerControls(QWidget* parent)
     , nextButton(addButton("buttonNextClip", tr("Next clip (N)")))
     , wholeButton(addButton("buttonWhole", tr("Whole recording")))
     , speeds(new QComboBox(this))
-    , muteButton(addButton("buttonMute", tr("Mute")))
+    , muteButton(addButton("buttonMute", tr("Mute (M)")))
     , fullScreenButton(addButton("buttonFullScreen", tr("Full screen (F)"))) {
     slider->setObjectName(QStringLiteral("sliderPosition"));
     slider->setAccessibleName(tr("Position"));
@@ -157,6 +157,10 @@ double PlayerControls::speed() const {
 
 bool PlayerControls::isMuted() const {
     return muteButton->isChecked();
+}
+
+void PlayerControls::toggleMute() {
+    muteButton->toggle();
 }
 
 bool PlayerControls::isWhole() const {

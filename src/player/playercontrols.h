@@ -34,6 +34,7 @@ public:
     bool isPlaying() const { return playing; }
     bool isMuted() const;
     bool isWhole() const;
+    void toggleMute();
 
 Q_SIGNALS:
     void playAsked();

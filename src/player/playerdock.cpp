@@ -15,12 +15,14 @@
 PlayerDock::PlayerDock(QWidget* parent)
     : QDockWidget(tr("Player"), parent)
     , view(new PlayerView)
+    , place(new QVBoxLayout)
     , fullScreen(new FullScreen(this)) {
     setObjectName(QStringLiteral("dockPlayer"));
-    auto* place = new QWidget(this);
-    (new QVBoxLayout(place))->setContentsMargins(0, 0, 0, 0);
-    place->layout()->addWidget(view);
-    setWidget(place);
+    auto* contents = new QWidget(this);
+    contents->setLayout(place);
+    place->setContentsMargins(0, 0, 0, 0);
+    place->addWidget(view);
+    setWidget(contents);
     connect(view, SIGNAL(nextAsked()), SIGNAL(nextAsked()));
     connect(view, SIGNAL(previousAsked()), SIGNAL(previousAsked()));
     connect(view, SIGNAL(fullScreenAsked()), SLOT(toggleFullScreen()));
@@ -76,6 +78,6 @@ void PlayerDock::toggleFullScreen() {
 }
 
 void PlayerDock::leaveFullScreen() {
-    widget()->layout()->addWidget(view);
+    place->insertWidget(0, view);
     focusPicture();
 }

@@ -11,6 +11,7 @@
 
 class FullScreen;
 class PlayerView;
+class QVBoxLayout;
 
 /// Plays a clip from its recording. The library that does it is looked for with the first clip.
 ///
@@ -56,5 +57,6 @@ private Q_SLOTS:
 
 private:
     PlayerView* view;
+    QVBoxLayout* place; ///< of the view
     FullScreen* fullScreen;
 };

@@ -32,7 +32,7 @@ PlayerView::PlayerView(QWidget* parent)
     connect(&player, SIGNAL(paused(bool)), SLOT(takePause(bool)));
     connect(controls, SIGNAL(playAsked()), SLOT(togglePlay()));
     connect(controls, SIGNAL(timeAsked(double)), SLOT(goTo(double)));
-    connect(controls, SIGNAL(wholeAsked(bool)), SLOT(setWhole(bool)));
+    connect(controls, SIGNAL(wholeAsked(bool)), SLOT(changeWhole()));
     connect(controls, SIGNAL(used()), SLOT(focusPicture()));
     connect(controls, SIGNAL(nextAsked()), SIGNAL(nextAsked()));
     connect(controls, SIGNAL(previousAsked()), SIGNAL(previousAsked()));
@@ -70,7 +70,7 @@ void PlayerView::setClip(const PlayedClip& wanted, bool isPlaying) {
     }
     PlayRequest request;
     request.clip = clip;
-    request.isWhole = controls->isWhole();
+    request.isWhole = isWhole();
     request.isPlaying = isPlaying;
     request.speed = controls->speed();
     request.isMuted = controls->isMuted();
@@ -81,8 +81,12 @@ bool PlayerView::isPlaying() const {
     return controls->isPlaying();
 }
 
+bool PlayerView::isWhole() const {
+    return controls->isWhole() || clip.end <= clip.start;
+}
+
 void PlayerView::setRange() {
-    if (controls->isWhole() && length > 0.0)
+    if (isWhole() && length > 0.0)
         controls->setRange(0.0, length);
     else
         controls->setRange(clip.start, clip.end);
@@ -123,11 +127,11 @@ void PlayerView::goTo(double seconds) {
 }
 
 /// The picture stays where it is, unless it would lie outside the clip.
-void PlayerView::setWhole(bool isWhole) {
+void PlayerView::changeWhole() {
     const double time = controls->time();
     setRange();
     controls->setTime(time);
-    player.setWhole(isWhole);
+    player.setWhole(isWhole());
 }
 
 void PlayerView::sendSize() {
@@ -156,6 +160,8 @@ bool PlayerView::takeKey(int key) {
         Q_EMIT nextAsked();
     else if (key == Qt::Key_P)
         Q_EMIT previousAsked();
+    else if (key == Qt::Key_M)
+        controls->toggleMute();
     else if (key == Qt::Key_F || key == Qt::Key_F11 || isLeaving)
         Q_EMIT fullScreenAsked();
     else if (!controls->isReady())

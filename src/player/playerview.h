@@ -42,13 +42,14 @@ private Q_SLOTS:
     void takeTime(double seconds);
     void togglePlay();
     void goTo(double seconds);
-    void setWhole(bool isWhole);
+    void changeWhole();
     void sendSize();
     void openOutside();
     void focusPicture();
 
 private:
     bool takeKey(int key);
+    bool isWhole() const;
     void setRange();
     void layOut();
 

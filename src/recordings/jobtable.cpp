@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int shownRows = 12;
+constexpr int shownRows = 6;
 constexpr int shownLetters = 50;
 
 /// Names of one camera differ at their ends.

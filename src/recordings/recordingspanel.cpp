@@ -51,8 +51,7 @@ RecordingsPanel::RecordingsPanel(QWidget* parent)
     totalsLabel->setObjectName(QStringLiteral("labelRecordings"));
     totalsLabel->setTextFormat(Qt::PlainText);
     totalsLabel->setWordWrap(true);
-    layout->addWidget(totalsLabel);
-    addButtons();
+    addLastLine();
     setFocusProxy(rows);
 }
 
@@ -132,7 +131,7 @@ void RecordingsPanel::addFilterLine() {
     static_cast<QVBoxLayout*>(layout())->addLayout(line);
 }
 
-void RecordingsPanel::addButtons() {
+void RecordingsPanel::addLastLine() {
     rest->setObjectName(QStringLiteral("pushButtonRest"));
     rest->setToolTip(tr("Searches the recordings that were cancelled"));
     report->setObjectName(QStringLiteral("pushButtonReport"));
@@ -140,7 +139,7 @@ void RecordingsPanel::addButtons() {
     connect(rest, SIGNAL(clicked()), SIGNAL(restAsked()));
     connect(report, SIGNAL(clicked()), SIGNAL(reportAsked()));
     auto* line = new QHBoxLayout;
-    line->addStretch(1);
+    line->addWidget(totalsLabel, 1);
     line->addWidget(rest);
     line->addWidget(report);
     static_cast<QVBoxLayout*>(layout())->addLayout(line);

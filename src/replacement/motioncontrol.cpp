@@ -36,12 +36,14 @@ MotionControl::MotionControl(MotionDock& dock, QListWidget& list, DetectionQueue
     connect(&clips, SIGNAL(changed()), SLOT(takeChange()));
 }
 
-/// The recording of the first clip that is selected.
+/// The recording of the current clip, or else of the first one that is selected.
 void MotionControl::showSelected() {
     const QList<QListWidgetItem*> selected = list.selectedItems();
     if (selected.isEmpty())
         return;
-    if (Video* video = static_cast<Clip*>(selected.first())->video)
+    QListWidgetItem* current = list.currentItem();
+    const bool isSelected = current && current->isSelected();
+    if (Video* video = static_cast<Clip*>(isSelected ? current : selected.first())->video)
         dock.showJob(video);
 }
 

@@ -35,28 +35,40 @@ PlayerControl::PlayerControl(ClipListWidget& list, PlayerDock& dock)
     connect(&list, SIGNAL(itemSelectionChanged()), SLOT(showSoon()));
     connect(&list, SIGNAL(currentItemChanged(QListWidgetItem*, QListWidgetItem*)),
             SLOT(showSoon()));
+    connect(&list, SIGNAL(itemClicked(QListWidgetItem*)), SLOT(showSoon()));
     connect(&dock, SIGNAL(visibilityChanged(bool)), SLOT(takeVisibility(bool)));
     connect(&dock, SIGNAL(nextAsked()), SLOT(next()));
     connect(&dock, SIGNAL(previousAsked()), SLOT(previous()));
 }
 
 void PlayerControl::play(Clip* clip) {
+    showDock();
+    choose(*clip);
+    showSoon();
+    shown.clear();
+    isPlaying = true;
+}
+
+void PlayerControl::showTime(const Video& video, double seconds) {
+    showDock();
+    place = {video.fileName, video.shortFileName(), seconds, seconds, video.fileSize};
+    timer.start();
+}
+
+void PlayerControl::showDock() {
     dock.show();
     dock.raise();
     dock.focusPicture();
-    choose(*clip);
-    shown.clear();
-    isPlaying = true;
-    timer.start();
 }
 
 void PlayerControl::takeVisibility(bool isVisible) {
     isDockSeen = isVisible;
     shown.clear();
-    showSoon();
+    timer.start();
 }
 
 void PlayerControl::showSoon() {
+    place.reset();
     if (!timer.isActive())
         isPlaying = false;
     timer.start();
@@ -64,6 +76,11 @@ void PlayerControl::showSoon() {
 
 void PlayerControl::showChosen() {
     const bool plays = std::exchange(isPlaying, false);
+    if (place && isDockSeen) {
+        shown.clear();
+        dock.setClip(*place, plays);
+        return;
+    }
     Clip* clip = chosen();
     if (!isDockSeen || (clip && clip == shown))
         return;

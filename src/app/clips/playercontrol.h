@@ -5,10 +5,13 @@
 #pragma once
 
 #include "clip.h"
+#include "playedclip.h"
 
 #include <QObject>
 #include <QPointer>
 #include <QTimer>
+
+#include <optional>
 
 class ClipListWidget;
 class PlayerDock;
@@ -20,6 +23,10 @@ class PlayerControl : public QObject {
 public:
     /// Both must outlive it.
     PlayerControl(ClipListWidget& list, PlayerDock& dock);
+
+    /// Shows the dock, and there the recording at that time, in seconds from its first picture,
+    /// until a clip is chosen.
+    void showTime(const Video& video, double seconds);
 
 public Q_SLOTS:
     /// Shows the dock, and plays a clip of the list there.
@@ -33,14 +40,16 @@ private Q_SLOTS:
     void previous() { chooseBeside(-1); }
 
 private:
+    void showDock();
     Clip* chosen() const;
     void choose(Clip& clip);
     void chooseBeside(int step);
 
     ClipListWidget& list;
     PlayerDock& dock;
-    QTimer timer;           ///< so that what is gone over quickly is not opened
-    QPointer<Clip> shown;   ///< stays as it is while it is chosen
-    bool isDockSeen;        ///< and not behind another one
-    bool isPlaying = false; ///< what is shown next
+    QTimer timer;                    ///< so that what is gone over quickly is not opened
+    std::optional<PlayedClip> place; ///< shown in place of the chosen clip
+    QPointer<Clip> shown;            ///< stays as it is while it is chosen
+    bool isDockSeen;                 ///< and not behind another one
+    bool isPlaying = false;          ///< what is shown next
 };

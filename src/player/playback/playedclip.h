@@ -6,7 +6,8 @@
 
 #include <QString>
 
-/// What is to be played: a stretch of a recording. Seconds from its first picture.
+/// What is to be played: a stretch of a recording, or where it ends no later than it starts all of
+/// the recording, shown at the start first. Seconds from its first picture.
 struct PlayedClip {
     QString file;
     QString label; ///< for a person: "garden.mp4 #3"
