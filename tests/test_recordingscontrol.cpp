@@ -35,6 +35,8 @@ private Q_SLOTS:
     void cancelledSearchTakesNothingAway();
     void restLeavesWhatWasSearchedAgain();
     void reportIsThatOfTheScanner();
+    void reportOfCells();
+    void reportOfKeptValues();
     void reportThatCannotBeWritten();
     void reportIsNotReplacedUnasked();
 
@@ -270,6 +272,42 @@ void TestRecordingsControl::reportIsThatOfTheScanner() {
 }
 
 /// As on a full disk: no file may become longer than a few bytes.
+/// That one cannot be read does not make it a report of the other detector.
+void TestRecordingsControl::reportOfCells() {
+    JobRecord record = makeJob(shortRecording)->record();
+    DecidingOptions cells;
+    cells.detector = Detector::Cells;
+    cells.segmentation = {1.0, 2.0, 2.0, 0.7F};
+    record.search.deciding = cells;
+    auto* job = new Video(record);
+    driver->accept(makeJob(QCoreApplication::applicationFilePath()));
+    driver->accept(job);
+    QTRY_COMPARE_WITH_TIMEOUT(int(job->state), int(Video::Finished), longMilliseconds);
+    const QString report = saveReport();
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(report + "/index.html"), longMilliseconds);
+    const QString scanned = folder->filePath("scanned");
+    runProgram("kestrova-scan",
+               {"--detector", "cells", "--minimum", "2", "--postrecord", "2", "--report", scanned,
+                QCoreApplication::applicationFilePath(), shortRecording});
+    QCOMPARE(readFile(report + "/index.html"), readFile(scanned + "/index.html"));
+}
+
+/// As those of a session that was gone on with.
+void TestRecordingsControl::reportOfKeptValues() {
+    Video* job = makeJob(shortRecording);
+    driver->accept(job);
+    QTRY_COMPARE_WITH_TIMEOUT(int(job->state), int(Video::Finished), longMilliseconds);
+    QTRY_COMPARE(driver->list().count(), 1);
+    job->motionValues.clear();
+    job->frameTimes.clear();
+    const QString report = saveReport();
+    QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(report + "/index.html"), longMilliseconds);
+    const QString scanned = folder->filePath("scanned");
+    runProgram("kestrova-scan",
+               {"--minimum", "2", "--postrecord", "2", "--report", scanned, shortRecording});
+    QCOMPARE(readFile(report + "/index.html"), readFile(scanned + "/index.html"));
+}
+
 void TestRecordingsControl::reportThatCannotBeWritten() {
     announceClips(failedJob(), 2);
     QTRY_COMPARE(driver->list().count(), 2);

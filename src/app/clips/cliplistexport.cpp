@@ -8,6 +8,7 @@
 #include "detectionoptions.h"
 #include "encodertimes.h"
 #include "keptmeasurement.h"
+#include "settingstable.h"
 #include "video.h"
 #include "writing.h"
 
@@ -41,8 +42,10 @@ QString suffixOf(ClipList list) {
 /// The file that a person chooses; empty: none.
 QString askForFile(QWidget* parent, ClipList list) {
     const QString suffix = suffixOf(list);
-    QFileDialog dialog(parent, ClipListExport::tr("Export list as"),
-                       QSettings().value(folderKey).toString());
+    const QSettings store;
+    // The current directory is the program's own, once something was exported.
+    const QString folder = store.value(folderKey, settings::exportDirectory.read(store)).toString();
+    QFileDialog dialog(parent, ClipListExport::tr("Export list as"), folder);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(suffix);
     dialog.selectFile(QStringLiteral("clips.") + suffix);

@@ -54,6 +54,20 @@ ListedReport::Recording recordingOf(const Video& job, bool isOver) {
     return recording;
 }
 
+/// The page knows one detector: the mean, unless all that was searched was searched for cells. Null
+/// where there is nothing.
+const DetectionOptions* commonOptions(const std::vector<ListedReport::Recording>& recordings) {
+    const ListedReport::Recording* common = recordings.empty() ? nullptr : &recordings.front();
+    for (const auto& recording : recordings) {
+        if (recording.job.state != Video::Finished)
+            continue;
+        common = &recording;
+        if (recording.options.detector == Detector::Mean)
+            break;
+    }
+    return common ? &common->options : nullptr;
+}
+
 /// The page counts all from one start: that of all recordings, or none.
 QDateTime commonStart(const std::vector<ListedReport::Recording>& recordings) {
     QDateTime common;
@@ -80,14 +94,10 @@ ListedReport listedReport(const DetectionQueue& queue, const ClipListWidget& lis
         listed.recordings.push_back(recordingOf(*job, queue.isOver(*job)));
         listed.recordings.back().clips = clips.value(job);
     }
-    const auto isOfCells = [](const auto& one) { return one.options.detector == Detector::Cells; };
-    const auto begin = listed.recordings.cbegin();
-    const auto end = listed.recordings.cend();
-    const auto mean = std::find_if_not(begin, end, isOfCells);
-    listed.detector = begin != end && mean == end ? Detector::Cells : Detector::Mean;
-    if (begin != end)
-        listed.threshold =
-            double((mean == end ? begin : mean)->options.segmentation.motionThreshold.value);
+    if (const auto* options = commonOptions(listed.recordings)) {
+        listed.detector = options->detector;
+        listed.threshold = double(options->segmentation.motionThreshold.value);
+    }
     listed.startTime = commonStart(listed.recordings);
     return listed;
 }

@@ -7,6 +7,7 @@
 #include "failuretexts.h"
 #include "listedreport.h"
 #include "reportfolder.h"
+#include "settingstable.h"
 #include "windowreport.h"
 
 #include <QDir>
@@ -15,6 +16,7 @@
 #include <QMainWindow>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSettings>
 #include <QStatusBar>
 
 #include <memory>
@@ -25,8 +27,9 @@ ReportControl::ReportControl(QMainWindow& window, DetectionQueue& queue, ClipLis
     , list(list) {}
 
 void ReportControl::save() {
-    const QString folder =
-        QFileDialog::getExistingDirectory(&window, tr("Select a folder for the report"));
+    // The current directory is the program's own, once something was exported.
+    const QString folder = QFileDialog::getExistingDirectory(
+        &window, tr("Select a folder for the report"), settings::exportDirectory.read(QSettings()));
     if (!folder.isEmpty() && mayReplace(reportPage(folder)))
         write(QFileInfo(folder).absoluteFilePath());
 }

@@ -40,16 +40,21 @@ QString reasonOf(const JobFacts& facts) {
     return facts.damage.isThere() ? damageText(facts.damage) : facts.error;
 }
 
-/// What the page's detector says of each picture, from the first one on.
+MotionSeries keptSeries(const ListedReport::Recording& recording, Detector detector) {
+    DetectionOptions options = recording.options;
+    options.detector = detector;
+    const auto kept = keptMeasurement(recording.job.fileName, options);
+    if (!kept || detector == Detector::Mean)
+        return kept ? kept->series : MotionSeries();
+    return cellsMeasurement(*kept, options, restlessOf(*kept, options)).series;
+}
+
+/// What the page's detector says of each picture, from the first one on. A session that was gone on
+/// with has no values.
 MotionSeries seriesOf(const ListedReport::Recording& recording, Detector detector) {
+    if (detector == Detector::Cells || recording.times.isEmpty())
+        return keptSeries(recording, detector);
     MotionSeries series;
-    if (detector == Detector::Cells) {
-        const auto kept = keptMeasurement(recording.job.fileName, recording.options);
-        return kept ? cellsMeasurement(*kept, recording.options,
-                                       restlessOf(*kept, recording.options))
-                          .series
-                    : series;
-    }
     series.times = recording.times;
     for (const float value : recording.values)
         series.scores.append(MotionScore{value});
