@@ -8,6 +8,8 @@
 #include <QSet>
 #include <QToolButton>
 
+#include <sys/stat.h>
+
 namespace {
 
 /// What can be seen of a clip, and where its export goes.
@@ -42,6 +44,8 @@ private Q_SLOTS:
     void personMayDoWithout();
     void nothingIsExportedTwice();
     void exportsThatWaitedGoOn();
+    void encoderThatOutlivesItsProgram();
+    void onlyFilesOfExportsAreRemoved();
     void exportedFileThatIsGone();
     void waitingRecordingsAreSearched();
     void runningRecordingIsSearchedFromItsStart();
@@ -209,6 +213,45 @@ void TestSessionControl::exportsThatWaitedGoOn() {
     for (int row = 0; row < 3; ++row)
         QTRY_COMPARE(driver->clip(row).status, int(Clip::Exported));
     QCOMPARE(encoder->calls().size(), 4);
+}
+
+/// It must not write into the file of the one that is started in its place.
+void TestSessionControl::encoderThatOutlivesItsProgram() {
+    encoder->hold();
+    driver->accept(makeJob(shortRecording, true));
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
+    QTRY_COMPARE(encoder->calls().size(), 1);
+    QCOMPARE(driver->clip(0).status, int(Clip::Queued));
+    QFile older(driver->clip(0).outputPath);
+    QVERIFY(older.open(QIODevice::ReadWrite));
+    goOn();
+    QTRY_COMPARE(encoder->calls().size(), 2);
+    struct stat file = {};
+    QCOMPARE(fstat(older.handle(), &file), 0);
+    QCOMPARE(int(file.st_nlink), 0); // the new one has a file of its own
+    encoder->release();
+    QTRY_COMPARE(driver->clip(0).status, int(Clip::Exported));
+    QVERIFY(QFile::exists(older.fileName()));
+}
+
+void TestSessionControl::onlyFilesOfExportsAreRemoved() {
+    Video* job = makeJob(shortRecording);
+    job->state = Video::Finished;
+    driver->accept(job);
+    announceClips(job, 2);
+    QFile precious(folder->filePath("precious.txt"));
+    QVERIFY(precious.open(QIODevice::WriteOnly));
+    driver->clip(0).outputPath = precious.fileName();
+    driver->clip(1).outputPath = job->clipDirectory + "/0000.avi"; // of another clip
+    QVERIFY(QFile::copy(shortRecording, driver->clip(1).outputPath));
+    const QString others = driver->clip(1).outputPath;
+    for (int row = 0; row < 2; ++row)
+        driver->clip(row).status = Clip::Exporting;
+    driver->clip(0).updateText();
+    encoder->hold();
+    goOn();
+    QTRY_COMPARE(encoder->calls().size(), 1);
+    QVERIFY(precious.exists() && QFile::exists(others));
 }
 
 void TestSessionControl::exportedFileThatIsGone() {

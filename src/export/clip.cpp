@@ -145,6 +145,10 @@ void Clip::exportClip(bool first) {
     isStarting = false;
 }
 
+bool Clip::isBeingExported() const {
+    return EncoderProcess::isRunningFor(this);
+}
+
 void Clip::openClip() {
     switch (status) {
     case Exported:

@@ -77,6 +77,10 @@ public:
     /// once where the clip's times cannot be cut.
     void exportClip(bool first);
 
+    /// Whether an encoder runs for it, whatever its status: one that was asked for again meanwhile,
+    /// as all are that are exported automatically, reads "queued...".
+    bool isBeingExported() const;
+
     /// Opens the exported file with the desktop; exports first where there is none yet. Does
     /// nothing where the export has failed.
     void openClip();

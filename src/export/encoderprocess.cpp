@@ -10,6 +10,8 @@
 #include <QSet>
 #include <QTimer>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int graceMilliseconds = 3000;
@@ -65,6 +67,11 @@ void EncoderProcess::startEncoder(const QStringList& arguments, const Grants& gr
         }
     }
     startWhenAlone();
+}
+
+bool EncoderProcess::isRunningFor(const QObject* client) {
+    return std::any_of(unended().cbegin(), unended().cend(),
+                       [client](const EncoderProcess* run) { return run->client == client; });
 }
 
 QString EncoderProcess::failure() const {

@@ -34,6 +34,9 @@ public:
     /// starts when they are gone, which can be later; not at all if the client goes before that.
     void startEncoder(const QStringList& arguments, const Grants& grants);
 
+    /// Whether a run for this client has not ended.
+    static bool isRunningFor(const QObject* client);
+
     /// Why the run that has ended failed, for a person; what the encoder said last if it did not.
     QString failure() const;
 

@@ -21,7 +21,7 @@ SavedClip saved(const Clip& clip, int job) {
     saved.end = clip.end;
     saved.snapshotTime = clip.snapshotTime;
     saved.snapshot = clip.snapshot;
-    saved.status = clip.status;
+    saved.status = clip.isBeingExported() ? int(Clip::Exporting) : clip.status;
     saved.outputPath = clip.outputPath;
     saved.note = clip.toolTip();
     return saved;

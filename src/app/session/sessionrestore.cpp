@@ -6,10 +6,12 @@
 
 #include "clip.h"
 #include "cliplistwidget.h"
+#include "clipnames.h"
 #include "video.h"
 
 #include <QDeadlineTimer>
 #include <QFile>
+#include <QFileInfo>
 
 #include <utility>
 
@@ -19,6 +21,14 @@ constexpr int sliceMilliseconds = 20;
 
 bool isUnfinished(int status) {
     return status == Clip::Exporting || status == Clip::Queued;
+}
+
+/// Whether an encoder that outlives its program may still write to the clip's file. One whose
+/// recording is gone is the last that there will be.
+bool isInTheWay(const SavedClip& saved, const Video& job) {
+    const QFileInfo file(saved.outputPath);
+    return saved.status == Clip::Exporting && file.path() == job.clipDirectory &&
+           file.completeBaseName() == clipNumber(saved.index) && QFileInfo(job.fileName).isFile();
 }
 
 /// What is shown of an export until it goes on.
@@ -80,8 +90,7 @@ void SessionRestore::addClip(const SavedClip& saved) {
     clipsOf[job].append(clip);
     if (!isUnfinished(saved.status))
         return;
-    // An encoder that outlives its program may still write to this one.
-    if (saved.status == Clip::Exporting && !saved.outputPath.isEmpty())
+    if (isInTheWay(saved, *job))
         QFile::remove(saved.outputPath);
     toBeExported.append(clip);
 }
