@@ -14,6 +14,8 @@
 #include <QRandomGenerator>
 #include <QTemporaryDir>
 
+#include <sys/stat.h>
+
 #include <cerrno>
 #include <cmath>
 #include <limits>
@@ -67,6 +69,8 @@ private Q_SLOTS:
     void picturesThatCannotBeRead();
     void regionThatIsLost();
     void exportedFileThatIsGone();
+    void numbersOfFilesAreTaken();
+    void folderIsItsOwners();
     void secondProgramKeepsNone();
     void whatAKilledProgramLeft();
     void failingDisk_data();
@@ -197,6 +201,9 @@ void TestSessionFile::forgedIndexIsRefused_data() {
     add("state that is none", "\"state\":1", "\"state\":5");
     add("negative clip number", "\"index\":5", "\"index\":-5");
     add("clip number too large", "\"index\":5", "\"index\":4294967296");
+    add("clip number without one behind it", "\"index\":5", "\"index\":2147483647");
+    add("next number without one behind it", "\"nextClip\":7", "\"nextClip\":2147483647");
+    add("negative size", "\"size\":4711", "\"size\":-4711");
     add("start missing", "\"snapshotTime\"", "\"snapshotTimes\"");
     add("start that is a list", "\"snapshotTime\":", "\"snapshotTime\":[0],\"x\":");
     add("step that is none", "\"step\":3", "\"step\":5");
@@ -326,6 +333,30 @@ void TestSessionFile::exportedFileThatIsGone() {
     QVERIFY(!found.clips[0].isFileMissing);
     QVERIFY(found.clips[1].isFileMissing);
     QVERIFY(found.clips[2].isFileMissing);
+}
+
+/// A program that is killed cannot note what it has just exported.
+void TestSessionFile::numbersOfFilesAreTaken() {
+    SavedSession session;
+    session.jobs = {sessions::plainJob("/videos/a.mp4", 2), sessions::plainJob("/videos/b.mp4", 2)};
+    session.jobs[0].clipDirectory = folder->filePath("a_mp4_0");
+    session.jobs[0].nextClipNumber = 3;
+    session.jobs[1].nextClipNumber = 3;
+    QVERIFY(QDir().mkpath(session.jobs[0].clipDirectory));
+    for (const char* name : {"0001.avi", "0007.mkv", "0099", "12.avi", "2147483647.avi", "x8.avi"})
+        write(session.jobs[0].clipDirectory + '/' + name, "a file");
+    QVERIFY(QDir().mkpath(session.jobs[0].clipDirectory + "/0200.avi"));
+    save(session);
+    const SavedSession found = readBack();
+    QCOMPARE(found.jobs[0].nextClipNumber, 100);
+    QCOMPARE(found.jobs[1].nextClipNumber, 3);
+}
+
+void TestSessionFile::folderIsItsOwners() {
+    save(sessions::full());
+    struct stat status = {};
+    QCOMPARE(stat(QFile::encodeName(path(".")).constData(), &status), 0);
+    QCOMPARE(int(status.st_mode & 0777), 0700);
 }
 
 void TestSessionFile::secondProgramKeepsNone() {

@@ -20,6 +20,7 @@ struct JobRecord {
     QString fileName;
     QString clipDirectory;
     int state = 0;
+    qint64 fileSize = -1; ///< of one that has ended, when it was made; -1: not known
     double prerecord = 1.0;
     double postrecord = 1.0;
     double minimum = 5.0;

@@ -53,7 +53,7 @@ Video::Video(const JobRecord& record)
     : fileName(record.fileName)
     , clipDirectory(record.clipDirectory)
     , state(record.state == Running ? int(Waiting) : record.state)
-    , fileSize(QFileInfo(fileName).size())
+    , fileSize(hasEnded() && record.fileSize >= 0 ? record.fileSize : QFileInfo(fileName).size())
     , prerecord(record.prerecord)
     , postrecord(record.postrecord)
     , minimum(record.minimum)
@@ -133,6 +133,7 @@ JobRecord Video::record() const {
     record.fileName = fileName;
     record.clipDirectory = clipDirectory;
     record.state = state;
+    record.fileSize = fileSize;
     record.prerecord = prerecord;
     record.postrecord = postrecord;
     record.minimum = minimum;

@@ -8,6 +8,8 @@
 #include "video.h"
 #include "watchedrecording.h"
 
+#include <QFileInfo>
+
 #include <optional>
 #include <utility>
 #include <vector>
@@ -37,13 +39,16 @@ bool isWatched(const Video& job) {
 /// Which files there are, and what they were when they were looked at for the first time.
 class RecordingsWatch::Files {
 public:
-    FilePresence presence(const Video* job, const QString& path) {
+    /// `size`: at least so many bytes, as when it was searched, maybe in an earlier run.
+    FilePresence presence(const Video* job, const QString& path, qint64 size) {
         auto known = files.find(job);
         if (known != files.end())
             return presenceOf(known->second);
         const auto stamp = stampOf(path);
         if (!stamp)
             return FilePresence::Gone;
+        if (QFileInfo(path).size() < size)
+            return FilePresence::Changed;
         files.emplace(job, WatchedRecording(*stamp, WatchedRecording::Measured::Now));
         return FilePresence::Same;
     }
@@ -54,7 +59,12 @@ private:
 
 /// What is to be looked at in one go.
 struct RecordingsWatch::Look {
-    std::vector<std::pair<Video*, QString>> files; ///< jobs, and their paths
+    struct File {
+        Video* job;
+        QString path;
+        qint64 size;
+    };
+    std::vector<File> files;
 };
 
 RecordingsWatch::RecordingsWatch(DetectionQueue& queue, QObject* parent)
@@ -103,16 +113,16 @@ void RecordingsWatch::look(const QList<Video*>& jobs) {
     const auto wanted = std::make_shared<Look>();
     for (Video* job : jobs) {
         if (isWatched(*job))
-            wanted->files.emplace_back(job, job->fileName);
+            wanted->files.push_back({job, job->fileName, job->fileSize});
     }
     if (wanted->files.empty())
         return;
     if (jobs.size() > 1)
         looking = wanted;
     thread.run(this, [this, wanted, files = files](const GuiCall& callBack) {
-        for (const auto& [job, path] : wanted->files) {
-            const FilePresence presence = files->presence(job, path);
-            callBack([this, job = job, presence] { Q_EMIT found(job, presence); });
+        for (const Look::File& file : wanted->files) {
+            const FilePresence presence = files->presence(file.job, file.path, file.size);
+            callBack([this, job = file.job, presence] { Q_EMIT found(job, presence); });
         }
     });
 }

@@ -173,6 +173,8 @@ QJsonObject jobJson(const JobRecord& job) {
                      {"facts", factsJson(job.facts)},
                      {"firstClip", job.firstClipNumber},
                      {"nextClip", job.nextClipNumber}};
+    if (job.fileSize >= 0)
+        json.insert("size", double(job.fileSize));
     if (job.roiRect)
         json.insert("rectangle", rectangleJson(*job.roiRect));
     return json;
@@ -194,8 +196,10 @@ JobRecord jobOf(const QJsonValue& json, bool& isGood) {
     job.startDateTime = timeOf(fields.text("start"), isGood);
     job.search = searchOf(fields.fields("search"), isGood);
     job.facts = factsOf(fields.fields("facts"));
-    job.firstClipNumber = fields.integer("firstClip", 0, most);
-    job.nextClipNumber = fields.integer("nextClip", 0, most);
+    job.firstClipNumber = fields.integer("firstClip", 0, mostClipNumber);
+    job.nextClipNumber = fields.integer("nextClip", 0, mostClipNumber);
+    if (fields.has("size"))
+        job.fileSize = fields.count("size");
     if (fields.has("rectangle")) {
         const QJsonArray sides = fields.array("rectangle", 4);
         job.roiRect = rectangleOf(sides, isGood);

@@ -9,6 +9,9 @@
 #include <QJsonObject>
 #include <QJsonValue>
 
+/// Higher than any clip's number: far above what a person exports, and with room for more.
+constexpr int mostClipNumber = 1000000000;
+
 /// All of a job but its mask.
 QJsonObject jobJson(const JobRecord& job);
 

@@ -10,8 +10,6 @@
 #include <QCryptographicHash>
 #include <QJsonDocument>
 
-#include <limits>
-
 namespace {
 
 constexpr char format[] = "kestrova-session";
@@ -37,10 +35,9 @@ QJsonObject clipJson(const SavedClip& clip, const QString& snapshot) {
 }
 
 SavedClip clipOf(JsonFields& fields, int jobs) {
-    constexpr int most = std::numeric_limits<int>::max();
     SavedClip clip;
     clip.job = fields.integer("job", 0, jobs - 1);
-    clip.index = fields.integer("index", 0, most);
+    clip.index = fields.integer("index", 0, mostClipNumber - 1);
     clip.start = fields.number("start");
     clip.end = fields.number("end");
     clip.snapshotTime = fields.number("snapshotTime");

@@ -4,14 +4,19 @@
 
 #include "sessionstore.h"
 
+#include "clipnames.h"
+#include "jobjson.h"
 #include "regularfile.h"
 #include "video.h"
 #include "writing.h"
 
 #include <QDeadlineTimer>
 #include <QDir>
+#include <QDirIterator>
+#include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <cerrno>
 
 namespace {
@@ -32,6 +37,31 @@ void withdraw(JobRecord& job) {
     if (job.state <= Video::Running)
         job.state = Video::CancelRequested;
     job.roiRect.reset();
+}
+
+/// Above those of the files in a clip folder: a program that was killed may have exported clips
+/// that it could not note any more, and their files must not be replaced.
+int numberBehindFiles(const QString& clipFolder) {
+    int behind = 0;
+    QDirIterator files(clipFolder, QDir::Files | QDir::Hidden | QDir::System);
+    while (files.hasNext()) {
+        files.next();
+        const QString name = files.fileInfo().completeBaseName();
+        const int number = name.toInt();
+        if (number >= 0 && number < mostClipNumber && name == clipNumber(number))
+            behind = std::max(behind, number + 1);
+    }
+    return behind;
+}
+
+/// It names what a person has recorded, and shows it: nobody else's business.
+bool makePrivateFolder(const QString& path) {
+    const bool isNew = !QFileInfo::exists(path);
+    if (!QDir().mkpath(path))
+        return false;
+    if (isNew)
+        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    return true;
 }
 
 /// Why the last call has failed; never empty.
@@ -76,10 +106,12 @@ LastSession SessionStore::look() {
 
 SavedSession SessionStore::read() {
     SavedSession session = last.session;
-    for (int i = 0; i < session.jobs.size(); ++i) {
+    for (int i = 0; i < session.jobs.size() && !isGivenUp; ++i) {
         session.jobs[i].mask = pictures.take(last.masks[i]);
         if (session.jobs[i].mask.isNull() && !last.masks[i].isEmpty())
             withdraw(session.jobs[i]);
+        session.jobs[i].nextClipNumber = std::max(session.jobs[i].nextClipNumber,
+                                                  numberBehindFiles(session.jobs[i].clipDirectory));
     }
     for (int i = 0; i < session.clips.size() && !isGivenUp; ++i) {
         SavedClip& clip = session.clips[i];
@@ -95,7 +127,7 @@ QString SessionStore::save(const SavedSession& session) {
         return failure;
     if (!whyNotKept.isEmpty())
         return whyNotKept;
-    if (!QDir().mkpath(folder + QStringLiteral("/pictures")))
+    if (!makePrivateFolder(folder) || !QDir().mkpath(folder + QStringLiteral("/pictures")))
         return lastReason();
     const SessionIndex index = indexOf(session);
     failure = putPictures(index);

@@ -38,6 +38,7 @@ inline JobRecord plainJob(const QString& fileName, int state) {
 
 inline JobRecord fullJob() {
     JobRecord job = plainJob(QFile::decodeName("/videos/g\303\244rten \"%2\" \n.mp4"), 1);
+    job.fileSize = 4711;
     job.prerecord = 1.1;
     job.postrecord = 0.1 + 0.2; // no short decimal number
     job.minimum = 2.5;
@@ -139,6 +140,7 @@ inline void compareJob(const JobRecord& found, const JobRecord& wanted) {
     QCOMPARE(found.fileName, wanted.fileName);
     QCOMPARE(found.clipDirectory, wanted.clipDirectory);
     QCOMPARE(found.state, wanted.state);
+    QCOMPARE(found.fileSize, wanted.fileSize);
     QVERIFY(found.prerecord == wanted.prerecord && found.postrecord == wanted.postrecord &&
             found.minimum == wanted.minimum);
     QCOMPARE(found.skip, wanted.skip);
