@@ -4,6 +4,7 @@
 
 #include "windowtest.h"
 
+#include <QAbstractItemView>
 #include <QDockWidget>
 #include <QSet>
 #include <QToolButton>
@@ -47,6 +48,7 @@ private Q_SLOTS:
     void encoderThatOutlivesItsProgram();
     void onlyFilesOfExportsAreRemoved();
     void exportedFileThatIsGone();
+    void recordingThatWasCutOffSince();
     void waitingRecordingsAreSearched();
     void runningRecordingIsSearchedFromItsStart();
     void clipsOfAnUnfinishedSearchThatAreNotFoundAgain();
@@ -267,6 +269,25 @@ void TestSessionControl::exportedFileThatIsGone() {
     QVERIFY(driver->clip(1).toolTip().contains("no longer there"));
     QTest::qWait(300);
     QCOMPARE(encoder->calls().size(), calls); // a person may have removed it on purpose
+}
+
+/// Its clips would be others now.
+void TestSessionControl::recordingThatWasCutOffSince() {
+    QFile own(folder->filePath("own.mp4"));
+    QVERIFY(QFile::copy(shortRecording, own.fileName()));
+    Video* job = makeJob(own.fileName());
+    driver->accept(job);
+    QTRY_COMPARE_WITH_TIMEOUT(int(job->state), int(Video::Finished), longMilliseconds);
+    QTRY_COMPARE(driver->list().count(), 1);
+    driver.reset();
+    QVERIFY(own.resize(own.size() / 2));
+    goOn();
+    QTRY_COMPARE(driver->list().count(), 1);
+    auto* recordings = driver->window.findChild<QDockWidget*>("dockRecordings");
+    recordings->show();
+    const QAbstractItemModel* rows =
+        recordings->findChild<QAbstractItemView*>("recordings")->model();
+    QTRY_COMPARE(rows->index(0, 1).data().toString(), QString("file has changed since, 1 clip"));
 }
 
 void TestSessionControl::waitingRecordingsAreSearched() {

@@ -83,7 +83,7 @@ MainWindow::~MainWindow() {
 
 void MainWindow::keepSession() {
     auto* offer = new SessionOffer(this);
-    ui->gridLayout->addWidget(offer, 2, 0);
+    ui->gridLayout->addWidget(offer, ui->gridLayout->rowCount(), 0);
     session = std::make_unique<SessionControl>(queue, *ui->files, docks->resumed(), *offer);
     connect(session.get(), SIGNAL(told(QString)), ui->statusBar, SLOT(showMessage(QString)));
 }
