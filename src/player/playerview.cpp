@@ -164,6 +164,8 @@ bool PlayerView::takeKey(int key) {
         controls->toggleMute();
     else if (key == Qt::Key_F || key == Qt::Key_F11 || isLeaving)
         Q_EMIT fullScreenAsked();
+    else if (key == Qt::Key_M)
+        controls->toggleMute();
     else if (!controls->isReady())
         return false;
     else if (key == Qt::Key_Space)

@@ -1116,8 +1116,8 @@ Hohe Werte können die Erkennung verschlechtern</translation>
         <translation>Ganze Aufnahme</translation>
     </message>
     <message>
-        <source>Mute</source>
-        <translation>Stumm</translation>
+        <source>Mute (M)</source>
+        <translation>Stumm (M)</translation>
     </message>
     <message>
         <source>Full screen (F)</source>

@@ -1116,8 +1116,8 @@ Los valores altos pueden empeorar la detección</translation>
         <translation>Grabación entera</translation>
     </message>
     <message>
-        <source>Mute</source>
-        <translation>Silenciar</translation>
+        <source>Mute (M)</source>
+        <translation>Silenciar (M)</translation>
     </message>
     <message>
         <source>Full screen (F)</source>

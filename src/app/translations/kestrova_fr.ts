@@ -1116,8 +1116,8 @@ Des valeurs élevées peuvent nuire à la détection</translation>
         <translation>Enregistrement entier</translation>
     </message>
     <message>
-        <source>Mute</source>
-        <translation>Couper le son</translation>
+        <source>Mute (M)</source>
+        <translation>Couper le son (M)</translation>
     </message>
     <message>
         <source>Full screen (F)</source>
