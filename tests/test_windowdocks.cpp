@@ -23,6 +23,7 @@ private Q_SLOTS:
     void nothingIsStoredWhereNothingWasShown();
     void keysAndButtons_data();
     void keysAndButtons();
+    void checkedButtonIsSeen();
     void keyboardGoesWhereItIsLookedFor();
     void buttonTellsOfTheRecordings();
     void layoutIsRemembered();
@@ -100,6 +101,25 @@ void TestWindowDocks::keysAndButtons() {
     shown.close();
     QVERIFY(!tool.isChecked());
     QVERIFY(tool.toolTip().contains(QKeySequence(key).toString()));
+}
+
+/// In any palette.
+void TestWindowDocks::checkedButtonIsSeen() {
+    MainWindowDriver driver;
+    QPalette palette;
+    palette.setColor(QPalette::Highlight, Qt::red);
+    auto& tool = driver.part<QToolButton>("buttonMotion");
+    tool.setPalette(palette);
+    driver.window.show();
+    const auto isMarked = [&tool] {
+        const QImage seen = tool.grab().toImage();
+        return seen.pixelColor(seen.width() / 2, seen.height() - 5) == QColor(Qt::red);
+    };
+    QVERIFY(!isMarked());
+    tool.click();
+    QVERIFY(isMarked());
+    tool.click();
+    QVERIFY(!isMarked());
 }
 
 void TestWindowDocks::keyboardGoesWhereItIsLookedFor() {

@@ -10,6 +10,7 @@
 #include "detectionqueue.h"
 #include "docklayout.h"
 #include "listfilter.h"
+#include "markedbutton.h"
 #include "measurementcache.h"
 #include "motioncontrol.h"
 #include "motiondock.h"
@@ -27,7 +28,6 @@
 #include <QGridLayout>
 #include <QMainWindow>
 #include <QStatusBar>
-#include <QToolButton>
 
 WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWidget& list)
     : QObject(&window)
@@ -133,7 +133,7 @@ void WindowDocks::add(QDockWidget& dock, Qt::DockWidgetArea area, const char* bu
         dock.windowTitle(), action->shortcut().toString(QKeySequence::NativeText)));
     window.addAction(action);
     connect(action, SIGNAL(triggered(bool)), SLOT(focusShown(bool)));
-    auto* tool = new QToolButton(&window);
+    auto* tool = new MarkedButton(&window);
     tool->setObjectName(QLatin1String(button));
     tool->setDefaultAction(action);
     window.statusBar()->addPermanentWidget(tool);

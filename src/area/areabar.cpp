@@ -4,10 +4,11 @@
 
 #include "areabar.h"
 
+#include "markedbutton.h"
+
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
-#include <QToolButton>
 
 AreaBar::AreaBar(QWidget* parent)
     : QWidget(parent)
@@ -55,7 +56,7 @@ bool AreaBar::isForAllOfCamera() const {
 }
 
 QToolButton* AreaBar::addButton(const char* name, const QString& text, bool isCheckable) {
-    auto* button = new QToolButton(this);
+    auto* button = new MarkedButton(this);
     button->setObjectName(QLatin1String(name));
     button->setText(text);
     button->setCheckable(isCheckable);

@@ -51,7 +51,8 @@ RecordingsPanel::RecordingsPanel(QWidget* parent)
     totalsLabel->setObjectName(QStringLiteral("labelRecordings"));
     totalsLabel->setTextFormat(Qt::PlainText);
     totalsLabel->setWordWrap(true);
-    addLastLine();
+    layout->addWidget(totalsLabel);
+    addButtons();
     setFocusProxy(rows);
 }
 
@@ -131,7 +132,7 @@ void RecordingsPanel::addFilterLine() {
     static_cast<QVBoxLayout*>(layout())->addLayout(line);
 }
 
-void RecordingsPanel::addLastLine() {
+void RecordingsPanel::addButtons() {
     rest->setObjectName(QStringLiteral("pushButtonRest"));
     rest->setToolTip(tr("Searches the recordings that were cancelled"));
     report->setObjectName(QStringLiteral("pushButtonReport"));
@@ -139,7 +140,7 @@ void RecordingsPanel::addLastLine() {
     connect(rest, SIGNAL(clicked()), SIGNAL(restAsked()));
     connect(report, SIGNAL(clicked()), SIGNAL(reportAsked()));
     auto* line = new QHBoxLayout;
-    line->addWidget(totalsLabel, 1);
+    line->addStretch(1);
     line->addWidget(rest);
     line->addWidget(report);
     static_cast<QVBoxLayout*>(layout())->addLayout(line);

@@ -43,7 +43,7 @@ private Q_SLOTS:
 
 private:
     void addFilterLine();
-    void addLastLine();
+    void addButtons();
     void addSorting(QMenu& menu);
     void addKeeping(QMenu& menu);
 
