@@ -17,11 +17,12 @@
 //   list             also each clip: its recording, number, times, status and file
 //   wait SECONDS     answer only when nothing is searched or exported any more, or after this time
 // The end of the input ends the program like Quit. Settings come from the settings store. With the
-// argument "session" what is listed is kept from run to run.
+// argument "session" what is listed is kept from run to run, with "docks" all docks are shown.
 
 #include "mainwindowdriver.h"
 #include "toolkit.h"
 
+#include <QDockWidget>
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QJsonArray>
@@ -221,6 +222,10 @@ int main(int argc, char* argv[]) {
     if (QCoreApplication::arguments().contains("session"))
         driver.window.keepSession();
     driver.window.show();
+    if (QCoreApplication::arguments().contains("docks")) {
+        for (QDockWidget* dock : driver.window.findChildren<QDockWidget*>())
+            dock->show();
+    }
     const CommandReader reader(driver);
     return QApplication::exec();
 }

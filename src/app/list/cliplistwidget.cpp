@@ -45,8 +45,11 @@ QList<Clip*> ClipListWidget::selectedClips() const {
     return clipsOf(selectedItems());
 }
 
+/// Deselected together: each change of the selection is told to many.
 void ClipListWidget::removeSelected() {
-    remove(selectedClips());
+    const QList<Clip*> clips = selectedClips();
+    clearSelection();
+    remove(clips);
 }
 
 void ClipListWidget::remove(const QList<Clip*>& clips) {
