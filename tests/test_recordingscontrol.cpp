@@ -271,10 +271,10 @@ void TestRecordingsControl::reportIsThatOfTheScanner() {
     QCOMPARE(QImage(report + picture), QImage(scanned + picture));
 }
 
-/// As on a full disk: no file may become longer than a few bytes.
 /// That one cannot be read does not make it a report of the other detector.
 void TestRecordingsControl::reportOfCells() {
-    JobRecord record = makeJob(shortRecording)->record();
+    const std::unique_ptr<Video> made(makeJob(shortRecording));
+    JobRecord record = made->record();
     DecidingOptions cells;
     cells.detector = Detector::Cells;
     cells.segmentation = {1.0, 2.0, 2.0, 0.7F};

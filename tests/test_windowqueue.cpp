@@ -145,7 +145,8 @@ void TestWindowQueue::progressIsShownWhileJobsRun() {
     auto& bar = driver->part<QProgressBar>("progressBar");
     QTRY_VERIFY(bar.isVisible()); // within a tick of the timer
     QVERIFY(driver->part<QPushButton>("pushButtonCancel").isVisible());
-    QTRY_VERIFY(job->bytesRead * 100 / job->fileSize >= 3 || job->hasEnded());
+    QTRY_VERIFY_WITH_TIMEOUT(job->bytesRead * 100 / job->fileSize >= 3 || job->hasEnded(),
+                             longMilliseconds);
     QVERIFY(!job->hasEnded());
     tick();
     const int value = bar.value();
