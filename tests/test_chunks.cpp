@@ -12,6 +12,7 @@
 #include "framestream.h"
 #include "h264header.h"
 #include "media.h"
+#include "sample.h"
 
 #include <QCryptographicHash>
 #include <QLoggingCategory>
@@ -352,6 +353,7 @@ void TestChunks::undamagedStreams_data() {
 }
 
 void TestChunks::undamagedStreams() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, suffix);
     QFETCH(QString, options);
     QFETCH(int, seconds);
@@ -574,6 +576,7 @@ void TestChunks::damagedFiles_data() {
 
 /// The same number of pictures with the same times, whatever is concealed in them.
 void TestChunks::damagedFiles() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, name);
     QFETCH(QString, options);
     if (!media::hasEncoder(options.split(' ').at(1)))
@@ -656,6 +659,7 @@ void TestChunks::snapshotsAreMadeWhileDecoding_data() {
 
 /// Which pictures can be chosen is known when they are decoded, but for a few.
 void TestChunks::snapshotsAreMadeWhileDecoding() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(int, group);
     QFETCH(int, pixelThreshold);
     QFETCH(int, skip);

@@ -12,6 +12,7 @@
 #include "measurementcache.h"
 #include "media.h"
 #include "openwatch.h"
+#include "sample.h"
 
 #include <QDir>
 #include <QSettings>
@@ -177,6 +178,7 @@ void TestKeptJobs::listensTheSame_data() {
 }
 
 void TestKeptJobs::listensTheSame() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, name);
     QFETCH(int, number);
     const int before = found;
@@ -193,6 +195,7 @@ void TestKeptJobs::recordingsTellTheSame_data() {
 }
 
 void TestKeptJobs::recordingsTellTheSame() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, folder);
     KESTROVA_REQUIRE_FOLDER(folder);
     for (const QString& name : recordingsIn(folder)) {

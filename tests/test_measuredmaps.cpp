@@ -11,6 +11,7 @@
 #include "frames.h"
 #include "media.h"
 #include "picturecells.h"
+#include "sample.h"
 
 #include <QDir>
 #include <QFile>
@@ -336,6 +337,7 @@ void TestMeasuredMaps::partsAreOnePass_data() {
 
 /// And those that were regular without maps are with them.
 void TestMeasuredMaps::partsAreOnePass() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, path);
     const Maps expected = mapsOf(measured(path, keepingMaps()));
     DetectionOptions mean = keepingMaps();
@@ -353,6 +355,7 @@ void TestMeasuredMaps::partsOfSkippedPictures_data() {
 }
 
 void TestMeasuredMaps::partsOfSkippedPictures() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, path);
     for (const int skip : {1, 6, 30}) {
         DetectionOptions options = keepingMaps();

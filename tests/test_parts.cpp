@@ -9,6 +9,7 @@
 #include "footage.h"
 #include "media.h"
 #include "process.h"
+#include "sample.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -177,6 +178,7 @@ void TestParts::partsAreOnePass_data() {
 }
 
 void TestParts::partsAreOnePass() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, name);
     QFETCH(int, filled);
     compareWithOnePass(name, {}, 3, filled);

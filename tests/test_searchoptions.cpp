@@ -10,6 +10,7 @@
 #include "footage.h"
 #include "jobrun.h"
 #include "process.h"
+#include "sample.h"
 
 #include <QDir>
 #include <QJsonObject>
@@ -109,6 +110,7 @@ void TestSearchOptions::equalsTheScanner_data() {
 }
 
 void TestSearchOptions::equalsTheScanner() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, folder);
     KESTROVA_REQUIRE_FOLDER(folder);
     int found = 0;

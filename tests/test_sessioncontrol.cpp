@@ -483,7 +483,9 @@ void TestSessionControl::clipsAreRemovedWhileTheyCome() {
     driver.reset();
 
     goOn();
-    QTRY_VERIFY_WITH_TIMEOUT(driver->list().count() >= 100, longMilliseconds);
+    QSignalSpy inserted(driver->list().model(), SIGNAL(rowsInserted(QModelIndex, int, int)));
+    while (driver->list().count() < 100)
+        QVERIFY(inserted.wait(longMilliseconds)); // ends with the first rows, not some time later
     QVERIFY(driver->list().count() < 800);
     driver->trigger("actionRemoveAll");
     const auto isSearching = [this] {

@@ -8,6 +8,7 @@
 #include "footage.h"
 #include "framestream.h"
 #include "media.h"
+#include "sample.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -220,6 +221,7 @@ void TestThreads::undamagedStreams_data() {
 }
 
 void TestThreads::undamagedStreams() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, encoder);
     QFETCH(QString, suffix);
     QFETCH(QString, options);

@@ -11,6 +11,7 @@
 #include "media.h"
 #include "pipewriter.h"
 #include "process.h"
+#include "sample.h"
 
 #include <QCryptographicHash>
 #include <QDir>
@@ -162,6 +163,7 @@ void TestValues::equalsAFreshScan_data() {
 }
 
 void TestValues::equalsAFreshScan() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, name);
     QFETCH(int, number);
     const QList<QStringList> sets = {
