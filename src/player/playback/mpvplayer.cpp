@@ -4,14 +4,11 @@
 
 #include "mpvplayer.h"
 
-#include "containername.h"
 #include "failuretexts.h"
-#include "mediafile.h"
-
-#include <QFile>
+#include "mpvvalues.h"
+#include "openedrecording.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace {
 
@@ -20,46 +17,6 @@ constexpr quint64 forLoading = 1;
 constexpr quint64 forFirstTime = 2;
 constexpr quint64 forClip = 3;
 constexpr quint64 forTime = 4;
-
-// Seconds before its target at which a search for it begins: where a file has no index, it may come
-// out behind the key frame that is needed.
-constexpr double usualLead = 1.0;
-constexpr double longLead = 20.0;
-constexpr double lateSeconds = 0.1; // a picture is not the one that was looked for
-
-QByteArray numberText(double number) {
-    return QByteArray::number(number, 'f', 6);
-}
-
-QByteArray flagText(bool flag) {
-    return flag ? "yes" : "no";
-}
-
-/// 0 where the reply has none.
-std::int64_t entryOf(const mpv_node& result) {
-    for (int i = 0; result.format == MPV_FORMAT_NODE_MAP && i < result.u.list->num; ++i) {
-        if (std::strcmp(result.u.list->keys[i], "playlist_entry_id") == 0)
-            return result.u.list->values[i].u.int64;
-    }
-    return 0;
-}
-
-/// 0 where the reply has none.
-double timeOf(const mpv_event& reply) {
-    if (reply.error < 0)
-        return 0.0;
-    return *static_cast<double*>(static_cast<const mpv_event_property*>(reply.data)->data);
-}
-
-/// The first picture that an edit list has left; seconds as the player counts.
-double editedStart(const QString& fileName) {
-    const MediaFile media(QFile::encodeName(fileName));
-    if (!media.hasTimes())
-        return 0.0;
-    const AVStream& stream = *media.stream();
-    return double(stream.start_time) * av_q2d(stream.time_base) -
-           media.facts().description.startTime;
-}
 
 } // namespace
 
@@ -103,47 +60,26 @@ QString MpvPlayer::start() {
         player.reset();
         return tr("The library that plays recordings, libmpv, cannot begin.");
     }
-    for (const char* property : {"time-pos", "duration"})
-        player->observe(property, MPV_FORMAT_DOUBLE);
-    for (const char* property : {"pause", "eof-reached"})
-        player->observe(property, MPV_FORMAT_FLAG);
-    for (const char* property : {"dwidth", "dheight"})
-        player->observe(property, MPV_FORMAT_INT64);
+    MpvProperties::observe(*player);
     return {};
 }
 
 QString MpvPlayer::load() {
-    QString error = openFile();
-    if (!error.isEmpty())
-        return error;
-    // The demuxer that searches have, too: playlists and the like are refused as there.
-    const ContainerName container = containerNameOf(request.clip.file, [] { return false; });
-    if (!container.error.isEmpty())
-        return tr("Cannot be played: %1").arg(translatedFailure(container.error));
+    const OpenedRecording opened = openForPlaying(
+        request.clip, [this] { QMetaObject::invokeMethod(this, "tellCut", Qt::QueuedConnection); });
+    file = opened.file;
+    if (!opened.error.isEmpty())
+        return opened.error;
     stage = Stage::Loading;
     entry = 0;
-    setLead(usualLead);
+    search.forget(*player);
     setSpeed(request.speed);
     setMuted(request.isMuted);
-    player->set("demuxer-lavf-format", container.name.toLatin1());
+    player->set("demuxer-lavf-format", opened.demuxer);
     player->set("pause", "yes");
     player->set("ab-loop-a", "no");
     player->set("ab-loop-b", "no");
     player->command({"loadfile", stream.lead(file), "replace"}, forLoading);
-    return {};
-}
-
-QString MpvPlayer::openFile() {
-    file = std::make_shared<RecordingFile>(request.clip.file, [this] {
-        QMetaObject::invokeMethod(this, "tellCut", Qt::QueuedConnection);
-    });
-    if (file->error() == ENOENT)
-        return tr("The recording is no longer there.");
-    if (!file->isOpen())
-        return file->error() == 0 ? tr("This is no file that can be played.")
-                                  : tr("Cannot be read: %1").arg(qt_error_string(file->error()));
-    if (request.clip.bytes >= 0 && request.clip.bytes != file->size())
-        return tr("The recording has changed since it was searched.");
     return {};
 }
 
@@ -168,31 +104,23 @@ void MpvPlayer::showClip() {
     seekTo(request.clip.start, forClip);
 }
 
-void MpvPlayer::setLead(double seconds) {
-    lead = seconds;
-    player->set("hr-seek-demuxer-offset", numberText(seconds));
-}
-
 void MpvPlayer::setLoop() {
     const bool isLooped = !request.isWhole && request.clip.end > request.clip.start;
     const double start = std::max(request.clip.start, 0.0);
-    player->set("ab-loop-b", isLooped ? numberText(first + request.clip.end) : "no");
-    player->set("ab-loop-a", isLooped ? numberText(first + start) : "no");
+    player->set("ab-loop-b", isLooped ? numberText(search.first + request.clip.end) : "no");
+    player->set("ab-loop-a", isLooped ? numberText(search.first + start) : "no");
 }
 
 void MpvPlayer::seekTo(double seconds, quint64 id) {
-    // What is below zero counts from the end.
-    target = std::max(first + std::max(seconds, 0.0), 0.0);
     drawNewest(); // what comes from now on is of this search
-    hasPicture = false;
-    player->command({"seek", numberText(target), "absolute+exact"}, id);
+    search.begin(*player, seconds, id);
 }
 
 void MpvPlayer::setPaused(bool isPaused) {
     request.isPlaying = !isPaused;
     if (stage != Stage::Shown)
         return; // soon
-    if (!isPaused && isAtEnd)
+    if (!isPaused && told.isAtEnd)
         seekTo(request.isWhole ? 0.0 : request.clip.start, 0);
     player->set("pause", flagText(isPaused));
 }
@@ -263,9 +191,9 @@ void MpvPlayer::takeReply(const mpv_event& event) {
     if (event.reply_userdata == forLoading && event.error >= 0)
         entry = entryOf(static_cast<const mpv_event_command*>(event.data)->result);
     else if (event.reply_userdata == forFirstTime)
-        takeFirstTime(timeOf(event));
+        takeFirstTime(secondsOf(event));
     else if (event.reply_userdata == forTime)
-        takeClipTime(timeOf(event));
+        takeClipTime(secondsOf(event));
     // Where it cannot seek it goes on from where it is.
     else if (event.reply_userdata == forClip && event.error < 0)
         takeRestart();
@@ -284,7 +212,7 @@ void MpvPlayer::takeFirstTime(double seconds) {
         return;
     // Before zero are pictures that an edit list has taken out, which the player shows all the
     // same.
-    first = seconds < 0.0 ? editedStart(request.clip.file) : seconds;
+    search.first = seconds < 0.0 ? editedStart(request.clip.file) : seconds;
     showClip();
 }
 
@@ -292,27 +220,24 @@ void MpvPlayer::takeClipTime(double seconds) {
     if (stage != Stage::Seeking)
         return;
     drawNewest();
-    time = seconds;
-    const bool isFound = hasPicture && time <= target + lateSeconds;
-    if (isFound || !searchFromEarlier(forClip))
+    told.time = seconds;
+    if (search.isFound(seconds) || !searchFromEarlier(forClip))
         show();
 }
 
 bool MpvPlayer::searchFromEarlier(quint64 id) {
-    if (lead >= longLead)
+    if (!search.widen(*player))
         return false;
-    setLead(longLead);
-    seekTo(target - first, id);
+    seekTo(search.target(), id);
     return true;
 }
 
 /// A search that came out behind the last key frame finds no picture at all.
-void MpvPlayer::takeEnd(bool isReached) {
-    isAtEnd = isReached;
+void MpvPlayer::takeEnd() {
     drawNewest();
     constexpr double nearEnd = 1.0;
-    const bool isLost = isAtEnd && (!hasPicture || time + nearEnd < length);
-    if (stage == Stage::Seeking && isAtEnd && !(isLost && searchFromEarlier(forClip)))
+    const bool isLost = told.isAtEnd && (!search.hasPicture() || told.time + nearEnd < told.length);
+    if (stage == Stage::Seeking && told.isAtEnd && !(isLost && searchFromEarlier(forClip)))
         show();
     else if (stage == Stage::Shown && isLost)
         searchFromEarlier(0);
@@ -322,37 +247,24 @@ void MpvPlayer::show() {
     stage = Stage::Shown;
     setLoop();
     player->set("pause", flagText(!request.isPlaying));
-    Q_EMIT sized(shape);
+    Q_EMIT sized(told.shape);
     draw();
-    Q_EMIT shown(request.number, std::max(length - first, 0.0));
+    Q_EMIT shown(request.number, std::max(told.length - search.first, 0.0));
     Q_EMIT paused(!request.isPlaying);
-    Q_EMIT moved(time - first);
+    Q_EMIT moved(told.time - search.first);
 }
 
 void MpvPlayer::takeProperty(const mpv_event_property& property) {
-    if (property.format == MPV_FORMAT_NONE)
-        return;
-    const QByteArray name = property.name;
-    if (name == "time-pos")
-        takeTime(*static_cast<double*>(property.data));
-    else if (name == "duration")
-        length = *static_cast<double*>(property.data);
-    else if (name == "eof-reached")
-        takeEnd(*static_cast<int*>(property.data) != 0);
-    else if (name == "dwidth")
-        shape.setWidth(int(*static_cast<std::int64_t*>(property.data)));
-    else if (name == "dheight")
-        shape.setHeight(int(*static_cast<std::int64_t*>(property.data)));
-    else if (name == "pause" && stage == Stage::Shown)
-        Q_EMIT paused(*static_cast<int*>(property.data) != 0);
-    if (name.startsWith('d') && stage == Stage::Shown)
-        Q_EMIT sized(shape);
-}
-
-void MpvPlayer::takeTime(double seconds) {
-    time = seconds;
-    if (stage == Stage::Shown)
-        Q_EMIT moved(time - first);
+    using Change = MpvProperties::Change;
+    const Change change = told.take(property);
+    if (change == Change::End)
+        takeEnd();
+    else if (stage == Stage::Shown && change == Change::Time)
+        Q_EMIT moved(told.time - search.first);
+    else if (stage == Stage::Shown && change == Change::Pause)
+        Q_EMIT paused(told.isPaused);
+    else if (stage == Stage::Shown && change == Change::Shape)
+        Q_EMIT sized(told.shape);
 }
 
 void MpvPlayer::tellCut() {
@@ -365,7 +277,8 @@ void MpvPlayer::drawNewest() {
     const bool isNew =
         player && player->picture() &&
         (player->functions().update(player->picture()) & MPV_RENDER_UPDATE_FRAME) != 0;
-    hasPicture = hasPicture || (isNew && player->hasNewPicture());
+    if (isNew && player->hasNewPicture())
+        search.take();
     if (isNew && stage == Stage::Shown)
         draw();
     else if (isNew)

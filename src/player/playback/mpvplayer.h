@@ -6,6 +6,8 @@
 
 #include "mpvhandle.h"
 #include "mpvpicture.h"
+#include "mpvproperties.h"
+#include "picturesearch.h"
 #include "pictureslot.h"
 #include "playedclip.h"
 #include "recordingstream.h"
@@ -71,22 +73,19 @@ private:
 
     QString start();
     QString load();
-    QString openFile();
     void fail(const QString& reason);
     void unload();
     void showClip();
     void setLoop();
-    void setLead(double seconds);
     void seekTo(double seconds, quint64 id);
     void take(const mpv_event& event);
     void takeReply(const mpv_event& event);
     void takeProperty(const mpv_event_property& property);
-    void takeTime(double seconds);
     void takeRestart();
     void takeFirstTime(double seconds);
     void takeClipTime(double seconds);
     bool searchFromEarlier(quint64 id);
-    void takeEnd(bool isReached);
+    void takeEnd();
     void show();
     void draw();
 
@@ -101,12 +100,6 @@ private:
     Stage stage = Stage::Nothing;
     std::int64_t entry = 0;        ///< the library's number of what was asked for; 0: not known yet
     std::int64_t startedEntry = 0; ///< of what it is at
-    double first = 0.0;            ///< the library's time of the first picture, seconds
-    double length = 0.0;           ///< seconds, in the library's time
-    double time = 0.0;             ///< of the picture that is shown, in the library's time
-    double target = 0.0;           ///< of the last search, in the library's time
-    bool hasPicture = false;       ///< since the last search
-    double lead = 0.0;             ///< seconds
-    bool isAtEnd = false;
-    QSize shape;
+    PictureSearch search;
+    MpvProperties told;
 };
