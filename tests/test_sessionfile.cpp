@@ -59,6 +59,7 @@ private Q_SLOTS:
     void namesOfAnyBytes();
     void nothingIsThereAtFirst();
     void picturesAreWrittenOnce();
+    void picturesOfEveryFormat();
     void picturesThatNobodyNeedsGo();
     void damagedIndexIsNeverTaken();
     void forgedIndexIsRefused_data();
@@ -149,6 +150,28 @@ void TestSessionFile::picturesAreWrittenOnce() {
     QVERIFY(contentOf(path("index")) != before);
     for (const QString& name : pictures())
         QCOMPARE(contentOf(path("pictures/" + name)), QByteArray("not written again"));
+}
+
+void TestSessionFile::picturesOfEveryFormat() {
+    const QImage picture = sessions::clip(0, 0, 0).snapshot.convertToFormat(QImage::Format_RGB32);
+    QImage littered = picture;
+    for (int y = 0; y < littered.height(); ++y) {
+        auto* line = reinterpret_cast<QRgb*>(littered.scanLine(y));
+        for (int x = 0; x < littered.width(); ++x)
+            line[x] = (line[x] & 0xffffff) | (QRgb(x) << 24); // nobody sees that byte
+    }
+    SavedSession session;
+    session.jobs = {sessions::plainJob("/videos/plain.avi", 4)};
+    for (const QImage& same : {picture, littered, picture.convertToFormat(QImage::Format_RGB888)}) {
+        session.clips.append(sessions::clip(0, session.clips.size(), 0));
+        session.clips.last().snapshot = same;
+    }
+    save(session);
+    QCOMPARE(pictures().size(), 1);
+    const SavedSession found = readBack();
+    for (const SavedClip& clip : found.clips)
+        QCOMPARE(clip.snapshot.convertToFormat(QImage::Format_RGB888),
+                 picture.convertToFormat(QImage::Format_RGB888));
 }
 
 void TestSessionFile::picturesThatNobodyNeedsGo() {

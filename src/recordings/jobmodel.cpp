@@ -61,7 +61,9 @@ void JobModel::setClipCounts(const QHash<const Video*, int>& counts) {
 
 void JobModel::setPresence(const Video* job, FilePresence presence) {
     presences[job] = presence;
-    refresh();
+    const int row = this->row(job);
+    if (row >= 0 && update(row))
+        Q_EMIT changed();
 }
 
 int JobModel::rowCount(const QModelIndex& parent) const {
@@ -120,14 +122,8 @@ void JobModel::refresh() {
             lastSearches[jobs[row]->clipDirectory] = row;
     }
     bool isAnyOther = false;
-    for (int row = 0; row < jobs.size(); ++row) {
-        const JobStatus now = statusNow(jobs[row]);
-        if (now == statuses[row])
-            continue;
-        statuses[row] = now;
-        isAnyOther = true;
-        Q_EMIT dataChanged(index(row, Name), index(row, ColumnCount - 1));
-    }
+    for (int row = 0; row < jobs.size(); ++row)
+        isAnyOther = update(row) || isAnyOther;
     if (isAnyOther)
         Q_EMIT changed();
 }
@@ -155,6 +151,16 @@ void JobModel::takeFacts() {
     statuses[row] = statusNow(jobs[row]);
     Q_EMIT dataChanged(index(row, Name), index(row, ColumnCount - 1));
     Q_EMIT changed();
+}
+
+/// Whether it says something else than before.
+bool JobModel::update(int row) {
+    const JobStatus now = statusNow(jobs[row]);
+    if (now == statuses[row])
+        return false;
+    statuses[row] = now;
+    Q_EMIT dataChanged(index(row, Name), index(row, ColumnCount - 1));
+    return true;
 }
 
 JobStatus JobModel::statusNow(const Video* job) const {

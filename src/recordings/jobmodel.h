@@ -55,6 +55,7 @@ private Q_SLOTS:
     void takeFacts();
 
 private:
+    bool update(int row);
     JobStatus statusNow(const Video* job) const;
     QString text(int row, Column column) const;
     QVariant sortValue(int row, Column column) const;

@@ -14,21 +14,37 @@
 #include <QRegularExpression>
 #include <QVector>
 
+#include <algorithm>
+
 namespace {
 
 constexpr qint64 mostBytes = qint64(1) << 28;
 constexpr qint64 mostPixels = qint64(1) << 28; // no larger picture is decoded
+constexpr int quickQuality = 80;               // a quarter of the time for a quarter more bytes
+constexpr QRgb opaque = 0xff000000;
+
+/// One line, each pixel as `QImage::pixel` tells it.
+void readLine(const QImage& picture, int y, QVector<QRgb>& line) {
+    const auto* pixels = reinterpret_cast<const QRgb*>(picture.constScanLine(y));
+    if (picture.format() == QImage::Format_RGB32)
+        std::transform(pixels, pixels + line.size(), line.begin(),
+                       [](QRgb pixel) { return pixel | opaque; });
+    else if (picture.format() == QImage::Format_ARGB32)
+        std::copy_n(pixels, line.size(), line.begin());
+    else
+        for (int x = 0; x < line.size(); ++x)
+            line[x] = picture.pixel(x, y);
+}
 
 /// The same for pictures that show the same, in whatever format. Nothing is converted: the toolkit
 /// would do that on threads that may not be there.
 QString nameFor(const QImage& picture) {
-    QCryptographicHash hash(QCryptographicHash::Sha256);
+    QCryptographicHash hash(QCryptographicHash::Sha1); // a fifth of the time of its successors
     hash.addData(QByteArray::number(picture.width()) + 'x' + QByteArray::number(picture.height()) +
                  (picture.hasAlphaChannel() ? 'a' : 'o'));
     QVector<QRgb> line(picture.width());
     for (int y = 0; y < picture.height(); ++y) {
-        for (int x = 0; x < picture.width(); ++x)
-            line[x] = picture.pixel(x, y);
+        readLine(picture, y, line);
         hash.addData(reinterpret_cast<const char*>(line.constData()),
                      line.size() * int(sizeof(QRgb)));
     }
@@ -36,14 +52,14 @@ QString nameFor(const QImage& picture) {
 }
 
 bool isName(const QString& name) {
-    static const QRegularExpression digest(QStringLiteral("\\A[0-9a-f]{64}\\z"));
+    static const QRegularExpression digest(QStringLiteral("\\A[0-9a-f]{40}\\z"));
     return digest.match(name).hasMatch();
 }
 
 QByteArray pngOf(const QImage& picture) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    return picture.save(&buffer, "PNG") ? buffer.data() : QByteArray();
+    return picture.save(&buffer, "PNG", quickQuality) ? buffer.data() : QByteArray();
 }
 
 /// Empty if it cannot be read.

@@ -134,12 +134,13 @@ QString SessionStore::save(const SavedSession& session) {
     return failure.isEmpty() && !isGivenUp ? write(index) : failure;
 }
 
+/// Not whole where it is given up.
 SessionIndex SessionStore::indexOf(const SavedSession& session) {
     SessionIndex index{session, {}, {}};
     for (const JobRecord& job : session.jobs)
         index.masks.append(pictures.nameOf(job.mask));
-    for (const SavedClip& clip : session.clips)
-        index.snapshots.append(pictures.nameOf(clip.snapshot));
+    for (int i = 0; i < session.clips.size() && !isGivenUp; ++i)
+        index.snapshots.append(pictures.nameOf(session.clips[i].snapshot));
     return index;
 }
 
