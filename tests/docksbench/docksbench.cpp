@@ -5,10 +5,11 @@
 // How long the window is busy with many long recordings and their clips; run by
 // scripts/bench-window.
 //
-//   docksbench RECORDINGS CLIPS FILE hidden|shown   lists so many copies of FILE, said to be of 8
-//                                                   hours, with so many clips, and does what a
-//                                                   person does with them; without or with all
-//                                                   docks
+//   docksbench list FOLDER RECORDINGS CLIPS FILE hidden|shown
+//       lists so many copies of FILE, said to be of 8 hours, with so many clips, and quits; without
+//       or with all docks
+//   docksbench go-on FOLDER RECORDINGS CLIPS FILE hidden|shown
+//       goes on with that session, and does what a person does with it
 //
 // Prints for how long the window's thread did not come back to its events, in milliseconds of its
 // own processor time, and by the clock.
@@ -17,12 +18,9 @@
 #include "waits.h"
 #include "week.h"
 
-#include <QElapsedTimer>
-#include <QFileInfo>
+#include <QDir>
 #include <QSettings>
 #include <QStandardPaths>
-#include <QTemporaryDir>
-#include <QThread>
 
 #include <cstdio>
 #include <cstring>
@@ -30,24 +28,13 @@
 
 namespace {
 
-constexpr qint64 longestMilliseconds = 180000; ///< until a session is written
-
 QString sessionFolder() {
     return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation) + "/session";
 }
 
-/// Pictures are looked at before the session is written.
+/// With all pictures, no two of which are the same.
 bool isSaved(int clips) {
-    constexpr qint64 leastBytesOfClip = 100;
-    return QFileInfo(sessionFolder() + "/index").size() > clips * leastBytesOfClip;
-}
-
-/// A thread of its own may still be at work with it.
-void waitForSession() {
-    QElapsedTimer timer;
-    timer.start();
-    while (QFile::exists(sessionFolder() + ".lock") && timer.elapsed() < longestMilliseconds)
-        QThread::usleep(500);
+    return QDir(sessionFolder() + "/pictures").entryList(QDir::Files).size() >= clips;
 }
 
 std::unique_ptr<MainWindowDriver> openWindow(bool isShown) {
@@ -78,7 +65,7 @@ void listClips(const Week& week, const QList<Video*>& jobs) {
     print("a recording's clips listed", longest);
 }
 
-void keepWeek(const Week& week, bool isShown) {
+void listWeek(const Week& week, bool isShown) {
     auto driver = openWindow(isShown);
     const QList<Video*> jobs = week.makeJobs();
     if (isShown)
@@ -118,20 +105,20 @@ bool goOnWithWeek(int clips, bool isShown) {
 } // namespace
 
 int main(int argc, char* argv[]) {
-    if (argc != 5)
+    if (argc != 7)
         return 2;
-    const int recordings = atoi(argv[1]);
-    const int clips = atoi(argv[2]);
-    const QString file = QFile::decodeName(argv[3]);
-    const bool isShown = std::strcmp(argv[4], "shown") == 0;
+    const bool isFirst = std::strcmp(argv[1], "list") == 0;
+    const QString folder = QFile::decodeName(argv[2]);
+    const Week week(folder, QFile::decodeName(argv[5]), atoi(argv[3]), atoi(argv[4]));
+    const bool isShown = std::strcmp(argv[6], "shown") == 0;
+    const int clips = atoi(argv[3]) * week.clipsOfRecording();
     argc = 1;
     const QApplication application(argc, argv);
     QCoreApplication::setOrganizationName("kestrova");
     QCoreApplication::setApplicationName("kestrova");
-    const QTemporaryDir folder;
-    QSettings().setValue("export_dir", folder.path());
-    const Week week(folder.path(), file, recordings, clips);
-    keepWeek(week, isShown);
-    waitForSession();
-    return goOnWithWeek(recordings * week.clipsOfRecording(), isShown) ? 0 : 1;
+    QSettings().setValue("export_dir", folder);
+    if (!isFirst)
+        return goOnWithWeek(clips, isShown) ? 0 : 1;
+    listWeek(week, isShown);
+    return 0;
 }

@@ -18,12 +18,16 @@ namespace {
 constexpr double secondsOfRecording = 8 * 3600.0;
 constexpr double secondsOfClip = 7.0;
 constexpr double picturesASecond = 25.0;
-constexpr int wholeRecordings = 3;
+constexpr int wholeRecordings = 3; // of which every picture is kept
+constexpr int keptRecordings = 60; // all would take minutes and gigabytes
 const QSize pictureSize(320, 240);
 
-QImage picture(int number) {
+/// No two are the same.
+QImage picture() {
+    static QRgb number = 0;
     QImage image(pictureSize, QImage::Format_RGB32);
-    image.fill(QColor::fromHsv(number % 360, 200, 200));
+    image.fill(QColor::fromHsv(int(number % 360), 200, 200));
+    image.setPixel(0, 0, number++);
     return image;
 }
 
@@ -51,7 +55,7 @@ Week::Week(const QString& folder, const QString& file, int recordings, int clips
     , clipsOfEach(std::max(clips / recordings, 1)) {
     for (int i = 0; i < recordings; ++i) {
         const QString path = QStringLiteral("%1/camera-%2.mp4").arg(folder).arg(i);
-        QFile::copy(file, path);
+        QFile::copy(file, path); // where it is not there yet
         files.append(path);
     }
 }
@@ -74,7 +78,7 @@ QList<Video*> Week::makeJobs() const {
 void Week::keep(const QList<Video*>& jobs) const {
     const Measurement whole = madeUp(secondsBetween(), picturesASecond);
     const Measurement sparse = madeUp(secondsBetween(), 1.0);
-    for (int i = 0; i < jobs.size(); ++i)
+    for (int i = 0; i < std::min(jobs.size(), keptRecordings); ++i)
         MeasurementCache::instance().keep(*stampOf(jobs[i]->fileName), jobs[i]->detectionOptions(),
                                           i < wholeRecordings ? whole : sparse, {});
 }
@@ -82,7 +86,7 @@ void Week::keep(const QList<Video*>& jobs) const {
 void Week::announceClips(Video& job) const {
     for (int number = 0; number < clipsOfEach; ++number) {
         const double start = number * secondsBetween();
-        Q_EMIT job.newClip(number, picture(number), start, start + secondsOfClip, start);
+        Q_EMIT job.newClip(number, picture(), start, start + secondsOfClip, start);
     }
 }
 

@@ -21,8 +21,8 @@ public:
     /// A finished job for each recording. The caller owns them.
     QList<Video*> makeJobs() const;
 
-    /// Keeps values and maps of all, as if they had been measured: of the first ones every picture,
-    /// of the others, which would take gigabytes, one a second.
+    /// Keeps values and maps of some, as if they had been measured: of the first ones of every
+    /// picture, of the others of one a second.
     void keep(const QList<Video*>& jobs) const;
 
     int clipsOfRecording() const { return clipsOfEach; }
