@@ -15,7 +15,6 @@
 #include <algorithm>
 #include <functional>
 #include <iterator>
-#include <utility>
 
 ClipExchange::ClipExchange(QListWidget& list, DiscardedClips& discarded)
     : list(list)
@@ -41,16 +40,9 @@ void ClipExchange::putIn(Clip& clip, const QList<Video*>& jobs) {
     listInPlace(list, jobs, clip);
 }
 
+/// Which recordings there were is still to be known while their clips change back.
 void ClipExchange::undo() {
-    QList<Clip*> leaving;
-    for (const QPointer<Clip>& clip : std::exchange(in, {})) {
-        if (clip && clip->listWidget() && !isExportedOrWill(*clip))
-            leaving.append(clip);
-    }
-    for (Clip* clip : leaving)
-        removeFromList(*clip);
-    discarded.add(leaving);
-    for (const Before& before : std::exchange(decidings, {})) {
+    for (const Before& before : decidings) {
         if (before.video)
             before.video->search.deciding = before.options;
     }
@@ -79,9 +71,18 @@ void ClipExchange::forgetSuperseded() {
 
 bool ClipExchange::putBackSome(const QList<Video*>& jobs, int milliseconds) {
     const QDeadlineTimer deadline(milliseconds);
-    while (!out.isEmpty() && !deadline.hasExpired())
+    while (!in.isEmpty() && !deadline.hasExpired())
+        discard(in.takeLast());
+    while (in.isEmpty() && !out.isEmpty() && !deadline.hasExpired())
         listInPlace(list, jobs, *out.takeFirst());
-    return !out.isEmpty();
+    return !in.isEmpty() || !out.isEmpty();
+}
+
+void ClipExchange::discard(Clip* clip) {
+    if (!clip || !clip->listWidget() || isExportedOrWill(*clip))
+        return;
+    removeFromList(*clip);
+    discarded.add({clip});
 }
 
 void ClipExchange::removeFromList(Clip& clip) {

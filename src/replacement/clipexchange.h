@@ -36,15 +36,15 @@ public:
     /// A new clip, which the list owns from then on.
     void putIn(Clip& clip, const QList<Video*>& jobs);
 
-    /// Lists and decides as before; but new clips that are exported, or will be, stay. What had
-    /// left the list is put back by `putBackSome`.
+    /// Decides as before. The list becomes what it was by `putBackSome`.
     void undo();
 
     /// Forgets what was done with recordings for which other jobs stand by now: these find anew
     /// what is to be listed.
     void forgetSuperseded();
 
-    /// Goes on with that for about so long; false when all are back.
+    /// Goes on for about so long with taking out what is new, but for clips that are exported or
+    /// will be, and then with putting back what had left; false when all is done.
     bool putBackSome(const QList<Video*>& jobs, int milliseconds);
 
     /// Whether there is nothing to be undone.
@@ -58,6 +58,7 @@ private:
         std::optional<DecidingOptions> options;
     };
 
+    void discard(Clip* clip);
     void removeFromList(Clip& clip);
 
     QListWidget& list;

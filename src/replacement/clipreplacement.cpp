@@ -41,7 +41,6 @@ ClipReplacement::~ClipReplacement() {
 }
 
 void ClipReplacement::use(const QList<Video*>& jobs, const DecidingOptions& options) {
-    finishUndo();
     drop([&jobs](const Task& task) { return jobs.contains(task.video); });
     const auto exchange = std::make_shared<ClipExchange>(list, discarded);
     std::deque<Task> added;
@@ -63,33 +62,28 @@ void ClipReplacement::use(const QList<Video*>& jobs, const DecidingOptions& opti
 void ClipReplacement::undo() {
     if (exchanges.empty())
         return;
-    finishUndo();
-    undone = exchanges.back();
+    undone.push_back(exchanges.back());
     exchanges.pop_back();
-    drop([this](const Task& task) { return task.exchange == undone; });
-    undone->undo();
+    drop([this](const Task& task) { return task.exchange == undone.back(); });
+    undone.back()->undo();
     undoTimer.start();
     putBack();
-    goOn();
 }
 
 /// Thousands of clips take longer than a person should wait for the window.
 void ClipReplacement::putBack() {
-    if (!undone->putBackSome(queue.jobs(), sliceMilliseconds)) {
+    if (!undone.front()->putBackSome(queue.jobs(), sliceMilliseconds))
+        undone.pop_front();
+    if (undone.empty())
         undoTimer.stop();
-        undone.reset();
-    }
     Q_EMIT changed();
+    goOn();
 }
 
-void ClipReplacement::finishUndo() {
-    while (undone)
-        putBack();
-}
-
-/// Does the next step of the first recording that is not done yet.
+/// Does the next step of the first recording that is not done yet, once the list is as it was
+/// before what is taken back.
 void ClipReplacement::goOn() {
-    if (work.isBusy())
+    if (work.isBusy() || !undone.empty())
         return;
     while (!tasks.empty() && tasks.front().isDecided && tasks.front().missing.empty())
         endTask();
@@ -216,8 +210,8 @@ void ClipReplacement::forgetSuperseded() {
     drop([](const Task& task) { return task.video->isSuperseded; });
     for (const auto& exchange : exchanges)
         exchange->forgetSuperseded();
-    if (undone)
-        undone->forgetSuperseded();
+    for (const auto& exchange : undone)
+        exchange->forgetSuperseded();
     forgetEmpty();
     goOn();
 }

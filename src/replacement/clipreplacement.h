@@ -79,7 +79,6 @@ private:
     void findPicture(Task& task);
     void listNext(const QImage& picture);
     void endTask();
-    void finishUndo();
     template<class IsDropped>
     void drop(const IsDropped& isDropped);
     void forgetOldest();
@@ -89,7 +88,7 @@ private:
     DetectionQueue& queue;
     DiscardedClips discarded;
     std::deque<std::shared_ptr<ClipExchange>> exchanges; ///< the newest last
-    std::shared_ptr<ClipExchange> undone;                ///< not all of its clips are back yet
+    std::deque<std::shared_ptr<ClipExchange>> undone;    ///< not all is as before them yet
     QTimer undoTimer;                                    ///< runs meanwhile
     std::deque<Task> tasks;                              ///< the first one is at work
     NewestWork work;
