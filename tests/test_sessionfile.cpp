@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "faults.h"
+#include "pictureshelf.h"
 #include "process.h"
 #include "sessionkeeper.h"
 #include "sessions.h"
@@ -59,6 +60,7 @@ private Q_SLOTS:
     void namesOfAnyBytes();
     void nothingIsThereAtFirst();
     void picturesAreWrittenOnce();
+    void picturesThatAreLeftAtTheEndGoLater();
     void picturesOfEveryFormat();
     void picturesThatNobodyNeedsGo();
     void damagedIndexIsNeverTaken();
@@ -150,6 +152,21 @@ void TestSessionFile::picturesAreWrittenOnce() {
     QVERIFY(contentOf(path("index")) != before);
     for (const QString& name : pictures())
         QCOMPARE(contentOf(path("pictures/" + name)), QByteArray("not written again"));
+}
+
+void TestSessionFile::picturesThatAreLeftAtTheEndGoLater() {
+    const QString shelfPath = folder->filePath("shelf");
+    QVERIFY(QDir().mkpath(shelfPath));
+    const auto files = [&] { return QDir(shelfPath).entryList(QDir::Files); };
+    PictureShelf shelf(shelfPath);
+    const QImage picture = sessions::clip(0, 0, 0).snapshot;
+    QCOMPARE(shelf.put(picture), QString());
+    shelf.keepOnly({}, {true});
+    QCOMPARE(files(), QStringList(shelf.nameOf(picture)));
+    shelf.keepOnly({}, {false});
+    QCOMPARE(files(), QStringList());
+    QCOMPARE(shelf.put(picture), QString()); // and is known to be gone
+    QCOMPARE(files().size(), 1);
 }
 
 void TestSessionFile::picturesOfEveryFormat() {

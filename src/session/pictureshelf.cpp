@@ -115,12 +115,15 @@ QImage PictureShelf::take(const QString& name) {
     return picture;
 }
 
-void PictureShelf::keepOnly(const QSet<QString>& wanted) {
+void PictureShelf::keepOnly(const QSet<QString>& wanted, const std::atomic<bool>& isGivenUp) {
     list();
     const QSet<QString> others = onDisk - wanted;
-    for (const QString& name : others)
+    for (const QString& name : others) {
+        if (isGivenUp)
+            break;
         QFile::remove(pathOf(name));
-    onDisk -= others;
+        onDisk.remove(name);
+    }
     for (auto it = names.begin(); it != names.end();)
         it = wanted.contains(*it) ? std::next(it) : names.erase(it);
 }

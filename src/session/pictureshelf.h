@@ -9,6 +9,8 @@
 #include <QSet>
 #include <QString>
 
+#include <atomic>
+
 /// Pictures in a folder, each a PNG file that is named by what it shows: written once, however
 /// often it is put there. Lossless. On any thread, one at a time.
 class PictureShelf {
@@ -25,8 +27,9 @@ public:
     /// Null where it is missing, damaged or none of ours.
     QImage take(const QString& name);
 
-    /// Removes all files but these.
-    void keepOnly(const QSet<QString>& wanted);
+    /// Removes all files but these. What is left when it is given up goes the next time: thousands
+    /// of files take seconds.
+    void keepOnly(const QSet<QString>& wanted, const std::atomic<bool>& isGivenUp);
 
 private:
     QString pathOf(const QString& name) const { return folder + '/' + name; }

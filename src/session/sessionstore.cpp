@@ -186,7 +186,7 @@ QString SessionStore::write(const SessionIndex& index) {
     written = bytes;
     // Only now that nothing names them any more.
     const QStringList names = index.masks + index.snapshots;
-    pictures.keepOnly(QSet<QString>(names.cbegin(), names.cend()));
+    pictures.keepOnly(QSet<QString>(names.cbegin(), names.cend()), isGivenUp);
     return {};
 }
 

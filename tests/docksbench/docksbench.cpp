@@ -79,7 +79,7 @@ void listWeek(const Week& week, bool isShown) {
 }
 
 /// False if there is nothing to go on with.
-bool goOnWithWeek(int clips, bool isShown) {
+bool goOnWithWeek(const QString& folder, int clips, bool isShown) {
     auto driver = openWindow(isShown);
     measure(
         "the session restored", [&] { driver->click("pushButtonGoOn"); },
@@ -95,6 +95,7 @@ bool goOnWithWeek(int clips, bool isShown) {
     if (isShown) {
         person.tune();
         person.drawArea();
+        person.loseRecordings(folder);
     }
     person.sortClips();
     person.removeAll();
@@ -118,7 +119,7 @@ int main(int argc, char* argv[]) {
     QCoreApplication::setApplicationName("kestrova");
     QSettings().setValue("export_dir", folder);
     if (!isFirst)
-        return goOnWithWeek(clips, isShown) ? 0 : 1;
+        return goOnWithWeek(folder, clips, isShown) ? 0 : 1;
     listWeek(week, isShown);
     return 0;
 }

@@ -9,6 +9,7 @@
 #include "waits.h"
 
 #include <QComboBox>
+#include <QDir>
 #include <QDockWidget>
 #include <QDoubleSpinBox>
 #include <QKeyEvent>
@@ -84,6 +85,17 @@ void Person::drawArea() {
     });
     if (driver.part<QWidget>("barShown").isVisible())
         measure("the area cleared", [&] { driver.click("pushButtonShowAll"); });
+}
+
+void Person::loseRecordings(const QString& folder) {
+    auto& dock = driver.part<QDockWidget>("dockRecordings");
+    const QAbstractItemModel& model = *driver.part<QTableView>("recordings").model();
+    const auto lastState = [&] { return model.index(model.rowCount() - 1, 1).data().toString(); };
+    const QString before = lastState();
+    dock.hide();
+    QDir().rename(folder, folder + "-lost");
+    measure(
+        "recordings lost", [&] { dock.show(); }, [&] { return lastState() != before; });
 }
 
 void Person::sortClips() {

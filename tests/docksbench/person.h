@@ -25,6 +25,7 @@ public:
     /// With the docks shown.
     void tune();
     void drawArea();
+    void loseRecordings(const QString& folder);
 
     void sortClips();
     void removeAll();
