@@ -131,14 +131,22 @@ void TestJobModel::oneThatIsSearchedAgainStepsBack() {
 
 void TestJobModel::filesThatAreGone() {
     EndedJobs jobs;
+    jobs.add("gate.avi", Video::Finished);
     const Video* job = jobs.add("garden.mp4", Video::Finished);
     JobModel model(jobs.queue);
+    QSignalSpy changes(&model, SIGNAL(dataChanged(QModelIndex, QModelIndex)));
+    QSignalSpy told(&model, SIGNAL(changed()));
     model.setPresence(job, FilePresence::Gone);
-    QCOMPARE(text(model, 0, JobModel::State), QString("file is gone, no motion"));
-    model.setPresence(job, FilePresence::Changed);
-    QCOMPARE(text(model, 0, JobModel::State), QString("file has changed since, no motion"));
-    model.setPresence(job, FilePresence::Same);
+    model.setPresence(job, FilePresence::Gone);
+    QCOMPARE(changes.size(), 1);
+    QCOMPARE(changes[0][0].toModelIndex().row(), 1);
+    QCOMPARE(told.size(), 1);
     QCOMPARE(text(model, 0, JobModel::State), QString("no motion"));
+    QCOMPARE(text(model, 1, JobModel::State), QString("file is gone, no motion"));
+    model.setPresence(job, FilePresence::Changed);
+    QCOMPARE(text(model, 1, JobModel::State), QString("file has changed since, no motion"));
+    model.setPresence(job, FilePresence::Same);
+    QCOMPARE(text(model, 1, JobModel::State), QString("no motion"));
 }
 
 void TestJobModel::totals() {

@@ -140,8 +140,12 @@ void TestWindowClips::removesSelected() {
 void TestWindowClips::removesAll() {
     announceClips(failedJob(), 4);
     driver->clip(1).setSelected(true);
+    const QPointer<Clip> first(&driver->clip(0));
+    const QSignalSpy told(driver->list().model(), SIGNAL(rowsRemoved(QModelIndex, int, int)));
     driver->trigger("actionRemoveAll");
     QCOMPARE(driver->list().count(), 0);
+    QVERIFY(!first);
+    QCOMPARE(told.size(), 1); // not once for each of thousands
     for (const char* name : {"actionOpen_selected", "actionExport_selected", "actionRemoveSelected",
                              "actionRemoveAll"})
         QVERIFY2(!driver->action(name).isEnabled(), name);

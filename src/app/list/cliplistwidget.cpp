@@ -54,10 +54,12 @@ void ClipListWidget::removeSelected() {
 
 void ClipListWidget::remove(const QList<Clip*>& clips) {
     Clip::leaveQueue(clips);
-    for (Clip* clip : clips) {
+    for (Clip* clip : clips)
         setItemWidget(clip, nullptr);
-        delete clip;
-    }
+    if (clips.size() == count())
+        model()->removeRows(0, count()); // is told once, to many
+    else
+        qDeleteAll(clips);
 }
 
 void ClipListWidget::setOrder(const QList<Clip*>& clips) {
