@@ -169,8 +169,8 @@ bool isSameStep(const CellMaps& packed, const Maps& maps, int step) {
 
 std::size_t bytesOf(const CellMaps& maps) {
     std::size_t bytes = 0;
-    for (const CellBlockPointer& block : maps.blocks())
-        bytes += block->bytes.size();
+    for (const StoredBlock& block : maps.blocks())
+        bytes += block.size();
     return bytes;
 }
 
@@ -388,7 +388,7 @@ void TestCellMaps::givesTheSameBytesEachTime() {
     const auto right = packed(maps).blocks();
     QCOMPARE(left.size(), right.size());
     for (std::size_t i = 0; i < left.size(); ++i)
-        QVERIFY(left[i]->bytes == right[i]->bytes);
+        QVERIFY(left[i].read()->bytes == right[i].read()->bytes);
 }
 
 /// What is said of an hour at 25 pictures a second: hardly anything where nothing moves.
@@ -407,7 +407,7 @@ void TestCellMaps::foreignBytesDoNoHarm() {
     const auto blocks = packed(randomMaps({37, 23}, 400, 0.02, 1)).blocks();
     std::mt19937 random(5);
     for (int i = 0; i < 2000; ++i) {
-        CellBlock block = *blocks[std::size_t(i) % blocks.size()];
+        CellBlock block = *blocks[std::size_t(i) % blocks.size()].read();
         for (unsigned flaw = 0; flaw < 1 + random() % 4; ++flaw)
             block.bytes[random() % block.bytes.size()] = std::uint8_t(random());
         if (random() % 4 == 0)
@@ -417,7 +417,7 @@ void TestCellMaps::foreignBytesDoNoHarm() {
         if (random() % 4 == 0)
             block.count = int(1 + random() % 1000);
         CellMaps maps;
-        maps.append(std::make_shared<const CellBlock>(block));
+        maps.append(StoredBlock(std::make_shared<const CellBlock>(block)));
         QVERIFY(isReadable(maps));
     }
 }
@@ -426,7 +426,7 @@ void TestCellMaps::absurdLengthsDoNoHarm() {
     for (const std::size_t size : {0, 1, 27, 28, 29, 51, 52, 100}) {
         CellBlock block{{160, 640}, mostBlockMaps, std::vector<std::uint8_t>(size, 0xFF)};
         CellMaps maps;
-        maps.append(std::make_shared<const CellBlock>(block));
+        maps.append(StoredBlock(std::make_shared<const CellBlock>(block)));
         QVERIFY(isReadable(maps));
     }
 }
@@ -439,7 +439,7 @@ void TestCellMaps::mapsWithoutPicturesAreNotUnpacked() {
         maps.push_back(emptyMap({160, 640}));
         std::fill(maps.back().steps.begin(), maps.back().steps.end(), std::uint8_t(i % 2));
     }
-    CellBlock block = *packed(maps).blocks().front();
+    CellBlock block = *packed(maps).blocks().front().read();
     QCOMPARE(int(unpackedPlane(block, 0).begins.size()), mostBlockMaps + 1);
     block.count = 2;
     const UnpackedPlane few = unpackedPlane(block, 0);

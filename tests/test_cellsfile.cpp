@@ -292,11 +292,11 @@ void TestCellsFile::forgedBlocksDoNoHarm() {
     const auto blocks = sample().blocks();
     for (int i = 0; i < 1000; ++i) {
         CellMaps maps;
-        for (const CellBlockPointer& block : blocks) {
-            CellBlock forged = *block;
+        for (const StoredBlock& block : blocks) {
+            CellBlock forged = *block.read();
             for (unsigned flaw = 0; flaw < random() % 8; ++flaw)
                 forged.bytes[random() % forged.bytes.size()] = std::uint8_t(random());
-            maps.append(std::make_shared<const CellBlock>(std::move(forged)));
+            maps.append(StoredBlock(std::make_shared<const CellBlock>(std::move(forged))));
         }
         QCOMPARE(writeCells(maps, originOf(sampleCount), path()), QString());
         const CellsReading reading = readCells(path(), originOf(sampleCount));

@@ -37,6 +37,9 @@ private Q_SLOTS:
     void mapsOfOtherValuesAreNobodys();
     void mapsThatCannotBeWritten_data();
     void mapsThatCannotBeWritten();
+    void manyMapsAreKeptWhereverTheyWere_data();
+    void manyMapsAreKeptWhereverTheyWere();
+    void mapsThatAreGoneAreNotKept();
     void plantedLinksAreNotFollowed();
     void unmeasuredKnowsWhatDecides();
     void valuesInPlaceOfTheRecording();
@@ -60,6 +63,7 @@ private:
 
     QTemporaryDir recordings;
     QString video; ///< 20 s; a box crosses from second 6 to second 12
+    QString busy;  ///< its maps take 8 MB
     std::unique_ptr<QTemporaryDir> results;
 };
 
@@ -68,6 +72,12 @@ void TestKeptCells::initTestCase() {
     QVERIFY(media::encode(media::crossingBox(20, 6, 12) +
                           QStringList{"-c:v", "libx264", "-preset", "ultrafast", video}));
     QVERIFY(!cells({video}).output.isEmpty());
+    busy = recordings.filePath("busy.mp4");
+    const QString part = recordings.filePath("part.mp4");
+    QVERIFY(media::encode({"-f", "lavfi", "-i",
+                           "testsrc2=s=160x120:r=10:d=100,noise=alls=25:allf=t:all_seed=7", "-c:v",
+                           "libx264", "-preset", "ultrafast", "-g", "50", part}));
+    QVERIFY(media::encode({"-stream_loop", "6", "-i", part, "-c", "copy", busy}));
 }
 
 void TestKeptCells::init() {
@@ -232,6 +242,47 @@ void TestKeptCells::mapsThatCannotBeWritten() {
     QVERIFY(scan(keeping() + QStringList{video}) == fresh);
     QCOMPARE(cells(keeping() + QStringList{video}).status, 0);
     QVERIFY(!readFile(kept(".cells")).isEmpty());
+}
+
+void TestKeptCells::manyMapsAreKeptWhereverTheyWere_data() {
+    QTest::addColumn<QString>("call");
+    QTest::addColumn<int>("error");
+    QTest::newRow("no folder for a file") << "unnamed" << EROFS;
+    QTest::newRow("full disk") << "pwrite" << ENOSPC;
+}
+
+/// In memory alone, where there is no file for them.
+void TestKeptCells::manyMapsAreKeptWhereverTheyWere() {
+    QFETCH(QString, call);
+    QFETCH(int, error);
+    const QStringList options = {"--quiet", "--detector", "cells", "--values"};
+    const ProcessResult usual =
+        runProgram("kestrova-scan", options + QStringList{path("usual"), busy});
+    QCOMPARE(usual.status, 0);
+    const ProcessResult inMemory =
+        runProgramIn(faults::callError(qPrintable(call), error, "/"), "kestrova-scan",
+                     options + QStringList{path("kept"), busy});
+    QVERIFY(inMemory == usual);
+    const QByteArray maps = readFile(kept(".cells"));
+    QVERIFY(maps.size() > 6 * 1000 * 1000);
+    QVERIFY(maps == readFile(path("usual/") + QFileInfo(kept(".cells")).fileName()));
+    QVERIFY(cells(keeping() + QStringList{busy}) == usual);
+}
+
+/// What was put aside cannot be read any more. The mean does not need it.
+void TestKeptCells::mapsThatAreGoneAreNotKept() {
+    const ProcessResult fresh = scan({busy});
+    QTemporaryDir aside;
+    QProcessEnvironment environment = faults::callError("pread", EIO, aside.path());
+    environment.insert("TMPDIR", aside.path());
+    const ProcessResult failed = runProgramIn(
+        environment, "kestrova-scan", QStringList{"--quiet"} + keeping() + QStringList{busy});
+    QCOMPARE(failed.status, 1);
+    QCOMPARE(failed.output, fresh.output);
+    QVERIFY2(failed.errors.contains(".cells: cannot keep the maps of cells: out of memory\n"),
+             failed.errors.constData());
+    QCOMPARE(QDir(path("kept")).entryList(QDir::AllEntries | QDir::NoDotAndDotDot).size(), 1);
+    QVERIFY(scan(keeping() + QStringList{busy}) == fresh);
 }
 
 void TestKeptCells::plantedLinksAreNotFollowed() {

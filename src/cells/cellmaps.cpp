@@ -15,21 +15,22 @@ void CellMaps::append(const CellMap& map) {
 
 void CellMaps::append(const CellMaps& others) {
     closeBlock();
-    closed.insert(closed.end(), others.closed.begin(), others.closed.end());
+    for (const StoredBlock& block : others.closed)
+        store(block);
     open = others.open;
     maps += others.maps;
 }
 
-void CellMaps::append(CellBlockPointer block) {
+void CellMaps::append(StoredBlock block) {
     closeBlock();
-    maps += block->count;
-    closed.push_back(std::move(block));
+    maps += block.count();
+    store(std::move(block));
 }
 
-std::vector<CellBlockPointer> CellMaps::blocks() const {
-    std::vector<CellBlockPointer> blocks = closed;
+std::vector<StoredBlock> CellMaps::blocks() const {
+    std::vector<StoredBlock> blocks = closed;
     if (open.count() > 0)
-        blocks.push_back(std::make_shared<const CellBlock>(open.packed()));
+        blocks.emplace_back(std::make_shared<const CellBlock>(open.packed()));
     return blocks;
 }
 
@@ -47,6 +48,14 @@ CellMap CellMaps::last() const {
 void CellMaps::closeBlock() {
     if (open.count() == 0)
         return;
-    closed.push_back(std::make_shared<const CellBlock>(open.packed()));
+    store(StoredBlock(std::make_shared<const CellBlock>(open.packed())));
     open.clear();
+}
+
+void CellMaps::store(StoredBlock block) {
+    if (inMemory + block.size() > mostMapsInMemory)
+        block.putAside();
+    if (block.isInMemory())
+        inMemory += block.size();
+    closed.push_back(std::move(block));
 }

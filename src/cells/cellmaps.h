@@ -5,12 +5,18 @@
 #pragma once
 
 #include "cellbits.h"
-#include "cellblock.h"
 #include "cellmap.h"
 #include "cellpacker.h"
+#include "storedblock.h"
+
+/// What the packed maps of a recording may take in memory, in bytes.
+constexpr std::size_t mostMapsInMemory = 4 * 1000 * 1000;
 
 /// The maps of one recording, one for each picture after its first one, in order: packed as they
-/// come, so that an hour takes some megabytes.
+/// come, so that an hour takes some megabytes. What is beyond a few of these lies in a file
+/// (StoredBlock).
+///
+/// What reads or joins them throws std::bad_alloc where that file fails.
 class CellMaps {
 public:
     void append(const CellMap& map);
@@ -19,20 +25,22 @@ public:
     void append(const CellMaps& others);
 
     /// Those of a block behind these.
-    void append(CellBlockPointer block);
+    void append(StoredBlock block);
 
     int count() const { return maps; }
 
     /// All of them.
-    std::vector<CellBlockPointer> blocks() const;
+    std::vector<StoredBlock> blocks() const;
 
     /// The last of them; without cells where there are none.
     CellMap last() const;
 
 private:
     void closeBlock();
+    void store(StoredBlock block);
 
-    std::vector<CellBlockPointer> closed;
+    std::vector<StoredBlock> closed;
+    std::size_t inMemory = 0; ///< bytes of those
     CellPacker open;
     int maps = 0;
 };
@@ -89,11 +97,11 @@ private:
     void count(const TileChange& tile);
     void changeSteps(const TileChange& tile);
 
-    std::vector<CellBlockPointer> blocks;
+    std::vector<StoredBlock> blocks;
     std::size_t nextBlock = 0;
 
     // Of the current block.
-    const CellBlock* block = nullptr;
+    CellBlockPointer block;
     UnpackedRuns runs;
     std::vector<UnpackedPlane> steps; ///< those that are asked for; empty: not unpacked yet
     Beside signs;

@@ -86,7 +86,7 @@ bool CellMapsReader::goOn() {
 }
 
 void CellMapsReader::beginBlock() {
-    block = blocks[nextBlock++].get();
+    block = blocks[nextBlock++].read();
     at = 0;
     runs = unpackedRuns(*block);
     steps.clear();

@@ -4,6 +4,7 @@
 
 #include "scanconfinement.h"
 
+#include "asidefile.h"
 #include "confinement.h"
 #include "encoderarguments.h"
 #include "foldercheck.h"
@@ -64,6 +65,9 @@ Grants grantsOf(const ScanOptions& options, const std::vector<Recording>& record
 } // namespace
 
 void confine(const ScanOptions& options, const std::vector<Recording>& recordings) {
+    const bool areCellsAsked = options.detection.detector == Detector::Cells;
+    if (areCellsAsked || options.detection.areMapsKept)
+        AsideFile::instance().open(); // later on it could not be made
     const Confinement confinement(grantsOf(options, recordings));
     const int error = confinement.apply();
     const QString failure = error != 0 ? qt_error_string(error) : confinement.failure();

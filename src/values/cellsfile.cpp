@@ -11,7 +11,10 @@
 #include <QCryptographicHash>
 #include <QFile>
 
-#include <numeric>
+#include <fcntl.h>
+#include <memory>
+#include <new>
+#include <unistd.h>
 
 namespace {
 
@@ -22,6 +25,33 @@ bool isWithinBounds(const std::vector<CellsEntry>& entries) {
         bytes += entry.bytes - mostBytesOf(entry.grid, entry.count);
     return bytes <= 0;
 }
+
+/// A file that stays open for as long as maps lie in it that are not in memory. Nobody of us writes
+/// to it: it is replaced, or removed, whole.
+class KeptOpen {
+public:
+    /// One that is so small that all of its maps can be in memory is not kept open.
+    explicit KeptOpen(const QFile& file) {
+        const bool isLarge = file.size() > qint64(mostMapsInMemory);
+        const int copy = isLarge ? fcntl(file.handle(), F_DUPFD_CLOEXEC, 0) : -1;
+        if (copy >= 0)
+            descriptor.reset(new int(copy), [](const int* open) {
+                close(*open);
+                delete open;
+            });
+    }
+
+    /// Of some of its bytes; null where it is not open.
+    FilePlacePointer place(qint64 offset, qint64 bytes) const {
+        if (!descriptor)
+            return nullptr;
+        return {new FilePlace{*descriptor, offset, std::size_t(bytes)},
+                [held = descriptor](const FilePlace* place) { delete place; }};
+    }
+
+private:
+    std::shared_ptr<const int> descriptor; ///< null: not open
+};
 
 /// Reads one file with maps. Functions answer false where it is flawed.
 class CellsParser {
@@ -101,13 +131,18 @@ private:
     }
 
     bool readBlocks() {
+        const KeptOpen keptOpen(file);
         for (const CellsEntry& entry : entries) {
+            const qint64 place = file.pos();
             CellBlock block{entry.grid, entry.count, {}};
             block.bytes.resize(std::size_t(entry.bytes));
-            if (!read(entry.bytes, block.bytes.data()) ||
-                sumOf(block.bytes.data(), block.bytes.size()) != entry.sum)
+            if (!read(entry.bytes, block.bytes.data()))
                 return failDamaged();
-            maps.append(std::make_shared<const CellBlock>(std::move(block)));
+            const StoredBlock stored(std::make_shared<const CellBlock>(std::move(block)),
+                                     keptOpen.place(place, entry.bytes));
+            if (stored.sum() != entry.sum)
+                return failDamaged();
+            maps.append(stored);
         }
         return true;
     }
@@ -118,18 +153,24 @@ private:
     QString error;
 };
 
+bool give(const CellBlock& block, const PieceSink& sink) {
+    return sink(QByteArray::fromRawData(reinterpret_cast<const char*>(block.bytes.data()),
+                                        int(block.bytes.size())));
+}
+
 } // namespace
 
 QString writeCells(const CellMaps& maps, const CellsOrigin& origin, const QString& path) {
-    const std::vector<CellBlockPointer> blocks = maps.blocks();
-    return writeKeptFile(path, [&](const PieceSink& sink) {
-        bool isWanted = sink(cellsHead(origin, blocks));
-        for (std::size_t i = 0; isWanted && i < blocks.size(); ++i) {
-            const auto& bytes = blocks[i]->bytes;
-            isWanted = sink(QByteArray::fromRawData(reinterpret_cast<const char*>(bytes.data()),
-                                                    int(bytes.size())));
-        }
-    });
+    try {
+        const std::vector<StoredBlock> blocks = maps.blocks();
+        return writeKeptFile(path, [&](const PieceSink& sink) {
+            bool isWanted = sink(cellsHead(origin, blocks));
+            for (std::size_t i = 0; isWanted && i < blocks.size(); ++i)
+                isWanted = give(*blocks[i].read(), sink);
+        });
+    } catch (const std::bad_alloc&) {
+        return QStringLiteral("out of memory");
+    }
 }
 
 CellsReading readCells(const QString& path, const CellsOrigin& origin) {

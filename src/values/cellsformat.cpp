@@ -9,9 +9,6 @@
 #include <QCryptographicHash>
 #include <QtEndian>
 
-#include <algorithm>
-#include <cstring>
-
 namespace {
 
 template<typename Number>
@@ -27,35 +24,23 @@ int numberAt(const QByteArray& bytes, int place) {
 
 } // namespace
 
-quint64 sumOf(const std::uint8_t* bytes, std::size_t size) {
-    constexpr quint64 factor = 0x9E3779B97F4A7C15; // odd, and its bits are everywhere
-    quint64 sum = size;
-    for (std::size_t at = 0; at < size; at += sizeof(quint64)) {
-        std::uint8_t word[sizeof(quint64)] = {};
-        std::memcpy(word, bytes + at, std::min(sizeof word, size - at));
-        sum = (sum ^ qFromLittleEndian<quint64>(word)) * factor;
-        sum ^= sum >> 32;
-    }
-    return sum;
-}
-
 qint64 mostBytesOf(CellGrid grid, int count) {
     constexpr qint64 beginning = 4096;
     return beginning + qint64(grid.count()) * count * 3 / 2;
 }
 
-QByteArray cellsHead(const CellsOrigin& origin, const std::vector<CellBlockPointer>& blocks) {
+QByteArray cellsHead(const CellsOrigin& origin, const std::vector<StoredBlock>& blocks) {
     QByteArray head(cellsFormatName);
     for (const int number :
          {cellsFormatNumber, origin.definition, origin.count, int(blocks.size())})
         append(quint32(number), head);
     head += QByteArray::fromHex(origin.valuesDigest);
-    for (const CellBlockPointer& block : blocks) {
-        append(quint16(block->grid.columns), head);
-        append(quint16(block->grid.rows), head);
-        append(quint32(block->count), head);
-        append(quint32(block->bytes.size()), head);
-        append(sumOf(block->bytes.data(), block->bytes.size()), head);
+    for (const StoredBlock& block : blocks) {
+        append(quint16(block.grid().columns), head);
+        append(quint16(block.grid().rows), head);
+        append(quint32(block.count()), head);
+        append(quint32(block.size()), head);
+        append(quint64(block.sum()), head);
     }
     return head + QCryptographicHash::hash(head, QCryptographicHash::Sha256);
 }

@@ -24,18 +24,15 @@ struct CellsEntry {
     CellGrid grid;
     int count = 0; ///< of maps
     qint64 bytes = 0;
-    quint64 sum = 0; ///< of them (sumOf)
+    quint64 sum = 0; ///< of them (StoredBlock)
 };
-
-/// Tells bytes that something has befallen from those that were written.
-quint64 sumOf(const std::uint8_t* bytes, std::size_t size);
 
 /// The most bytes that a block's maps may take: twelve bits a cell, and some to begin with. That is
 /// room for maps in which all changes each time; few that are real take a fiftieth of it.
 qint64 mostBytesOf(CellGrid grid, int count);
 
 /// All before the blocks.
-QByteArray cellsHead(const CellsOrigin& origin, const std::vector<CellBlockPointer>& blocks);
+QByteArray cellsHead(const CellsOrigin& origin, const std::vector<StoredBlock>& blocks);
 
 /// Reads the first `cellsFixedBytes` of a head: answers what is wrong, for a person, empty if
 /// nothing is; `blocks` gets how many there are, no more than there are maps.

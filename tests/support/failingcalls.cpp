@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
+#include <cstdarg>
 #include <cstdlib>
 #include <cstring>
 #include <string>
@@ -79,6 +80,35 @@ ssize_t read(int descriptor, void* bytes, size_t size) {
     if (left <= 0)
         return fail();
     return next("read", read)(descriptor, bytes, std::min(size, size_t(left)));
+}
+
+ssize_t pwrite(int descriptor, const void* bytes, size_t size, off_t place) {
+    return isConcerned("pwrite", descriptor)
+               ? fail()
+               : next("pwrite", pwrite)(descriptor, bytes, size, place);
+}
+
+ssize_t pread(int descriptor, void* bytes, size_t size, off_t place) {
+    return isConcerned("pread", descriptor) ? fail()
+                                            : next("pread", pread)(descriptor, bytes, size, place);
+}
+
+/// Fails where a file without a name is asked for, with the call "unnamed".
+int open(const char* path, int flags, ...) {
+    mode_t mode = 0;
+    if ((flags & O_CREAT) != 0 || (flags & O_TMPFILE) == O_TMPFILE) {
+        va_list more;
+        va_start(more, flags);
+        mode = va_arg(more, mode_t);
+        va_end(more);
+    }
+    if ((flags & O_TMPFILE) == O_TMPFILE && isConcerned("unnamed", path))
+        return fail();
+    return next("open", open)(path, flags, mode);
+}
+
+int mkostemp(char* name, int flags) {
+    return isConcerned("unnamed", name) ? fail() : next("mkostemp", mkostemp)(name, flags);
 }
 
 int pthread_create(pthread_t* thread, const pthread_attr_t* attributes, void* (*routine)(void*),

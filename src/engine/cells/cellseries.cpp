@@ -30,7 +30,7 @@ struct BlockGroups {
 };
 
 /// `groups` fits the block's grid.
-BlockGroups groupsOf(const CellBlockPointer& block, RegionGroups groups) {
+BlockGroups groupsOf(const StoredBlock& block, RegionGroups groups) {
     CellMaps maps;
     maps.append(block);
     CellMapsReader reader(maps);
@@ -50,7 +50,7 @@ BlockGroups groupsOf(const CellBlockPointer& block, RegionGroups groups) {
 /// Finds the groups of blocks, of some at a time, and hands them out in order.
 class GroupsAhead {
 public:
-    GroupsAhead(std::vector<CellBlockPointer> blocks, RegionGroups groups, int threads)
+    GroupsAhead(std::vector<StoredBlock> blocks, RegionGroups groups, int threads)
         : blocks(std::move(blocks))
         , groups(std::move(groups))
         // Where no thread can be had, it is done at the moment.
@@ -60,7 +60,7 @@ public:
     /// False behind the last block.
     bool next(BlockGroups& found) {
         for (; begun < blocks.size() && ahead.size() < most; ++begun) {
-            groups.fit(blocks[begun]->grid);
+            groups.fit(blocks[begun].grid());
             ahead.push_back(std::async(policy, groupsOf, blocks[begun], groups));
         }
         if (ahead.empty())
@@ -71,7 +71,7 @@ public:
     }
 
 private:
-    std::vector<CellBlockPointer> blocks;
+    std::vector<StoredBlock> blocks;
     RegionGroups groups;
     std::launch policy;
     std::size_t most;
