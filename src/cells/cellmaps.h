@@ -10,10 +10,10 @@
 #include "storedblock.h"
 
 /// What the packed maps of a recording may take in memory, in bytes.
-constexpr std::size_t mostMapsInMemory = 4 * 1000 * 1000;
+constexpr std::size_t mostMapsInMemory = 1000 * 1000;
 
 /// The maps of one recording, one for each picture after its first one, in order: packed as they
-/// come, so that an hour takes some megabytes. What is beyond a few of these lies in a file
+/// come, so that an hour takes some megabytes. What is beyond the first of these lies in a file
 /// (StoredBlock).
 ///
 /// What reads or joins them throws std::bad_alloc where that file fails.

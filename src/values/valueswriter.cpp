@@ -44,7 +44,8 @@ QByteArray valuesText(const KeptValues& values) {
     const int pictures = measurement.hasPictures ? measurement.series.times.size() + 1 : 0;
     text += QByteArray("# ") + endKey + ": " + wordOf(values.outcome) + ' ' +
             QByteArray::number(pictures) + ' ';
-    return text + QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex() + '\n';
+    text += QCryptographicHash::hash(text, QCryptographicHash::Sha256).toHex() + '\n';
+    return text;
 }
 
 QByteArray digestIn(const QByteArray& text) {
