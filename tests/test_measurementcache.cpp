@@ -109,6 +109,8 @@ private Q_SLOTS:
     void failingDisk_data();
     void failingDisk();
     void nothingCanBeKept();
+    void folderIsItsOwners();
+    void foldersOfOthersAreNotUsed();
     void anyThreadMayAsk();
 
 private:
@@ -512,6 +514,45 @@ void TestMeasurementCache::nothingCanBeKept() {
 }
 
 /// Whoever asks finds all of it or nothing, while it is replaced again and again.
+void TestMeasurementCache::folderIsItsOwners() {
+    const mode_t before = umask(022);
+    QVERIFY(QDir().mkpath(MeasurementCache::folder())); // as an older version made it
+    searched();
+    umask(before);
+    const auto modeOf = [](const QString& path) {
+        struct stat status {};
+        stat(QFile::encodeName(path).constData(), &status);
+        return int(status.st_mode & 0777);
+    };
+    QCOMPARE(modeOf(MeasurementCache::folder()), 0700);
+    QCOMPARE(modeOf(MeasurementCache::folder() + "/quick"), 0700);
+    QCOMPARE(modeOf(valuesFile()), 0600);
+    QCOMPARE(modeOf(cellsPath(valuesFile())), 0600);
+}
+
+void TestMeasurementCache::foldersOfOthersAreNotUsed() {
+    plant(markedValues());
+    const QString planted = path("planted");
+    QVERIFY(QDir().rename(MeasurementCache::folder(), planted));
+    QVERIFY(QFile::link(planted, MeasurementCache::folder()));
+    QVERIFY(!isMarked(searched())); // measured, not believed
+    QCOMPARE(MeasurementCache::size(), qint64(0));
+    MeasurementCache::clear();
+    QVERIFY(QFile::exists(valuesFile())); // of somebody else's files none is removed
+    const QByteArray before = readFile(valuesFile());
+
+    MeasurementCache other;
+    Notices notices;
+    connect(&other, SIGNAL(told(QString)), &notices, SLOT(take(QString)));
+    other.keep(stampOfMadeUp("one"), {}, madeUp(300), {});
+    other.keep(stampOfMadeUp("two"), {}, madeUp(300), {});
+    QCOMPARE(notices.all.size(), 1);
+    QVERIFY2(notices.all[0].contains("is a link"), qPrintable(notices.all[0]));
+    QVERIFY(other.find(stampOfMadeUp("two"), {})); // for as long as the program runs
+    QCOMPARE(readFile(valuesFile()), before);
+    QCOMPARE(QDir(planted).entryList(QDir::Files).size(), 2);
+}
+
 void TestMeasurementCache::anyThreadMayAsk() {
     MeasurementCache& kept = MeasurementCache::instance();
     const RecordingStamp stamp = stampOfMadeUp("shared");

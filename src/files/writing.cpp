@@ -29,7 +29,7 @@ QByteArray randomEnding() {
 /// Functions that answer text say why it could not be done.
 class WholeFile {
 public:
-    explicit WholeFile(const QString& path, FolderLink link);
+    WholeFile(const QString& path, FolderLink link, FileAccess access);
     ~WholeFile(); ///< what has not been put in its place is removed
     WholeFile(const WholeFile&) = delete;
     WholeFile& operator=(const WholeFile&) = delete;
@@ -45,15 +45,17 @@ private:
     QByteArray folderPath;
     QByteArray name;
     FolderLink link;
+    FileAccess access;
     int folder = -1;      ///< descriptor of the folder; -1 before it is open
     QByteArray temporary; ///< name in the folder while it is written; empty: nothing to remove
     QFile file;
 };
 
-WholeFile::WholeFile(const QString& path, FolderLink link)
+WholeFile::WholeFile(const QString& path, FolderLink link, FileAccess access)
     : folderPath(QFile::encodeName(QFileInfo(path).absolutePath()))
     , name(QFile::encodeName(QFileInfo(path).fileName()))
-    , link(link) {}
+    , link(link)
+    , access(access) {}
 
 WholeFile::~WholeFile() {
     file.close();
@@ -74,10 +76,11 @@ QString WholeFile::open() {
 
 QString WholeFile::openBeside() {
     constexpr int mostTries = 100; // nobody is lucky as often
+    const mode_t mode = access == FileAccess::OwnersAlone ? 0600 : 0666;
     for (int i = 0; i < mostTries; ++i) {
         const QByteArray beside = name + randomEnding();
         const int descriptor = openat(folder, beside.constData(),
-                                      O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
+                                      O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, mode);
         if (descriptor < 0 && errno == EEXIST)
             continue;
         if (descriptor < 0)
@@ -86,7 +89,8 @@ QString WholeFile::openBeside() {
         if (!file.open(descriptor, QIODevice::WriteOnly | QIODevice::Unbuffered,
                        QFileDevice::AutoCloseHandle))
             return file.errorString();
-        keepMode();
+        if (access == FileAccess::AsUsual)
+            keepMode();
         return {};
     }
     return qt_error_string(errno);
@@ -119,8 +123,9 @@ QString WholeFile::commit() {
 
 } // namespace
 
-QString writeWholeFile(const QString& path, const PieceWriter& writePieces, FolderLink link) {
-    WholeFile file(path, link);
+QString writeWholeFile(const QString& path, const PieceWriter& writePieces, FolderLink link,
+                       FileAccess access) {
+    WholeFile file(path, link, access);
     QString failure = file.open();
     if (!failure.isEmpty())
         return failure;
@@ -131,9 +136,10 @@ QString writeWholeFile(const QString& path, const PieceWriter& writePieces, Fold
     return failure.isEmpty() ? file.commit() : failure;
 }
 
-QString writeWholeFile(const QString& path, const QByteArray& bytes, FolderLink link) {
+QString writeWholeFile(const QString& path, const QByteArray& bytes, FolderLink link,
+                       FileAccess access) {
     return writeWholeFile(
-        path, [&](const PieceSink& sink) { sink(bytes); }, link);
+        path, [&](const PieceSink& sink) { sink(bytes); }, link, access);
 }
 
 bool writeAll(QIODevice& output, const QByteArray& bytes) {

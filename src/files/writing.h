@@ -14,6 +14,10 @@
 /// whose name others can guess must not, since they may have put a link there.
 enum class FolderLink { Followed, Refused };
 
+/// Who may read a file that is written: whom the umask and an older file of that name let, or its
+/// owner alone.
+enum class FileAccess { AsUsual, OwnersAlone };
+
 /// Takes the next piece of a file. After false no more is wanted.
 using PieceSink = std::function<bool(const QByteArray& piece)>;
 
@@ -27,9 +31,11 @@ using PieceWriter = std::function<void(const PieceSink& sink)>;
 ///
 /// Answers why it could not be done, for a person; empty after a success.
 QString writeWholeFile(const QString& path, const PieceWriter& writePieces,
-                       FolderLink link = FolderLink::Followed);
+                       FolderLink link = FolderLink::Followed,
+                       FileAccess access = FileAccess::AsUsual);
 QString writeWholeFile(const QString& path, const QByteArray& bytes,
-                       FolderLink link = FolderLink::Followed);
+                       FolderLink link = FolderLink::Followed,
+                       FileAccess access = FileAccess::AsUsual);
 
 /// Writes all of `bytes` to `output`, which is open without a buffer. False if that failed;
 /// `output.errorString()` then says why.

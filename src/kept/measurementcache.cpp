@@ -7,11 +7,13 @@
 #include "keptfolder.h"
 #include "keptpair.h"
 #include "measuresettings.h"
+#include "privatefolder.h"
 #include "settingstable.h"
 #include "valuesname.h"
 #include "valuesreader.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -29,6 +31,31 @@ qint64 limit() {
 /// The folder itself, and inside it that of quick looks.
 QStringList foldersIn(const QString& folder) {
     return {folder, folder + QStringLiteral("/quick")};
+}
+
+/// Those that are ours: what lies in another's folder, or behind a link, is neither believed nor
+/// removed.
+QStringList ownFoldersIn(const QString& folder) {
+    const QStringList folders = foldersIn(folder);
+    const bool isOurs = std::all_of(folders.begin(), folders.end(), [](const QString& path) {
+        return privateFolderFlaw(path).isEmpty();
+    });
+    return isOurs ? folders : QStringList();
+}
+
+/// Why the folders cannot be had for their owner alone, for a person; empty if they can.
+QString makeFolders(const QStringList& folders) {
+    for (const QString& folder : folders) {
+        const QString failure = makePrivateFolder(folder);
+        if (!failure.isEmpty())
+            return failure;
+    }
+    return {};
+}
+
+void closeToOthers(const QString& path) {
+    for (const QString& file : {path, cellsPath(path)})
+        QFile::setPermissions(file, QFile::ReadOwner | QFile::WriteOwner);
 }
 
 QString pathIn(const QStringList& folders, bool isQuick, const RecordingStamp& stamp) {
@@ -88,8 +115,9 @@ bool MeasurementCache::isOn() {
 std::optional<KeptValues> MeasurementCache::find(const RecordingStamp& stamp,
                                                  const DetectionOptions& options) const {
     QVector<QStringList> places;
-    if (isOn())
-        places.append(foldersIn(folder()));
+    const QStringList kept = isOn() ? ownFoldersIn(folder()) : QStringList();
+    if (!kept.isEmpty())
+        places.append(kept);
     const QStringList ofThisRun = temporaryFolders();
     if (!ofThisRun.isEmpty())
         places.append(ofThisRun);
@@ -131,9 +159,13 @@ void MeasurementCache::keep(const RecordingStamp& stamp, const DetectionOptions&
 /// is left.
 QString MeasurementCache::keepIn(const QStringList& folders, qint64 limit,
                                  const KeptValues& values) const {
+    const QString refusal = makeFolders(folders);
+    if (!refusal.isEmpty())
+        return refusal;
     const QString path = pathIn(folders, areOfKeyFrames(values.settings), values.recording);
     const PairFailure failure = writePair(values, path);
     if (failure.values.isEmpty() && failure.maps.isEmpty()) {
+        closeToOthers(path);
         removeOldest(folders, limit);
         return {};
     }
@@ -147,15 +179,15 @@ QString MeasurementCache::folder() {
 }
 
 qint64 MeasurementCache::size() {
-    return bytesIn(foldersIn(folder()));
+    return bytesIn(ownFoldersIn(folder()));
 }
 
 void MeasurementCache::clear() {
-    removeOldest(foldersIn(folder()), 0);
+    removeOldest(ownFoldersIn(folder()), 0);
 }
 
 void MeasurementCache::fit() {
-    removeOldest(foldersIn(folder()), limit());
+    removeOldest(ownFoldersIn(folder()), limit());
 }
 
 void MeasurementCache::endRun() {

@@ -99,7 +99,8 @@ QString PictureShelf::put(const QImage& picture) {
     const QString name = nameOf(picture);
     if (name.isEmpty() || onDisk.contains(name))
         return {};
-    QString failure = writeWholeFile(pathOf(name), pngOf(picture));
+    QString failure =
+        writeWholeFile(pathOf(name), pngOf(picture), FolderLink::Refused, FileAccess::OwnersAlone);
     if (failure.isEmpty())
         onDisk.insert(name);
     return failure;

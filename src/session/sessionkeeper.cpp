@@ -101,7 +101,8 @@ void SessionKeeper::save() {
 void SessionKeeper::takeFound(const LastSession& last) {
     if (last.isOthers)
         Q_EMIT told(tr("Another window of this program keeps its session; this one's is not kept"));
-    if (!last.failure.isEmpty())
+    isFailureTold = !last.failure.isEmpty();
+    if (isFailureTold)
         Q_EMIT told(tr("The last session cannot be read; it stays as it is, and this one is not "
                        "kept: %1")
                         .arg(last.failure));

@@ -6,6 +6,7 @@
 
 #include "clipnames.h"
 #include "jobjson.h"
+#include "privatefolder.h"
 #include "regularfile.h"
 #include "video.h"
 #include "writing.h"
@@ -54,16 +55,6 @@ int numberBehindFiles(const QString& clipFolder) {
     return behind;
 }
 
-/// It names what a person has recorded, and shows it: nobody else's business.
-bool makePrivateFolder(const QString& path) {
-    const bool isNew = !QFileInfo::exists(path);
-    if (!QDir().mkpath(path))
-        return false;
-    if (isNew)
-        QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    return true;
-}
-
 /// Why the last call has failed; never empty.
 QString lastReason() {
     return qt_error_string(errno == 0 ? EACCES : errno);
@@ -88,6 +79,9 @@ LastSession SessionStore::look() {
     takeHold();
     found.isOthers = isOthers;
     if (!lock.isLocked())
+        return found;
+    found.failure = whyNotKept = privateFolderFlaw(folder);
+    if (!found.failure.isEmpty())
         return found;
     removeUnfinished(folder);
     if (!QFileInfo::exists(indexPath()))
@@ -127,8 +121,12 @@ QString SessionStore::save(const SavedSession& session) {
         return failure;
     if (!whyNotKept.isEmpty())
         return whyNotKept;
-    if (!makePrivateFolder(folder) || !QDir().mkpath(folder + QStringLiteral("/pictures")))
-        return lastReason();
+    // It names what a person has recorded, and shows it: nobody else's business.
+    for (const QString& place : {folder, folder + QStringLiteral("/pictures")}) {
+        failure = makePrivateFolder(place);
+        if (!failure.isEmpty())
+            return failure;
+    }
     const SessionIndex index = indexOf(session);
     failure = putPictures(index);
     return failure.isEmpty() && !isGivenUp ? write(index) : failure;
@@ -180,7 +178,8 @@ QString SessionStore::write(const SessionIndex& index) {
     const QByteArray bytes = sessionBytes(index);
     if (bytes == written)
         return {};
-    QString failure = writeWholeFile(indexPath(), bytes);
+    QString failure =
+        writeWholeFile(indexPath(), bytes, FolderLink::Refused, FileAccess::OwnersAlone);
     if (!failure.isEmpty())
         return failure;
     written = bytes;

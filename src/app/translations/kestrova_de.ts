@@ -1155,6 +1155,28 @@ Hohe Werte können die Erkennung verschlechtern</translation>
     </message>
 </context>
 <context>
+    <name>PrivateFolder</name>
+    <message>
+        <source>the folder is a link that somebody may have put there</source>
+        <translation>der Ordner ist eine Verknüpfung, die jemand dort angelegt haben kann</translation>
+    </message>
+    <message>
+        <source>the folder belongs to somebody else</source>
+        <translation>der Ordner gehört jemand anderem</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingCheck</name>
+    <message>
+        <source>the recording is no longer there</source>
+        <translation>die Aufnahme ist nicht mehr da</translation>
+    </message>
+    <message>
+        <source>the recording has changed since it was searched</source>
+        <translation>die Aufnahme hat sich seit der Suche geändert</translation>
+    </message>
+</context>
+<context>
     <name>RecordingDecision</name>
     <message>
         <source>it is gone</source>

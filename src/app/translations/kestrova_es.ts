@@ -1155,6 +1155,28 @@ Los valores altos pueden empeorar la detección</translation>
     </message>
 </context>
 <context>
+    <name>PrivateFolder</name>
+    <message>
+        <source>the folder is a link that somebody may have put there</source>
+        <translation>la carpeta es un enlace que alguien puede haber puesto ahí</translation>
+    </message>
+    <message>
+        <source>the folder belongs to somebody else</source>
+        <translation>la carpeta pertenece a otra persona</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingCheck</name>
+    <message>
+        <source>the recording is no longer there</source>
+        <translation>la grabación ya no está</translation>
+    </message>
+    <message>
+        <source>the recording has changed since it was searched</source>
+        <translation>la grabación ha cambiado desde la búsqueda</translation>
+    </message>
+</context>
+<context>
     <name>RecordingDecision</name>
     <message>
         <source>it is gone</source>

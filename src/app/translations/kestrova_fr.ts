@@ -1155,6 +1155,28 @@ Des valeurs élevées peuvent nuire à la détection</translation>
     </message>
 </context>
 <context>
+    <name>PrivateFolder</name>
+    <message>
+        <source>the folder is a link that somebody may have put there</source>
+        <translation>le dossier est un lien que quelqu’un a pu placer là</translation>
+    </message>
+    <message>
+        <source>the folder belongs to somebody else</source>
+        <translation>le dossier appartient à quelqu’un d’autre</translation>
+    </message>
+</context>
+<context>
+    <name>RecordingCheck</name>
+    <message>
+        <source>the recording is no longer there</source>
+        <translation>l’enregistrement n’est plus là</translation>
+    </message>
+    <message>
+        <source>the recording has changed since it was searched</source>
+        <translation>l’enregistrement a changé depuis la recherche</translation>
+    </message>
+</context>
+<context>
     <name>RecordingDecision</name>
     <message>
         <source>it is gone</source>
