@@ -28,6 +28,7 @@ private Q_SLOTS:
     void hiddenClipsAreNotSelected();
     void recordingWithoutMapsStaysListed();
     void recordingThatIsSearchedLaterIsJudgedThen();
+    void areaStaysWithWhatIsSearchedAgain();
     void sortedListIsJudgedAsBefore();
     void dockIsLeftInTime();
 
@@ -182,6 +183,19 @@ void TestAreaControl::recordingThatIsSearchedLaterIsJudgedThen() {
     driver->accept(makeJob(again));
     QTRY_COMPARE_WITH_TIMEOUT(shown(), QStringList({"v1", "a1"}), longMilliseconds);
     QTRY_COMPARE(label(), QString("Area: 2 of 4 clips"));
+}
+
+void TestAreaControl::areaStaysWithWhatIsSearchedAgain() {
+    search({visits, again});
+    draw({170, 40, 150, 160});
+    QTRY_COMPARE_WITH_TIMEOUT(shown(), QStringList({"v1", "a0", "a1"}), longMilliseconds);
+    JobRecord record = driver->clip(0).video->record();
+    record.state = Video::Waiting;
+    driver->accept(new Video(record));
+    QTRY_COMPARE_WITH_TIMEOUT(shown(), QStringList({"a0", "a1", "v3"}), longMilliseconds);
+    QTRY_COMPARE(label(), QString("Area: 1 of 2 clips"));
+    button("buttonClearArea").click();
+    QCOMPARE(shown(), QStringList({"a0", "a1", "v2", "v3"}));
 }
 
 void TestAreaControl::sortedListIsJudgedAsBefore() {

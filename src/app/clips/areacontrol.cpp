@@ -207,10 +207,15 @@ void AreaControl::showArea() {
     bar->setText(summary());
 }
 
+/// Searches of one recording that take each other's place have one folder.
+bool AreaControl::isDrawnOn(const Video* video) const {
+    return drawnOn && video && video->clipDirectory == drawnOn->clipDirectory;
+}
+
 bool AreaControl::isInScope(const Video* video) const {
     if (!video || area.isEmpty())
         return false;
-    return video == drawnOn || (bar->isForAllOfCamera() && !verdicts.isForeign(video));
+    return isDrawnOn(video) || (bar->isForAllOfCamera() && !verdicts.isForeign(video));
 }
 
 /// First those of the recording on which the area was drawn.
@@ -224,7 +229,7 @@ QVector<AreaRecording> AreaControl::unjudged() const {
             continue;
         const QVector<ClipSpan> spans = verdicts.questions(job, clips[job]);
         if (!spans.isEmpty())
-            recordings.insert(job == drawnOn ? 0 : recordings.size(), questionFor(*job, spans));
+            recordings.insert(isDrawnOn(job) ? 0 : recordings.size(), questionFor(*job, spans));
     }
     return recordings;
 }

@@ -59,6 +59,7 @@ private:
     void takeStill();
     void showStill(Video* video, const QImage& picture);
     void showArea();
+    bool isDrawnOn(const Video* video) const;
     bool isInScope(const Video* video) const;
     QVector<AreaRecording> unjudged() const;
     QString summary() const;
