@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "captiondelegate.h"
+#include "recordingsdock.h"
 #include "windowtest.h"
 
 #include <QToolTip>
@@ -30,6 +31,7 @@ private Q_SLOTS:
     void automaticExportJoinsOnce();
     void removedPartsDoNotMatter();
     void quittingStartsNoEncoder();
+    void quittingAfterARemovalStartsNoEncoder();
     void vanishedRecordingIsTold();
 
 private:
@@ -256,6 +258,25 @@ void TestJoinedExport::quittingStartsNoEncoder() {
     driver->clip(0).exportClip(false);
     QTRY_COMPARE(encoder->calls().size(), 1);
     join({1, 2});
+    driver.reset();
+    QTest::qWait(300);
+    QCOMPARE(encoder->calls().size(), 1);
+    QCOMPARE(Clip::exportQueueLength(), 0);
+}
+
+/// The end of clips that were removed starts what waits.
+void TestJoinedExport::quittingAfterARemovalStartsNoEncoder() {
+    Video* removed = existingJob();
+    announce(removed, 0, 3.0, 9.0);
+    Video* job = existingJob();
+    announce(job, 0, 30.0, 39.0);
+    announce(job, 1, 3.0, 9.0);
+    announce(job, 2, 7.0, 20.0);
+    encoder->hold();
+    driver->clip(1).exportClip(false);
+    QTRY_COMPARE(encoder->calls().size(), 1);
+    join({2, 3});
+    Q_EMIT driver->part<RecordingsDock>("dockRecordings").clipsRemovalAsked(removed);
     driver.reset();
     QTest::qWait(300);
     QCOMPARE(encoder->calls().size(), 1);

@@ -335,6 +335,11 @@ void TestPlayback::changedFileIsTold() {
     QTRY_COMPARE_WITH_TIMEOUT(watched.failed.count(), 1, longMilliseconds);
     QCOMPARE(watched.reason(), QString("The recording has changed since it was searched."));
     request.clip.bytes -= 1;
+    request.clip.isChanged = [] { return true; }; // as large as before
+    watched.playback.play(request);
+    QTRY_COMPARE_WITH_TIMEOUT(watched.failed.count(), 2, longMilliseconds);
+    QCOMPARE(watched.reason(), QString("The recording has changed since it was searched."));
+    request.clip.isChanged = [] { return false; };
     watched.playback.play(request);
     QTRY_COMPARE_WITH_TIMEOUT(watched.last(), 10, longMilliseconds);
 }

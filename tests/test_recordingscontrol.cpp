@@ -30,6 +30,7 @@ private Q_SLOTS:
     void hiddenClipsAreNotRemovedUnseen();
     void removeAllRemovesWhatIsHidden();
     void clipsOfARecordingAreRemoved();
+    void removalBesideAnExportStartsNoOther();
     void searchedAgainNumbersGoOn();
     void exportedClipsOutliveTheNextSearch();
     void cancelledSearchTakesNothingAway();
@@ -183,6 +184,29 @@ void TestRecordingsControl::clipsOfARecordingAreRemoved() {
     Q_EMIT dock().clipsRemovalAsked(first);
     QCOMPARE(driver->list().count(), 0);
     QVERIFY(!driver->action("actionRemoveAll").isEnabled());
+}
+
+/// One that was asked for directly, and so is not in the queue itself.
+void TestRecordingsControl::removalBesideAnExportStartsNoOther() {
+    Video* removed = failedJob();
+    Video* exported = failedJob();
+    announceClips(removed, 2);
+    announceClips(exported, 2);
+    QTRY_COMPARE(driver->list().count(), 4);
+    encoder->hold();
+    Clip& waiting = driver->clip(3);
+    driver->clip(2).exportClip(false);
+    driver->clip(0).exportClip(false); // is removed while it waits
+    waiting.exportClip(false);
+    QTRY_COMPARE(encoder->calls().size(), 1);
+    Q_EMIT dock().clipsRemovalAsked(removed);
+    QCOMPARE(driver->list().count(), 2);
+    QTest::qWait(1500);
+    QCOMPARE(encoder->calls().size(), 1);
+    QCOMPARE(waiting.status, int(Clip::Queued));
+    encoder->release();
+    QTRY_COMPARE(waiting.status, int(Clip::Exported));
+    QCOMPARE(encoder->calls().size(), 2);
 }
 
 void TestRecordingsControl::searchedAgainNumbersGoOn() {

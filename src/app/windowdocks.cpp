@@ -68,8 +68,10 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     layout->restore();
 }
 
-/// The docks would outlive what they show.
+/// The docks would outlive what they show. Joined clips leave the export queue before clips are
+/// deleted, which starts the next one in it.
 WindowDocks::~WindowDocks() {
+    clipMenu.reset();
     layout.reset();
     recordingsControl.reset();
     reportControl.reset();

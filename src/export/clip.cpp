@@ -10,6 +10,7 @@
 #include "encodingsettings.h"
 #include "exportnotices.h"
 #include "filenames.h"
+#include "recordingcheck.h"
 #include "video.h"
 
 #include <QCoreApplication>
@@ -181,7 +182,12 @@ void Clip::startEncoder() {
     connect(process, SIGNAL(finished(int, QProcess::ExitStatus)), this, SLOT(processFinished(int)));
     connect(process, SIGNAL(errorOccurred(QProcess::ProcessError)), this,
             SLOT(processError(QProcess::ProcessError)));
-    process->startEncoder(call.arguments, {{video->fileName}, {video->clipDirectory}, {}});
+    const Grants grants{{video->fileName}, {video->clipDirectory}, {}};
+    const RecordingCheck check(*video);
+    if (check.isUntouched())
+        process->startEncoder(call.arguments, grants);
+    else
+        process->startEncoder(call.arguments, grants, [check] { return check.flaw(); });
 }
 
 /// A crash comes here and, as every end, to `processFinished`: it ends twice, and each time the
@@ -219,5 +225,6 @@ void Clip::explain(const QString& reason) {
     if (!reason.isEmpty())
         ExportNotices::instance().tell(QStringLiteral("%1 #%2: %3")
                                            .arg(video ? video->shortFileName() : QString(),
-                                                QString::number(index), reason.simplified()));
+                                                QString::number(index), reason.simplified()),
+                                       video);
 }

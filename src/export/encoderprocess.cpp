@@ -52,7 +52,8 @@ EncoderProcess::~EncoderProcess() {
     unended().remove(this);
 }
 
-void EncoderProcess::startEncoder(const QStringList& arguments, const Grants& grants) {
+void EncoderProcess::startEncoder(const QStringList& arguments, const Grants& grants,
+                                  const Hindrance& hindrance) {
     setProgram(encoderPath());
     confinement = confinementOf(grants);
     setArguments(arguments);
@@ -66,7 +67,13 @@ void EncoderProcess::startEncoder(const QStringList& arguments, const Grants& gr
             other->end();
         }
     }
+    if (hindrance)
+        ask(hindrance);
     startWhenAlone();
+}
+
+bool EncoderProcess::isAnyRunning() {
+    return !unended().isEmpty();
 }
 
 bool EncoderProcess::isRunningFor(const QObject* client) {
@@ -75,6 +82,8 @@ bool EncoderProcess::isRunningFor(const QObject* client) {
 }
 
 QString EncoderProcess::failure() const {
+    if (!refusal.isEmpty())
+        return refusal;
     if (error() == QProcess::FailedToStart)
         return joined(tr("the encoder cannot be started"), errorString());
     if (error() == QProcess::Crashed)
@@ -106,10 +115,47 @@ void EncoderProcess::listen() {
 }
 
 void EncoderProcess::startWhenAlone() {
+    if (!unended().contains(this))
+        return;
     if (!client)
         leave();
-    else if (otherRuns().isEmpty())
+    else if (!isAsking && otherRuns().isEmpty())
         start(QIODevice::ReadWrite);
+}
+
+/// Where there is no thread to ask on, it is asked here.
+void EncoderProcess::ask(const Hindrance& hindrance) {
+    isAsking = true;
+    if (client)
+        connect(client, SIGNAL(destroyed()), SLOT(stopAsking()));
+    thread = std::make_unique<BackgroundThread>();
+    const bool isAsked = thread->run(this, [this, hindrance](const GuiCall& callBack) {
+        const QString answer = hindrance();
+        callBack([this, answer] { takeAnswer(answer); });
+    });
+    if (isAsked)
+        return;
+    const QString answer = hindrance();
+    QMetaObject::invokeMethod(
+        this, [this, answer] { takeAnswer(answer); }, Qt::QueuedConnection);
+}
+
+/// Nobody wants it any more, and the program may be about to end.
+void EncoderProcess::stopAsking() {
+    if (!isAsking)
+        return;
+    thread.reset();
+    leave();
+}
+
+void EncoderProcess::takeAnswer(const QString& answer) {
+    isAsking = false;
+    thread.reset();
+    refusal = answer;
+    if (refusal.isEmpty())
+        startWhenAlone();
+    else
+        Q_EMIT errorOccurred(QProcess::FailedToStart);
 }
 
 /// The other runs for the same client that have not ended.

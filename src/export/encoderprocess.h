@@ -4,12 +4,14 @@
 
 #pragma once
 
+#include "backgroundthread.h"
 #include "encoderlog.h"
 #include "filerules.h"
 
 #include <QPointer>
 #include <QProcess>
 
+#include <functional>
 #include <memory>
 
 class Confinement;
@@ -32,7 +34,15 @@ public:
     ///
     /// Older runs for the same client are ended, and their signals no longer reach it. This one
     /// starts when they are gone, which can be later; not at all if the client goes before that.
-    void startEncoder(const QStringList& arguments, const Grants& grants);
+    ///
+    /// `hindrance`, where there is one, is asked beside the GUI thread before it starts: a reason
+    /// that it answers, for a person, ends the run as one that cannot be started.
+    using Hindrance = std::function<QString()>;
+    void startEncoder(const QStringList& arguments, const Grants& grants,
+                      const Hindrance& hindrance = nullptr);
+
+    /// Whether some run has not ended, whoever it is for.
+    static bool isAnyRunning();
 
     /// Whether a run for this client has not ended.
     static bool isRunningFor(const QObject* client);
@@ -49,11 +59,17 @@ private Q_SLOTS:
     void listen();
     void startWhenAlone();
     void end();
+    void stopAsking();
 
 private:
+    void ask(const Hindrance& hindrance);
+    void takeAnswer(const QString& answer);
     QList<EncoderProcess*> otherRuns() const;
 
     QPointer<QObject> client;
     EncoderLog log;
     std::unique_ptr<const Confinement> confinement; ///< from `startEncoder` on
+    bool isAsking = false;                          ///< whether something hinders it
+    QString refusal;                                ///< what hinders it
+    std::unique_ptr<BackgroundThread> thread;       ///< on which that is asked
 };

@@ -11,9 +11,11 @@ ExportNotices& ExportNotices::instance() {
     return notices;
 }
 
-void ExportNotices::tell(const QString& notice) {
+void ExportNotices::tell(const QString& notice, Video* video) {
     latest = notice;
     Q_EMIT told(notice);
+    if (video)
+        Q_EMIT failed(video);
 }
 
 QString ExportNotices::takeLatest() {

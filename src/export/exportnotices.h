@@ -7,6 +7,8 @@
 #include <QObject>
 #include <QString>
 
+class Video;
+
 /// What a person must be told of exports that went wrong. GUI thread only.
 class ExportNotices : public QObject {
     Q_OBJECT
@@ -15,14 +17,16 @@ public:
     /// The one of the program.
     static ExportNotices& instance();
 
-    /// Tells it at once, and keeps it for who shows it later.
-    void tell(const QString& notice);
+    /// Tells it at once, and keeps it for who shows it later. `video`: the job whose clip it was;
+    /// null: none, or it is gone.
+    void tell(const QString& notice, Video* video);
 
     /// The latest notice that has not been taken yet; empty if there is none.
     QString takeLatest();
 
 Q_SIGNALS:
     void told(const QString& notice);
+    void failed(Video* video); ///< an export from this job's recording; never null
 
 private:
     QString latest;

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <iterator>
 
 namespace {
 
@@ -89,6 +90,22 @@ bool DetectionQueue::isOver(const Video& video) const {
     return video.hasEnded() && heldVideo != &video;
 }
 
+QList<Video*> DetectionQueue::sharersOf(const Video& video) const {
+    QList<Video*> sharers;
+    std::copy_if(videos.begin(), videos.end(), std::back_inserter(sharers),
+                 [&video](const Video* job) { return job->clipDirectory == video.clipDirectory; });
+    return sharers;
+}
+
+int DetectionQueue::takeClipNumber(Video& video) const {
+    int number = video.nextClipNumber;
+    const QList<Video*> sharers = sharersOf(video);
+    for (const Video* job : sharers)
+        number = std::max(number, job->nextClipNumber);
+    video.nextClipNumber = number + 1;
+    return number;
+}
+
 void DetectionQueue::add(const QList<Video*>& jobs) {
     videos.append(jobs);
     Q_EMIT added(jobs);
@@ -119,8 +136,10 @@ void DetectionQueue::cancel() {
 }
 
 void DetectionQueue::cancel(Video& video) {
-    if (!video.hasEnded())
-        video.state = Video::CancelRequested;
+    if (video.hasEnded())
+        return;
+    video.state = Video::CancelRequested;
+    Q_EMIT cancelled();
 }
 
 void DetectionQueue::stop() {

@@ -51,6 +51,12 @@ public:
     /// Whether the worker has the job in hand. Also one that has ended may announce clips then.
     bool isHeld(const Video& video) const { return heldVideo == &video; }
 
+    /// The jobs that write into the same clip folder, itself among them.
+    QList<Video*> sharersOf(const Video& video) const;
+
+    /// For a new clip of the job: a number that no clip in its folder has or had.
+    int takeClipNumber(Video& video) const;
+
     /// Owns these jobs from now on. Who wants their clips connects to them before.
     void add(const QList<Video*>& jobs);
 
@@ -80,6 +86,9 @@ public:
 Q_SIGNALS:
     /// These jobs are in the queue from now on, as its last ones.
     void added(const QList<Video*>& jobs);
+
+    /// Some job was withdrawn or asked to end.
+    void cancelled();
 
     /// Why no job can be started; empty as soon as one can.
     void told(const QString& notice);

@@ -17,6 +17,9 @@ public:
     /// `news` must outlive it.
     explicit FactsTeller(JobNews& news);
 
+    /// The file that is searched; told with what follows.
+    void setFile(const SearchedFile& file) { facts.file = file; }
+
     void open(const StreamFacts& stream);
     void add(const FrameReport& frame); ///< the next picture
 

@@ -22,6 +22,9 @@ public:
     /// `job` must outlive it.
     explicit JobClient(Video& job);
 
+    /// The file that is searched; before all else.
+    void setFile(const SearchedFile& file) { teller.setFile(file); }
+
     /// From now on the file's end is none: nothing is decided before it.
     void measureFirst() { isEndHeld = true; }
 

@@ -5,10 +5,13 @@
 #pragma once
 
 #include "measurement.h"
+#include "searchedfile.h"
 
 #include <QMetaType>
 #include <QSize>
 #include <QString>
+
+#include <optional>
 
 /// What is known of a job's recording; grows while it is searched.
 struct JobFacts {
@@ -20,5 +23,6 @@ struct JobFacts {
     QString error;              ///< in English, why it could not be read; empty: it could
     bool isReadToItsEnd = true;
     Damage damage;
+    std::optional<SearchedFile> file; ///< nothing: not known
 };
 Q_DECLARE_METATYPE(JobFacts)

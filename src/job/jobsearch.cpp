@@ -56,7 +56,10 @@ MeasuringEnd JobSearch::search() {
     const QFileInfo file(job.fileName);
     if (file.exists() && !file.isFile())
         return {DetectionOutcome::CannotOpen, QStringLiteral("no regular file")};
-    stamp = stampOf(job.fileName);
+    if (const auto searched = searchedFileOf(job.fileName)) {
+        stamp = searched->stamp;
+        client.setFile(*searched);
+    }
     if (stamp && MeasurementCache::isOn()) {
         if (auto values = MeasurementCache::instance().find(*stamp, options))
             return decideOnKept(std::move(*values));

@@ -4,12 +4,11 @@
 
 #pragma once
 
+#include "recordingcheck.h"
+
 #include <QString>
 
 class Video;
-
-/// How the file of a recording is, compared with what it was when it was searched.
-enum class FilePresence { Same, Changed, Gone };
 
 /// What the row of a job says of how it stands.
 struct JobStatus {

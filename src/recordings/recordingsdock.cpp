@@ -74,6 +74,10 @@ void RecordingsDock::choose(Video* job) {
     Q_EMIT chosen(job);
 }
 
+void RecordingsDock::lookAt(Video* job) {
+    watch->check(job);
+}
+
 void RecordingsDock::showEvent(QShowEvent* event) {
     QDockWidget::showEvent(event);
     watch->setWanted(true);

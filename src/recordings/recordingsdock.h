@@ -41,6 +41,10 @@ public:
     /// Chooses it as a person does, but for `entered`.
     void choose(Video* job);
 
+public Q_SLOTS:
+    /// Its file may be another one now: looks, soon.
+    void lookAt(Video* job);
+
 Q_SIGNALS:
     void summaryChanged(const QString& summary);
 

@@ -29,6 +29,12 @@ FilePresence presenceOf(WatchedRecording& file) {
     }
 }
 
+/// As the search found it.
+std::optional<RecordingStamp> stampIn(const Video& job) {
+    const std::optional<SearchedFile>& file = job.news.facts().file;
+    return file ? std::make_optional(file->stamp) : std::nullopt;
+}
+
 /// One that could not be read was nothing that could change.
 bool isWatched(const Video& job) {
     return job.hasEnded() && job.state != Video::Failed;
@@ -36,35 +42,37 @@ bool isWatched(const Video& job) {
 
 } // namespace
 
-/// Which files there are, and what they were when they were looked at for the first time.
-class RecordingsWatch::Files {
-public:
-    /// `size`: at least so many bytes, as when it was searched, maybe in an earlier run.
-    FilePresence presence(const Video* job, const QString& path, qint64 size) {
-        auto known = files.find(job);
-        if (known != files.end())
-            return presenceOf(known->second);
-        const auto stamp = stampOf(path);
-        if (!stamp)
-            return FilePresence::Gone;
-        if (QFileInfo(path).size() < size)
-            return FilePresence::Changed;
-        files.emplace(job, WatchedRecording(*stamp, WatchedRecording::Measured::Now));
-        return FilePresence::Same;
-    }
-
-private:
-    std::map<const Video*, WatchedRecording> files; ///< the jobs are names, and not looked at
-};
-
 /// What is to be looked at in one go.
 struct RecordingsWatch::Look {
     struct File {
-        Video* job;
+        Video* job; ///< a name here, and not looked at
         QString path;
-        qint64 size;
+        qint64 size;                       ///< so many bytes at least, when it was searched
+        std::optional<RecordingStamp> was; ///< what it was then; nothing: not known
     };
     std::vector<File> files;
+};
+
+/// Which files there are, and what they were when they were searched, or else when they were looked
+/// at for the first time.
+class RecordingsWatch::Files {
+public:
+    FilePresence presence(const Look::File& file) {
+        auto known = files.find(file.job);
+        if (known == files.end()) {
+            const auto stamp = file.was ? file.was : stampOf(file.path);
+            if (!stamp)
+                return FilePresence::Gone;
+            if (!file.was && QFileInfo(file.path).size() < file.size)
+                return FilePresence::Changed;
+            const WatchedRecording watched(*stamp, WatchedRecording::Measured::Now);
+            known = files.emplace(file.job, watched).first;
+        }
+        return presenceOf(known->second);
+    }
+
+private:
+    std::map<const Video*, WatchedRecording> files;
 };
 
 RecordingsWatch::RecordingsWatch(DetectionQueue& queue, QObject* parent)
@@ -113,7 +121,7 @@ void RecordingsWatch::look(const QList<Video*>& jobs) {
     const auto wanted = std::make_shared<Look>();
     for (Video* job : jobs) {
         if (isWatched(*job))
-            wanted->files.push_back({job, job->fileName, job->fileSize});
+            wanted->files.push_back({job, job->fileName, job->fileSize, stampIn(*job)});
     }
     if (wanted->files.empty())
         return;
@@ -121,7 +129,7 @@ void RecordingsWatch::look(const QList<Video*>& jobs) {
         looking = wanted;
     thread.run(this, [this, wanted, files = files](const GuiCall& callBack) {
         for (const Look::File& file : wanted->files) {
-            const FilePresence presence = files->presence(file.job, file.path, file.size);
+            const FilePresence presence = files->presence(file);
             callBack([this, job = file.job, presence] { Q_EMIT found(job, presence); });
         }
     });

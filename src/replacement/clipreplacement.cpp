@@ -28,8 +28,7 @@ constexpr int mostKeptClips = 200; ///< of all but the newest one, half a megaby
 ClipReplacement::ClipReplacement(QListWidget& list, DetectionQueue& queue, QObject* parent)
     : QObject(parent)
     , list(list)
-    , queue(queue)
-    , discarded(list) {
+    , queue(queue) {
     undoTimer.setInterval(0);
     connect(&undoTimer, SIGNAL(timeout()), SLOT(putBack()));
     connect(&work, SIGNAL(failed()), SLOT(giveUp()));
@@ -126,7 +125,7 @@ void ClipReplacement::takeDecision() {
 
 /// Why the clips of a recording cannot be replaced, for a person; empty if they can.
 QString ClipReplacement::hindranceOf(const Task& task) const {
-    const QList<Video*> sharers = sharersOf(*task.video);
+    const QList<Video*> sharers = queue.sharersOf(*task.video);
     if (!std::all_of(sharers.begin(), sharers.end(),
                      [this](const Video* video) { return queue.isOver(*video); }))
         return tr("it is being searched again"); // and the numbers to come are taken
@@ -152,29 +151,10 @@ void ClipReplacement::exchangeClips(Task& task) {
     task.exchange->setOptions(*task.video, task.options);
     task.exchange->takeOut(leaving);
     for (DetectedClip& clip : missing) {
-        clip.index = takeNumber(*task.video);
+        clip.index = queue.takeClipNumber(*task.video);
         task.missing.push_back(clip);
     }
     Q_EMIT changed();
-}
-
-/// The jobs that write into the same folder, itself among them.
-QList<Video*> ClipReplacement::sharersOf(const Video& video) const {
-    QList<Video*> sharers;
-    for (Video* job : queue.jobs()) {
-        if (job->clipDirectory == video.clipDirectory)
-            sharers.append(job);
-    }
-    return sharers;
-}
-
-/// One that no clip in its folder has or had.
-int ClipReplacement::takeNumber(Video& video) const {
-    int number = video.nextClipNumber;
-    for (const Video* job : sharersOf(video))
-        number = std::max(number, job->nextClipNumber);
-    video.nextClipNumber = number + 1;
-    return number;
 }
 
 QList<Clip*> ClipReplacement::clipsOf(const Video& video) const {

@@ -73,8 +73,6 @@ private:
     void takeDecision();
     QString hindranceOf(const Task& task) const;
     void exchangeClips(Task& task);
-    QList<Video*> sharersOf(const Video& video) const;
-    int takeNumber(Video& video) const;
     QList<Clip*> clipsOf(const Video& video) const;
     void findPicture(Task& task);
     void listNext(const QImage& picture);

@@ -8,7 +8,6 @@
 #include "video.h"
 
 #include <QCoreApplication>
-#include <QFileInfo>
 
 namespace {
 
@@ -27,7 +26,7 @@ int pictureAt(double time, const Measurement& measured) {
 
 RecordingDecision::RecordingDecision(const Video& video, const DecidingOptions& options)
     : fileName(video.fileName)
-    , fileSize(video.fileSize)
+    , check(video)
     , options(options)
     , motion(video) {}
 
@@ -35,12 +34,8 @@ RecordingDecision::~RecordingDecision() = default;
 
 /// A recording that has grown still holds what was measured.
 void RecordingDecision::decide() {
-    const QFileInfo file(fileName);
-    if (!file.isFile())
-        itsFlaw = Flaw::Gone;
-    else if (file.size() < fileSize)
-        itsFlaw = Flaw::Changed;
-    else
+    file = check.presence();
+    if (file == FilePresence::Same)
         found = motion.clips(options);
 }
 
@@ -59,10 +54,10 @@ QImage RecordingDecision::picture(const DetectedClip& clip) {
 }
 
 QString RecordingDecision::flaw() const {
-    switch (itsFlaw) {
-    case Flaw::Gone:
+    switch (file) {
+    case FilePresence::Gone:
         return QCoreApplication::translate("RecordingDecision", "it is gone");
-    case Flaw::Changed:
+    case FilePresence::Changed:
         return QCoreApplication::translate("RecordingDecision", "it has changed");
     default:
         return {};

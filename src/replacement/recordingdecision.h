@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include "recordingcheck.h"
 #include "recordingmotion.h"
 
 #include <QImage>
@@ -38,14 +39,12 @@ public:
     QString flaw() const;
 
 private:
-    enum class Flaw { None, Gone, Changed };
-
     QString fileName;
-    qint64 fileSize;
+    RecordingCheck check;
     DecidingOptions options;
     RecordingMotion motion;
     std::optional<QVector<DetectedClip>> found;
-    Flaw itsFlaw = Flaw::None;
+    FilePresence file = FilePresence::Same;
     std::unique_ptr<PictureFinder> finder;
     std::atomic<bool> isCancelled{false};
 };

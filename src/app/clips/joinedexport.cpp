@@ -6,6 +6,7 @@
 
 #include "captiondelegate.h"
 #include "clip.h"
+#include "clipnames.h"
 #include "detectionqueue.h"
 #include "video.h"
 
@@ -35,20 +36,9 @@ bool isOwnExport(const Clip& clip) {
            clip.status == Clip::Exported;
 }
 
-/// The jobs that write into the same folder.
-QList<Video*> sharers(const Video& video, const QList<Video*>& jobs) {
-    QList<Video*> found;
-    std::copy_if(jobs.begin(), jobs.end(), std::back_inserter(found),
-                 [&video](const Video* job) { return job->clipDirectory == video.clipDirectory; });
-    return found;
-}
-
-int takeNumber(Video& video, const QList<Video*>& sharers) {
-    int number = video.nextClipNumber;
-    for (const Video* job : sharers)
-        number = std::max(number, job->nextClipNumber);
-    video.nextClipNumber = number + 1;
-    return number;
+/// The file that it becomes, whatever the container: no other group of clips has it.
+QString fileOf(const Clip& joined) {
+    return joined.video->clipDirectory + '/' + clipNumber(joined.index);
 }
 
 } // namespace
@@ -114,21 +104,20 @@ bool JoinedExport::exportGroup(const QList<Clip*>& group) {
         group.first()->exportClip(false);
         return true;
     }
-    const QList<Video*> jobs = sharers(*video, queue.jobs());
+    const QList<Video*> jobs = queue.sharersOf(*video);
     if (std::any_of(jobs.begin(), jobs.end(),
                     [this](const Video* job) { return queue.isHeld(*job); }))
         return false;
-    auto* joined = new Clip(video, takeNumber(*video, jobs), QImage(), group.first()->start,
+    auto* joined = new Clip(video, queue.takeClipNumber(*video), QImage(), group.first()->start,
                             endOf(group), group.first()->snapshotTime);
     begin(*joined, group);
     return true;
 }
 
 void JoinedExport::begin(Clip& joined, const QList<Clip*>& group) {
-    ++groups;
     Parts parts;
     for (Clip* clip : group) {
-        clip->setData(joinedRole, groups);
+        clip->setData(joinedRole, fileOf(joined));
         if (isOwnExport(*clip))
             continue;
         clip->outputPath.clear(); // of an export that has failed

@@ -46,5 +46,4 @@ private:
     const DetectionQueue& queue;
     QListWidget joinedClips;                ///< never shown; tells when a clip of its own changes
     QHash<QListWidgetItem*, Parts> partsOf; ///< that show what becomes of the joined clip
-    int groups = 0;
 };

@@ -6,6 +6,7 @@
 
 #include "cliplistwidget.h"
 #include "playerdock.h"
+#include "recordingcheck.h"
 #include "video.h"
 
 #include <utility>
@@ -14,13 +15,20 @@ namespace {
 
 constexpr int pauseMilliseconds = 50;
 
+PlayedClip played(const Video& video, const QString& label, double start, double end) {
+    const RecordingCheck check(video);
+    return {video.fileName, label,
+            start,          end,
+            video.fileSize, [check] { return check.presence() == FilePresence::Changed; }};
+}
+
 /// Nothing where the job is gone, and with it what tells of the recording.
 PlayedClip playedClip(const Clip* clip) {
     if (!clip || !clip->video)
         return {};
     const QString label =
         clip->video->shortFileName() + QStringLiteral(" #") + QString::number(clip->index);
-    return {clip->video->fileName, label, clip->start, clip->end, clip->video->fileSize};
+    return played(*clip->video, label, clip->start, clip->end);
 }
 
 } // namespace
@@ -51,7 +59,7 @@ void PlayerControl::play(Clip* clip) {
 
 void PlayerControl::showTime(const Video& video, double seconds) {
     showDock();
-    place = {video.fileName, video.shortFileName(), seconds, seconds, video.fileSize};
+    place = played(video, video.shortFileName(), seconds, seconds);
     timer.start();
 }
 

@@ -7,6 +7,7 @@
 #include "clip.h"
 #include "cliplistwidget.h"
 #include "detectionqueue.h"
+#include "exportnotices.h"
 #include "listfilter.h"
 #include "recordingsdock.h"
 #include "showinfolder.h"
@@ -44,6 +45,7 @@ RecordingsControl::RecordingsControl(QMainWindow& window, DetectionQueue& queue,
     connect(&list, SIGNAL(itemSelectionChanged()), SLOT(followClips()));
     connect(&queue, SIGNAL(added(QList<Video*>)), SLOT(watch(QList<Video*>)));
     connect(&filter, SIGNAL(changed()), SLOT(noteFilter()));
+    connect(&ExportNotices::instance(), SIGNAL(failed(Video*)), &dock, SLOT(lookAt(Video*)));
     connect(&dock, SIGNAL(chosen(Video*)), SLOT(showClips(Video*)));
     connect(&dock, SIGNAL(entered(Video*)), SLOT(enterClips(Video*)));
     connect(&dock, SIGNAL(onlyThisAsked(Video*)), SLOT(showOnly(Video*)));
@@ -146,6 +148,7 @@ Clip* RecordingsControl::firstClip(const Video* video) const {
 }
 
 void RecordingsControl::remove(const QList<Clip*>& clips) {
-    list.remove(clips);
+    list.takeOut(clips);
+    discarded.add(clips);
     QMetaObject::invokeMethod(&window, "on_files_itemSelectionChanged"); // what it offers
 }

@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "discardedclips.h"
+
 #include <QObject>
 #include <QTimer>
 
@@ -45,6 +47,7 @@ private:
     ClipListWidget& list;
     ListFilter& filter;
     RecordingsDock& dock;
-    QTimer counting;          ///< until clips that come or go together are counted
+    QTimer counting; ///< until clips that come or go together are counted
+    DiscardedClips discarded;
     bool isFollowing = false; ///< a clip was chosen, not a recording
 };

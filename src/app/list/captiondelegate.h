@@ -6,7 +6,8 @@
 
 #include <QStyledItemDelegate>
 
-/// The number of the group with which a clip was exported as one file; clips of no group have none.
+/// Names the group of clips with which a clip was exported as one file; clips of no group have
+/// none.
 constexpr int joinedRole = Qt::UserRole;
 
 /// Shows the items of the clip list no wider than their icons.

@@ -62,6 +62,13 @@ void ClipListWidget::remove(const QList<Clip*>& clips) {
         qDeleteAll(clips);
 }
 
+void ClipListWidget::takeOut(const QList<Clip*>& clips) {
+    for (Clip* clip : clips) {
+        setItemWidget(clip, nullptr);
+        takeItem(row(clip));
+    }
+}
+
 void ClipListWidget::setOrder(const QList<Clip*>& clips) {
     selectionModel()->clear();
     isReordering = true;

@@ -27,6 +27,9 @@ public:
     void removeSelected();
     void remove(const QList<Clip*>& clips);
 
+    /// Whoever takes them out owns them.
+    void takeOut(const QList<Clip*>& clips);
+
     /// Takes all clips out and puts them back in that order. Forgets what is selected, current and
     /// hidden.
     void setOrder(const QList<Clip*>& clips);

@@ -126,8 +126,8 @@ void ResumedSearches::end() {
         if (clip && isIdle(*clip))
             gone.append(clip);
     }
-    Clip::leaveQueue(gone);
-    qDeleteAll(gone);
+    list.takeOut(gone);
+    discarded.add(gone);
     if (!gone.isEmpty())
         Q_EMIT list.itemSelectionChanged(); // which of the window's actions are possible
 }

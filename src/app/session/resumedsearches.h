@@ -4,6 +4,8 @@
 
 #pragma once
 
+#include "discardedclips.h"
+
 #include <QHash>
 #include <QList>
 #include <QObject>
@@ -49,5 +51,6 @@ private:
     QObject& window;
     DetectionQueue& queue;
     ClipListWidget& list;
+    DiscardedClips discarded;
     QHash<const Video*, QList<QPointer<Clip>>> unfound; ///< of each resumed job that has not ended
 };

@@ -15,7 +15,7 @@
 
 namespace {
 
-QString failureOf(const RecordingFile& file, qint64 wantedBytes) {
+QString failureOf(const RecordingFile& file, const PlayedClip& clip) {
     if (file.error() == ENOENT)
         return QCoreApplication::translate("MpvPlayer", "The recording is no longer there.");
     if (!file.isOpen() && file.error() == 0)
@@ -23,7 +23,7 @@ QString failureOf(const RecordingFile& file, qint64 wantedBytes) {
     if (!file.isOpen())
         return QCoreApplication::translate("MpvPlayer", "Cannot be read: %1")
             .arg(qt_error_string(file.error()));
-    if (wantedBytes >= 0 && wantedBytes != file.size())
+    if ((clip.bytes >= 0 && clip.bytes != file.size()) || (clip.isChanged && clip.isChanged()))
         return QCoreApplication::translate("MpvPlayer",
                                            "The recording has changed since it was searched.");
     return {};
@@ -34,7 +34,7 @@ QString failureOf(const RecordingFile& file, qint64 wantedBytes) {
 OpenedRecording openForPlaying(const PlayedClip& clip, const std::function<void()>& cut) {
     OpenedRecording opened;
     opened.file = std::make_shared<RecordingFile>(clip.file, cut);
-    opened.error = failureOf(*opened.file, clip.bytes);
+    opened.error = failureOf(*opened.file, clip);
     if (!opened.error.isEmpty())
         return opened;
     // The demuxer that searches have, too: playlists and the like are refused as there.

@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <functional>
+
 /// What is to be played: a stretch of a recording, or where it ends no later than it starts all of
 /// the recording, shown at the start first. Seconds from its first picture.
 struct PlayedClip {
@@ -14,4 +16,8 @@ struct PlayedClip {
     double start = 0.0;
     double end = 0.0;
     qint64 bytes = -1; ///< of the file when it was searched; -1: not known
+
+    /// Whether the file is another one than was searched. Asked on a thread that may wait; null:
+    /// that is not known.
+    std::function<bool()> isChanged{};
 };

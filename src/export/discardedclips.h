@@ -9,26 +9,22 @@
 #include <QObject>
 
 class Clip;
-class QListWidget;
 
 /// Clips that nobody will see again. They end when no export runs or waits: the end of a clip
 /// starts the next export, and a second encoder would run beside the first.
 class DiscardedClips : public QObject {
 public:
-    /// `list` must outlive it.
-    explicit DiscardedClips(QListWidget& list);
+    DiscardedClips() = default;
     ~DiscardedClips() override;
 
-    /// Owns them from now on; they are in no list.
+    /// Owns them from now on; they are in no list. What waits of them is not exported any more;
+    /// what is being exported is so to its end.
     void add(const QList<Clip*>& clips);
 
 protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
-    bool isExportIdle() const;
-
-    QListWidget& list;
     QList<Clip*> discarded;
     QBasicTimer timer; ///< runs while there are some
 };

@@ -5,9 +5,8 @@
 #include "discardedclips.h"
 
 #include "clip.h"
-#include "clipplaces.h"
+#include "encoderprocess.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace {
@@ -16,29 +15,20 @@ constexpr int pauseMilliseconds = 1000;
 
 } // namespace
 
-DiscardedClips::DiscardedClips(QListWidget& list)
-    : list(list) {}
-
 DiscardedClips::~DiscardedClips() {
     qDeleteAll(discarded);
 }
 
 void DiscardedClips::add(const QList<Clip*>& clips) {
+    Clip::leaveQueue(clips);
     discarded.append(clips);
     if (!discarded.isEmpty() && !timer.isActive())
         timer.start(pauseMilliseconds, this);
 }
 
 void DiscardedClips::timerEvent(QTimerEvent*) {
-    if (!isExportIdle())
+    if (Clip::exportQueueLength() > 0 || EncoderProcess::isAnyRunning())
         return;
     timer.stop();
     qDeleteAll(std::exchange(discarded, {}));
-}
-
-bool DiscardedClips::isExportIdle() const {
-    const QList<Clip*> clips = clipsIn(list);
-    return Clip::exportQueueLength() == 0 &&
-           std::none_of(clips.cbegin(), clips.cend(),
-                        [](const Clip* clip) { return clip->status == Clip::Exporting; });
 }
