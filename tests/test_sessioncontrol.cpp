@@ -2,6 +2,9 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "captiondelegate.h"
+#include "recordingsdock.h"
+#include "sessionindex.h"
 #include "windowtest.h"
 
 #include <QAbstractItemView>
@@ -49,6 +52,9 @@ private Q_SLOTS:
     void onlyFilesOfExportsAreRemoved();
     void exportedFileThatIsGone();
     void recordingThatWasCutOffSince();
+    void recordingThatWasReplacedSince();
+    void strengthAndBracketComeBack();
+    void cancelledWhileAnotherIsSearched();
     void waitingRecordingsAreSearched();
     void runningRecordingIsSearchedFromItsStart();
     void clipsOfAnUnfinishedSearchThatAreNotFoundAgain();
@@ -288,6 +294,72 @@ void TestSessionControl::recordingThatWasCutOffSince() {
     const QAbstractItemModel* rows =
         recordings->findChild<QAbstractItemView*>("recordings")->model();
     QTRY_COMPARE(rows->index(0, 1).data().toString(), QString("file has changed since, 1 clip"));
+}
+
+/// By another one that is as large, between two runs of the program.
+void TestSessionControl::recordingThatWasReplacedSince() {
+    const QString own = folder->filePath("own.mp4");
+    QVERIFY(QFile::copy(shortRecording, own));
+    driver->accept(makeJob(own));
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
+    QTRY_VERIFY(driver->clip(0).video->hasEnded());
+    driver.reset();
+    QFile file(own);
+    QVERIFY(file.open(QIODevice::ReadWrite) && file.seek(file.size() / 2));
+    QVERIFY(file.write(QByteArray(100, 'x')) == 100);
+    file.close();
+    goOn();
+    QTRY_COMPARE(driver->list().count(), 1);
+    driver->part<QDockWidget>("dockRecordings").show();
+    const auto* rows = driver->part<QAbstractItemView>("recordings").model();
+    QTRY_COMPARE(rows->index(0, 1).data().toString(), QString("file has changed since, 1 clip"));
+    driver->clip(0).exportClip(false);
+    QTRY_COMPARE(driver->clip(0).status, int(Clip::ExportFailed));
+    QCOMPARE(encoder->calls().size(), 0);
+}
+
+void TestSessionControl::strengthAndBracketComeBack() {
+    Video* job = makeJob(shortRecording);
+    driver->accept(job);
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
+    QTRY_VERIFY(driver->clip(0).strength > 0.0F);
+    const float strength = driver->clip(0).strength;
+    Q_EMIT job->newClip(1, {}, driver->clip(0).start + 1.0, driver->clip(0).end + 1.0, 3.0);
+    driver->list().selectAll();
+    for (QWidget* widget : QApplication::allWidgets()) {
+        if (widget->objectName() == "menuClips")
+            widget->findChild<QAction*>("actionExportJoined")->trigger();
+    }
+    QTRY_COMPARE(driver->clip(1).status, int(Clip::Exported));
+    const QVariant group = driver->clip(0).data(joinedRole);
+    QVERIFY(group.isValid());
+    goOn();
+    QTRY_COMPARE(driver->list().count(), 2);
+    QCOMPARE(driver->clip(0).strength, strength);
+    QCOMPARE(driver->clip(1).strength, -1.0F);
+    QCOMPARE(driver->clip(0).data(joinedRole), group);
+    QCOMPARE(driver->clip(1).data(joinedRole), group);
+}
+
+/// A program that crashes then does not search it in its next run.
+void TestSessionControl::cancelledWhileAnotherIsSearched() {
+    acceptStalled(makeJob(shortRecording));
+    Video* waiting = makeJob(shortRecording);
+    driver->accept(waiting);
+    const auto keptState = [this] {
+        QFile file(index());
+        SessionIndex kept;
+        if (file.open(QIODevice::ReadOnly))
+            readSession(file.readAll(), kept);
+        return kept.session.jobs.size() == 2 ? kept.session.jobs[1].state : -1;
+    };
+    QTRY_COMPARE_WITH_TIMEOUT(keptState(), int(Video::Waiting), longMilliseconds);
+    QTest::qWait(1500); // until nothing is left to be written
+    auto* recordings = driver->window.findChild<RecordingsDock*>();
+    recordings->choose(waiting);
+    QVERIFY(QMetaObject::invokeMethod(recordings, "cancelThis"));
+    QTRY_COMPARE(keptState(), int(Video::CancelRequested));
+    gate.unlock();
 }
 
 void TestSessionControl::waitingRecordingsAreSearched() {

@@ -16,6 +16,7 @@
 #include <QTemporaryDir>
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <cerrno>
 #include <cmath>
@@ -33,6 +34,12 @@ void write(const QString& path, const QByteArray& content) {
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     QCOMPARE(file.write(content), qint64(content.size()));
+}
+
+/// What others may do with it, too.
+int modeOf(const QString& path) {
+    struct stat status = {};
+    return stat(QFile::encodeName(path).constData(), &status) == 0 ? int(status.st_mode & 0777) : 0;
 }
 
 /// An index with a digest that fits, whatever it says.
@@ -56,6 +63,7 @@ class TestSessionFile : public QObject {
 private Q_SLOTS:
     void init();
     void everythingComesBack();
+    void olderSessionHasLess();
     void numbersThatAreNone();
     void namesOfAnyBytes();
     void nothingIsThereAtFirst();
@@ -74,6 +82,8 @@ private Q_SLOTS:
     void exportedFileThatIsGone();
     void numbersOfFilesAreTaken();
     void folderIsItsOwners();
+    void foldersOfOthersAreNotUsed_data();
+    void foldersOfOthersAreNotUsed();
     void secondProgramKeepsNone();
     void whatAKilledProgramLeft();
     void failingDisk_data();
@@ -113,6 +123,19 @@ void TestSessionFile::everythingComesBack() {
     QCOMPARE(last.clips, 3);
     QVERIFY(last.state == IndexState::Good && last.putAside.isEmpty() && !last.isOthers);
     sessions::compare(other->read(), sessions::full());
+}
+
+void TestSessionFile::olderSessionHasLess() {
+    QByteArray text = goodText();
+    for (const char* key : {"\"strength\"", "\"joined\"", "\"file\":{"}) {
+        QVERIFY2(text.contains(key), key);
+        text.replace(key, QByteArray(key).replace(1, 1, "_"));
+    }
+    SessionIndex index;
+    QVERIFY(readSession(sealed(text), index) == IndexState::Good);
+    QCOMPARE(index.session.clips[1].strength, -1.0F);
+    QCOMPARE(index.session.clips[1].joinedFile, QString());
+    QVERIFY(!index.session.jobs[0].facts.file);
 }
 
 void TestSessionFile::numbersThatAreNone() {
@@ -253,6 +276,7 @@ void TestSessionFile::forgedIndexIsRefused_data() {
     add("rectangle with three sides", "[1,2,30,40]", "[1,2,30]");
     add("rectangle with five sides", "[1,2,30,40]", "[1,2,30,40,50]");
     add("packets below none", "\"damagedPackets\":4711", "\"damagedPackets\":-1");
+    add("time of a file that is none", "1700000000123456789", "17000000001234567890");
     add("no time", "2026-02-03", "2026-02-31");
     add("clips missing", "\"clips\"", "\"clops\"");
     add("jobs that are none", "\"jobs\":[", "\"jobs\":[7,");
@@ -392,11 +416,50 @@ void TestSessionFile::numbersOfFilesAreTaken() {
     QCOMPARE(found.jobs[1].nextClipNumber, 3);
 }
 
+/// Also where an older version of the program has made the folder.
 void TestSessionFile::folderIsItsOwners() {
+    const mode_t before = umask(022);
+    QVERIFY(QDir().mkpath(path("pictures")));
+    write(path("index"), "readable");
+    QCOMPARE(modeOf(path("index")), 0644);
     save(sessions::full());
-    struct stat status = {};
-    QCOMPARE(stat(QFile::encodeName(path(".")).constData(), &status), 0);
-    QCOMPARE(int(status.st_mode & 0777), 0700);
+    umask(before);
+    QCOMPARE(modeOf(path(".")), 0700);
+    QCOMPARE(modeOf(path("pictures")), 0700);
+    QCOMPARE(modeOf(path("index")), 0600);
+    for (const QString& name : pictures())
+        QCOMPARE(modeOf(path("pictures/" + name)), 0600);
+}
+
+void TestSessionFile::foldersOfOthersAreNotUsed_data() {
+    QTest::addColumn<bool>("isLink");
+    QTest::newRow("link") << true;
+    QTest::newRow("owner") << false;
+}
+
+void TestSessionFile::foldersOfOthersAreNotUsed() {
+    QFETCH(bool, isLink);
+    save(sessions::full());
+    const QString planted = folder->filePath("planted");
+    if (isLink) {
+        QVERIFY(QDir().rename(folder->filePath("data/session"), planted));
+        QVERIFY(QFile::link(planted, folder->filePath("data/session")));
+    } else if (chown(QFile::encodeName(path(".")).constData(), 65534, 65534) != 0) {
+        QSKIP("only root can give a folder to somebody else");
+    }
+    const QByteArray before = contentOf(path("index"));
+    SessionKeeper keeper(folder->filePath("data/session"), [] { return SavedSession(); });
+    QSignalSpy told(&keeper, SIGNAL(told(QString)));
+    QSignalSpy found(&keeper, SIGNAL(found(int, int)));
+    keeper.look();
+    QVERIFY(told.wait());
+    QVERIFY2(told[0][0].toString().contains(isLink ? "is a link" : "belongs to somebody else"),
+             qPrintable(told[0][0].toString()));
+    keeper.change();
+    QTest::qWait(1500);
+    QCOMPARE(told.size(), 1); // once
+    QCOMPARE(found.size(), 0);
+    QCOMPARE(contentOf(path("index")), before);
 }
 
 void TestSessionFile::secondProgramKeepsNone() {

@@ -7,6 +7,8 @@
 #include "jsonfields.h"
 #include "video.h"
 
+#include <QFile>
+
 #include <limits>
 
 namespace {
@@ -120,18 +122,44 @@ StreamFacts streamOf(JsonFields fields) {
     return stream;
 }
 
+/// Times in nanoseconds are no numbers that JSON holds exactly.
+QJsonValue wholeJson(qint64 number) {
+    return QString::number(number);
+}
+
+QJsonObject fileJson(const SearchedFile& file) {
+    return {{"path", textJson(QFile::decodeName(file.stamp.path))},
+            {"bytes", wholeJson(file.stamp.bytes)},
+            {"modified", wholeJson(file.stamp.modified)},
+            {"changed", wholeJson(file.changed)},
+            {"digest", textJson(QString::fromLatin1(file.stamp.digest))}};
+}
+
+SearchedFile fileOf(JsonFields fields) {
+    SearchedFile file;
+    file.stamp.path = QFile::encodeName(fields.text("path"));
+    file.stamp.bytes = fields.whole("bytes");
+    file.stamp.modified = fields.whole("modified");
+    file.stamp.digest = fields.text("digest").toLatin1();
+    file.changed = fields.whole("changed");
+    return file;
+}
+
 QJsonObject factsJson(const JobFacts& facts) {
-    return {{"seconds", numberJson(facts.seconds)},
-            {"width", facts.pictures.width()},
-            {"height", facts.pictures.height()},
-            {"stream", streamJson(facts.stream)},
-            {"strongest", numberJson(facts.strongest.value)},
-            {"strongestTime", numberJson(facts.strongestTime)},
-            {"error", textJson(facts.error)},
-            {"whole", facts.isReadToItsEnd},
-            {"damagedPackets", double(facts.damage.packets)},
-            {"promised", numberJson(facts.damage.promised)},
-            {"read", numberJson(facts.damage.read)}};
+    QJsonObject json{{"seconds", numberJson(facts.seconds)},
+                     {"width", facts.pictures.width()},
+                     {"height", facts.pictures.height()},
+                     {"stream", streamJson(facts.stream)},
+                     {"strongest", numberJson(facts.strongest.value)},
+                     {"strongestTime", numberJson(facts.strongestTime)},
+                     {"error", textJson(facts.error)},
+                     {"whole", facts.isReadToItsEnd},
+                     {"damagedPackets", double(facts.damage.packets)},
+                     {"promised", numberJson(facts.damage.promised)},
+                     {"read", numberJson(facts.damage.read)}};
+    if (facts.file)
+        json.insert("file", fileJson(*facts.file));
+    return json;
 }
 
 JobFacts factsOf(JsonFields fields) {
@@ -146,6 +174,8 @@ JobFacts factsOf(JsonFields fields) {
     facts.damage.packets = fields.count("damagedPackets");
     facts.damage.promised = fields.number("promised");
     facts.damage.read = fields.number("read");
+    if (fields.has("file"))
+        facts.file = fileOf(fields.fields("file"));
     return facts;
 }
 

@@ -49,6 +49,12 @@ qint64 JsonFields::count(const char* key) {
     return qint64(judged(value >= 0.0 && value <= most && std::floor(value) == value, value));
 }
 
+qint64 JsonFields::whole(const char* key) {
+    bool isNumber = false;
+    const qint64 number = take(key, QJsonValue::String).toString().toLongLong(&isNumber);
+    return judged(isNumber, number);
+}
+
 bool JsonFields::flag(const char* key) {
     return take(key, QJsonValue::Bool).toBool();
 }

@@ -27,6 +27,7 @@ public:
     double number(const char* key);
     int integer(const char* key, int lowest, int highest);
     qint64 count(const char* key); ///< 0 to 2^53
+    qint64 whole(const char* key); ///< any, written as a text
     bool flag(const char* key);
     QJsonArray array(const char* key, int longest);
     JsonFields fields(const char* key);

@@ -20,6 +20,8 @@ struct SavedClip {
     QImage snapshot;
     int status = 0;
     QString outputPath;
+    float strength = -1.0F;     ///< -1: not known
+    QString joinedFile;         ///< that it shares with others, as the list marks it; empty: none
     QString note;               ///< its tool tip: why its export went wrong
     bool isFileMissing = false; ///< exported, but its file is no longer there; found out by reading
 };

@@ -23,15 +23,19 @@ QByteArray digestOfText(const QByteArray& text) {
 }
 
 QJsonObject clipJson(const SavedClip& clip, const QString& snapshot) {
-    return {{"job", clip.job},
-            {"index", clip.index},
-            {"start", numberJson(clip.start)},
-            {"end", numberJson(clip.end)},
-            {"snapshotTime", numberJson(clip.snapshotTime)},
-            {"snapshot", snapshot},
-            {"status", clip.status},
-            {"output", textJson(clip.outputPath)},
-            {"note", textJson(clip.note)}};
+    QJsonObject json{{"job", clip.job},
+                     {"index", clip.index},
+                     {"start", numberJson(clip.start)},
+                     {"end", numberJson(clip.end)},
+                     {"snapshotTime", numberJson(clip.snapshotTime)},
+                     {"snapshot", snapshot},
+                     {"status", clip.status},
+                     {"output", textJson(clip.outputPath)},
+                     {"note", textJson(clip.note)},
+                     {"strength", numberJson(double(clip.strength))}};
+    if (!clip.joinedFile.isEmpty())
+        json.insert("joined", textJson(clip.joinedFile));
+    return json;
 }
 
 SavedClip clipOf(JsonFields& fields, int jobs) {
@@ -44,6 +48,10 @@ SavedClip clipOf(JsonFields& fields, int jobs) {
     clip.status = fields.integer("status", 0, lastClipStatus);
     clip.outputPath = fields.text("output");
     clip.note = fields.text("note");
+    if (fields.has("strength")) // older sessions have none
+        clip.strength = float(fields.number("strength"));
+    if (fields.has("joined"))
+        clip.joinedFile = fields.text("joined");
     return clip;
 }
 

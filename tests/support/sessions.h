@@ -66,6 +66,9 @@ inline JobRecord fullJob() {
     job.facts.damage = {4711, 100.0, 90.5};
     job.facts.stream = {"h264", true, {{1440, 1080}, {4, 3}, {30000, 1001}, -0.5}, 3599.5, 29.97,
                         0.08,   true};
+    // Nanoseconds are more digits than a double has.
+    job.facts.file = SearchedFile{{"/videos/g\303\244rten.mp4", 4711, 1700000000123456789, "0a1b"},
+                                  1700000000987654321};
     job.firstClipNumber = 2;
     job.nextClipNumber = 7;
     return job;
@@ -89,6 +92,8 @@ inline SavedSession full() {
     session.clips = {clip(1, 0, 0), clip(0, 5, 4), clip(0, 6, 2)};
     session.clips[1].outputPath = "/clips/garden_mp4_0/0005.mp4";
     session.clips[1].note = "<b>No space</b> left: \"&\" \342\202\254";
+    session.clips[1].strength = 1.7F;
+    session.clips[1].joinedFile = "/clips/garden_mp4_0/0009";
     session.clips[2].snapshot = {};
     return session;
 }
@@ -134,6 +139,10 @@ inline void compareFacts(const JobFacts& found, const JobFacts& wanted) {
     QCOMPARE(found.damage.packets, wanted.damage.packets);
     QVERIFY(found.damage.promised == wanted.damage.promised &&
             found.damage.read == wanted.damage.read);
+    QCOMPARE(found.file.has_value(), wanted.file.has_value());
+    if (wanted.file)
+        QVERIFY(found.file->stamp == wanted.file->stamp &&
+                found.file->changed == wanted.file->changed);
 }
 
 inline void compareJob(const JobRecord& found, const JobRecord& wanted) {
@@ -168,6 +177,8 @@ inline void compareClip(const SavedClip& found, const SavedClip& wanted) {
     QCOMPARE(found.status, wanted.status);
     QCOMPARE(found.outputPath, wanted.outputPath);
     QCOMPARE(found.note, wanted.note);
+    QCOMPARE(found.strength, wanted.strength);
+    QCOMPARE(found.joinedFile, wanted.joinedFile);
 }
 
 inline void compare(const SavedSession& found, const SavedSession& wanted) {

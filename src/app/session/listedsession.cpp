@@ -4,6 +4,7 @@
 
 #include "listedsession.h"
 
+#include "captiondelegate.h"
 #include "clip.h"
 #include "cliplistwidget.h"
 #include "detectionqueue.h"
@@ -23,6 +24,8 @@ SavedClip saved(const Clip& clip, int job) {
     saved.snapshot = clip.snapshot;
     saved.status = clip.isBeingExported() ? int(Clip::Exporting) : clip.status;
     saved.outputPath = clip.outputPath;
+    saved.strength = clip.strength;
+    saved.joinedFile = clip.data(joinedRole).toString();
     saved.note = clip.toolTip();
     return saved;
 }

@@ -33,6 +33,7 @@ SessionControl::SessionControl(DetectionQueue& queue, ClipListWidget& list,
     connect(&keeper, SIGNAL(found(int, int)), SLOT(offerLast(int, int)));
     connect(&keeper, SIGNAL(readBack(SavedSession)), SLOT(restore(SavedSession)));
     connect(&offer, SIGNAL(taken()), SLOT(goOn()));
+    connect(&queue, SIGNAL(cancelled()), &keeper, SLOT(change()));
     connect(&queue, SIGNAL(added(QList<Video*>)), SLOT(watch(QList<Video*>)));
     watch(queue.jobs());
     keeper.look();

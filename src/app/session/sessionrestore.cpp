@@ -4,6 +4,7 @@
 
 #include "sessionrestore.h"
 
+#include "captiondelegate.h"
 #include "clip.h"
 #include "cliplistwidget.h"
 #include "clipnames.h"
@@ -86,6 +87,9 @@ void SessionRestore::addClip(const SavedClip& saved) {
     Video* job = jobs[saved.job];
     auto* clip = new Clip(job, saved.index, saved.snapshot, saved.start, saved.end,
                           saved.snapshotTime, stateOf(saved));
+    clip->strength = saved.strength;
+    if (!saved.joinedFile.isEmpty() && !isUnfinished(saved.status)) // else it gets its own file
+        clip->setData(joinedRole, saved.joinedFile);
     list.insertItem(list.count(), clip);
     clipsOf[job].append(clip);
     if (!isUnfinished(saved.status))
