@@ -276,6 +276,8 @@ void TestSessionFile::forgedIndexIsRefused_data() {
     add("rectangle with three sides", "[1,2,30,40]", "[1,2,30]");
     add("rectangle with five sides", "[1,2,30,40]", "[1,2,30,40,50]");
     add("packets below none", "\"damagedPackets\":4711", "\"damagedPackets\":-1");
+    add("file smaller than nothing", "\"bytes\":4711", "\"bytes\":-4711");
+    add("folder that could be an option", "\"folder\":\"/clips", "\"folder\":\"-clips");
     add("time of a file that is none", "1700000000123456789", "17000000001234567890");
     add("no time", "2026-02-03", "2026-02-31");
     add("clips missing", "\"clips\"", "\"clops\"");

@@ -7,6 +7,7 @@
 #include "jsonfields.h"
 #include "video.h"
 
+#include <QDir>
 #include <QFile>
 
 #include <limits>
@@ -129,7 +130,7 @@ QJsonValue wholeJson(qint64 number) {
 
 QJsonObject fileJson(const SearchedFile& file) {
     return {{"path", textJson(QFile::decodeName(file.stamp.path))},
-            {"bytes", wholeJson(file.stamp.bytes)},
+            {"bytes", double(file.stamp.bytes)},
             {"modified", wholeJson(file.stamp.modified)},
             {"changed", wholeJson(file.changed)},
             {"digest", textJson(QString::fromLatin1(file.stamp.digest))}};
@@ -138,7 +139,7 @@ QJsonObject fileJson(const SearchedFile& file) {
 SearchedFile fileOf(JsonFields fields) {
     SearchedFile file;
     file.stamp.path = QFile::encodeName(fields.text("path"));
-    file.stamp.bytes = fields.whole("bytes");
+    file.stamp.bytes = fields.count("bytes");
     file.stamp.modified = fields.whole("modified");
     file.stamp.digest = fields.text("digest").toLatin1();
     file.changed = fields.whole("changed");
@@ -215,6 +216,8 @@ JobRecord jobOf(const QJsonValue& json, bool& isGood) {
     JobRecord job;
     job.fileName = fields.text("file");
     job.clipDirectory = fields.text("folder");
+    isGood =
+        isGood && QDir::isAbsolutePath(job.clipDirectory); // the encoder is told to write there
     job.state = fields.integer("state", Video::Waiting, Video::Finished);
     job.prerecord = fields.number("before");
     job.postrecord = fields.number("after");
