@@ -69,6 +69,7 @@ private Q_SLOTS:
     void whatIsNotTouchedStaysExact();
     void optionsOfTheJobAreShown();
     void showsWhatIsMeasuredAtTheMoment();
+    void nameIsShownAsItIs();
     void doesNothingWhileHidden();
     void anotherJobWhileOneIsDecided();
     void recordingWithoutMaps();
@@ -324,6 +325,15 @@ void TestMotionDock::showsWhatIsMeasuredAtTheMoment() {
     job->state = Video::Finished;
     Q_EMIT job->resultReady();
     QTRY_VERIFY(labelText().contains("now"));
+}
+
+/// An ampersand is no underlined letter.
+void TestMotionDock::nameIsShownAsItIs() {
+    Video job("yard & gate.avi", folder.path(), 1.0, 1.0, 5.0, 0, false, nullptr, nullptr, false,
+              QDateTime());
+    dock->showJob(&job);
+    QCOMPARE(dock->windowTitle(), QString("Motion: yard && gate.avi"));
+    dock->showJob(nullptr);
 }
 
 void TestMotionDock::doesNothingWhileHidden() {

@@ -20,9 +20,9 @@ constexpr double pictureSeconds = 1.0 / 32.0; // as fine as the strip's own grid
 constexpr int recordingSeconds = 60;
 
 /// Quiet, with motion of `value` in the second `at`.
-std::shared_ptr<MotionPyramid> motionAt(int at, float value) {
+std::shared_ptr<MotionPyramid> motionAt(int at, float value, int seconds = recordingSeconds) {
     auto motion = std::make_shared<MotionPyramid>();
-    for (int i = 0; i <= recordingSeconds * 32; ++i)
+    for (int i = 0; i <= seconds * 32; ++i)
         motion->add(i * pictureSeconds, i / 32 == at ? value : 0.0F);
     return motion;
 }
@@ -37,6 +37,7 @@ private Q_SLOTS:
     void columnsShowTheStrongest();
     void clipsAreShaded();
     void listedAndWouldBeDifferInForm();
+    void shortRecordingFillsTheStrip();
     void wheelZoomsAboutThePointer();
     void shiftAndWheelScroll();
     void draggingScrolls();
@@ -166,6 +167,15 @@ void TestMotionStripWidget::listedAndWouldBeDifferInForm() {
     QVERIFY(!shaded.isEmpty());
     QVERIFY(std::abs(timeAt(shaded.first()) - 40.0) < 0.3);
     QVERIFY(std::abs(timeAt(shaded.last()) - 50.0) < 0.3);
+}
+
+void TestMotionStripWidget::shortRecordingFillsTheStrip() {
+    strip->showRecording("short.mov", QDateTime());
+    strip->setMotion(motionAt(1, 4.0F, 2), QString());
+    const int right = strip->viewport()->width() - 4;
+    QVERIFY(timeAt(right) > 1.9 && timeAt(right) <= 2.0);
+    wheel(400, 10); // there is nothing shorter to be seen
+    QVERIFY(timeAt(right) > 1.9 && timeAt(right) <= 2.0);
 }
 
 void TestMotionStripWidget::wheelZoomsAboutThePointer() {

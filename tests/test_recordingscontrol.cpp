@@ -358,7 +358,9 @@ void TestRecordingsControl::reportIsNotReplacedUnasked() {
     QVERIFY(page.open(QIODevice::WriteOnly));
     page.write("mine");
     page.close();
-    DialogAnswer<QMessageBox> answer([](QMessageBox& box) { box.reject(); });
+    // Return alone must not do it.
+    DialogAnswer<QMessageBox> answer(
+        [](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Return); });
     saveReport();
     QVERIFY(answer.wasShown());
     QCOMPARE(readFile(page.fileName()), QByteArray("mine"));

@@ -96,6 +96,10 @@ QString printable(const QString& text) {
     });
 }
 
+QString withoutMnemonics(QString text) {
+    return text.replace('&', QStringLiteral("&&"));
+}
+
 QByteArray printableLines(const QByteArray& lines) {
     QByteArrayList pieces;
     for (const QByteArray& piece : lines.split('\0')) // behind which Qt takes no name on

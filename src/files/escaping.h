@@ -47,6 +47,9 @@ QString shellWord(const QString& text);
 /// "\t", "\r" or the "\x1b" of its bytes, and a backslash becomes two.
 QString printable(const QString& text);
 
+/// `text` as it is shown where an ampersand would underline the letter behind it.
+QString withoutMnemonics(QString text);
+
 /// Whole lines, their bytes those of QFile::encodeName, as a terminal may see them: the same
 /// without what steers, but with their line ends, and with backslashes as they are.
 QByteArray printableLines(const QByteArray& lines);

@@ -6,6 +6,7 @@
 
 #include "clocktext.h"
 #include "detectionqueue.h"
+#include "escaping.h"
 #include "livemotion.h"
 #include "recordingmotion.h"
 #include "ui_motiondock.h"
@@ -91,7 +92,8 @@ void MotionDock::showJob(Video* video) {
     listedCount = 0;
     if (video)
         connect(video, SIGNAL(resultReady()), SLOT(takeJobEnd()));
-    setWindowTitle(video ? tr("Motion: %1").arg(video->shortFileName()) : tr("Motion"));
+    setWindowTitle(video ? tr("Motion: %1").arg(withoutMnemonics(video->shortFileName()))
+                         : tr("Motion"));
     toggleViewAction()->setText(tr("Motion")); // of buttons and menus
     const bool isClockKnown = video && video->exportTimestamps;
     ui->motionStrip->showRecording(video ? video->shortFileName() : QString(),

@@ -8,14 +8,14 @@
 
 void StripWindow::setLength(double seconds) {
     const bool isAll = shown >= length;
-    length = std::max(seconds, shortest);
+    length = seconds > 0.0 ? seconds : shortest;
     shown = isAll ? length : std::min(shown, length);
     scrollTo(from);
 }
 
 void StripWindow::zoom(double factor, double time) {
     const double before = shown;
-    shown = std::clamp(shown * factor, shortest, length);
+    shown = std::clamp(shown * factor, std::min(shortest, length), length);
     scrollTo(time - (time - from) * shown / before);
 }
 

@@ -7,9 +7,9 @@
 /// The stretch of a recording that a strip shows. Seconds from the first picture.
 class StripWindow {
 public:
-    static constexpr double shortest = 4.0; ///< seconds that are shown at the least
+    static constexpr double shortest = 4.0; ///< seconds that are shown at the least, if it has them
 
-    /// How long the recording is: what shows all of it goes on to do so.
+    /// How long the recording is, 0 where nothing is known: what shows all of it goes on to do so.
     void setLength(double seconds);
 
     /// Shows `factor` times as much, with `time` in its place.

@@ -4,6 +4,7 @@
 
 #include "playerdock.h"
 
+#include "escaping.h"
 #include "fullscreen.h"
 #include "picturewidget.h"
 #include "playback.h"
@@ -35,7 +36,8 @@ PlayerDock::~PlayerDock() = default;
 
 void PlayerDock::setClip(const PlayedClip& clip, bool isPlaying) {
     const QString name = tr("Player");
-    setWindowTitle(clip.label.isEmpty() ? name : tr("Player: %1").arg(clip.label));
+    setWindowTitle(clip.label.isEmpty() ? name
+                                        : tr("Player: %1").arg(withoutMnemonics(clip.label)));
     toggleViewAction()->setText(name); // it takes the title otherwise
     view->setClip(clip, isPlaying);
 }

@@ -16,6 +16,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QSet>
 
 #include <algorithm>
 #include <cerrno>
@@ -60,6 +61,20 @@ QString lastReason() {
     return qt_error_string(errno == 0 ? EACCES : errno);
 }
 
+/// As a person counts them: those that were searched again with other options count once.
+int recordingsAmong(const QVector<JobRecord>& jobs) {
+    QSet<QString> searchedLater; // their clip folders
+    int recordings = 0;
+    for (auto job = jobs.crbegin(); job != jobs.crend(); ++job) {
+        const bool hasEnded = job->state >= Video::CancelRequested;
+        if (!hasEnded || !searchedLater.contains(job->clipDirectory))
+            ++recordings;
+        if (job->state == Video::Finished)
+            searchedLater.insert(job->clipDirectory);
+    }
+    return recordings;
+}
+
 bool isThere(const QString& path) {
     const QFileInfo file(path);
     return file.isFile() && file.size() > 0;
@@ -93,7 +108,7 @@ LastSession SessionStore::look() {
     found.state = canBeRead ? readSession(file.readAll(), last) : IndexState::Damaged;
     if (found.state != IndexState::Good)
         putAside(found);
-    found.recordings = last.session.jobs.size();
+    found.recordings = recordingsAmong(last.session.jobs);
     found.clips = last.session.clips.size();
     return found;
 }

@@ -42,6 +42,7 @@ bool ReportControl::mayReplace(const QString& page) const {
                          tr("There is a page already: %1").arg(QDir::toNativeSeparators(page)),
                          QMessageBox::Cancel, &window);
     question.setTextFormat(Qt::PlainText);
+    question.setDefaultButton(QMessageBox::Cancel);
     const QPushButton* replace = question.addButton(tr("Replace"), QMessageBox::AcceptRole);
     question.exec();
     return question.clickedButton() == replace;
