@@ -35,6 +35,8 @@ private Q_SLOTS:
     void whatIsExportedStaysAfterUndo();
     void numbersAreNeverUsedAgain();
     void forAll();
+    void whatIsLookedAtStaysInView();
+    void progressAndEndAreTold();
     void searchedAgain();
     void restIsSearchedAfterwards();
     void runningJobsAreLeftAlone();
@@ -238,6 +240,50 @@ void TestClipReplacement::forAll() {
     undo().click(); // both at once
     QCOMPARE(clips(), before);
     QVERIFY(!undo().isEnabled());
+}
+
+/// The clips of the first recording leave from above what is looked at.
+void TestClipReplacement::whatIsLookedAtStaysInView() {
+    Video* first = searched(newJob(), 8);
+    searched(newJob(), 16);
+    showDock(first);
+    Video* third = searched(newJob(), 24);
+    Clip* looked = clips()[16];
+    QCOMPARE(looked->video, third);
+    driver->list().scrollToItem(looked, QAbstractItemView::PositionAtTop);
+    const auto top = [&] { return driver->list().visualItemRect(looked).top(); };
+    const int before = top();
+    use(2.0);
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 19, longMilliseconds);
+    QCOMPARE(clips()[11], looked);
+    QCOMPARE(top(), before);
+    undo().click();
+    QTRY_COMPARE(driver->list().count(), 24);
+    QCOMPARE(top(), before);
+}
+
+void TestClipReplacement::progressAndEndAreTold() {
+    const QString copy = folder->filePath("gone.avi");
+    QVERIFY(QFile::copy(recordingsDirectory() + "/gate.avi", copy));
+    searched(newJob(), 8);
+    searched(newJob(copy), 16);
+    showDock(searched(newJob(), 24));
+    QVERIFY(QFile::remove(copy));
+    QStringList told;
+    connect(&driver->part<QStatusBar>("statusBar"), &QStatusBar::messageChanged, this,
+            [&told](const QString& text) { told += text; });
+    driver->part<QDoubleSpinBox>("spinBoxMinimum").setValue(2.0);
+    driver->click("pushButtonUseForAll");
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 3 + 8 + 3, longMilliseconds);
+    QTRY_COMPARE(message(), QString("The clips of 2 recordings are replaced, those of 1 are not; "
+                                    "the last one: gone.avi: it is gone, and its clips stay as "
+                                    "they are"));
+    for (const char* step : {"1 of 3", "2 of 3", "3 of 3"})
+        QVERIFY(told.contains(QString("Replacing clips: recording ") + step));
+    driver->part<QStatusBar>("statusBar").clearMessage();
+    use(3.0); // of one recording its clips tell enough
+    QTRY_VERIFY_WITH_TIMEOUT(!times().endsWith(ofMinimum2.last()), longMilliseconds);
+    QCOMPARE(message(), QString());
 }
 
 /// Both jobs write into one folder, and no file may be overwritten.

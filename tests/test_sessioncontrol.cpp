@@ -5,6 +5,7 @@
 #include "captiondelegate.h"
 #include "recordingsdock.h"
 #include "sessionindex.h"
+#include "translation.h"
 #include "windowtest.h"
 
 #include <QAbstractItemView>
@@ -44,6 +45,7 @@ private Q_SLOTS:
     void nothingIsOfferedAtFirst();
     void listIsAsItWas();
     void oneReturnGoesOn();
+    void searchedAgainCountsOnce();
     void newSessionReplacesTheLast();
     void personMayDoWithout();
     void nothingIsExportedTwice();
@@ -88,6 +90,7 @@ private:
 
 void TestSessionControl::initTestCase() {
     makeRecordings();
+    speak({});
     mediumRecording = recordings.filePath("medium.mp4");
     QVERIFY(
         media::encode({"-stream_loop", "80", "-i", shortRecording, "-c", "copy", mediumRecording}));
@@ -164,11 +167,31 @@ void TestSessionControl::oneReturnGoesOn() {
     start();
     QApplication::setActiveWindow(&driver->window);
     QTRY_VERIFY(offer().hasFocus());
-    QCOMPARE(offer().text(),
-             QString("Go on with the last session: %1 recordings, %2 clips").arg(1).arg(2));
+    QCOMPARE(offer().text(), QString("Go on with the last session: 1 recording, 2 clips"));
     QTest::keyClick(driver->window.focusWidget(), Qt::Key_Return);
     QTRY_COMPARE(driver->list().count(), 2);
     QTRY_VERIFY(driver->list().hasFocus());
+}
+
+/// As in the recordings' dock, which the button in the status bar sums up.
+void TestSessionControl::searchedAgainCountsOnce() {
+    Video* first = makeJob(shortRecording);
+    driver->accept(first);
+    QTRY_COMPARE_WITH_TIMEOUT(int(first->state), int(Video::Finished), longMilliseconds);
+    JobRecord record = first->record();
+    record.state = Video::Waiting;
+    auto* again = new Video(record);
+    driver->accept(again);
+    QTRY_COMPARE_WITH_TIMEOUT(int(again->state), int(Video::Finished), longMilliseconds);
+    failedJob();
+    const auto& button = driver->part<QToolButton>("buttonRecordings");
+    QTRY_COMPARE(button.text(), QString("Recordings: 2, 1 unreadable"));
+    start();
+    QTRY_VERIFY(offer().isVisible());
+    QVERIFY2(offer().text().contains("2 recordings"), qPrintable(offer().text()));
+    QTest::keyClick(&offer(), Qt::Key_Return);
+    QTRY_COMPARE(driver->part<QToolButton>("buttonRecordings").text(),
+                 QString("Recordings: 2, 1 unreadable"));
 }
 
 void TestSessionControl::newSessionReplacesTheLast() {

@@ -113,6 +113,23 @@ QStringList placeholders(const QString& text) {
     return found;
 }
 
+/// What a text is translated as; of one that counts each of its forms. The reader stands at its
+/// beginning.
+QStringList formsOf(QXmlStreamReader& reader) {
+    QString plain;
+    QStringList forms;
+    while (!reader.atEnd()) {
+        reader.readNext();
+        if (reader.isEndElement() && reader.name() == "translation")
+            break;
+        if (reader.isStartElement() && reader.name() == "numerusform")
+            forms.append(reader.readElementText());
+        else if (reader.isCharacters())
+            plain += reader.text();
+    }
+    return forms.isEmpty() ? QStringList(plain) : forms;
+}
+
 /// Makes every text four times as long.
 class LongTexts : public QTranslator {
 public:
@@ -141,6 +158,8 @@ private Q_SLOTS:
     void everyTextIsTranslated();
     void toolkitIsTranslated_data() { addLanguages(); }
     void toolkitIsTranslated();
+    void countsAreSaidRight_data();
+    void countsAreSaidRight();
     void captionsAreTranslated();
     void acceleratorsAreTheirOwn_data();
     void acceleratorsAreTheirOwn();
@@ -216,7 +235,8 @@ void TestTranslation::nothingIsMissing() {
             continue;
         QVERIFY2(!reader.attributes().hasAttribute("type"),
                  qPrintable(QString("line %1").arg(reader.lineNumber())));
-        QVERIFY(!reader.readElementText().trimmed().isEmpty());
+        for (const QString& form : formsOf(reader))
+            QVERIFY(!form.trimmed().isEmpty());
         ++translations;
     }
     QVERIFY2(!reader.hasError(), qPrintable(reader.errorString()));
@@ -236,7 +256,8 @@ void TestTranslation::placeholdersStay() {
             english = reader.readElementText();
         if (!reader.isStartElement() || reader.name() != "translation")
             continue;
-        QCOMPARE(placeholders(reader.readElementText()), placeholders(english));
+        for (const QString& form : formsOf(reader))
+            QCOMPARE(placeholders(form), placeholders(english));
         compared += int(!placeholders(english).isEmpty());
     }
     QVERIFY(compared > 50);
@@ -270,6 +291,24 @@ void TestTranslation::toolkitIsTranslated() {
                                    ->button(QDialogButtonBox::RestoreDefaults)
                                    ->text();
     QVERIFY2(translated != english, qPrintable(translated));
+}
+
+void TestTranslation::countsAreSaidRight_data() {
+    QTest::addColumn<QString>("language");
+    QTest::addColumn<QStringList>("said");
+    QTest::newRow("English") << QString() << QStringList{"0 clips", "1 clip", "2 clips"};
+    QTest::newRow("German") << "de" << QStringList{"0 Clips", "1 Clip", "2 Clips"};
+    QTest::newRow("French") << "fr" << QStringList{"0 clip", "1 clip", "2 clips"};
+    QTest::newRow("Spanish") << "es" << QStringList{"0 clips", "1 clip", "2 clips"};
+}
+
+void TestTranslation::countsAreSaidRight() {
+    QFETCH(QString, language);
+    speak(language);
+    QStringList said;
+    for (int count = 0; count < 3; ++count)
+        said += QCoreApplication::translate("SessionOffer", "%n clips", nullptr, count);
+    QTEST(said, "said");
 }
 
 void TestTranslation::captionsAreTranslated() {

@@ -51,6 +51,7 @@ MainWindow::MainWindow(QWidget* parent)
     ui->setupUi(this);
     setWindowIcon(applicationIcon());
     new ScreenFit(*this);
+    ui->files->setAccessibleName(tr("Clips"));
     ui->files->setItemDelegate(new CaptionDelegate(ui->files));
     ui->gridLayout->addWidget(new LeftOutBar(editMaskWindow), 1, 0);
     installEventFilter(ui->files);

@@ -48,7 +48,8 @@ void SearchNotice::tell() const {
     int clips = 0;
     for (const Video* job : searched)
         clips += job->nextClipNumber - job->firstClipNumber;
-    const QString text = tr("%1 recordings, %2 clips").arg(searched.size()).arg(clips);
+    const QString text = QStringLiteral("%1, %2").arg(tr("%n recordings", nullptr, searched.size()),
+                                                      tr("%n clips", nullptr, clips));
     QDBusMessage call = QDBusMessage::createMethodCall(
         QStringLiteral("org.freedesktop.Notifications"),
         QStringLiteral("/org/freedesktop/Notifications"),

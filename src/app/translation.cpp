@@ -20,6 +20,7 @@ static void initTranslations() {
 namespace {
 
 const char* const folder = ":/translations";
+const char* const english = "en"; // its file has but the texts that count
 
 void install(const QString& name, const QString& directory) {
     auto translator = std::make_unique<QTranslator>(QCoreApplication::instance());
@@ -35,6 +36,7 @@ QStringList translatedLanguages() {
     const QStringList files = QDir(QLatin1String(folder)).entryList();
     for (const QString& file : files) // kestrova_de.qm
         languages.append(file.section('_', 1).section('.', 0, 0));
+    languages.removeOne(QLatin1String(english));
     return languages;
 }
 
@@ -42,8 +44,8 @@ QString spokenLanguage(const QStringList& wanted) {
     const QStringList translated = translatedLanguages();
     for (const QString& name : wanted) {
         QString language = name.section('-', 0, 0);
-        // A person who wants English before German gets no German, although English has no file.
-        if (language == QLatin1String("en") || language == QLatin1String("C"))
+        // A person who wants English before German gets no German.
+        if (language == QLatin1String(english) || language == QLatin1String("C"))
             return {};
         if (translated.contains(language))
             return language;
@@ -52,9 +54,9 @@ QString spokenLanguage(const QStringList& wanted) {
 }
 
 void speak(const QString& language) {
-    if (language.isEmpty())
-        return;
-    install(QStringLiteral("qtbase_") + language,
+    initTranslations();
+    const QString spoken = language.isEmpty() ? QString(QLatin1String(english)) : language;
+    install(QStringLiteral("qtbase_") + spoken,
             QLibraryInfo::location(QLibraryInfo::TranslationsPath));
-    install(QStringLiteral("kestrova_") + language, QLatin1String(folder));
+    install(QStringLiteral("kestrova_") + spoken, QLatin1String(folder));
 }

@@ -3,12 +3,13 @@
 # SPDX-License-Identifier: GPL-3.0-or-later
 
 # The window's texts in other languages: translations/*.ts, made up to date by scripts/translations, are
-# compiled and built into the program. KESTROVA_TRANSLATIONS names the source file that holds them.
+# compiled and built into the program. Of English there are only the texts that count. KESTROVA_TRANSLATIONS
+# names the source file that holds them.
 get_target_property(qmake Qt5::qmake IMPORTED_LOCATION)
 cmake_path(GET qmake PARENT_PATH qt_programs)
 find_program(KESTROVA_LRELEASE lrelease HINTS ${qt_programs} REQUIRED)
 
-set(languages de es fr)
+set(languages de en es fr)
 set(entries "")
 foreach(language IN LISTS languages)
   set(source ${CMAKE_CURRENT_SOURCE_DIR}/translations/kestrova_${language}.ts)

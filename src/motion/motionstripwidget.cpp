@@ -187,10 +187,9 @@ void MotionStripWidget::describe() {
         return;
     }
     setAccessibleDescription(
-        tr("%1: %2 long, strongest motion %3, %4 clips")
+        tr("%1: %2 long, strongest motion %3, %n clips", nullptr, listed.size())
             .arg(recording, elapsedText(motion->seconds()),
-                 QLocale().toString(double(motion->strongest()), 'f', 2) + unit,
-                 QString::number(listed.size())));
+                 QLocale().toString(double(motion->strongest()), 'f', 2) + unit));
 }
 
 bool MotionStripWidget::isAtThreshold(const QPoint& place) const {

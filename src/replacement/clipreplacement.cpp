@@ -8,6 +8,7 @@
 #include "clipexchange.h"
 #include "clipplaces.h"
 #include "detectionqueue.h"
+#include "heldview.h"
 #include "recordingdecision.h"
 #include "video.h"
 
@@ -53,6 +54,7 @@ void ClipReplacement::use(const QList<Video*>& jobs, const DecidingOptions& opti
     const auto place = tasks.empty() ? tasks.begin() : std::next(tasks.begin());
     tasks.insert(place, added.begin(), added.end());
     exchanges.push_back(exchange);
+    report.expect(int(added.size()));
     forgetOldest();
     Q_EMIT changed();
     goOn();
@@ -61,18 +63,27 @@ void ClipReplacement::use(const QList<Video*>& jobs, const DecidingOptions& opti
 void ClipReplacement::undo() {
     if (exchanges.empty())
         return;
+    if (isBusy())
+        Q_EMIT told({}); // what was told of its progress
     undone.push_back(exchanges.back());
     exchanges.pop_back();
     drop([this](const Task& task) { return task.exchange == undone.back(); });
-    undone.back()->undo();
+    report = {};
+    {
+        const HeldView view(list, heldClip);
+        undone.back()->undo();
+    }
     undoTimer.start();
     putBack();
 }
 
 /// Thousands of clips take longer than a person should wait for the window.
 void ClipReplacement::putBack() {
-    if (!undone.front()->putBackSome(queue.jobs(), sliceMilliseconds))
-        undone.pop_front();
+    {
+        const HeldView view(list, heldClip);
+        if (!undone.front()->putBackSome(queue.jobs(), sliceMilliseconds))
+            undone.pop_front();
+    }
     if (undone.empty())
         undoTimer.stop();
     Q_EMIT changed();
@@ -87,7 +98,7 @@ void ClipReplacement::goOn() {
     while (!tasks.empty() && tasks.front().isDecided && tasks.front().missing.empty())
         endTask();
     if (tasks.empty())
-        return;
+        return tell(report.end());
     if (tasks.front().isDecided)
         findPicture(tasks.front());
     else
@@ -97,13 +108,19 @@ void ClipReplacement::goOn() {
 void ClipReplacement::giveUp() {
     if (tasks.empty())
         return;
-    Q_EMIT told(tr("%1: there is no thread or no memory to replace its clips")
-                    .arg(tasks.front().video->shortFileName()));
+    leave(tr("%1: there is no thread or no memory to replace its clips")
+              .arg(tasks.front().video->shortFileName()));
     endTask();
     goOn();
 }
 
+void ClipReplacement::leave(const QString& reason) {
+    report.takeLeft(reason);
+    Q_EMIT told(reason);
+}
+
 void ClipReplacement::decide(Task& task) {
+    tell(report.progress());
     task.decision = std::make_shared<RecordingDecision>(*task.video, task.options);
     work.start([this, decision = task.decision](const NewestWork::IsInterrupted&) {
         decision->decide();
@@ -118,8 +135,8 @@ void ClipReplacement::takeDecision() {
     if (hindrance.isEmpty())
         exchangeClips(task);
     else
-        Q_EMIT told(tr("%1: %2, and its clips stay as they are")
-                        .arg(task.video->shortFileName(), hindrance));
+        leave(tr("%1: %2, and its clips stay as they are")
+                  .arg(task.video->shortFileName(), hindrance));
     goOn();
 }
 
@@ -149,7 +166,13 @@ void ClipReplacement::exchangeClips(Task& task) {
             leaving.append(clip);
     }
     task.exchange->setOptions(*task.video, task.options);
-    task.exchange->takeOut(leaving);
+    task.isSeen = std::any_of(listed.begin(), listed.end(),
+                              [this](const Clip* clip) { return ::isSeen(list, *clip); });
+    {
+        const auto view = viewBeside(task);
+        task.exchange->takeOut(leaving);
+    }
+    report.takeReplaced();
     for (DetectedClip& clip : missing) {
         clip.index = queue.takeClipNumber(*task.video);
         task.missing.push_back(clip);
@@ -180,7 +203,10 @@ void ClipReplacement::listNext(const QImage& picture) {
     const QScopedValueRollback<bool> notByItself(task.video->autoExport, false);
     auto* clip =
         new Clip(task.video, found.index, picture, found.start, found.end, found.snapshotTime);
-    task.exchange->putIn(*clip, queue.jobs());
+    {
+        const auto view = viewBeside(task);
+        task.exchange->putIn(*clip, queue.jobs());
+    }
     Q_EMIT changed();
     goOn();
 }
@@ -200,6 +226,16 @@ void ClipReplacement::forgetSuperseded() {
 void ClipReplacement::endTask() {
     tasks.pop_front();
     forgetEmpty();
+}
+
+/// Null for those clips that a person looks at: the new ones are to be seen.
+std::unique_ptr<HeldView> ClipReplacement::viewBeside(const Task& task) {
+    return task.isSeen ? nullptr : std::make_unique<HeldView>(list, heldClip);
+}
+
+void ClipReplacement::tell(const QString& notice) {
+    if (!notice.isEmpty())
+        Q_EMIT told(notice);
 }
 
 void ClipReplacement::forgetEmpty() {
@@ -223,7 +259,9 @@ void ClipReplacement::drop(const IsDropped& isDropped) {
     }
     if (!tasks.empty() && isDropped(tasks.front()))
         work.cancel();
-    tasks.erase(std::remove_if(tasks.begin(), tasks.end(), isDropped), tasks.end());
+    const auto dropped = std::remove_if(tasks.begin(), tasks.end(), isDropped);
+    report.expect(-int(std::distance(dropped, tasks.end())));
+    tasks.erase(dropped, tasks.end());
 }
 
 /// So that what can be taken back takes so much memory at the most, but always the newest.

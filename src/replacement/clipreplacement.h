@@ -7,10 +7,12 @@
 #include "discardedclips.h"
 #include "newestwork.h"
 #include "searchoptions.h"
+#include "usereport.h"
 
 #include <QImage>
 #include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QTimer>
 
 #include <deque>
@@ -18,6 +20,7 @@
 
 class Clip;
 class ClipExchange;
+class HeldView;
 class QListWidget;
 class DetectionQueue;
 class RecordingDecision;
@@ -49,8 +52,10 @@ public:
     bool isBusy() const { return !tasks.empty(); }
 
 Q_SIGNALS:
-    void changed();                   ///< the list, or whether something can be taken back
-    void told(const QString& notice); ///< why clips of a recording stay as they are
+    void changed(); ///< the list, or whether something can be taken back
+
+    /// How far it is with many recordings, what came of it, and why clips stay as they are.
+    void told(const QString& notice);
 
 private Q_SLOTS:
     void goOn();
@@ -67,6 +72,7 @@ private:
         std::shared_ptr<RecordingDecision> decision;
         std::deque<DetectedClip> missing; ///< clips that have their numbers and no picture yet
         bool isDecided = false;
+        bool isSeen = false; ///< of its clips some were in view
     };
 
     void decide(Task& task);
@@ -76,7 +82,10 @@ private:
     QList<Clip*> clipsOf(const Video& video) const;
     void findPicture(Task& task);
     void listNext(const QImage& picture);
+    std::unique_ptr<HeldView> viewBeside(const Task& task);
+    void leave(const QString& reason);
     void endTask();
+    void tell(const QString& notice);
     template<class IsDropped>
     void drop(const IsDropped& isDropped);
     void forgetOldest();
@@ -89,5 +98,7 @@ private:
     std::deque<std::shared_ptr<ClipExchange>> undone;    ///< not all is as before them yet
     QTimer undoTimer;                                    ///< runs meanwhile
     std::deque<Task> tasks;                              ///< the first one is at work
+    UseReport report;                                    ///< of those since there was none
+    QPointer<Clip> heldClip;                             ///< stays where it is in the view
     NewestWork work;
 };

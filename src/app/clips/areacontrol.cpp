@@ -251,6 +251,6 @@ QString AreaControl::summary() const {
     }
     if (judged == 0 && isAnyUnmapped)
         return tr("No maps of this recording are kept");
-    const QString found = tr("Area: %1 of %2 clips").arg(moving).arg(judged);
+    const QString found = tr("Area: %1 of %n clips", nullptr, judged).arg(moving);
     return isAnyUnmapped ? tr("%1; of some recordings no maps are kept").arg(found) : found;
 }

@@ -124,13 +124,14 @@ QString written(const WantedList& wanted, const QString& file) {
     if (!failure.isEmpty())
         return ClipListExport::tr("%1 cannot be written: %2")
             .arg(QDir::toNativeSeparators(file), failure);
-    const QString text = ClipListExport::tr("%1 clips listed in %2")
-                             .arg(QString::number(clips.size()), QDir::toNativeSeparators(file));
+    const QString text = ClipListExport::tr("%n clips listed in %1", nullptr, clips.size())
+                             .arg(QDir::toNativeSeparators(file));
     const int missing = wanted.clips.size() - clips.size();
     return missing == 0 ? text
-                        : ClipListExport::tr("%1; %2 clips are left out, since their recordings "
-                                             "cannot be named or are not known")
-                              .arg(text, QString::number(missing));
+                        : ClipListExport::tr("%1; %n clips are left out, since their recordings "
+                                             "cannot be named or are not known",
+                                             nullptr, missing)
+                              .arg(text);
 }
 
 } // namespace

@@ -64,7 +64,7 @@ void RecordingsControl::followClips() {
 
 void RecordingsControl::showClips(Video* video) {
     Clip* clip = isFollowing ? nullptr : firstClip(video);
-    if (clip)
+    if (clip && !list.viewport()->rect().contains(list.visualItemRect(clip)))
         list.scrollToItem(clip, QAbstractItemView::PositionAtTop);
 }
 

@@ -48,7 +48,7 @@ void ShownBar::showCount() {
     int shown = 0;
     for (int row = 0; row < list.count(); ++row)
         shown += list.isRowHidden(row) ? 0 : 1;
-    label->setText(tr("%1 of %2 clips are listed").arg(shown).arg(list.count()));
+    label->setText(tr("%1 of %n clips are listed", nullptr, list.count()).arg(shown));
 }
 
 void ShownBar::countLater() {

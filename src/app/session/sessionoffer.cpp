@@ -32,8 +32,9 @@ SessionOffer::SessionOffer(QWidget* parent)
 }
 
 void SessionOffer::offer(int recordings, int clips) {
-    button->setText(tr("Go on with the last session: %1 recordings, %2 clips")
-                        .arg(QString::number(recordings), QString::number(clips)));
+    button->setText(
+        tr("Go on with the last session: %1, %2")
+            .arg(tr("%n recordings", nullptr, recordings), tr("%n clips", nullptr, clips)));
     button->setEnabled(true);
     show();
     button->setFocus();

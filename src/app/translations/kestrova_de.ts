@@ -47,12 +47,15 @@
         <translation>Zu dieser Aufnahme sind keine Karten aufbewahrt</translation>
     </message>
     <message>
-        <source>Area: %1 of %2 clips</source>
-        <translation>Bildbereich: %1 von %2 Clips</translation>
-    </message>
-    <message>
         <source>%1; of some recordings no maps are kept</source>
         <translation>%1; zu manchen Aufnahmen sind keine Karten aufbewahrt</translation>
+    </message>
+    <message numerus="yes">
+        <source>Area: %1 of %n clips</source>
+        <translation>
+            <numerusform>Bildbereich: %1 von %n Clip</numerusform>
+            <numerusform>Bildbereich: %1 von %n Clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -126,16 +129,22 @@
         <translation>%1 lässt sich nicht schreiben: %2</translation>
     </message>
     <message>
-        <source>%1 clips listed in %2</source>
-        <translation>Clips in der Liste %2: %1</translation>
-    </message>
-    <message>
-        <source>%1; %2 clips are left out, since their recordings cannot be named or are not known</source>
-        <translation>%1; ausgelassen, weil ihre Aufnahmen sich nicht benennen lassen oder nicht bekannt sind: %2</translation>
-    </message>
-    <message>
         <source>%1 cannot be written: no thread</source>
         <translation>%1 lässt sich nicht schreiben: Das System gibt keinen Thread her</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n clips listed in %1</source>
+        <translation>
+            <numerusform>%n Clip in der Liste %1</numerusform>
+            <numerusform>%n Clips in der Liste %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1; %n clips are left out, since their recordings cannot be named or are not known</source>
+        <translation>
+            <numerusform>%1; %n Clip ist ausgelassen, weil seine Aufnahme sich nicht benennen lässt oder nicht bekannt ist</numerusform>
+            <numerusform>%1; %n Clips sind ausgelassen, weil ihre Aufnahmen sich nicht benennen lassen oder nicht bekannt sind</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -686,14 +695,6 @@ Hohe Werte können die Erkennung verschlechtern</translation>
 <context>
     <name>JobStatus</name>
     <message>
-        <source>1 clip</source>
-        <translation>1 Clip</translation>
-    </message>
-    <message>
-        <source>%1 clips</source>
-        <translation>%1 Clips</translation>
-    </message>
-    <message>
         <source>unreadable</source>
         <translation>nicht lesbar</translation>
     </message>
@@ -760,6 +761,14 @@ Hohe Werte können die Erkennung verschlechtern</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>1 clip</source>
+        <translation>1 Clip</translation>
+    </message>
+    <message>
+        <source>%1 clips</source>
+        <translation>%1 Clips</translation>
     </message>
 </context>
 <context>
@@ -934,6 +943,10 @@ Hohe Werte können die Erkennung verschlechtern</translation>
         <source>Can&apos;t open manual.pdf</source>
         <translation>manual.pdf kann nicht geöffnet werden</translation>
     </message>
+    <message>
+        <source>Clips</source>
+        <translation>Clips</translation>
+    </message>
 </context>
 <context>
     <name>MeasurementCache</name>
@@ -993,14 +1006,6 @@ Hohe Werte können die Erkennung verschlechtern</translation>
         <translation>Lässt sich gerade nicht ausrechnen: Das System gibt keinen Thread oder keinen Speicher her</translation>
     </message>
     <message>
-        <source>1 clip, %1 long; now %2</source>
-        <translation>1 Clip, %1 lang; jetzt %2</translation>
-    </message>
-    <message>
-        <source>%1 clips, %2 in all; now %3</source>
-        <translation>%1 Clips, zusammen %2; jetzt %3</translation>
-    </message>
-    <message>
         <source>Choose a recording or one of its clips</source>
         <translation>Eine Aufnahme oder einen ihrer Clips auswählen</translation>
     </message>
@@ -1020,6 +1025,14 @@ Hohe Werte können die Erkennung verschlechtern</translation>
         <source>Nothing was measured of this recording</source>
         <translation>Zu dieser Aufnahme wurde nichts gemessen</translation>
     </message>
+    <message>
+        <source>1 clip, %1 long; now %2</source>
+        <translation>1 Clip, %1 lang; jetzt %2</translation>
+    </message>
+    <message>
+        <source>%1 clips, %2 in all; now %3</source>
+        <translation>%1 Clips, zusammen %2; jetzt %3</translation>
+    </message>
 </context>
 <context>
     <name>MotionStripWidget</name>
@@ -1031,9 +1044,12 @@ Hohe Werte können die Erkennung verschlechtern</translation>
         <source>%1: nothing measured</source>
         <translation>%1: nichts gemessen</translation>
     </message>
-    <message>
-        <source>%1: %2 long, strongest motion %3, %4 clips</source>
-        <translation>%1: %2 lang, stärkste Bewegung %3, Clips: %4</translation>
+    <message numerus="yes">
+        <source>%1: %2 long, strongest motion %3, %n clips</source>
+        <translation>
+            <numerusform>%1: %2 lang, stärkste Bewegung %3, %n Clip</numerusform>
+            <numerusform>%1: %2 lang, stärkste Bewegung %3, %n Clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1433,12 +1449,22 @@ Hohe Werte können die Erkennung verschlechtern</translation>
 <context>
     <name>SearchNotice</name>
     <message>
-        <source>%1 recordings, %2 clips</source>
-        <translation>Aufnahmen: %1, Clips: %2</translation>
-    </message>
-    <message>
         <source>Search finished</source>
         <translation>Suche beendet</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recordings</source>
+        <translation>
+            <numerusform>%n Aufnahme</numerusform>
+            <numerusform>%n Aufnahmen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n clips</source>
+        <translation>
+            <numerusform>%n Clip</numerusform>
+            <numerusform>%n Clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1482,12 +1508,26 @@ Hohe Werte können die Erkennung verschlechtern</translation>
         <translation>Darauf verzichten</translation>
     </message>
     <message>
-        <source>Go on with the last session: %1 recordings, %2 clips</source>
-        <translation>Letzte Sitzung fortsetzen (Aufnahmen: %1, Clips: %2)</translation>
-    </message>
-    <message>
         <source>Reading the last session...</source>
         <translation>Die letzte Sitzung wird gelesen ...</translation>
+    </message>
+    <message>
+        <source>Go on with the last session: %1, %2</source>
+        <translation>Letzte Sitzung fortsetzen: %1, %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recordings</source>
+        <translation>
+            <numerusform>%n Aufnahme</numerusform>
+            <numerusform>%n Aufnahmen</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n clips</source>
+        <translation>
+            <numerusform>%n Clip</numerusform>
+            <numerusform>%n Clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1582,9 +1622,33 @@ MJPEG wird immer neu kodiert.</translation>
         <source>Show all clips</source>
         <translation>Alle Clips zeigen</translation>
     </message>
+    <message numerus="yes">
+        <source>%1 of %n clips are listed</source>
+        <translation>
+            <numerusform>%1 von %n Clip in der Liste</numerusform>
+            <numerusform>%1 von %n Clips in der Liste</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UseReport</name>
     <message>
-        <source>%1 of %2 clips are listed</source>
-        <translation>%1 von %2 Clips in der Liste</translation>
+        <source>Replacing clips: recording %1 of %2</source>
+        <translation>Clips werden ersetzt: Aufnahme %1 von %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>The clips of %n recordings are replaced</source>
+        <translation>
+            <numerusform>Die Clips von %n Aufnahme sind ersetzt</numerusform>
+            <numerusform>Die Clips von %n Aufnahmen sind ersetzt</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, those of %n are not; the last one: %2</source>
+        <translation>
+            <numerusform>%1, die von %n nicht: %2</numerusform>
+            <numerusform>%1, die von %n nicht; zuletzt: %2</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -47,12 +47,15 @@
         <translation>No se conservan mapas de esta grabación</translation>
     </message>
     <message>
-        <source>Area: %1 of %2 clips</source>
-        <translation>Zona: %1 de %2 clips</translation>
-    </message>
-    <message>
         <source>%1; of some recordings no maps are kept</source>
         <translation>%1; de algunas grabaciones no se conservan mapas</translation>
+    </message>
+    <message numerus="yes">
+        <source>Area: %1 of %n clips</source>
+        <translation>
+            <numerusform>Zona: %1 de %n clip</numerusform>
+            <numerusform>Zona: %1 de %n clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -126,16 +129,22 @@
         <translation>No se puede escribir %1: %2</translation>
     </message>
     <message>
-        <source>%1 clips listed in %2</source>
-        <translation>Clips en la lista %2: %1</translation>
-    </message>
-    <message>
-        <source>%1; %2 clips are left out, since their recordings cannot be named or are not known</source>
-        <translation>%1; omitidos, porque sus grabaciones no se pueden nombrar o no se conocen: %2</translation>
-    </message>
-    <message>
         <source>%1 cannot be written: no thread</source>
         <translation>No se puede escribir %1: el sistema no tiene un hilo</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n clips listed in %1</source>
+        <translation>
+            <numerusform>%n clip en la lista %1</numerusform>
+            <numerusform>%n clips en la lista %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1; %n clips are left out, since their recordings cannot be named or are not known</source>
+        <translation>
+            <numerusform>%1; %n clip omitido, porque su grabación no se puede nombrar o no se conoce</numerusform>
+            <numerusform>%1; %n clips omitidos, porque sus grabaciones no se pueden nombrar o no se conocen</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -686,14 +695,6 @@ Los valores altos pueden empeorar la detección</translation>
 <context>
     <name>JobStatus</name>
     <message>
-        <source>1 clip</source>
-        <translation>1 clip</translation>
-    </message>
-    <message>
-        <source>%1 clips</source>
-        <translation>%1 clips</translation>
-    </message>
-    <message>
         <source>unreadable</source>
         <translation>ilegible</translation>
     </message>
@@ -760,6 +761,14 @@ Los valores altos pueden empeorar la detección</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1: %2</translation>
+    </message>
+    <message>
+        <source>1 clip</source>
+        <translation>1 clip</translation>
+    </message>
+    <message>
+        <source>%1 clips</source>
+        <translation>%1 clips</translation>
     </message>
 </context>
 <context>
@@ -934,6 +943,10 @@ Los valores altos pueden empeorar la detección</translation>
         <source>Can&apos;t open manual.pdf</source>
         <translation>No se puede abrir manual.pdf</translation>
     </message>
+    <message>
+        <source>Clips</source>
+        <translation>Clips</translation>
+    </message>
 </context>
 <context>
     <name>MeasurementCache</name>
@@ -993,14 +1006,6 @@ Los valores altos pueden empeorar la detección</translation>
         <translation>No se puede calcular ahora: el sistema no tiene un hilo o memoria</translation>
     </message>
     <message>
-        <source>1 clip, %1 long; now %2</source>
-        <translation>1 clip, %1 de duración; ahora %2</translation>
-    </message>
-    <message>
-        <source>%1 clips, %2 in all; now %3</source>
-        <translation>%1 clips, %2 en total; ahora %3</translation>
-    </message>
-    <message>
         <source>Choose a recording or one of its clips</source>
         <translation>Elija una grabación o uno de sus clips</translation>
     </message>
@@ -1020,6 +1025,14 @@ Los valores altos pueden empeorar la detección</translation>
         <source>Nothing was measured of this recording</source>
         <translation>No se midió nada en esta grabación</translation>
     </message>
+    <message>
+        <source>1 clip, %1 long; now %2</source>
+        <translation>1 clip, %1 de duración; ahora %2</translation>
+    </message>
+    <message>
+        <source>%1 clips, %2 in all; now %3</source>
+        <translation>%1 clips, %2 en total; ahora %3</translation>
+    </message>
 </context>
 <context>
     <name>MotionStripWidget</name>
@@ -1031,9 +1044,12 @@ Los valores altos pueden empeorar la detección</translation>
         <source>%1: nothing measured</source>
         <translation>%1: nada medido</translation>
     </message>
-    <message>
-        <source>%1: %2 long, strongest motion %3, %4 clips</source>
-        <translation>%1: duración %2, movimiento máximo %3, clips: %4</translation>
+    <message numerus="yes">
+        <source>%1: %2 long, strongest motion %3, %n clips</source>
+        <translation>
+            <numerusform>%1: duración %2, movimiento máximo %3, %n clip</numerusform>
+            <numerusform>%1: duración %2, movimiento máximo %3, %n clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1433,12 +1449,22 @@ Los valores altos pueden empeorar la detección</translation>
 <context>
     <name>SearchNotice</name>
     <message>
-        <source>%1 recordings, %2 clips</source>
-        <translation>Grabaciones: %1, clips: %2</translation>
-    </message>
-    <message>
         <source>Search finished</source>
         <translation>Búsqueda terminada</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recordings</source>
+        <translation>
+            <numerusform>%n grabación</numerusform>
+            <numerusform>%n grabaciones</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n clips</source>
+        <translation>
+            <numerusform>%n clip</numerusform>
+            <numerusform>%n clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1482,12 +1508,26 @@ Los valores altos pueden empeorar la detección</translation>
         <translation>Prescindir de ella</translation>
     </message>
     <message>
-        <source>Go on with the last session: %1 recordings, %2 clips</source>
-        <translation>Continuar la última sesión (grabaciones: %1, clips: %2)</translation>
-    </message>
-    <message>
         <source>Reading the last session...</source>
         <translation>Leyendo la última sesión...</translation>
+    </message>
+    <message>
+        <source>Go on with the last session: %1, %2</source>
+        <translation>Continuar la última sesión: %1, %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recordings</source>
+        <translation>
+            <numerusform>%n grabación</numerusform>
+            <numerusform>%n grabaciones</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n clips</source>
+        <translation>
+            <numerusform>%n clip</numerusform>
+            <numerusform>%n clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1582,9 +1622,33 @@ MJPEG siempre se recodifica.</translation>
         <source>Show all clips</source>
         <translation>Mostrar todos los clips</translation>
     </message>
+    <message numerus="yes">
+        <source>%1 of %n clips are listed</source>
+        <translation>
+            <numerusform>%1 de %n clip en la lista</numerusform>
+            <numerusform>%1 de %n clips en la lista</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UseReport</name>
     <message>
-        <source>%1 of %2 clips are listed</source>
-        <translation>%1 de %2 clips en la lista</translation>
+        <source>Replacing clips: recording %1 of %2</source>
+        <translation>Sustituyendo clips: grabación %1 de %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>The clips of %n recordings are replaced</source>
+        <translation>
+            <numerusform>Los clips de %n grabación se han sustituido</numerusform>
+            <numerusform>Los clips de %n grabaciones se han sustituido</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, those of %n are not; the last one: %2</source>
+        <translation>
+            <numerusform>%1, los de %n no: %2</numerusform>
+            <numerusform>%1, los de %n no; la última: %2</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

@@ -47,12 +47,15 @@
         <translation>Aucune carte de cet enregistrement n’est conservée</translation>
     </message>
     <message>
-        <source>Area: %1 of %2 clips</source>
-        <translation>Zone : %1 sur %2 clips</translation>
-    </message>
-    <message>
         <source>%1; of some recordings no maps are kept</source>
         <translation>%1 ; aucune carte de certains enregistrements n’est conservée</translation>
+    </message>
+    <message numerus="yes">
+        <source>Area: %1 of %n clips</source>
+        <translation>
+            <numerusform>Zone : %1 sur %n clip</numerusform>
+            <numerusform>Zone : %1 sur %n clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -126,16 +129,22 @@
         <translation>Impossible d’écrire %1 : %2</translation>
     </message>
     <message>
-        <source>%1 clips listed in %2</source>
-        <translation>Clips dans la liste %2 : %1</translation>
-    </message>
-    <message>
-        <source>%1; %2 clips are left out, since their recordings cannot be named or are not known</source>
-        <translation>%1 ; omis, car leurs enregistrements ne peuvent pas être nommés ou ne sont pas connus : %2</translation>
-    </message>
-    <message>
         <source>%1 cannot be written: no thread</source>
         <translation>Impossible d’écrire %1 : le système n’a pas de fil d’exécution</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n clips listed in %1</source>
+        <translation>
+            <numerusform>%n clip dans la liste %1</numerusform>
+            <numerusform>%n clips dans la liste %1</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1; %n clips are left out, since their recordings cannot be named or are not known</source>
+        <translation>
+            <numerusform>%1 ; %n clip omis, car son enregistrement ne peut pas être nommé ou n’est pas connu</numerusform>
+            <numerusform>%1 ; %n clips omis, car leurs enregistrements ne peuvent pas être nommés ou ne sont pas connus</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -686,14 +695,6 @@ Des valeurs élevées peuvent nuire à la détection</translation>
 <context>
     <name>JobStatus</name>
     <message>
-        <source>1 clip</source>
-        <translation>1 clip</translation>
-    </message>
-    <message>
-        <source>%1 clips</source>
-        <translation>%1 clips</translation>
-    </message>
-    <message>
         <source>unreadable</source>
         <translation>illisible</translation>
     </message>
@@ -760,6 +761,14 @@ Des valeurs élevées peuvent nuire à la détection</translation>
     <message>
         <source>%1: %2</source>
         <translation>%1 : %2</translation>
+    </message>
+    <message>
+        <source>1 clip</source>
+        <translation>1 clip</translation>
+    </message>
+    <message>
+        <source>%1 clips</source>
+        <translation>%1 clips</translation>
     </message>
 </context>
 <context>
@@ -934,6 +943,10 @@ Des valeurs élevées peuvent nuire à la détection</translation>
         <source>Can&apos;t open manual.pdf</source>
         <translation>Impossible d&apos;ouvrir manual.pdf</translation>
     </message>
+    <message>
+        <source>Clips</source>
+        <translation>Clips</translation>
+    </message>
 </context>
 <context>
     <name>MeasurementCache</name>
@@ -993,14 +1006,6 @@ Des valeurs élevées peuvent nuire à la détection</translation>
         <translation>Calcul impossible pour l’instant : le système n’a pas de fil d’exécution ou de mémoire</translation>
     </message>
     <message>
-        <source>1 clip, %1 long; now %2</source>
-        <translation>1 clip, %1 de long ; actuellement %2</translation>
-    </message>
-    <message>
-        <source>%1 clips, %2 in all; now %3</source>
-        <translation>%1 clips, %2 au total ; actuellement %3</translation>
-    </message>
-    <message>
         <source>Choose a recording or one of its clips</source>
         <translation>Choisissez un enregistrement ou un de ses clips</translation>
     </message>
@@ -1020,6 +1025,14 @@ Des valeurs élevées peuvent nuire à la détection</translation>
         <source>Nothing was measured of this recording</source>
         <translation>Rien n’a été mesuré dans cet enregistrement</translation>
     </message>
+    <message>
+        <source>1 clip, %1 long; now %2</source>
+        <translation>1 clip, %1 de long ; actuellement %2</translation>
+    </message>
+    <message>
+        <source>%1 clips, %2 in all; now %3</source>
+        <translation>%1 clips, %2 au total ; actuellement %3</translation>
+    </message>
 </context>
 <context>
     <name>MotionStripWidget</name>
@@ -1031,9 +1044,12 @@ Des valeurs élevées peuvent nuire à la détection</translation>
         <source>%1: nothing measured</source>
         <translation>%1 : rien de mesuré</translation>
     </message>
-    <message>
-        <source>%1: %2 long, strongest motion %3, %4 clips</source>
-        <translation>%1 : durée %2, mouvement maximal %3, clips : %4</translation>
+    <message numerus="yes">
+        <source>%1: %2 long, strongest motion %3, %n clips</source>
+        <translation>
+            <numerusform>%1 : durée %2, mouvement maximal %3, %n clip</numerusform>
+            <numerusform>%1 : durée %2, mouvement maximal %3, %n clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1433,12 +1449,22 @@ Des valeurs élevées peuvent nuire à la détection</translation>
 <context>
     <name>SearchNotice</name>
     <message>
-        <source>%1 recordings, %2 clips</source>
-        <translation>Enregistrements : %1, clips : %2</translation>
-    </message>
-    <message>
         <source>Search finished</source>
         <translation>Recherche terminée</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recordings</source>
+        <translation>
+            <numerusform>%n enregistrement</numerusform>
+            <numerusform>%n enregistrements</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n clips</source>
+        <translation>
+            <numerusform>%n clip</numerusform>
+            <numerusform>%n clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1482,12 +1508,26 @@ Des valeurs élevées peuvent nuire à la détection</translation>
         <translation>S’en passer</translation>
     </message>
     <message>
-        <source>Go on with the last session: %1 recordings, %2 clips</source>
-        <translation>Continuer la dernière session (enregistrements : %1, clips : %2)</translation>
-    </message>
-    <message>
         <source>Reading the last session...</source>
         <translation>Lecture de la dernière session en cours...</translation>
+    </message>
+    <message>
+        <source>Go on with the last session: %1, %2</source>
+        <translation>Continuer la dernière session : %1, %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n recordings</source>
+        <translation>
+            <numerusform>%n enregistrement</numerusform>
+            <numerusform>%n enregistrements</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n clips</source>
+        <translation>
+            <numerusform>%n clip</numerusform>
+            <numerusform>%n clips</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -1582,9 +1622,33 @@ Le MJPEG est toujours réencodé.</translation>
         <source>Show all clips</source>
         <translation>Montrer tous les clips</translation>
     </message>
+    <message numerus="yes">
+        <source>%1 of %n clips are listed</source>
+        <translation>
+            <numerusform>%1 clip sur %n dans la liste</numerusform>
+            <numerusform>%1 clips sur %n dans la liste</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>UseReport</name>
     <message>
-        <source>%1 of %2 clips are listed</source>
-        <translation>%1 clips sur %2 dans la liste</translation>
+        <source>Replacing clips: recording %1 of %2</source>
+        <translation>Remplacement des clips : enregistrement %1 sur %2</translation>
+    </message>
+    <message numerus="yes">
+        <source>The clips of %n recordings are replaced</source>
+        <translation>
+            <numerusform>Les clips de %n enregistrement sont remplacés</numerusform>
+            <numerusform>Les clips de %n enregistrements sont remplacés</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1, those of %n are not; the last one: %2</source>
+        <translation>
+            <numerusform>%1, ceux de %n autre ne le sont pas : %2</numerusform>
+            <numerusform>%1, ceux de %n autres ne le sont pas ; le dernier : %2</numerusform>
+        </translation>
     </message>
 </context>
 </TS>
