@@ -2,6 +2,8 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "emptylist.h"
+#include "endedjobs.h"
 #include "files.h"
 #include "process.h"
 #include "recordingsdock.h"
@@ -10,6 +12,7 @@
 #include <QDockWidget>
 #include <QMessageBox>
 #include <QTableView>
+#include <QToolButton>
 
 #include <csignal>
 #include <sys/resource.h>
@@ -35,6 +38,10 @@ private Q_SLOTS:
     void exportedClipsOutliveTheNextSearch();
     void cancelledSearchTakesNothingAway();
     void restLeavesWhatWasSearchedAgain();
+    void whatSetupDropsHasARow();
+    void emptyListSaysWhy_data();
+    void emptyListSaysWhy();
+    void emptyListIsSilentWithoutDocks();
     void reportIsThatOfTheScanner();
     void reportOfCells();
     void reportOfKeptValues();
@@ -273,6 +280,75 @@ void TestRecordingsControl::restLeavesWhatWasSearchedAgain() {
     QVERIFY(other->isSuperseded && !job->isSuperseded);
     QTRY_COMPARE(numbers(), QStringList({"#1", "#0"}));
     QCOMPARE(&driver->clip(0), found);
+}
+
+/// Whoever adds four files sees four, once a recording of them was accepted.
+void TestRecordingsControl::whatSetupDropsHasARow() {
+    const QString text = folder->filePath("notes.txt");
+    QVERIFY(writeFile(text, "Nothing moves.\n"));
+    const QString broken = folder->filePath("broken.mp4");
+    QVERIFY(writeFile(broken, QByteArray(5000, '\x7f')));
+    QVERIFY(QFile::copy(shortRecording, folder->filePath("good.mp4")));
+    const QString good = folder->filePath("good.mp4");
+    driver->setup.addFiles({text, broken, good, folder->filePath("missing.mp4")});
+    QTRY_VERIFY(driver->setup.isVisible());
+    QTest::qWait(300);
+    const auto& button = driver->part<QToolButton>("buttonRecordings");
+    QCOMPARE(button.text(), QString("Recordings"));
+    driver->setupPart<QLineEdit>("lineEditDir").setText(folder->path());
+    driver->clickSetup("pushButtonAdd");
+    QTRY_COMPARE(button.text(), QString("Recordings: 4, 3 unreadable"));
+    const QAbstractItemModel* rows = driver->part<QTableView>("recordings").model();
+    QHash<QString, QString> states;
+    for (int row = 0; row < rows->rowCount(); ++row)
+        states[rows->index(row, 0).data().toString()] = rows->index(row, 1).data().toString();
+    for (const char* name : {"notes.txt", "broken.mp4"})
+        QCOMPARE(states[name], QString("unreadable: Invalid data found when processing input"));
+    QCOMPARE(states["missing.mp4"], QString("unreadable: No such file or directory"));
+    QTRY_COMPARE_WITH_TIMEOUT(rows->index(0, 1).data().toString(), QString("1 clip"),
+                              longMilliseconds);
+    QCOMPARE(QDir(folder->path()).entryList(QDir::Dirs | QDir::NoDotAndDotDot),
+             QStringList("good_mp4_0")); // no folders of those
+}
+
+void TestRecordingsControl::emptyListSaysWhy_data() {
+    QTest::addColumn<QVector<int>>("states");
+    QTest::addColumn<bool>("isAnyHidden");
+    QTest::addColumn<QString>("text");
+    using States = QVector<int>;
+    const int failed = Video::Failed;
+    const int finished = Video::Finished;
+    const int cancelled = Video::CancelRequested;
+    QTest::newRow("nothing was added") << States{} << false << "";
+    QTest::newRow("filtered") << States{finished} << true << "All clips are hidden at the moment";
+    QTest::newRow("no motion") << States{finished, failed} << false << "No motion was found";
+    QTest::newRow("unreadable") << States{failed, failed} << false
+                                << "Nothing of what was added could be read";
+    QTest::newRow("cancelled") << States{cancelled, failed} << false
+                               << "The search was cancelled before motion was found";
+}
+
+void TestRecordingsControl::emptyListSaysWhy() {
+    QFETCH(QVector<int>, states);
+    QFETCH(bool, isAnyHidden);
+    EndedJobs jobs;
+    for (const int state : states)
+        jobs.add(QString("%1.avi").arg(state), state);
+    QTEST(emptyListText(jobs.queue, isAnyHidden), "text");
+}
+
+void TestRecordingsControl::emptyListIsSilentWithoutDocks() {
+    auto& dock = driver->part<QDockWidget>("dockRecordings");
+    dock.setFloating(true); // the list keeps its size
+    dock.hide();
+    QTest::qWait(1200); // and has it
+    auto& viewport = *driver->list().viewport();
+    const QImage before = viewport.grab().toImage();
+    failedJob();
+    QTest::qWait(1200); // until there is no progress any more
+    QCOMPARE(viewport.grab().toImage(), before);
+    dock.show();
+    QVERIFY(viewport.grab().toImage() != before);
 }
 
 void TestRecordingsControl::reportIsThatOfTheScanner() {

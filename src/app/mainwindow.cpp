@@ -19,6 +19,7 @@
 #include "sessionoffer.h"
 #include "settingsdialog.h"
 #include "ui_mainwindow.h"
+#include "unopenedfiles.h"
 #include "video.h"
 #include "windowdocks.h"
 
@@ -68,6 +69,7 @@ MainWindow::MainWindow(QWidget* parent)
             SLOT(on_files_itemSelectionChanged()));
     editMaskWindow.installEventFilter(this);
     docks = std::make_unique<WindowDocks>(*this, queue, *ui->files);
+    unopened = std::make_unique<UnopenedFiles>(editMaskWindow.pending(), queue);
     statusTimer.start(statusIntervalMilliseconds);
     updateActions();
     addCommandLineFiles(longestStartMilliseconds);

@@ -20,6 +20,7 @@ class BusyCursor;
 class QListWidgetItem;
 class QModelIndex;
 class SessionControl;
+class UnopenedFiles;
 class WindowDocks;
 
 namespace Ui {
@@ -86,6 +87,7 @@ private:
     std::unique_ptr<BusyCursor> busyCursor;
     bool isSetupClosing = false;
     DetectionQueue queue; ///< its worker ends before all else
+    std::unique_ptr<UnopenedFiles> unopened;
     std::unique_ptr<WindowDocks> docks;
     std::unique_ptr<SessionControl> session; ///< null: none is kept; ends before all that it keeps
 };

@@ -9,6 +9,7 @@
 #include "clipmenu.h"
 #include "detectionqueue.h"
 #include "docklayout.h"
+#include "emptylist.h"
 #include "listfilter.h"
 #include "markedbutton.h"
 #include "measurementcache.h"
@@ -64,6 +65,9 @@ WindowDocks::WindowDocks(QMainWindow& window, DetectionQueue& queue, ClipListWid
     wireRecordings();
     connectMotion();
     addShownBar();
+    list.setWhyEmpty([this](bool isAnyHidden) {
+        return isAnyDockShown() ? emptyListText(this->queue, isAnyHidden) : QString();
+    });
     layout = std::make_unique<DockLayout>(window);
     layout->restore();
 }
@@ -75,6 +79,7 @@ WindowDocks::~WindowDocks() {
     layout.reset();
     recordingsControl.reset();
     reportControl.reset();
+    list.setWhyEmpty({});
     delete recordings;
     delete motionControl;
     delete motion;
@@ -91,8 +96,10 @@ void WindowDocks::accept(Video* job) {
     queue.add({job});
 }
 
+/// The recordings stand otherwise than before.
 void WindowDocks::showSummary(const QString& summary) {
     recordings->toggleViewAction()->setIconText(summary);
+    list.viewport()->update();
 }
 
 void WindowDocks::focusShown(bool isShown) {
@@ -139,6 +146,10 @@ void WindowDocks::add(QDockWidget& dock, Qt::DockWidgetArea area, const char* bu
     tool->setObjectName(QLatin1String(button));
     tool->setDefaultAction(action);
     window.statusBar()->addPermanentWidget(tool);
+}
+
+bool WindowDocks::isAnyDockShown() const {
+    return !recordings->isHidden() || !motion->isHidden() || !player->isHidden();
 }
 
 void WindowDocks::addShownBar() {

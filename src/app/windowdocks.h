@@ -56,6 +56,7 @@ private Q_SLOTS:
 private:
     void connectMotion();
     void add(QDockWidget& dock, Qt::DockWidgetArea area, const char* button, Qt::Key shortcut);
+    bool isAnyDockShown() const;
     void addShownBar();
     void wireRecordings();
 

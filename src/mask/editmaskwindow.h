@@ -25,7 +25,8 @@ class EditMaskWindow;
 /// The window in which every new video file is set up before detection.
 ///
 /// Files wait in a queue and are shown one at a time on their first picture; files without one are
-/// dropped silently. The window comes to the front for a file and hides when none is left.
+/// dropped, and nothing is said here. The window comes to the front for a file and hides when none
+/// is left.
 ///
 /// A region that was drawn on an earlier file goes on applying until another one is drawn; a line
 /// says so.
@@ -51,6 +52,9 @@ public:
 
     /// The files that `addFile` and `addFiles` have dropped.
     LeftOutFiles& leftOut() { return leftOutFiles; }
+
+    /// Where those are heard of that wait, and those that are dropped without a picture.
+    const PendingFiles& pending() const { return pendingFiles; }
 
     /// In front of the other windows, with the focus, also where it was minimised.
     void bringToFront();

@@ -110,6 +110,7 @@ void PendingFiles::showNext() {
             Q_EMIT found(picture);
             return;
         }
+        Q_EMIT dropped(file);
     }
     setSearching(false);
     counted = 0;
@@ -147,9 +148,12 @@ void PendingFiles::endSearch() {
         return;
     }
     search->wait();
-    for (; search->tried > 0; --search->tried)
-        file = files.takeFirst();
     const QImage picture = search->picture;
+    for (; search->tried > 0; --search->tried) {
+        file = files.takeFirst();
+        if (search->tried > 1 || picture.isNull())
+            Q_EMIT dropped(file);
+    }
     search.reset();
     if (picture.isNull()) {
         showNext(); // without a thread the next few, else those that were added meanwhile

@@ -56,6 +56,9 @@ Q_SIGNALS:
     void found(const QImage& picture);
     void exhausted();
 
+    /// This file has no picture, and was dropped.
+    void dropped(const QString& path);
+
 private:
     void setSearching(bool isSearching);
     void startSearch();

@@ -234,6 +234,8 @@ QString MotionDock::reasonForNothing() const {
         return tr("Being searched");
     if (ui->decidingForm->options().detector == Detector::Cells)
         return tr("No maps of changed cells are kept of this recording");
+    if (shown->state == Video::CancelRequested)
+        return tr("Its search was cancelled");
     return tr("Nothing was measured of this recording");
 }
 

@@ -91,6 +91,7 @@ JobStatus statusOf(const Video& job, int clips, FilePresence file, bool isReplac
     if (status.kind <= JobStatus::NoMotion)
         status.isReadToItsEnd = facts.isReadToItsEnd && !facts.damage.isThere();
     status.file = file;
+    status.hasClipFolder = !job.clipDirectory.isEmpty();
     if (status.kind == JobStatus::Unreadable)
         status.reason = translatedFailure(facts.error);
     return status;

@@ -29,7 +29,8 @@ struct JobStatus {
     int clips = 0;   ///< that are listed
     bool isReadToItsEnd = true;
     FilePresence file = FilePresence::Same;
-    QString reason; ///< why it is unreadable, in the window's language; can be empty
+    bool hasClipFolder = true; ///< without one its clips would go nowhere
+    QString reason;            ///< why it is unreadable, in the window's language; can be empty
 
     bool operator==(const JobStatus& other) const;
 

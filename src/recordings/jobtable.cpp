@@ -9,6 +9,8 @@
 #include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QSortFilterProxyModel>
 #include <QStyledItemDelegate>
 
 namespace {
@@ -99,6 +101,22 @@ void JobTable::contextMenuEvent(QContextMenuEvent* event) {
     setCurrentIndex(index);
     Q_EMIT menuAsked(isKey ? viewport()->mapToGlobal(visualRect(index).center())
                            : event->globalPos());
+}
+
+void JobTable::paintEvent(QPaintEvent* event) {
+    QTableView::paintEvent(event);
+    if (model()->rowCount() > 0)
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap, whyEmpty());
+}
+
+QString JobTable::whyEmpty() const {
+    const auto* filter = qobject_cast<const QSortFilterProxyModel*>(model());
+    return filter && filter->sourceModel()->rowCount() > 0
+               ? tr("The filter lets no recording through")
+               : tr("No recordings were added yet");
 }
 
 QSize JobTable::sizeHint() const {

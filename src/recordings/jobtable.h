@@ -32,12 +32,14 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     QSize sizeHint() const override;
 
 private Q_SLOTS:
     void sortNext(int column);
 
 private:
+    QString whyEmpty() const;
     void setWidths();
 
     int sorted = -1;

@@ -7,7 +7,8 @@
 RecordingMenu::RecordingMenu(const JobStatus& status, bool isAlone, QWidget* parent)
     : QMenu(parent) {
     add("actionSearchAgain", tr("&Search again..."), SIGNAL(searchAgainAsked()))
-        ->setEnabled(status.hasEnded() && status.file != FilePresence::Gone);
+        ->setEnabled(status.hasEnded() && status.hasClipFolder &&
+                     status.file != FilePresence::Gone);
     add("actionCancelThis", tr("&Cancel this one"), SIGNAL(cancelAsked()))
         ->setEnabled(!status.hasEnded());
     addSeparator();

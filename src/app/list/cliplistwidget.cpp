@@ -146,12 +146,16 @@ void ClipListWidget::mouseDoubleClickEvent(QMouseEvent* event) {
 
 void ClipListWidget::paintEvent(QPaintEvent* event) {
     QListWidget::paintEvent(event);
-    if (count() > 0)
+    if (isAnyShown())
+        return;
+    const QString why = whyEmpty ? whyEmpty(count() > 0) : QString();
+    if (why.isEmpty() && count() > 0)
         return;
     QPainter painter(viewport());
     painter.setPen(palette().color(QPalette::PlaceholderText));
     painter.drawText(viewport()->rect(), Qt::AlignCenter | Qt::TextWordWrap,
-                     tr("Drop recordings here, or add them with the buttons above"));
+                     why.isEmpty() ? tr("Drop recordings here, or add them with the buttons above")
+                                   : why);
 }
 
 /// The base class forgets all places, and shows nothing until it has found them anew.
@@ -171,6 +175,13 @@ void ClipListWidget::timerEvent(QTimerEvent* event) {
         doItemsLayout();
     else
         QListWidget::timerEvent(event);
+}
+
+bool ClipListWidget::isAnyShown() const {
+    int row = 0;
+    while (row < count() && isRowHidden(row))
+        ++row;
+    return row < count();
 }
 
 /// Whether an item among these rows has another size than before.

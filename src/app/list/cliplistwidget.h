@@ -8,9 +8,11 @@
 #include <QListWidget>
 #include <QPersistentModelIndex>
 
+#include <functional>
+
 class Clip;
 
-/// The list of clips; its items are nothing else. While it is empty it says what to do.
+/// The list of clips; its items are nothing else. While none is shown it says why, or what to do.
 ///
 /// Stays quick and is never blank while clips arrive, however many it has: those that are there
 /// stay where they are, and the new ones are given their places together, a little later where that
@@ -34,6 +36,10 @@ public:
     /// hidden.
     void setOrder(const QList<Clip*>& clips);
 
+    /// Asked while no clip is shown, of which some may be hidden; empty: say what to do.
+    using WhyEmpty = std::function<QString(bool isAnyHidden)>;
+    void setWhyEmpty(const WhyEmpty& why) { whyEmpty = why; }
+
     /// Gives a new item its place first.
     QRect visualRect(const QModelIndex& index) const override;
     void doItemsLayout() override;
@@ -53,10 +59,12 @@ protected:
     void timerEvent(QTimerEvent* event) override;
 
 private:
+    bool isAnyShown() const;
     bool keepSizes(int first, int last);
     void layOutLater();
     void recognizeHeldReturn(QKeyEvent& event);
 
+    WhyEmpty whyEmpty;
     bool isReordering = false;   ///< items come back with their sizes
     QBasicTimer layoutTimer;     ///< active while items have no place, or not their own
     int placed = 0;              ///< items that have one: the first ones

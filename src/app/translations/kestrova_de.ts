@@ -260,7 +260,7 @@
     </message>
     <message>
         <source>Mean change</source>
-        <translation>Mittlere Änderung</translation>
+        <translation>Mittelwert</translation>
     </message>
     <message>
         <source>Cells</source>
@@ -316,7 +316,7 @@
     </message>
     <message>
         <source>not joined</source>
-        <translation>nicht verbunden</translation>
+        <translation>nein</translation>
     </message>
     <message>
         <source>Leaves out what changes through most of a recording: clocks, leaves, fans</source>
@@ -509,6 +509,33 @@ Hohe Werte können die Erkennung verschlechtern</translation>
     <message>
         <source>The shapes drawn on %1 are gone, but not cleared: nothing would be found here. Draw new ones, or Clear.</source>
         <translation>Die auf %1 gezeichneten Formen sind weg, aber nicht gelöscht: Hier würde nichts gefunden. Zeichnen Sie neue, oder drücken Sie „Löschen“.</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyList</name>
+    <message>
+        <source>All clips are hidden at the moment</source>
+        <translation>Alle Clips sind gerade ausgeblendet</translation>
+    </message>
+    <message>
+        <source>No motion was found yet</source>
+        <translation>Noch keine Bewegung gefunden</translation>
+    </message>
+    <message>
+        <source>All clips were removed</source>
+        <translation>Alle Clips wurden entfernt</translation>
+    </message>
+    <message>
+        <source>The search was cancelled before motion was found</source>
+        <translation>Die Suche wurde abgebrochen, bevor Bewegung gefunden war</translation>
+    </message>
+    <message>
+        <source>Nothing of what was added could be read</source>
+        <translation>Nichts von dem, was hinzugefügt wurde, war lesbar</translation>
+    </message>
+    <message>
+        <source>No motion was found</source>
+        <translation>Keine Bewegung gefunden</translation>
     </message>
 </context>
 <context>
@@ -772,6 +799,17 @@ Hohe Werte können die Erkennung verschlechtern</translation>
     </message>
 </context>
 <context>
+    <name>JobTable</name>
+    <message>
+        <source>The filter lets no recording through</source>
+        <translation>Der Filter lässt keine Aufnahme durch</translation>
+    </message>
+    <message>
+        <source>No recordings were added yet</source>
+        <translation>Noch keine Aufnahmen hinzugefügt</translation>
+    </message>
+</context>
+<context>
     <name>JoinedExport</name>
     <message>
         <source>Clips of %1 can be joined when its search has ended</source>
@@ -983,7 +1021,7 @@ Hohe Werte können die Erkennung verschlechtern</translation>
     </message>
     <message>
         <source>Use for a&amp;ll</source>
-        <translation>Für a&amp;lle übernehmen</translation>
+        <translation>Für a&amp;lle</translation>
     </message>
     <message>
         <source>Lists the clips that were replaced last</source>
@@ -1032,6 +1070,10 @@ Hohe Werte können die Erkennung verschlechtern</translation>
     <message>
         <source>%1 clips, %2 in all; now %3</source>
         <translation>%1 Clips, zusammen %2; jetzt %3</translation>
+    </message>
+    <message>
+        <source>Its search was cancelled</source>
+        <translation>Die Suche darin wurde abgebrochen</translation>
     </message>
 </context>
 <context>

@@ -260,7 +260,7 @@
     </message>
     <message>
         <source>Mean change</source>
-        <translation>Cambio medio</translation>
+        <translation>Media</translation>
     </message>
     <message>
         <source>Cells</source>
@@ -509,6 +509,33 @@ Los valores altos pueden empeorar la detección</translation>
     <message>
         <source>The shapes drawn on %1 are gone, but not cleared: nothing would be found here. Draw new ones, or Clear.</source>
         <translation>Las formas dibujadas en %1 ya no están, pero no se han borrado: aquí no se encontraría nada. Dibuje otras, o pulse «Borrar».</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyList</name>
+    <message>
+        <source>All clips are hidden at the moment</source>
+        <translation>Todos los clips están ocultos por ahora</translation>
+    </message>
+    <message>
+        <source>No motion was found yet</source>
+        <translation>Aún no se ha encontrado movimiento</translation>
+    </message>
+    <message>
+        <source>All clips were removed</source>
+        <translation>Se quitaron todos los clips</translation>
+    </message>
+    <message>
+        <source>The search was cancelled before motion was found</source>
+        <translation>La búsqueda se canceló antes de encontrar movimiento</translation>
+    </message>
+    <message>
+        <source>Nothing of what was added could be read</source>
+        <translation>No se pudo leer nada de lo añadido</translation>
+    </message>
+    <message>
+        <source>No motion was found</source>
+        <translation>No se encontró movimiento</translation>
     </message>
 </context>
 <context>
@@ -772,6 +799,17 @@ Los valores altos pueden empeorar la detección</translation>
     </message>
 </context>
 <context>
+    <name>JobTable</name>
+    <message>
+        <source>The filter lets no recording through</source>
+        <translation>El filtro no deja pasar ninguna grabación</translation>
+    </message>
+    <message>
+        <source>No recordings were added yet</source>
+        <translation>Aún no se han añadido grabaciones</translation>
+    </message>
+</context>
+<context>
     <name>JoinedExport</name>
     <message>
         <source>Clips of %1 can be joined when its search has ended</source>
@@ -983,7 +1021,7 @@ Los valores altos pueden empeorar la detección</translation>
     </message>
     <message>
         <source>Use for a&amp;ll</source>
-        <translation>Aplicar a t&amp;odas</translation>
+        <translation>A t&amp;odas</translation>
     </message>
     <message>
         <source>Lists the clips that were replaced last</source>
@@ -1032,6 +1070,10 @@ Los valores altos pueden empeorar la detección</translation>
     <message>
         <source>%1 clips, %2 in all; now %3</source>
         <translation>%1 clips, %2 en total; ahora %3</translation>
+    </message>
+    <message>
+        <source>Its search was cancelled</source>
+        <translation>La búsqueda en esta grabación se canceló</translation>
     </message>
 </context>
 <context>

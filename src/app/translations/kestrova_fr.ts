@@ -260,7 +260,7 @@
     </message>
     <message>
         <source>Mean change</source>
-        <translation>Changement moyen</translation>
+        <translation>Moyenne</translation>
     </message>
     <message>
         <source>Cells</source>
@@ -276,7 +276,7 @@
     </message>
     <message>
         <source>&amp;Minimum:</source>
-        <translation>Durée &amp;minimale :</translation>
+        <translation>Durée &amp;min. :</translation>
     </message>
     <message>
         <source>Seconds of which motion must fill half for a clip to begin</source>
@@ -316,7 +316,7 @@
     </message>
     <message>
         <source>not joined</source>
-        <translation>non réunis</translation>
+        <translation>non</translation>
     </message>
     <message>
         <source>Leaves out what changes through most of a recording: clocks, leaves, fans</source>
@@ -509,6 +509,33 @@ Des valeurs élevées peuvent nuire à la détection</translation>
     <message>
         <source>The shapes drawn on %1 are gone, but not cleared: nothing would be found here. Draw new ones, or Clear.</source>
         <translation>Les formes dessinées sur %1 ont disparu sans être effacées : rien ne serait trouvé ici. Dessinez-en d’autres, ou appuyez sur « Effacer ».</translation>
+    </message>
+</context>
+<context>
+    <name>EmptyList</name>
+    <message>
+        <source>All clips are hidden at the moment</source>
+        <translation>Tous les clips sont masqués pour le moment</translation>
+    </message>
+    <message>
+        <source>No motion was found yet</source>
+        <translation>Aucun mouvement trouvé pour l’instant</translation>
+    </message>
+    <message>
+        <source>All clips were removed</source>
+        <translation>Tous les clips ont été retirés</translation>
+    </message>
+    <message>
+        <source>The search was cancelled before motion was found</source>
+        <translation>La recherche a été annulée avant qu’un mouvement soit trouvé</translation>
+    </message>
+    <message>
+        <source>Nothing of what was added could be read</source>
+        <translation>Rien de ce qui a été ajouté n’a pu être lu</translation>
+    </message>
+    <message>
+        <source>No motion was found</source>
+        <translation>Aucun mouvement trouvé</translation>
     </message>
 </context>
 <context>
@@ -772,6 +799,17 @@ Des valeurs élevées peuvent nuire à la détection</translation>
     </message>
 </context>
 <context>
+    <name>JobTable</name>
+    <message>
+        <source>The filter lets no recording through</source>
+        <translation>Le filtre ne laisse passer aucun enregistrement</translation>
+    </message>
+    <message>
+        <source>No recordings were added yet</source>
+        <translation>Aucun enregistrement n’a encore été ajouté</translation>
+    </message>
+</context>
+<context>
     <name>JoinedExport</name>
     <message>
         <source>Clips of %1 can be joined when its search has ended</source>
@@ -983,7 +1021,7 @@ Des valeurs élevées peuvent nuire à la détection</translation>
     </message>
     <message>
         <source>Use for a&amp;ll</source>
-        <translation>Appliquer à &amp;tous</translation>
+        <translation>À &amp;tous</translation>
     </message>
     <message>
         <source>Lists the clips that were replaced last</source>
@@ -1032,6 +1070,10 @@ Des valeurs élevées peuvent nuire à la détection</translation>
     <message>
         <source>%1 clips, %2 in all; now %3</source>
         <translation>%1 clips, %2 au total ; actuellement %3</translation>
+    </message>
+    <message>
+        <source>Its search was cancelled</source>
+        <translation>La recherche dans cet enregistrement a été annulée</translation>
     </message>
 </context>
 <context>
