@@ -239,6 +239,12 @@ void TestWindowDocks::everythingFitsASmallScreen() {
         dock(driver, name).show();
     driver.window.resize(1024, 600);
     QCOMPARE(driver.window.size(), QSize(1024, 600));
+    QTest::qWait(100); // until all have their places
+    for (const char* name : docks) {
+        const QWidget& shown = dock(driver, name);
+        QVERIFY2(driver.window.rect().contains(shown.geometry()), name);
+        QVERIFY2(shown.height() >= shown.minimumSizeHint().height(), name);
+    }
     auto* bar = driver.window.statusBar();
     const QString message = MainWindow::tr("%1 clips queued to export...").arg(5000);
     bar->showMessage(message);

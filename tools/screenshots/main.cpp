@@ -135,7 +135,8 @@ int main(int argc, char* argv[]) {
     for (const char* folder : {"XDG_CACHE_HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"})
         qputenv(folder, QFile::encodeName(home.path()));
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    const QApplication application(argc, argv);
+    int shown = 1; // the windows would take the folder for a recording
+    const QApplication application(shown, argv);
     if (argc != 2)
         qFatal("Usage: kestrova_screenshots FOLDER");
     QCoreApplication::setOrganizationName("kestrova");
