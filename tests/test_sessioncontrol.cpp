@@ -394,11 +394,17 @@ void TestSessionControl::waitingRecordingsAreSearched() {
     driver.reset();
 
     goOn();
-    // Two were cancelled, and two waited.
-    QTRY_VERIFY(driver->action("actionCancel").isEnabled() || driver->list().count() == 2);
-    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 2, longMilliseconds);
+    // Two were cancelled, the first one perhaps with clips already, and two waited.
+    const auto searchedToTheEnd = [this] {
+        QSet<const Video*> jobs;
+        for (int row = 0; row < driver->list().count(); ++row) {
+            if (driver->clip(row).video->state == Video::Finished)
+                jobs.insert(driver->clip(row).video);
+        }
+        return jobs.size();
+    };
+    QTRY_COMPARE_WITH_TIMEOUT(searchedToTheEnd(), 2, longMilliseconds);
     QTRY_VERIFY(!driver->action("actionCancel").isEnabled());
-    QVERIFY(driver->clip(0).video != driver->clip(1).video);
 }
 
 void TestSessionControl::runningRecordingIsSearchedFromItsStart() {
