@@ -413,6 +413,7 @@ void TestChunks::optionsOfTheMeasure_data() {
 }
 
 void TestChunks::optionsOfTheMeasure() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(int, skip);
     QFETCH(QRect, rectangle);
     QFETCH(bool, isDrawnOnPixels);
@@ -459,6 +460,7 @@ void TestChunks::streamsThatAreNotCut_data() {
 
 /// One group, groups that only seem to begin anew, and fields that count on what came before.
 void TestChunks::streamsThatAreNotCut() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, suffix);
     QFETCH(QString, options);
     QFETCH(bool, hasMismatches);
@@ -483,6 +485,7 @@ void TestChunks::unknownDelay_data() {
 
 /// The headers do not say how many pictures are held back.
 void TestChunks::unknownDelay() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, options);
     const QString path =
         encoded("unknown.mp4", {"-c:v", "libx264", "-preset", "veryfast", "-x264-params", options});
@@ -715,8 +718,10 @@ void TestChunks::wholeRecordings() {
     KESTROVA_REQUIRE_FOLDER(folder);
     const QStringList names = recordingsIn(folder);
     QCOMPARE(names.size(), count);
-    for (const QString& name : names)
-        compareWithOneThread(folder + '/' + name);
+    for (int i = 0; i < names.size(); ++i) {
+        if (!isLeftOut(i))
+            compareWithOneThread(folder + '/' + names[i]);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestChunks)

@@ -8,6 +8,7 @@
 #include "files.h"
 #include "media.h"
 #include "process.h"
+#include "sample.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -103,6 +104,7 @@ void TestQuick::looksAtKeyFramesAlone_data() {
 }
 
 void TestQuick::looksAtKeyFramesAlone() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, name);
     const QList<QByteArrayList> lines = traced({"--quick"}, path(name));
     QCOMPARE(lines.size(), 29); // 30 in 30 seconds
@@ -123,6 +125,7 @@ void TestQuick::comparesThePicturesThemselves_data() {
 
 /// The encoder's program picks the key frames out.
 void TestQuick::comparesThePicturesThemselves() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, name);
     const QString keys = path("keys.mkv");
     QVERIFY(media::encode(
@@ -240,6 +243,7 @@ void TestQuick::refinedIsExactAroundWhatWasFound_data() {
 }
 
 void TestQuick::refinedIsExactAroundWhatWasFound() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QStringList, options);
     QFETCH(int, visits);
     options += someClips + QStringList{"--snapshots", path("pictures")};

@@ -8,6 +8,7 @@
 #include "footage.h"
 #include "media.h"
 #include "process.h"
+#include "sample.h"
 
 #include <QDir>
 #include <QTemporaryDir>
@@ -105,6 +106,7 @@ void TestRange::measuresWhatOnePassMeasures_data() {
 }
 
 void TestRange::measuresWhatOnePassMeasures() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, name);
     const QVector<Picture> whole = traced({}, name);
     QVERIFY(!whole.isEmpty());

@@ -8,6 +8,7 @@
 #include "footage.h"
 #include "media.h"
 #include "process.h"
+#include "sample.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -85,6 +86,7 @@ void TestScanCells::initTestCase() {
 
 /// To the last byte, also where the maps come with those of other options.
 void TestScanCells::askingAgainGivesTheSame() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, folder);
     KESTROVA_REQUIRE_FOLDER(folder);
     const QVector<QStringList> calls = {
@@ -120,6 +122,7 @@ void TestScanCells::otherRegionsAreAskedOfTheMaps_data() {
 
 /// Maps that were kept for the whole picture, and nothing is decoded for them.
 void TestScanCells::otherRegionsAreAskedOfTheMaps() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QStringList, region);
     QCOMPARE(cells({"--values", inKept("values"), visit}).status, 0);
     const ProcessResult measured = cells(region + QStringList{visit});

@@ -332,8 +332,10 @@ void TestThreads::wholeRecordings() {
     KESTROVA_REQUIRE_FOLDER(folder);
     const QStringList names = recordingsIn(folder);
     QCOMPARE(names.size(), count);
-    for (const QString& name : names)
-        compareThreadCounts(folder + '/' + name);
+    for (int i = 0; i < names.size(); ++i) {
+        if (!isLeftOut(i))
+            compareThreadCounts(folder + '/' + names[i]);
+    }
 }
 
 QTEST_GUILESS_MAIN(TestThreads)
