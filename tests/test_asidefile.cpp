@@ -172,7 +172,7 @@ void TestAsideFile::mapsTakeLittleMemory() {
     const Bytewise size = sizeOf(maps);
     QVERIFY(size.inFiles > most);
     QVERIFY(size.inMemory < 2 * mostMapsInMemory); // with the block that is not full yet
-#ifndef __SANITIZE_ADDRESS__ // it keeps what was let go for a while
+#ifndef __SANITIZE_ADDRESS__                       // it keeps what was let go for a while
     QVERIFY2(more < qint64(most), qPrintable(QString::number(more)));
 #else
     Q_UNUSED(more)
