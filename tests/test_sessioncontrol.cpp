@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "captiondelegate.h"
+#include "files.h"
 #include "recordingsdock.h"
 #include "sessionindex.h"
 #include "translation.h"
@@ -57,6 +58,7 @@ private Q_SLOTS:
     void recordingThatWasReplacedSince();
     void strengthAndBracketComeBack();
     void cancelledWhileAnotherIsSearched();
+    void whatCouldNotBeOpenedComesBack();
     void waitingRecordingsAreSearched();
     void runningRecordingIsSearchedFromItsStart();
     void clipsOfAnUnfinishedSearchThatAreNotFoundAgain();
@@ -383,6 +385,21 @@ void TestSessionControl::cancelledWhileAnotherIsSearched() {
     QVERIFY(QMetaObject::invokeMethod(recordings, "cancelThis"));
     QTRY_COMPARE(keptState(), int(Video::CancelRequested));
     gate.unlock();
+}
+
+void TestSessionControl::whatCouldNotBeOpenedComesBack() {
+    const QString broken = folder->filePath("broken.mp4");
+    QVERIFY(writeFile(broken, QByteArray(5000, '\x7f')));
+    driver->setup.addFiles({broken, shortRecording});
+    QTRY_VERIFY(driver->setup.isVisible());
+    driver->setupPart<QLineEdit>("lineEditDir").setText(folder->path());
+    driver->clickSetup("pushButtonAdd");
+    const auto seen = [this] { return driver->part<QToolButton>("buttonRecordings").text(); };
+    QTRY_COMPARE(seen(), QString("Recordings: 2, 1 unreadable"));
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
+    goOn();
+    QTRY_COMPARE(driver->list().count(), 1);
+    QTRY_COMPARE(seen(), QString("Recordings: 2, 1 unreadable"));
 }
 
 void TestSessionControl::waitingRecordingsAreSearched() {

@@ -66,6 +66,7 @@ private Q_SLOTS:
     void olderSessionHasLess();
     void numbersThatAreNone();
     void namesOfAnyBytes();
+    void onlyWhatWasNotOpenedHasNoFolder();
     void nothingIsThereAtFirst();
     void picturesAreWrittenOnce();
     void picturesThatAreLeftAtTheEndGoLater();
@@ -153,6 +154,24 @@ void TestSessionFile::namesOfAnyBytes() {
         session.jobs.append(sessions::plainJob(QString("/a") + QChar(byte) + "%41", 4));
     save(session);
     sessions::compare(readBack(), session);
+}
+
+/// And no clips, which would be written nobody knows where.
+void TestSessionFile::onlyWhatWasNotOpenedHasNoFolder() {
+    SessionIndex index;
+    index.session.jobs.append(sessions::plainJob("/broken.mp4", Video::Failed));
+    index.session.jobs[0].clipDirectory.clear();
+    index.masks.append(QString());
+    SessionIndex found;
+    QVERIFY(readSession(sessionBytes(index), found) == IndexState::Good);
+    sessions::compare(found.session, index.session);
+
+    index.session.jobs[0].state = Video::Waiting;
+    QVERIFY(readSession(sessionBytes(index), found) == IndexState::Damaged);
+    index.session.jobs[0].state = Video::Failed;
+    index.session.clips.append(sessions::clip(0, 0, 1));
+    index.snapshots.append(QString());
+    QVERIFY(readSession(sessionBytes(index), found) == IndexState::Damaged);
 }
 
 void TestSessionFile::nothingIsThereAtFirst() {

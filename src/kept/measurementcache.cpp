@@ -46,7 +46,7 @@ QStringList ownFoldersIn(const QString& folder) {
 /// Why the folders cannot be had for their owner alone, for a person; empty if they can.
 QString makeFolders(const QStringList& folders) {
     for (const QString& folder : folders) {
-        const QString failure = makePrivateFolder(folder);
+        QString failure = makePrivateFolder(folder);
         if (!failure.isEmpty())
             return failure;
     }
@@ -159,7 +159,7 @@ void MeasurementCache::keep(const RecordingStamp& stamp, const DetectionOptions&
 /// is left.
 QString MeasurementCache::keepIn(const QStringList& folders, qint64 limit,
                                  const KeptValues& values) const {
-    const QString refusal = makeFolders(folders);
+    QString refusal = makeFolders(folders);
     if (!refusal.isEmpty())
         return refusal;
     const QString path = pathIn(folders, areOfKeyFrames(values.settings), values.recording);

@@ -154,7 +154,6 @@ void PlayerView::keyPressEvent(QKeyEvent* event) {
 
 /// False where the key means nothing here.
 bool PlayerView::takeKey(int key) {
-    constexpr double second = 1.0;
     const bool isLeaving = key == Qt::Key_Escape && window()->isFullScreen();
     if (key == Qt::Key_N)
         Q_EMIT nextAsked();
@@ -164,11 +163,14 @@ bool PlayerView::takeKey(int key) {
         controls->toggleMute();
     else if (key == Qt::Key_F || key == Qt::Key_F11 || isLeaving)
         Q_EMIT fullScreenAsked();
-    else if (key == Qt::Key_M)
-        controls->toggleMute();
-    else if (!controls->isReady())
-        return false;
-    else if (key == Qt::Key_Space)
+    else
+        return controls->isReady() && takeKeyOfPlaying(key);
+    return true;
+}
+
+bool PlayerView::takeKeyOfPlaying(int key) {
+    constexpr double second = 1.0;
+    if (key == Qt::Key_Space)
         togglePlay();
     else if (key == Qt::Key_Left)
         goTo(controls->time() - second);

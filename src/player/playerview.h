@@ -49,6 +49,7 @@ private Q_SLOTS:
 
 private:
     bool takeKey(int key);
+    bool takeKeyOfPlaying(int key);
     bool isWhole() const;
     void setRange();
     void layOut();

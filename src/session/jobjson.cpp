@@ -216,9 +216,10 @@ JobRecord jobOf(const QJsonValue& json, bool& isGood) {
     JobRecord job;
     job.fileName = fields.text("file");
     job.clipDirectory = fields.text("folder");
-    isGood =
-        isGood && QDir::isAbsolutePath(job.clipDirectory); // the encoder is told to write there
     job.state = fields.integer("state", Video::Waiting, Video::Finished);
+    // The encoder is told to write there; what could not even be opened has none.
+    const bool hasNone = job.clipDirectory.isEmpty() && job.state == Video::Failed;
+    isGood = isGood && (hasNone || QDir::isAbsolutePath(job.clipDirectory));
     job.prerecord = fields.number("before");
     job.postrecord = fields.number("after");
     job.minimum = fields.number("minimum");

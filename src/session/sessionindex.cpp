@@ -67,6 +67,8 @@ SessionIndex indexOf(const QJsonValue& json, bool& isGood) {
     for (const QJsonValue& json : clips) {
         JsonFields clip(json, isGood);
         index.session.clips.append(clipOf(clip, jobs.size()));
+        if (isGood) // else its job may be none
+            isGood = !index.session.jobs[index.session.clips.last().job].clipDirectory.isEmpty();
         index.snapshots.append(clip.text("snapshot"));
     }
     return index;
