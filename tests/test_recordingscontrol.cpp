@@ -377,7 +377,7 @@ void TestRecordingsControl::reportOfCells() {
     JobRecord record = made->record();
     DecidingOptions cells;
     cells.detector = Detector::Cells;
-    cells.segmentation = {1.0, 2.0, 2.0, 0.7F};
+    cells.segmentation = {1.0, 2.0, 2.0, {0.7F}};
     record.search.deciding = cells;
     auto* job = new Video(record);
     driver->accept(makeJob(QCoreApplication::applicationFilePath()));
