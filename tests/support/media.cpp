@@ -66,24 +66,44 @@ QImage grey(int width, int height, int value) {
     return picture;
 }
 
-bool encodeGrey(const QString& fileName, const QList<QImage>& pictures, int framesPerSecond,
-                const QStringList& codec) {
+namespace {
+
+/// `tail` follows the rows of each picture.
+bool encodeRaw(const QString& fileName, const QList<QImage>& pictures, int framesPerSecond,
+               const QString& pixelFormat, const QByteArray& tail, const QStringList& codec) {
     QTemporaryFile raw;
     if (pictures.isEmpty() || !raw.open())
         return false;
     for (const QImage& picture : pictures) {
         for (int y = 0; y < picture.height(); ++y)
             raw.write(reinterpret_cast<const char*>(picture.constScanLine(y)), picture.width());
+        raw.write(tail);
     }
     raw.close();
     const QImage& first = pictures.first();
     const QStringList input = {
         "-f",       "rawvideo",
-        "-pix_fmt", "gray",
+        "-pix_fmt", pixelFormat,
         "-s",       QStringLiteral("%1x%2").arg(first.width()).arg(first.height()),
         "-r",       QString::number(framesPerSecond),
         "-i",       raw.fileName()};
     return encode(input + codec + QStringList{fileName});
+}
+
+} // namespace
+
+bool encodeGrey(const QString& fileName, const QList<QImage>& pictures, int framesPerSecond,
+                const QStringList& codec) {
+    return encodeRaw(fileName, pictures, framesPerSecond, "gray", {}, codec);
+}
+
+bool encodeLuma(const QString& fileName, const QList<QImage>& pictures, int framesPerSecond,
+                const QStringList& codec) {
+    if (pictures.isEmpty())
+        return false;
+    const QSize half = pictures.first().size() / 2;
+    const QByteArray colourless(2 * half.width() * half.height(), char(128));
+    return encodeRaw(fileName, pictures, framesPerSecond, "yuv420p", colourless, codec);
 }
 
 QStringList bottomUpRgb() {

@@ -35,6 +35,11 @@ QImage grey(int width, int height, int value);
 bool encodeGrey(const QString& fileName, const QList<QImage>& pictures, int framesPerSecond,
                 const QStringList& codec);
 
+/// The same for pictures of even width and height whose grey is luma of a screen's range, 16 to
+/// 235, in every version of the encoder: grey itself is a full range for the newer ones.
+bool encodeLuma(const QString& fileName, const QList<QImage>& pictures, int framesPerSecond,
+                const QStringList& codec);
+
 /// Arguments for raw RGB in AVI whose rows are stored bottom-up.
 QStringList bottomUpRgb();
 

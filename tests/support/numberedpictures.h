@@ -22,7 +22,7 @@ inline bool encode(const QString& fileName, const QStringList& codec) {
     QList<QImage> pictures;
     for (int number = 0; number < count; ++number)
         pictures.append(media::grey(160, 120, darkest + step * number));
-    return media::encodeGrey(fileName, pictures, framesPerSecond, codec);
+    return media::encodeLuma(fileName, pictures, framesPerSecond, codec);
 }
 
 /// Which picture is seen at this place; -1 if none is.
