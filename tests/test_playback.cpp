@@ -7,8 +7,10 @@
 #include "files.h"
 #include "logging.h"
 #include "mpvlibrary.h"
+#include "mpvplayer.h"
 #include "numberedpictures.h"
 #include "openwatch.h"
+#include "pictureslot.h"
 
 extern "C" {
 #include <libavcodec/avcodec.h>
@@ -92,6 +94,7 @@ private Q_SLOTS:
     void changedFileIsTold();
     void fileThatIsCutWhilePlayedIsTold();
     void switchesQuickly();
+    void failureOfTheFormerIsNotOfTheNext();
     void endsWhileItLoads();
     void stopIsTheEndOfSignals();
     void impatienceGivesUp();
@@ -368,6 +371,29 @@ void TestPlayback::switchesQuickly() {
     watched.play(path("late.mkv"), 1.0, 2.0);
     QTRY_COMPARE_WITH_TIMEOUT(watched.last(), 25, longMilliseconds);
     QTRY_VERIFY(!watched.shown.isEmpty());
+}
+
+void TestPlayback::failureOfTheFormerIsNotOfTheNext() {
+    QVERIFY(writeFile(path("text.srt"), "1\n00:00:00,000 --> 00:00:01,000\nHello\n"));
+    QVERIFY(media::encode({"-i", path("text.srt"), path("text.mkv")}));
+    PictureSlot pictures;
+    MpvPlayer player(pictures);
+    QSignalSpy shown(&player, SIGNAL(shown(int, double)));
+    QSignalSpy failed(&player, SIGNAL(failed(int, QString)));
+    PlayRequest request;
+    const auto play = [&](const QString& name) {
+        ++request.number;
+        request.clip = {path(name), {}, 1.0, 2.0, -1};
+        player.play(request);
+    };
+    play("text.mkv");
+    QTRY_COMPARE_WITH_TIMEOUT(failed.count(), 1, longMilliseconds);
+    play("text.mkv");
+    QTest::qSleep(500); // it fails meanwhile, and nobody hears of it before the next is asked for
+    play("plain.mp4");
+    QTRY_VERIFY_WITH_TIMEOUT(shown.count() + failed.count() > 1, longMilliseconds);
+    QCOMPARE(failed.count(), 1);
+    QCOMPARE(shown.last()[0].toInt(), request.number);
 }
 
 void TestPlayback::endsWhileItLoads() {

@@ -17,6 +17,7 @@ constexpr quint64 forLoading = 1;
 constexpr quint64 forFirstTime = 2;
 constexpr quint64 forClip = 3;
 constexpr quint64 forTime = 4;
+constexpr quint64 purposes = 5;
 
 } // namespace
 
@@ -72,6 +73,7 @@ QString MpvPlayer::load() {
         return opened.error;
     stage = Stage::Loading;
     entry = 0;
+    ++loads;
     search.forget(*player);
     setSpeed(request.speed);
     setMuted(request.isMuted);
@@ -79,8 +81,13 @@ QString MpvPlayer::load() {
     player->set("pause", "yes");
     player->set("ab-loop-a", "no");
     player->set("ab-loop-b", "no");
-    player->command({"loadfile", stream.lead(file), "replace"}, forLoading);
+    player->command({"loadfile", stream.lead(file), "replace"}, tagged(forLoading));
     return {};
+}
+
+/// What is answered of one recording may come when the next has been asked for.
+quint64 MpvPlayer::tagged(quint64 purpose) const {
+    return loads * purposes + purpose;
 }
 
 void MpvPlayer::fail(const QString& reason) {
@@ -101,7 +108,7 @@ void MpvPlayer::showClip() {
     // It would go round without a picture where the search for the first one fails.
     player->set("ab-loop-a", "no");
     player->set("pause", "yes");
-    seekTo(request.clip.start, forClip);
+    seekTo(request.clip.start, tagged(forClip));
 }
 
 void MpvPlayer::setLoop() {
@@ -188,22 +195,22 @@ void MpvPlayer::take(const mpv_event& event) {
 }
 
 void MpvPlayer::takeReply(const mpv_event& event) {
-    if (event.reply_userdata == forLoading && event.error >= 0)
+    if (event.reply_userdata == tagged(forLoading) && event.error >= 0)
         entry = entryOf(static_cast<const mpv_event_command*>(event.data)->result);
-    else if (event.reply_userdata == forFirstTime)
+    else if (event.reply_userdata == tagged(forFirstTime))
         takeFirstTime(secondsOf(event));
-    else if (event.reply_userdata == forTime)
+    else if (event.reply_userdata == tagged(forTime))
         takeClipTime(secondsOf(event));
     // Where it cannot seek it goes on from where it is.
-    else if (event.reply_userdata == forClip && event.error < 0)
+    else if (event.reply_userdata == tagged(forClip) && event.error < 0)
         takeRestart();
 }
 
 void MpvPlayer::takeRestart() {
     if (stage == Stage::Loading)
-        player->ask("time-pos", MPV_FORMAT_DOUBLE, forFirstTime);
+        player->ask("time-pos", MPV_FORMAT_DOUBLE, tagged(forFirstTime));
     else if (stage == Stage::Seeking)
-        player->ask("time-pos", MPV_FORMAT_DOUBLE, forTime);
+        player->ask("time-pos", MPV_FORMAT_DOUBLE, tagged(forTime));
 }
 
 /// Where the clip is, is known once the first picture is: streams count from anywhere.
@@ -221,7 +228,7 @@ void MpvPlayer::takeClipTime(double seconds) {
         return;
     drawNewest();
     told.time = seconds;
-    if (search.isFound(seconds) || !searchFromEarlier(forClip))
+    if (search.isFound(seconds) || !searchFromEarlier(tagged(forClip)))
         show();
 }
 
@@ -237,7 +244,7 @@ void MpvPlayer::takeEnd() {
     drawNewest();
     constexpr double nearEnd = 1.0;
     const bool isLost = told.isAtEnd && (!search.hasPicture() || told.time + nearEnd < told.length);
-    if (stage == Stage::Seeking && told.isAtEnd && !(isLost && searchFromEarlier(forClip)))
+    if (stage == Stage::Seeking && told.isAtEnd && !(isLost && searchFromEarlier(tagged(forClip))))
         show();
     else if (stage == Stage::Shown && isLost)
         searchFromEarlier(0);

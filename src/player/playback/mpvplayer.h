@@ -73,6 +73,7 @@ private:
 
     QString start();
     QString load();
+    quint64 tagged(quint64 purpose) const;
     void fail(const QString& reason);
     void unload();
     void showClip();
@@ -98,6 +99,7 @@ private:
     std::shared_ptr<RecordingFile> file;
     PlayRequest request;
     Stage stage = Stage::Nothing;
+    quint64 loads = 0;             ///< recordings so far
     std::int64_t entry = 0;        ///< the library's number of what was asked for; 0: not known yet
     std::int64_t startedEntry = 0; ///< of what it is at
     PictureSearch search;
