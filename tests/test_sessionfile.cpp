@@ -86,6 +86,10 @@ private Q_SLOTS:
     void foldersOfOthersAreNotUsed_data();
     void foldersOfOthersAreNotUsed();
     void secondProgramKeepsNone();
+    void lockEndsWithItsProgram();
+    void nothingElseIsTakenForALock_data();
+    void nothingElseIsTakenForALock();
+    void fileSystemWithoutLocks();
     void whatAKilledProgramLeft();
     void failingDisk_data();
     void failingDisk();
@@ -493,6 +497,56 @@ void TestSessionFile::secondProgramKeepsNone() {
     QCOMPARE(last.recordings, 0);
     QCOMPARE(second->save({}), QString());
     QCOMPARE(contentOf(path("index")), kept);
+}
+
+void TestSessionFile::lockEndsWithItsProgram() {
+    save(sessions::full());
+    // Killed between making the file and writing into it, or in the middle; and a number that
+    // another program has now.
+    for (const QByteArray& content :
+         {QByteArray(), QByteArray("12"), QByteArray::number(qlonglong(getppid()))}) {
+        write(path("../session.lock"), content);
+        QCOMPARE(store()->look().recordings, 2);
+    }
+}
+
+void TestSessionFile::nothingElseIsTakenForALock_data() {
+    QTest::addColumn<QString>("kind");
+    QTest::newRow("link") << "link";
+    QTest::newRow("folder") << "folder";
+    QTest::newRow("pipe") << "pipe";
+}
+
+void TestSessionFile::nothingElseIsTakenForALock() {
+    QFETCH(QString, kind);
+    save(sessions::full());
+    const QByteArray kept = contentOf(path("index"));
+    const QString lock = path("../session.lock");
+    QVERIFY(QFile::remove(lock));
+    if (kind == "link")
+        QVERIFY(QFile::link(folder->filePath("planted"), lock));
+    else if (kind == "folder")
+        QVERIFY(QDir().mkdir(lock));
+    else
+        QCOMPARE(mkfifo(QFile::encodeName(lock).constData(), 0600), 0);
+    const auto other = store();
+    QCOMPARE(other->look().recordings, 0);
+    QVERIFY(!other->save({}).isEmpty());
+    QCOMPARE(contentOf(path("index")), kept);
+    QVERIFY(!QFile::exists(folder->filePath("planted")));
+}
+
+/// What is listed is kept there, too, though a second program is not kept out.
+void TestSessionFile::fileSystemWithoutLocks() {
+    if (qEnvironmentVariableIsEmpty("FAILING_CALL")) {
+        const ProcessResult result =
+            runProgramIn(faults::callError("flock", ENOLCK, "/session.lock", 0),
+                         QCoreApplication::applicationFilePath(), {"fileSystemWithoutLocks"});
+        QVERIFY2(result.status == 0, result.output.constData());
+        return;
+    }
+    save(sessions::full());
+    QCOMPARE(store()->look().recordings, 2);
 }
 
 void TestSessionFile::whatAKilledProgramLeft() {

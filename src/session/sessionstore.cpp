@@ -85,15 +85,13 @@ bool isThere(const QString& path) {
 SessionStore::SessionStore(const QString& folder)
     : folder(folder)
     , lock(folder + QStringLiteral(".lock"))
-    , pictures(folder + QStringLiteral("/pictures")) {
-    lock.setStaleLockTime(0); // only the end of its program ends it
-}
+    , pictures(folder + QStringLiteral("/pictures")) {}
 
 LastSession SessionStore::look() {
     LastSession found;
     takeHold();
     found.isOthers = isOthers;
-    if (!lock.isLocked())
+    if (!lock.isHeld())
         return found;
     found.failure = whyNotKept = privateFolderFlaw(folder);
     if (!found.failure.isEmpty())
@@ -178,15 +176,13 @@ QString SessionStore::putPictures(const SessionIndex& index) {
 
 /// Why there is no folder to write into; empty also where another program has it.
 QString SessionStore::takeHold() {
-    if (isOthers || lock.isLocked())
+    if (isOthers || lock.isHeld())
         return {};
     if (!QDir().mkpath(QFileInfo(folder).path()))
         return lastReason();
-    errno = 0;
-    if (lock.tryLock(0))
-        return {};
-    isOthers = lock.error() == QLockFile::LockFailedError;
-    return isOthers ? QString() : lastReason();
+    const FolderLock::Outcome outcome = lock.tryHold();
+    isOthers = outcome == FolderLock::Outcome::Others;
+    return outcome == FolderLock::Outcome::Failed ? lastReason() : QString();
 }
 
 QString SessionStore::write(const SessionIndex& index) {

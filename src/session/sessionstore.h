@@ -4,10 +4,10 @@
 
 #pragma once
 
+#include "folderlock.h"
 #include "pictureshelf.h"
 #include "sessionindex.h"
 
-#include <QLockFile>
 #include <QString>
 
 #include <atomic>
@@ -55,7 +55,7 @@ private:
     QString indexPath() const { return folder + QStringLiteral("/index"); }
 
     QString folder;
-    QLockFile lock;
+    FolderLock lock;
     std::atomic<bool> isGivenUp{false};
     bool isOthers = false;
     QString whyNotKept; ///< the last session stays where it is; empty: it may be replaced

@@ -21,6 +21,7 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <pthread.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -136,6 +137,10 @@ int renameat2(int fromFolder, const char* from, int toFolder, const char* to, un
     return isConcerned("rename", to)
                ? fail()
                : next("renameat2", renameat2)(fromFolder, from, toFolder, to, flags);
+}
+
+int flock(int descriptor, int operation) {
+    return isConcerned("flock", descriptor) ? fail() : next("flock", flock)(descriptor, operation);
 }
 
 int mkdir(const char* path, mode_t mode) {
