@@ -156,6 +156,7 @@ void TestWindowClips::removesAllQueued() {
     Video* job = failedJob(true);
     announceClips(job, 300);
     QCOMPARE(Clip::exportQueueLength(), 599); // asked for twice, and the first one runs
+    QTRY_COMPARE(encoder->outputs(), QStringList({"0000.avi"}));
     driver->trigger("actionRemoveAll");
     QCOMPARE(driver->list().count(), 0);
     QCOMPARE(Clip::exportQueueLength(), 0);
@@ -171,6 +172,7 @@ void TestWindowClips::removesSomeOfTheQueued() {
     announceClips(failedJob(), 300);
     driver->list().selectAll();
     driver->trigger("actionExport_selected");
+    QTRY_COMPARE(encoder->outputs(), QStringList({"0000.avi"}));
     driver->clip(150).setSelected(false);
     driver->clip(299).setSelected(false);
     driver->trigger("actionRemoveSelected");
