@@ -12,16 +12,16 @@
 
 namespace {
 
-constexpr unsigned long longestWaitMilliseconds = 1000;
+constexpr unsigned long longestEndMilliseconds = 1000;
 
-struct Abandoned {
+struct GivenUp {
     QThread* thread;
     QObject* place;
 };
 
 /// Keeps what was given up reachable. Never destroyed itself.
-QList<Abandoned>& abandoned() {
-    static auto* list = new QList<Abandoned>;
+QList<GivenUp>& givenUp() {
+    static auto* list = new QList<GivenUp>;
     return *list;
 }
 
@@ -47,8 +47,8 @@ BackgroundThread::BackgroundThread()
 
 BackgroundThread::~BackgroundThread() {
     thread->quit();
-    if (!thread->wait(longestWaitMilliseconds))
-        abandoned().append({thread.release(), place.release()});
+    if (!thread->wait(longestEndMilliseconds))
+        givenUp().append({thread.release(), place.release()});
 }
 
 bool BackgroundThread::run(QObject* receiver, const Task& task) {
@@ -71,5 +71,5 @@ bool BackgroundThread::run(QObject* receiver, const Task& task) {
 }
 
 bool BackgroundThread::isAnyAbandoned() {
-    return !abandoned().isEmpty();
+    return !givenUp().isEmpty();
 }

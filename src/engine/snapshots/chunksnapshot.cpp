@@ -12,7 +12,7 @@
 namespace {
 
 // Beside those that are in hand: half a minute of any camera's stream.
-constexpr qint64 mostKeptBytes = 64 * 1024 * 1024;
+constexpr qint64 mostPictureBytes = 64 * 1024 * 1024;
 
 } // namespace
 
@@ -36,7 +36,7 @@ QImage ChunkSnapshot::snapshot() {
 }
 
 void ChunkSnapshot::shrink() {
-    if (picture.chunk && keptBytes(picture) > mostKeptBytes)
+    if (picture.chunk && keptBytes(picture) > mostPictureBytes)
         makeSmall();
 }
 
