@@ -22,7 +22,7 @@ namespace {
 constexpr int askingMilliseconds = 200;   // in which more clips may come
 constexpr int progressMilliseconds = 500; // hiding clips has the list laid out
 
-QString reason() {
+QString areaReason() {
     return QStringLiteral("area");
 }
 
@@ -88,7 +88,7 @@ void AreaControl::clear() {
     later.stop();
     progress.stop();
     search.forget();
-    filter.set(reason(), {});
+    filter.set(areaReason(), {});
     bar->setDrawing(false);
     showArea();
 }
@@ -151,7 +151,7 @@ void AreaControl::take(const AreaAnswer& answer) {
 }
 
 void AreaControl::applyFilter() {
-    filter.set(reason(), [this](const Clip& clip) {
+    filter.set(areaReason(), [this](const Clip& clip) {
         return !isInScope(clip.video) || verdicts.mayMove(clip);
     });
     showArea();

@@ -37,7 +37,7 @@ bool isOwnExport(const Clip& clip) {
 }
 
 /// The file that it becomes, whatever the container: no other group of clips has it.
-QString fileOf(const Clip& joined) {
+QString joinedFileOf(const Clip& joined) {
     return joined.video->clipDirectory + '/' + clipNumber(joined.index);
 }
 
@@ -117,7 +117,7 @@ bool JoinedExport::exportGroup(const QList<Clip*>& group) {
 void JoinedExport::begin(Clip& joined, const QList<Clip*>& group) {
     Parts parts;
     for (Clip* clip : group) {
-        clip->setData(joinedRole, fileOf(joined));
+        clip->setData(joinedRole, joinedFileOf(joined));
         if (isOwnExport(*clip))
             continue;
         clip->outputPath.clear(); // of an export that has failed

@@ -19,7 +19,7 @@ namespace {
 
 constexpr int countMilliseconds = 200;
 
-QString reason() {
+QString recordingReason() {
     return QStringLiteral("recording");
 }
 
@@ -81,11 +81,11 @@ void RecordingsControl::showOnly(Video* video) {
     // Searches of one recording that take each other's place have one folder.
     const QString folder = video ? video->clipDirectory : QString();
     if (video)
-        filter.set(reason(), [folder](const Clip& clip) {
+        filter.set(recordingReason(), [folder](const Clip& clip) {
             return clip.video && clip.video->clipDirectory == folder;
         });
     else
-        filter.set(reason(), {});
+        filter.set(recordingReason(), {});
     dock.setAlone(video);
 }
 
