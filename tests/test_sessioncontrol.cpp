@@ -10,6 +10,7 @@
 #include "windowtest.h"
 
 #include <QAbstractItemView>
+#include <QDeadlineTimer>
 #include <QDockWidget>
 #include <QSet>
 #include <QToolButton>
@@ -61,6 +62,7 @@ private Q_SLOTS:
     void whatCouldNotBeOpenedComesBack();
     void waitingRecordingsAreSearched();
     void runningRecordingIsSearchedFromItsStart();
+    void clipsThatAreOnTheirWayAreFoundAgain();
     void clipsOfAnUnfinishedSearchThatAreNotFoundAgain();
     void cancelCanBeTakenBack();
     void crashLosesNothing();
@@ -458,6 +460,19 @@ void TestSessionControl::runningRecordingIsSearchedFromItsStart() {
     QTRY_COMPARE_WITH_TIMEOUT(int(fresh->state), int(Video::Finished), longMilliseconds);
     QTRY_COMPARE(driver->list().count(), found.size());
     QVERIFY(spans() == found);
+}
+
+/// The search has ended, and nobody has heard of its clip yet.
+void TestSessionControl::clipsThatAreOnTheirWayAreFoundAgain() {
+    Video* job = makeJob(shortRecording);
+    driver->accept(job);
+    const QDeadlineTimer patience(longMilliseconds);
+    while (job->state != Video::Finished && !patience.hasExpired())
+        QTest::qSleep(5);
+    QCOMPARE(int(job->state), int(Video::Finished));
+    QCOMPARE(driver->list().count(), 0);
+    goOn();
+    QTRY_COMPARE_WITH_TIMEOUT(driver->list().count(), 1, longMilliseconds);
 }
 
 void TestSessionControl::clipsOfAnUnfinishedSearchThatAreNotFoundAgain() {

@@ -30,6 +30,15 @@ SavedClip saved(const Clip& clip, int job) {
     return saved;
 }
 
+/// While the end of a search has not been heard, its last clips may still be on their way: they
+/// would be missing for good.
+JobRecord saved(const Video& job, const DetectionQueue& queue) {
+    JobRecord record = job.record();
+    if (record.state > Video::CancelRequested && !queue.isOver(job))
+        record.state = Video::Running;
+    return record;
+}
+
 } // namespace
 
 SavedSession listedSession(const DetectionQueue& queue, const ClipListWidget& list) {
@@ -39,7 +48,7 @@ SavedSession listedSession(const DetectionQueue& queue, const ClipListWidget& li
         if (job->isSuperseded)
             continue;
         places.insert(job, session.jobs.size());
-        session.jobs.append(job->record());
+        session.jobs.append(saved(*job, queue));
     }
     session.clips.reserve(list.count());
     for (int row = 0; row < list.count(); ++row) {
