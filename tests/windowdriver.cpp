@@ -185,6 +185,7 @@ private:
                          {"exported", countOf(Clip::Exported)},
                          {"failed", countOf(Clip::ExportFailed)},
                          {"lies", lies},
+                         {"told", driver.part<QStatusBar>("statusBar").currentMessage()},
                          {"boxes", std::exchange(boxes, 0)},
                          {"freeze", std::exchange(longestFreeze, 0)},
                          {"peak", takePeakMemory()}};
