@@ -37,6 +37,8 @@
 
 namespace {
 
+// What the worker has found is heard of a little later.
+constexpr int settleMilliseconds = 200;
 constexpr int tickMilliseconds = 5;
 
 /// The most memory that the process has used since this was last asked, in KiB.
@@ -78,7 +80,9 @@ protected:
         }
         if (waitLimit < 0)
             return;
-        const bool isDone = isIdle();
+        if (!isIdle())
+            sinceWork.start();
+        const bool isDone = sinceWork.elapsed() > settleMilliseconds;
         if (isDone || sinceWait.elapsed() > waitLimit)
             answer(isDone);
     }
@@ -106,6 +110,7 @@ private:
         if (command == "wait") {
             waitLimit = qint64(words[0].toDouble() * 1000);
             sinceWait.start();
+            sinceWork.start();
             return;
         }
         if (command == "setup")
@@ -206,7 +211,8 @@ private:
     QByteArray pending;
     QElapsedTimer sinceTick;
     QElapsedTimer sinceWait;
-    qint64 waitLimit = -1; // milliseconds; negative when nothing is waited for
+    QElapsedTimer sinceWork; // seen
+    qint64 waitLimit = -1;   // milliseconds; negative when nothing is waited for
     qint64 longestFreeze = 0;
     int boxes = 0;
     bool isListAsked = false;
