@@ -3,6 +3,7 @@
 // SPDX-License-Identifier: GPL-3.0-or-later
 
 #include "faults.h"
+#include "folderlock.h"
 #include "pictureshelf.h"
 #include "process.h"
 #include "sessionkeeper.h"
@@ -16,10 +17,12 @@
 #include <QTemporaryDir>
 
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cmath>
+#include <csignal>
 #include <limits>
 #include <memory>
 
@@ -57,6 +60,57 @@ QByteArray goodText() {
 
 } // namespace
 
+namespace {
+
+/// Another program that holds a lock; it stays, or it ends and leaves a child behind.
+class HoldingProgram {
+public:
+    enum Kind { Stays, LeavesAChild };
+
+    HoldingProgram(const QString& path, Kind kind) {
+        int ends[2] = {-1, -1};
+        if (pipe(ends) != 0)
+            return;
+        const pid_t program = fork();
+        if (program == 0)
+            hold(path, kind, ends[1]);
+        close(ends[1]);
+        isHeld = ::read(ends[0], &left, sizeof left) == ssize_t(sizeof left);
+        close(ends[0]);
+        if (kind == LeavesAChild)
+            waitpid(program, nullptr, 0);
+    }
+
+    ~HoldingProgram() {
+        if (left > 0)
+            kill(left, SIGKILL);
+        waitpid(left, nullptr, 0);
+    }
+
+    HoldingProgram(const HoldingProgram&) = delete;
+    HoldingProgram& operator=(const HoldingProgram&) = delete;
+
+    bool hasHeld() const { return isHeld; }
+
+private:
+    [[noreturn]] static void hold(const QString& path, Kind kind, int told) {
+        FolderLock lock(path);
+        if (lock.tryHold() != FolderLock::Outcome::Held)
+            _exit(1);
+        const pid_t left = kind == Stays ? getpid() : fork();
+        if (left != 0 && ::write(told, &left, sizeof left) != ssize_t(sizeof left))
+            _exit(1);
+        if (left == 0 || kind == Stays)
+            pause();
+        _exit(0);
+    }
+
+    pid_t left = 0;
+    bool isHeld = false;
+};
+
+} // namespace
+
 class TestSessionFile : public QObject {
     Q_OBJECT
 
@@ -86,7 +140,9 @@ private Q_SLOTS:
     void foldersOfOthersAreNotUsed_data();
     void foldersOfOthersAreNotUsed();
     void secondProgramKeepsNone();
+    void otherProgramKeepsNone();
     void lockEndsWithItsProgram();
+    void lockEndsThoughAChildIsLeft();
     void nothingElseIsTakenForALock_data();
     void nothingElseIsTakenForALock();
     void fileSystemWithoutLocks();
@@ -499,6 +555,24 @@ void TestSessionFile::secondProgramKeepsNone() {
     QCOMPARE(contentOf(path("index")), kept);
 }
 
+void TestSessionFile::otherProgramKeepsNone() {
+    save(sessions::full());
+    const HoldingProgram other(path("../session.lock"), HoldingProgram::Stays);
+    QVERIFY(other.hasHeld());
+    const auto mine = store();
+    QVERIFY(mine->look().isOthers);
+    QCOMPARE(mine->save({}), QString());
+    QCOMPARE(readBack().jobs.size(), 0);
+}
+
+/// As a program does that is killed while it starts an encoder.
+void TestSessionFile::lockEndsThoughAChildIsLeft() {
+    save(sessions::full());
+    const HoldingProgram killed(path("../session.lock"), HoldingProgram::LeavesAChild);
+    QVERIFY(killed.hasHeld());
+    QCOMPARE(store()->look().recordings, 2);
+}
+
 void TestSessionFile::lockEndsWithItsProgram() {
     save(sessions::full());
     // Killed between making the file and writing into it, or in the middle; and a number that
@@ -540,7 +614,7 @@ void TestSessionFile::nothingElseIsTakenForALock() {
 void TestSessionFile::fileSystemWithoutLocks() {
     if (qEnvironmentVariableIsEmpty("FAILING_CALL")) {
         const ProcessResult result =
-            runProgramIn(faults::callError("flock", ENOLCK, "/session.lock", 0),
+            runProgramIn(faults::callError("lock", ENOLCK, "/session.lock", 0),
                          QCoreApplication::applicationFilePath(), {"fileSystemWithoutLocks"});
         QVERIFY2(result.status == 0, result.output.constData());
         return;

@@ -7,7 +7,8 @@
 #include <QString>
 
 /// Keeps a folder for one program: by a lock of the kernel's on a file, which ends with the program
-/// however that ends. What the file holds is of no account, and it is never removed.
+/// however that ends. What the file holds is of no account, and it is never removed. Used on any
+/// thread, one at a time.
 class FolderLock {
 public:
     enum class Outcome { Held, Others, Failed };
@@ -23,6 +24,8 @@ public:
     bool isHeld() const { return file >= 0; }
 
 private:
+    Outcome open();
+
     QString path;
     int file = -1;
 };

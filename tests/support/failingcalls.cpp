@@ -21,7 +21,6 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <pthread.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -139,8 +138,15 @@ int renameat2(int fromFolder, const char* from, int toFolder, const char* to, un
                : next("renameat2", renameat2)(fromFolder, from, toFolder, to, flags);
 }
 
-int flock(int descriptor, int operation) {
-    return isConcerned("flock", descriptor) ? fail() : next("flock", flock)(descriptor, operation);
+/// Fails where a lock is asked for, with the call "lock".
+int fcntl(int descriptor, int command, ...) {
+    va_list more;
+    va_start(more, command);
+    void* argument = va_arg(more, void*);
+    va_end(more);
+    if (command == F_SETLK && isConcerned("lock", descriptor))
+        return fail();
+    return next("fcntl", fcntl)(descriptor, command, argument);
 }
 
 int mkdir(const char* path, mode_t mode) {
