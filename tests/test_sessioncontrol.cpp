@@ -37,6 +37,13 @@ struct SeenClip {
 
 } // namespace
 
+// So long that something can be done while it is searched.
+#ifdef __SANITIZE_ADDRESS__
+constexpr int mediumRounds = 20;
+#else
+constexpr int mediumRounds = 80;
+#endif
+
 class TestSessionControl : public WindowTest {
     Q_OBJECT
 
@@ -106,8 +113,8 @@ void TestSessionControl::initTestCase() {
     makeRecordings();
     speak({});
     mediumRecording = recordings.filePath("medium.mp4");
-    QVERIFY(
-        media::encode({"-stream_loop", "80", "-i", shortRecording, "-c", "copy", mediumRecording}));
+    QVERIFY(media::encode({"-stream_loop", QString::number(mediumRounds), "-i", shortRecording,
+                           "-c", "copy", mediumRecording}));
 }
 
 void TestSessionControl::init() {
