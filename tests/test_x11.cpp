@@ -228,8 +228,9 @@ void TestX11::chosenSizesStay_data() {
 /// A person may want a window that is larger than a screen: there can be several side by side.
 void TestX11::chosenSizesStay() {
     QFETCH(bool, isSetup);
-    driver->setup.addFile(path("60.avi"));
     driver->window.show();
+    QTRY_VERIFY_WITH_TIMEOUT(isInFront(driver->window), longMilliseconds);
+    driver->setup.addFile(path("60.avi"));
     QTRY_VERIFY_WITH_TIMEOUT(isInFront(driver->setup), longMilliseconds);
     QWidget& chosen = isSetup ? static_cast<QWidget&>(driver->setup) : driver->window;
     QWidget& other = isSetup ? static_cast<QWidget&>(driver->window) : driver->setup;
