@@ -10,6 +10,7 @@
 #include "faults.h"
 #include "files.h"
 #include "hugepictures.h"
+#include "jobworker.h"
 #include "media.h"
 #include "process.h"
 #include "video.h"
@@ -70,23 +71,6 @@ public Q_SLOTS:
 
 private:
     Video& job;
-};
-
-/// A worker thread with a job on it.
-class Worker {
-public:
-    explicit Worker(Video& job) {
-        thread.start();
-        job.moveToThread(&thread);
-        QMetaObject::invokeMethod(&job, "detect", Qt::QueuedConnection);
-    }
-    ~Worker() {
-        thread.quit();
-        thread.wait();
-    }
-
-private:
-    QThread thread;
 };
 
 class Nobody : public DetectionProgress {

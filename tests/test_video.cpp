@@ -8,6 +8,7 @@
 #include "ffmpegmutex.h"
 #include "files.h"
 #include "hugepictures.h"
+#include "jobworker.h"
 #include "media.h"
 #include "process.h"
 #include "segmentation.h"
@@ -87,23 +88,6 @@ struct JobOptions {
     int skip = 0;
     const QImage* mask = nullptr;
     const QRect* rectangle = nullptr;
-};
-
-/// A worker thread with a job on it, as the main window runs them.
-class Worker {
-public:
-    explicit Worker(Video& job) {
-        thread.start();
-        job.moveToThread(&thread);
-        QMetaObject::invokeMethod(&job, "detect", Qt::QueuedConnection);
-    }
-    ~Worker() {
-        thread.quit();
-        thread.wait();
-    }
-
-private:
-    QThread thread;
 };
 
 /// `quiet` pictures of one grey, then `moving` ones in which every pixel changes by 100 or more,
