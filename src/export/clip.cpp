@@ -150,6 +150,10 @@ bool Clip::isBeingExported() const {
     return EncoderProcess::isRunningFor(this);
 }
 
+bool Clip::isExportedOrWill() const {
+    return status == Exporting || status == Queued || status == Exported;
+}
+
 void Clip::openClip() {
     switch (status) {
     case Exported:

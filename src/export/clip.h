@@ -81,6 +81,9 @@ public:
     /// as all are that are exported automatically, reads "queued...".
     bool isBeingExported() const;
 
+    /// Whether its status is that of a clip whose file exists or is about to.
+    bool isExportedOrWill() const;
+
     /// Opens the exported file with the desktop; exports first where there is none yet. Does
     /// nothing where the export has failed.
     void openClip();

@@ -79,7 +79,7 @@ bool ClipExchange::putBackSome(const QList<Video*>& jobs, int milliseconds) {
 }
 
 void ClipExchange::discard(Clip* clip) {
-    if (!clip || !clip->listWidget() || isExportedOrWill(*clip))
+    if (!clip || !clip->listWidget() || clip->isExportedOrWill())
         return;
     removeFromList(*clip);
     discarded.add({clip});

@@ -66,11 +66,6 @@ void listInPlace(QListWidget& list, const QList<Video*>& jobs, Clip& clip) {
     list.insertItem(row < 0 ? rowAmongOthers(list, jobs, clip) : row, &clip);
 }
 
-bool isExportedOrWill(const Clip& clip) {
-    return clip.status == Clip::Exporting || clip.status == Clip::Queued ||
-           clip.status == Clip::Exported;
-}
-
 bool hasTimes(const Clip& clip, double start, double end) {
     return std::abs(clip.start - start) < rounding && std::abs(clip.end - end) < rounding;
 }

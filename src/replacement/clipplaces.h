@@ -17,8 +17,5 @@ QList<Clip*> clipsIn(const QListWidget& list);
 /// or, where there are none, where its recording stands among `jobs`.
 void listInPlace(QListWidget& list, const QList<Video*>& jobs, Clip& clip);
 
-/// Whether a clip's file exists or is about to.
-bool isExportedOrWill(const Clip& clip);
-
 /// Whether these times are those of the clip, to the microsecond.
 bool hasTimes(const Clip& clip, double start, double end);

@@ -162,7 +162,7 @@ void ClipReplacement::exchangeClips(Task& task) {
             });
         if (same != missing.end())
             missing.erase(same);
-        else if (!isExportedOrWill(*clip))
+        else if (!clip->isExportedOrWill())
             leaving.append(clip);
     }
     task.exchange->setOptions(*task.video, task.options);

@@ -30,12 +30,6 @@ double endOf(const QList<Clip*>& group) {
         ->end;
 }
 
-/// Whether its status is that of an export of its own.
-bool isOwnExport(const Clip& clip) {
-    return clip.status == Clip::Exporting || clip.status == Clip::Queued ||
-           clip.status == Clip::Exported;
-}
-
 /// The file that it becomes, whatever the container: no other group of clips has it.
 QString joinedFileOf(const Clip& joined) {
     return joined.video->clipDirectory + '/' + clipNumber(joined.index);
@@ -118,7 +112,7 @@ void JoinedExport::begin(Clip& joined, const QList<Clip*>& group) {
     Parts parts;
     for (Clip* clip : group) {
         clip->setData(joinedRole, joinedFileOf(joined));
-        if (isOwnExport(*clip))
+        if (clip->isExportedOrWill()) // by itself
             continue;
         clip->outputPath.clear(); // of an export that has failed
         parts.append(clip);

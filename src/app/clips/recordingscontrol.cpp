@@ -23,12 +23,6 @@ QString recordingReason() {
     return QStringLiteral("recording");
 }
 
-/// Neither exported nor about to be.
-bool isNoFile(const Clip& clip) {
-    return clip.status == Clip::NotExported || clip.status == Clip::Canceled ||
-           clip.status == Clip::ExportFailed;
-}
-
 } // namespace
 
 RecordingsControl::RecordingsControl(QMainWindow& window, DetectionQueue& queue,
@@ -124,7 +118,7 @@ void RecordingsControl::takeEnd() {
     for (Clip* clip : list.clips()) {
         const bool isOfOther =
             clip->video && clip->video != job && clip->video->clipDirectory == job->clipDirectory;
-        if (isOfOther && isNoFile(*clip))
+        if (isOfOther && !clip->isExportedOrWill())
             clips.append(clip);
     }
     remove(clips);

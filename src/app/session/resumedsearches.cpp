@@ -20,12 +20,6 @@ bool isSame(double left, double right) {
     return std::abs(left - right) < slack;
 }
 
-/// What nobody has asked to be exported.
-bool isIdle(const Clip& clip) {
-    return clip.status != Clip::Exporting && clip.status != Clip::Queued &&
-           clip.status != Clip::Exported;
-}
-
 /// Whether the recording was searched with other options since, or will be: what that finds takes
 /// the place of all that was found before.
 bool isSearchedAgain(const Video& job, const QList<Video*>& jobs) {
@@ -123,7 +117,7 @@ void ResumedSearches::end() {
         return;
     QList<Clip*> gone;
     for (const QPointer<Clip>& clip : left) {
-        if (clip && isIdle(*clip))
+        if (clip && !clip->isExportedOrWill())
             gone.append(clip);
     }
     list.takeOut(gone);
