@@ -80,8 +80,9 @@ Video* TestClipReplacement::newJob(const QString& fileName) {
 
 /// Until so many clips are listed in all.
 Video* TestClipReplacement::searched(Video* job, int clips) {
+    QObject hearing; // hears no later end of the same job
     bool isReady = false;
-    connect(job, &Video::resultReady, this, [&isReady] { isReady = true; });
+    connect(job, &Video::resultReady, &hearing, [&isReady] { isReady = true; });
     driver->accept(job);
     [&] { QTRY_VERIFY_WITH_TIMEOUT(isReady, longMilliseconds); }();
     [&] { QTRY_COMPARE(driver->list().count(), clips); }();
@@ -91,7 +92,10 @@ Video* TestClipReplacement::searched(Video* job, int clips) {
 void TestClipReplacement::showDock(Video* job) {
     dock().show();
     dock().showJob(job);
-    [&] { QTRY_VERIFY(driver->part<QPushButton>("pushButtonUse").isEnabled()); }();
+    [&] {
+        QTRY_VERIFY_WITH_TIMEOUT(driver->part<QPushButton>("pushButtonUse").isEnabled(),
+                                 longMilliseconds);
+    }();
 }
 
 /// With this minimum in place of the job's.

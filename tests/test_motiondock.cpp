@@ -72,6 +72,7 @@ private Q_SLOTS:
     void nameIsShownAsItIs();
     void doesNothingWhileHidden();
     void anotherJobWhileOneIsDecided();
+    void chosenAsItsSearchEnds();
     void recordingWithoutMaps();
     void recordingThatCouldNotBeRead();
     void thresholdOfTheStrip();
@@ -128,8 +129,9 @@ Video* TestMotionDock::searched(Video* job) {
             [this](int index, const QImage&, double start, double end, double snapshotTime) {
                 announced.append({index, {}, start, end, snapshotTime});
             });
+    QObject hearing; // hears no later end of the same job
     bool isReady = false;
-    connect(job, &Video::resultReady, this, [&isReady] { isReady = true; });
+    connect(job, &Video::resultReady, &hearing, [&isReady] { isReady = true; });
     queue->add({job});
     [&] { QTRY_VERIFY_WITH_TIMEOUT(isReady, longMilliseconds); }();
     [&] { QTRY_VERIFY(queue->isOver(*job)); }();
@@ -356,6 +358,22 @@ void TestMotionDock::anotherJobWhileOneIsDecided() {
     QCOMPARE(part<QComboBox>("comboBoxDetector").currentIndex(), 0);
     dock->showJob(nullptr);
     QCOMPARE(labelText(), QString("Choose a recording or one of its clips"));
+}
+
+/// The worker has told of the end before the dock listens to the job, and the queue hears of it
+/// afterwards.
+void TestMotionDock::chosenAsItsSearchEnds() {
+    Video* job = newJob(recordingNamed("gate.avi"));
+    queue->add({job});
+    QDeadlineTimer deadline(longMilliseconds);
+    while (!job->hasEnded() && !deadline.hasExpired())
+        QThread::msleep(10);
+    QVERIFY(job->hasEnded());
+    QThread::msleep(500); // its last signal comes behind its state
+    dock->showJob(job);
+    QCOMPARE(labelText(), QString("Being searched"));
+    QTRY_VERIFY_WITH_TIMEOUT(labelText().contains("now"), longMilliseconds);
+    QVERIFY(part<QPushButton>("pushButtonUse").isEnabled());
 }
 
 /// The mean's values are in memory, whatever becomes of the recording.

@@ -161,6 +161,7 @@ BatchProgress DetectionQueue::progress() {
 void DetectionQueue::letGo() {
     heldVideo = nullptr;
     startNext();
+    Q_EMIT letGoOfJob();
 }
 
 bool DetectionQueue::hasWorker() {

@@ -90,6 +90,9 @@ Q_SIGNALS:
     /// Some job was withdrawn or asked to end.
     void cancelled();
 
+    /// The worker has let go of the job that it had, which is over.
+    void letGoOfJob();
+
     /// Why no job can be started; empty as soon as one can.
     void told(const QString& notice);
 

@@ -52,6 +52,7 @@ MotionDock::~MotionDock() = default;
 
 void MotionDock::connectParts() {
     connect(&queue, SIGNAL(added(QList<Video*>)), SLOT(followJobs(QList<Video*>)));
+    connect(&queue, SIGNAL(letGoOfJob()), SLOT(decideAtLast()));
     connect(live, SIGNAL(grown()), SLOT(showLive()));
     connect(&liveTimer, SIGNAL(timeout()), SLOT(showLive()));
     connect(&work, SIGNAL(failed()), SLOT(sayNoThread()));
@@ -141,8 +142,13 @@ void MotionDock::followJobs(const QList<Video*>& jobs) {
 
 void MotionDock::takeJobEnd() {
     forgetMotion();
-    // The queue may hear of it after us.
-    QMetaObject::invokeMethod(this, "decide", Qt::QueuedConnection);
+    decide();
+}
+
+/// The queue hears of a job's end after us, and of one that ended while we did not listen.
+void MotionDock::decideAtLast() {
+    if (!motion)
+        decide();
 }
 
 /// At most ten times a second.

@@ -69,6 +69,7 @@ protected:
 private Q_SLOTS:
     void followJobs(const QList<Video*>& jobs);
     void takeJobEnd();
+    void decideAtLast();
     void showLive();
     void decide();
     void use();
