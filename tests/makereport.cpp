@@ -2,11 +2,12 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
-// Writes a report of recordings that were never made: makereport FOLDER CLIPS. For
+// Writes a report of recordings that were never made: makereport FOLDER CLIPS [clock]. For
 // scripts/test-report.
 //
-// The clips are spread over nights of eight hours, each with 500 at the most, and their strengths
-// grow from 1 in the order of a shuffle, so that each is there once.
+// The clips are spread over nights of eight hours, and their strengths grow from 1 in the order of
+// a shuffle, so that each is there once. Nights are on no clock, with 500 clips at the most; with
+// "clock" they are 30, one behind the other, each in eight files of an hour but for the third one.
 
 #include "filenamecodec.h"
 #include "foldercheck.h"
@@ -24,9 +25,10 @@
 
 namespace {
 
-constexpr double nightSeconds = 8 * 3600.0;
 constexpr double picturesPerSecond = 5.0;
 constexpr int mostClips = 500; ///< of a night
+constexpr int clockDays = 30;
+constexpr int clockHours = 8; ///< of each, from 22:00 on
 
 /// From 1 on, in steps so that the last one is about 9.
 std::vector<float> shuffledStrengths(int count) {
@@ -45,12 +47,13 @@ QImage picture(int number) {
     return image;
 }
 
-/// Clips of `count` times in a night, evenly spread; the first begins a step into it.
+/// Clips of `count` times in a recording, evenly spread; the first begins a step into it.
 class Night {
 public:
-    Night(const ScanReport& report, Recording& recording)
+    Night(const ScanReport& report, Recording& recording, double seconds)
         : report(report)
-        , recording(recording) {}
+        , recording(recording)
+        , nightSeconds(seconds) {}
 
     void tell(const std::vector<float>& strengths) {
         const double step = nightSeconds / double(strengths.size() + 1);
@@ -77,20 +80,53 @@ private:
         const QString failure = report.addClip(line);
         if (!failure.isEmpty())
             std::fprintf(stderr, "%s\n", qPrintable(failure));
+        ReportedClip& shown = recording.reported->clips.last();
+        const int number = recording.place * mostClips + index;
+        shown.box = {number * 13 % 280 / 320.0, (40 + number * 7 % 100) / 180.0, 0.125, 0.17};
+        CellBits moving(cellGridOf(1280, 720));
+        for (int row = int(shown.box.top() * 90); row < int(shown.box.bottom() * 90); ++row) {
+            for (int column = int(shown.box.left() * 160); column < int(shown.box.right() * 160);
+                 ++column)
+                moving.add(column, row);
+        }
+        recording.reported->map.add(moving, lengthOf(index));
     }
 
     const ScanReport& report;
     Recording& recording;
+    double nightSeconds;
 };
 
-ScanOptions optionsFor(const QString& folder, int nights) {
+ScanOptions optionsFor(const QString& folder, const QStringList& nights) {
     ScanOptions options;
     options.reportDirectory = folder;
-    for (int i = 0; i < nights; ++i)
-        options.inputs.videos += QStringLiteral("camera %1/<b>night &\"day\".mp4").arg(i);
+    options.inputs.videos = nights;
     options.inputs.videos += QStringLiteral("camera/quiet.mp4");
     options.inputs.videos += QFile::decodeName("camera/unread\xff</script>.mp4");
     return options;
+}
+
+QStringList nightNames(int nights) {
+    QStringList names;
+    for (int i = 0; i < nights; ++i)
+        names += QStringLiteral("camera %1/<b>night &\"day\".mp4").arg(i);
+    return names;
+}
+
+/// The hour that a file on the clock begins with; in the third of each night nothing is recorded.
+QDateTime startOf(int file) {
+    const int hour = file % (clockHours - 1);
+    const QDateTime night(QDate(2026, 11, 1).addDays(file / (clockHours - 1)), QTime(22, 0),
+                          Qt::UTC);
+    return night.addSecs(3600 * (hour < 2 ? hour : hour + 1));
+}
+
+QStringList hourNames() {
+    QStringList names;
+    for (int i = 0; i < clockDays * (clockHours - 1); ++i)
+        names += QStringLiteral("camera </script>/%1.mp4")
+                     .arg(startOf(i).toString(QStringLiteral("yyyyMMdd-HHmmss")));
+    return names;
 }
 
 } // namespace
@@ -98,20 +134,29 @@ ScanOptions optionsFor(const QString& folder, int nights) {
 int main(int argc, char* argv[]) {
     installFileNameCodec();
     const QCoreApplication application(argc, argv);
-    if (argc != 3)
+    const bool isOnClock = argc == 4 && QByteArray(argv[3]) == "clock";
+    if (argc != 3 && !isOnClock)
         return 2;
     const int clips = QByteArray(argv[2]).toInt();
-    const int nights = (clips + mostClips - 1) / mostClips;
-    const ScanOptions options = optionsFor(QString::fromLocal8Bit(argv[1]), nights);
+    const QStringList names =
+        isOnClock ? hourNames() : nightNames((clips + mostClips - 1) / mostClips);
+    const int nights = names.size();
+    const ScanOptions options = optionsFor(QString::fromLocal8Bit(argv[1]), names);
     if (!prepareFolder(reportPictureFolder(options.reportDirectory)).isEmpty())
         return 1;
     std::vector<Recording> recordings = recordingsOf(options.inputs.videos);
     const ScanReport report(options, recordings);
     const std::vector<float> strengths = shuffledStrengths(clips);
     for (int i = 0; i < nights; ++i) {
-        const auto first = strengths.begin() + std::ptrdiff_t(i) * mostClips;
-        const auto end = strengths.begin() + std::min(clips, (i + 1) * mostClips);
-        Night(report, recordings[std::size_t(i)]).tell(std::vector<float>(first, end));
+        const auto placeOf = [&](int night) {
+            return strengths.begin() + (isOnClock ? std::ptrdiff_t(clips) * night / nights
+                                                  : std::min(clips, night * mostClips));
+        };
+        Recording& recording = recordings[std::size_t(i)];
+        if (isOnClock)
+            recording.reported->start = {startOf(i), StartSource::Name, StartCertainty::Sure, {}};
+        Night(report, recording, isOnClock ? 3600.0 : 8 * 3600.0)
+            .tell(std::vector<float>(placeOf(i), placeOf(i + 1)));
     }
     ReportedRecording& quiet = *recordings[std::size_t(nights)].reported;
     quiet.add(60.0, {0.2F});

@@ -38,6 +38,8 @@ private Q_SLOTS:
     void initTestCase();
     void printsWhatTheScannerPrints();
     void measuresWithWhatValuesDependOn();
+    void likeliestPartsAreTheFirstJobs();
+    void whatCannotBeToldIsMeasuredInOrder();
     void goesOnWhereItEnded();
     void listsAnew();
     void aListThatCannotBeReadFailsAgain();
@@ -122,6 +124,63 @@ void TestArchive::measuresWithWhatValuesDependOn() {
              measure.constData());
     for (const QString& file : QDir(path("half")).entryList({"*.values"}))
         QVERIFY(readFile(path("half/" + file)).contains("# skip: 1\n"));
+}
+
+/// The visit lies in the second of two minutes of the second recording.
+void TestArchive::likeliestPartsAreTheFirstJobs() {
+    if (!hasEngine())
+        QSKIP(noEngine);
+    QVERIFY(QDir(folder.path()).mkpath("promising"));
+    const auto make = [this](const char* name, int from) {
+        return media::encode(media::crossingBox(100, from, from + 2, "160x120") +
+                             QStringList{"-c:v", "mpeg4", "-q:v", "5", path(name)});
+    };
+    QVERIFY(make("promising/a quiet.avi", 200) && make("promising/b visit.avi", 96));
+    const QStringList ask = {"--unmeasured", "--promising-first", "--values", path("first")};
+    const QByteArray quiet = path("promising/a quiet.avi").toUtf8();
+    const QByteArray visit = path("promising/b visit.avi").toUtf8();
+    QCOMPARE(runProgram("kestrova-scan", ask + QStringList{path("promising")}).output,
+             visit + '\0' + quiet + '\0');
+    const ProcessResult inParts =
+        runProgram("kestrova-scan", ask + QStringList{"--split", "1", path("promising")});
+    const QList<QByteArray> parts = inParts.output.split('\0');
+    QCOMPARE(parts.size(), 5); // the last is empty
+    QCOMPARE(parts[0], "2/2 " + visit);
+    for (const QByteArray& part : {"1/2 " + visit, "1/2 " + quiet, "2/2 " + quiet})
+        QVERIFY(parts.contains(part));
+
+    const QStringList search = options + QStringList{path("promising")};
+    const ProcessResult scan = runProgram("kestrova-scan", search);
+    QCOMPARE(scan.status, 0);
+    const ProcessResult archive =
+        runProgram("kestrova-archive", QStringList{"--promising-first", "--split", "1", "--jobs",
+                                                   "1", "--values", path("first")} +
+                                           search);
+    QCOMPARE(archive.status, 0);
+    QCOMPARE(archive.output, scan.output);
+    const QByteArray jobs = readFile(path("first/" + archivesIn("first").value(0) + "/left"));
+    QCOMPARE(jobs.count('\0'), 4);
+    QVERIFY2(jobs.startsWith(jobs.left(jobs.indexOf(' ')) + " 2/2 " + visit + '\0'),
+             jobs.constData());
+}
+
+/// Here since the scanner crashes when it looks.
+void TestArchive::whatCannotBeToldIsMeasuredInOrder() {
+    if (!hasEngine())
+        QSKIP(noEngine);
+    const QString place = path("untold");
+    QVERIFY(QDir(folder.path()).mkpath("untold/kept"));
+    const QString scanner = media::programDirectory() + "/kestrova-scan";
+    useInScannersPlace(place, "case $* in *--unmeasured*--promising-first*) kill -SEGV $$;; esac\n"
+                              "exec '" +
+                                  scanner + "' \"$@\"\n");
+    const QStringList search = options + QStringList{path("recordings")};
+    const ProcessResult archive =
+        runProgram(place + "/kestrova-archive",
+                   QStringList{"--promising-first", "--values", place + "/kept"} + search);
+    QVERIFY2(archive.errors.contains("which are likeliest cannot be told"),
+             archive.errors.constData());
+    QCOMPARE(archive.output, runProgram("kestrova-scan", search).output);
 }
 
 void TestArchive::goesOnWhereItEnded() {
@@ -467,6 +526,9 @@ void TestArchive::usageErrors_data() {
         << QStringList{values, "--skip", "x", "a.mp4"} << QByteArray("--skip");
     QTest::newRow("jobs that are no number")
         << QStringList{values, "--jobs", "many", "a.mp4"} << QByteArray("--jobs takes");
+    QTest::newRow("no budget") << QStringList{values, "--promising-first", "--budget", "5%",
+                                              "a.mp4"}
+                               << QByteArray("--budget");
     QTest::newRow("no option") << QStringList{values, "--part", "1/2", "a.mp4"}
                                << QByteArray("--part");
 }

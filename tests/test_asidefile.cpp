@@ -8,6 +8,7 @@
 #include "asidefile.h"
 #include "cellmaps.h"
 #include "cellsfile.h"
+#include "filelimit.h"
 #include "files.h"
 
 #include <QDir>
@@ -16,11 +17,9 @@
 #include <QtTest>
 
 #include <fcntl.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <csignal>
 #include <new>
 #include <random>
 #include <thread>
@@ -47,23 +46,6 @@ qint64 diskBytes(int descriptor) {
     struct stat found {};
     return fstat(descriptor, &found) == 0 ? qint64(found.st_blocks) * 512 : -1;
 }
-
-/// While it lives, files cannot become longer than that.
-class FileLimit {
-public:
-    explicit FileLimit(rlim_t bytes) {
-        std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &before);
-        const struct rlimit limit { bytes, before.rlim_max };
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileLimit() { setrlimit(RLIMIT_FSIZE, &before); }
-    FileLimit(const FileLimit&) = delete;
-    FileLimit& operator=(const FileLimit&) = delete;
-
-private:
-    struct rlimit before {};
-};
 
 constexpr CellGrid grid{160, 120};
 constexpr int busyCount = 2000; // some 16 MB, packed

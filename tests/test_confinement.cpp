@@ -10,8 +10,10 @@
 #include "process.h"
 #include "scannerstand.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QtTest>
@@ -44,6 +46,7 @@ private Q_SLOTS:
     void confinesItselfBeforeThreads();
     void encoderReachesNothingElse_data();
     void encoderReachesNothingElse();
+    void marksOpenTheirRecordingsAlone();
     void recordingsAreReadWhereverTheyAre_data();
     void recordingsAreReadWhereverTheyAre();
     void recordingOfNamedValues();
@@ -183,6 +186,35 @@ void TestConfinement::encoderReachesNothingElse() {
     QVERIFY2(said.endsWith("the end\n") && !said.contains("do not tell"), said.constData());
     QCOMPARE(readFile(secret()), QByteArray("do not tell\n"));
     QCOMPARE(QDir(elsewhere->path()).entryList(QDir::Files), QStringList("secret"));
+}
+
+/// Of the recordings that a file of marks names, only those that are what they were.
+void TestConfinement::marksOpenTheirRecordingsAlone() {
+    if (!isOffered("Landlock"))
+        QSKIP("this kernel has no Landlock");
+    const QFileInfo good(recording);
+    const QByteArray mark =
+        R"({"recording":"%1","size":%2,"modified":%3,"number":0,"start":1,"end":4,"mark":"keep"})";
+    const QString named = QString::fromLatin1(mark)
+                              .arg(recording)
+                              .arg(good.size())
+                              .arg(good.lastModified().toMSecsSinceEpoch());
+    const QString forged = QString::fromLatin1(mark).arg(secret()).arg(7).arg(7);
+    const QString file =
+        R"({"kestrova":"marks","version":1,"clips":[)" + named + "," + forged + "]}";
+    QVERIFY(writeFile(path("marks.json"), file.toUtf8()));
+    EncoderStand stand;
+    stand.useScript("for output; do :; done\nexec >\"$output\" 2>&1\n(cat " +
+                    QFile::encodeName(secret()) + ")\n(head -c 1 " + QFile::encodeName(recording) +
+                    " >/dev/null && echo readable)\n");
+    const ProcessResult result =
+        runProgram(ScannerStand::path(),
+                   {"--quiet", "--marked", path("marks.json"), "--export", path("clips")});
+    QVERIFY2(result.errors.contains("secret: it has changed since its clips were marked\n"),
+             result.errors.constData());
+    const QByteArray said = readFile(path("clips/garden_mp4_0/0000.avi"));
+    QVERIFY2(said.contains("Permission denied"), said.constData());
+    QVERIFY2(said.endsWith("readable\n") && !said.contains("do not tell"), said.constData());
 }
 
 void TestConfinement::recordingsAreReadWhereverTheyAre_data() {

@@ -265,6 +265,7 @@ void TestEditMaskWindowForm::everyControlIsReachedByKeyboard() {
                                "doubleSpinBoxMinimum",
                                "checkBoxExportTimestamp",
                                "dateTimeEdit",
+                               "toolButtonFoundStart",
                                "pushButtonAdd",
                                "pushButtonAddAll",
                                "pushButtonCancel",

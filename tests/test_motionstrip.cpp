@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 #include <random>
 
 class TestMotionStrip : public QObject {
@@ -18,6 +19,7 @@ private Q_SLOTS:
     void stripHasTheGreatestValueOfEachColumn();
     void stripsStaySmall();
     void columnsWithoutPicturesAreFilled();
+    void whatWasNotLookedAtHasNoValue();
     void timesThatMakeNoSense();
 };
 
@@ -81,6 +83,35 @@ void TestMotionStrip::columnsWithoutPicturesAreFilled() {
     QCOMPARE(columns[64], 2.0F);
     QCOMPARE(columns[65], 4.0F); // measured across the second between both
     QCOMPARE(columns.last(), 4.0F);
+}
+
+/// Neither that of the picture before nor that of the next, however coarse the columns become.
+void TestMotionStrip::whatWasNotLookedAtHasNoValue() {
+    for (const double longer : {1.0, 1000.0}) {
+        ReportedRecording recording;
+        recording.add(1.0 * longer, {0.5F});
+        recording.leaveOut(6.0 * longer);
+        recording.add(6.5 * longer, {3.0F});
+        recording.leaveOut(2.0); // what was looked at stays so
+        recording.leaveOut(9.0 * longer);
+        const QVector<float> columns = recording.strip.columns();
+        const auto at = [&](double time) {
+            return columns.value(int(time * longer / recording.strip.columnSeconds()));
+        };
+        QCOMPARE(at(0.5), 0.5F);
+        QVERIFY(at(1.5) < 0.0F && at(5.5) < 0.0F);
+        QCOMPARE(at(6.3), 3.0F);
+        QVERIFY(at(7.0) < 0.0F && at(8.9) < 0.0F);
+        QCOMPARE(recording.seconds, 9.0 * longer);
+        QCOMPARE(recording.strip.greatest(), 3.0F);
+        const QVector<double> lengths = recording.histogram.seconds();
+        const double looked = std::accumulate(lengths.cbegin(), lengths.cend(), 0.0);
+        QVERIFY(std::abs(looked - 1.5 * longer) < 1e-6);
+    }
+    MotionStrip none;
+    none.leaveOut(std::nan(""));
+    none.leaveOut(8.0);
+    QCOMPARE(none.greatest(), 0.0F);
 }
 
 void TestMotionStrip::timesThatMakeNoSense() {

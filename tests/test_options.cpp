@@ -20,6 +20,11 @@ CommandLine parse(const QStringList& options) {
     return parseCommandLine(QStringList{"kestrova-scan", "garden.mp4"} + options);
 }
 
+/// All that a package needs.
+const QStringList package = {"--format",     "camtrap-dp", "--output",      "pkg",
+                             "--start-time", "2026-11-16", "--location",    "52.5,13.25",
+                             "--project",    "Otters",     "--contributor", "Anna"};
+
 QString source(const char* name) {
     return QString::fromUtf8(readFile(QStringLiteral(KESTROVA_SOURCES "/") + name));
 }
@@ -85,6 +90,11 @@ private Q_SLOTS:
 
     void optionsKeepCompany_data();
     void optionsKeepCompany();
+    void packagesNeedWhatNobodyKnows_data();
+    void packagesNeedWhatNobodyKnows();
+    void locationsAreDegrees_data();
+    void locationsAreDegrees();
+    void valuesCanBeLeftOut();
     void theTableNamesItsOwn();
     void listIsForPrograms();
     void valuesDependOnTheirOptions();
@@ -122,9 +132,11 @@ void TestOptions::defaultsAreTaken_data() {
 
 void TestOptions::defaultsAreTaken() {
     QFETCH(ScanOption, option);
-    const CommandLine commandLine =
-        parse({"--export", "out", "--" + option.name, option.fallback, "--detector",
-               option.name == "detector" ? option.fallback : "cells"});
+    const bool isOfPackage = option.needs == QStringList{"format camtrap-dp"};
+    const CommandLine commandLine = parse(
+        (isOfPackage ? package : QStringList()) +
+        QStringList{"--export", "out", "--recap", "f.mp4", "--" + option.name, option.fallback,
+                    "--detector", option.name == "detector" ? option.fallback : "cells"});
     QCOMPARE(commandLine.text, QString());
     QCOMPARE(commandLine.action, CommandLine::Action::Scan);
 }
@@ -154,8 +166,14 @@ void TestOptions::rangesEndWhereTheySay_data() {
         {"minimum", "0.99", "1", "3600", "3600.01", "cells"},
         {"sensitivity", "0", "1", "4", "5", "cells"},
         {"merge", "-0.01", "0", "86400", "86400.1"},
+        {"max-length", "0.99", "1", "86400", "86400.1"},
+        {"min-length", "-0.01", "0", "86400", "86400.1"},
+        {"top", "0", "1", "10000", "10001"},
+        {"continue", "-0.01", "0", "3600", "3600.1"},
         {"fps", "0.009", "0.01", "1000", "1000.1"},
+        {"recap-speed", "0.99", "1", "32", "32.1"},
         {"bitrate", "-0.01", "0", "100", "100.01"},
+        {"split", "0", "1", "100000", "100001"},
         {"threads", "-1", "0", "256", "257"},
         {"jobs", "0", "1", "256", "257"},
     };
@@ -184,8 +202,11 @@ void TestOptions::rangesEndWhereTheySay() {
     QFETCH(QString, detector);
     QFETCH(QString, value);
     QFETCH(bool, isTaken);
+    const QStringList company =
+        name == "split" ? QStringList{"--unmeasured", "--promising-first", "--values", "v"}
+                        : QStringList{"--export", "out", "--recap", "f.mp4"};
     const CommandLine commandLine =
-        parse({"--export", "out", "--detector", detector, "--" + name + '=' + value});
+        parse(company + QStringList{"--detector", detector, "--" + name + '=' + value});
     if (isTaken) {
         QCOMPARE(commandLine.text, QString());
         return;
@@ -205,6 +226,12 @@ void TestOptions::wordsAreTakenAsTheyAre_data() {
         QTest::addRow("container %s", word) << "container" << word << "";
     for (const char* word : {"mean", "cells"})
         QTest::addRow("detector %s", word) << "detector" << word << "";
+    for (const char* word : {"strength", "length", "time"})
+        QTest::addRow("sort %s", word) << "sort" << word << "";
+    QTest::newRow("no order")
+        << "sort"
+        << "lenght"
+        << "--sort takes strength, length or time, not 'lenght' (did you mean length?)";
     QTest::newRow("no detector")
         << "detector"
         << "cell"
@@ -212,8 +239,11 @@ void TestOptions::wordsAreTakenAsTheyAre_data() {
     QTest::newRow("no format")
         << "format"
         << "xml"
-        << "--format takes text, jsonl, csv, m3u, mpv, cuts, edl or mlt, not "
+        << "--format takes text, jsonl, csv, m3u, mpv, cuts, edl, mlt or camtrap-dp, not "
            "'xml' (did you mean edl?)";
+    for (const char* word : {"opportunistic", "targeted", "experimental", "simpleRandom",
+                             "systematicRandom", "clusteredRandom"})
+        QTest::addRow("sampling %s", word) << "sampling-design" << word << "";
     QTest::newRow("no container")
         << "container"
         << "AVI"
@@ -223,7 +253,11 @@ void TestOptions::wordsAreTakenAsTheyAre_data() {
 void TestOptions::wordsAreTakenAsTheyAre() {
     QFETCH(QString, name);
     QFETCH(QString, value);
-    QTEST(parse({"--export", "out", "--" + name, value}).text, "complaint");
+    const bool isOfPackage = name == "sampling-design";
+    QTEST(parse((isOfPackage ? package : QStringList()) +
+                QStringList{"--export", "out", "--" + name, value})
+              .text,
+          "complaint");
 }
 
 void TestOptions::defaultsDependOnTheDetector() {
@@ -263,9 +297,38 @@ void TestOptions::optionsKeepCompany_data() {
     row({"--refine", "--quick"}, "");
     row({"--quick", "--fps", "25"}, "--quick and --fps exclude each other");
     row({"--roi", "1,2,3,4", "--mask", "m.png"}, "--roi and --mask exclude each other");
-    row({"--bitrate", "2"}, "--bitrate needs --export");
-    row({"--start-time", "2026-11-16T09:05:00"}, "--start-time needs --export or --report");
+    row({"--bitrate", "2"}, "--bitrate needs --export or --recap");
+    row({"--bitrate", "2", "--recap", "f.avi"}, "");
+    row({"--recap-speed", "2"}, "--recap-speed needs --recap");
+    row({"--recap", "film"}, "--recap takes a name that ends in .avi, .mp4 or .mkv, not 'film'");
+    row({"--marked", "m"}, "--marked needs --export or --recap");
+    row({"--marked", "m", "--export", "e"},
+        "--marked names the recordings itself: leave out 'garden.mp4'");
+    row({"--marked", "m", "--export", "e", "--jobs", "2"},
+        "--marked and --jobs exclude each other");
+    row({"--part", "1/2", "--values", "v", "--recap", "f.avi"},
+        "--part and --recap exclude each other");
+    row({"--start-time", "2026-11-16T09:05:00"},
+        "--start-time needs --export, --report, --recap or --format camtrap-dp");
     row({"--start-time", "2026-11-16T09:05:00", "--report", "r"}, "");
+    row({"--start-time", "2026-11-16T09:05:00", "--time-zone", "Asia/Tokyo"}, "");
+    row({"--start-time", "auto"}, "");
+    row({"--start-time", "auto", "--part", "1/2", "--values", "v"},
+        "--part and --start-time exclude each other");
+    row({"--time-zone", "UTC"}, "--time-zone needs --start-time");
+    row({"--start-pattern", "%F %T"}, "--start-pattern needs --start-time auto");
+    row({"--start-pattern", "%F %T", "--report", "r", "--start-time", "2026-11-16"},
+        "--start-pattern needs --start-time auto");
+    row({"--start-time", "auto", "--start-pattern", "%F %T", "--time-zone", "Asia/Tokyo"}, "");
+    row({"--start-time", "auto", "--time-zone", "Atlantis"},
+        "--time-zone takes the name of a zone, such as Europe/Berlin or UTC, and this machine "
+        "knows none called 'Atlantis'");
+    row({"--start-time", "auto", "--time-zone", "../../etc/passwd"},
+        "--time-zone takes the name of a zone, such as Europe/Berlin or UTC, and this machine "
+        "knows none called '../../etc/passwd'");
+    row({"--start-time", "auto", "--start-pattern", "%H%M%S"},
+        "--start-pattern takes names like %Y%m%d_%H%M%S, not '%H%M%S': it has no whole day, as "
+        "%Y%m%d is one");
     row({"--sensitivity", "4"}, "--sensitivity needs --detector cells");
     row({"--sensitivity", "4", "--detector", "mean"}, "--sensitivity needs --detector cells");
     row({"--detector", "cells", "--sensitivity", "4", "--ignore-restless"}, "");
@@ -279,6 +342,29 @@ void TestOptions::optionsKeepCompany_data() {
     row({"--part", "1/2"}, "--part needs --values");
     row({"--part", "1/2", "--values", "v", "--merge", "1"},
         "--part and --merge exclude each other");
+    row({"--output", "pkg"}, "--output needs --format camtrap-dp");
+    row({"--location", "1,2", "--format", "csv"}, "--location needs --format camtrap-dp");
+    row({"--part", "1/2", "--values", "v", "--top", "3"}, "--part and --top exclude each other");
+    row({"--max-length", "5", "--quick"}, "--max-length and --quick exclude each other");
+    row({"--max-length", "5", "--min-length", "5"}, "");
+    row({"--max-length", "5", "--min-length", "5.1"}, "--min-length must not exceed --max-length");
+    row({"--continue", "--merge", "0", "--quick", "--values", "v"}, "");
+    row({"--continue", "--quick", "--refine"}, "--continue and --refine exclude each other");
+    row({"--continue", "--max-length", "5", "--min-length", "2", "--sort", "time", "--top", "3"},
+        "");
+    row({"--continue=5", "--from", "3"}, "--continue and --from exclude each other");
+    row({"--continue", "--detector", "cells", "--ignore-restless"},
+        "--continue and --ignore-restless exclude each other");
+    row({"--verbose"}, "");
+    row({"--verbose", "--quiet"}, "--verbose and --quiet exclude each other");
+    row({"--promising-first", "--values", "v", "--jobs", "2"}, "");
+    row({"--promising-first", "--continue"}, "--continue and --promising-first exclude each other");
+    row({"--promising-first", "--quick"}, "--promising-first and --quick exclude each other");
+    row({"--split", "5", "--unmeasured", "--values", "v"},
+        "--split needs --unmeasured and --promising-first");
+    row({"--split", "5", "--promising-first"}, "--split needs --unmeasured and --promising-first");
+    row({"--budget", "5%"}, "--budget needs --promising-first");
+    row({"--budget", "1.5h", "--promising-first"}, "");
     row({"--snapshots="}, "--snapshots needs a name");
     row({"--list", "l", "--list="}, "--list needs a name");
 }
@@ -286,6 +372,78 @@ void TestOptions::optionsKeepCompany_data() {
 void TestOptions::optionsKeepCompany() {
     QFETCH(QStringList, options);
     QTEST(parse(options).text, "complaint");
+}
+
+void TestOptions::packagesNeedWhatNobodyKnows_data() {
+    QTest::addColumn<QString>("missing");
+    for (const char* option : {"output", "start-time", "location", "project", "contributor"})
+        QTest::addRow("%s", option) << option;
+}
+
+void TestOptions::packagesNeedWhatNobodyKnows() {
+    QFETCH(QString, missing);
+    QCOMPARE(parse(package).text, QString());
+    QStringList options = package;
+    const int place = options.indexOf("--" + missing);
+    options[place + 1] = QString();
+    QVERIFY(parse(options).text.startsWith("--" + missing + ' '));
+    options.erase(options.begin() + place, options.begin() + place + 2);
+    QCOMPARE(parse(options).text, "--format camtrap-dp needs --" + missing);
+}
+
+void TestOptions::locationsAreDegrees_data() {
+    QTest::addColumn<QStringList>("locations");
+    QTest::addColumn<QString>("complaint");
+    const auto row = [](const QStringList& locations, const QString& complaint = {}) {
+        QTest::addRow("%s", qPrintable(locations.join(' '))) << locations << complaint;
+    };
+    row({"-90,180"});
+    row({"90,-180", "/cams/a=b=0,0.5", "cams=1e1,-2"});
+    row({"cams=1,2", "cams=3,4"}, "--location is given twice for 'cams'");
+    row({"cams=1,2", "./cams/=3,4"}, "--location is given twice for './cams/'");
+    row({"1,2", "3,4"}, "--location is given twice without a folder");
+    for (const char* bad : {"90.1,0", "0,-180.1", "52.5", "52.5,13.25,40", "52,5 13,25", "nan,0",
+                            "0,inf", "north", "=1,2", "cams=", "52.5;13.25"})
+        row({bad}, QStringLiteral("--location takes degrees of latitude and longitude as in "
+                                  "52.70442,23.84995 or FOLDER=52.70442,23.84995, not '%1'")
+                       .arg(bad));
+}
+
+void TestOptions::locationsAreDegrees() {
+    QFETCH(QStringList, locations);
+    QStringList options = package;
+    const int place = options.indexOf("--location");
+    options.erase(options.begin() + place, options.begin() + place + 2);
+    for (const QString& location : locations)
+        options += {"--location", location};
+    const CommandLine commandLine = parse(options);
+    QTEST(commandLine.text, "complaint");
+    if (locations.size() != 3)
+        return;
+    const CamtrapOptions& camtrap = commandLine.options.camtrap;
+    QCOMPARE(camtrap.directory, QString("pkg"));
+    QCOMPARE(camtrap.project.contributors, QStringList{"Anna"});
+    QCOMPARE(camtrap.project.samplingDesign, QString("opportunistic"));
+    QCOMPARE(camtrap.locations[0].folder, QString());
+    QCOMPARE(camtrap.locations[0].longitude, -180.0);
+    QCOMPARE(camtrap.locations[1].folder, QString("/cams/a=b"));
+    QCOMPARE(camtrap.locations[1].longitude, 0.5);
+    QCOMPARE(camtrap.locations[2].latitude, 10.0);
+}
+
+void TestOptions::valuesCanBeLeftOut() {
+    QVERIFY(!parse({}).options.continuing);
+    for (const char* bare : {"--continue", "-continue", "--continue=2"})
+        QCOMPARE(parse({bare}).options.continuing.value_or(-1), 2.0);
+    QCOMPARE(parse({"--continue=0.5"}).options.continuing.value_or(-1), 0.5);
+    QCOMPARE(parse({"--continue="}).text,
+             QString("--continue takes a number from 0 to 3600, not ''"));
+    // What follows it is a recording, and what follows two dashes is one, too.
+    QCOMPARE(parse({"--continue", "3"}).options.inputs.videos, QStringList({"garden.mp4", "3"}));
+    const ScanOptions named = parse({"--", "--continue"}).options;
+    QCOMPARE(named.inputs.videos, QStringList({"garden.mp4", "--continue"}));
+    QVERIFY(!named.continuing);
+    QVERIFY(helpText().contains("\n  --continue[=S] "));
 }
 
 void TestOptions::theTableNamesItsOwn() {
@@ -306,7 +464,7 @@ void TestOptions::listIsForPrograms() {
     QStringList measuring;
     for (const QString& line : commandLine.text.split('\n', Qt::SkipEmptyParts)) {
         const QStringList fields = line.split('\t');
-        QCOMPARE(fields.size(), 3);
+        QCOMPARE(fields.size(), fields[0] == "continue" ? 4 : 3);
         names += fields[0];
         if (fields[2] == "measuring")
             measuring += fields[0];
@@ -315,8 +473,9 @@ void TestOptions::listIsForPrograms() {
     QCOMPARE(measuring, QStringList({"detector", "skip", "threshold-value", "fps", "quick", "from",
                                      "to", "roi", "mask", "exclude"}));
     for (const char* line :
-         {"quiet\tnone\t-\n", "skip\tnumber\tmeasuring\n", "format\tword\t-\n",
-          "mask\tfile\tmeasuring\n", "values\tfolder\t-\n", "from\ttext\tmeasuring\n"})
+         {"continue\tnumber\t-\t2\n", "quiet\tnone\t-\n", "skip\tnumber\tmeasuring\n",
+          "format\tword\t-\n", "mask\tfile\tmeasuring\n", "values\tfolder\t-\n",
+          "from\ttext\tmeasuring\n"})
         QVERIFY2(commandLine.text.contains(line), line);
 }
 
@@ -415,13 +574,14 @@ void TestOptions::bashCompletesWordsAndNames() {
 }
 
 void TestOptions::zshRepeatsOptions() {
+    static const QRegularExpression repeated("--(contributor|exclude|list|location)\\[");
     for (const QString& line : zshCompletion().split('\n'))
-        QCOMPARE(line.startsWith("  '*--"),
-                 line.contains("--exclude[") || line.contains("--list["));
+        QCOMPARE(line.startsWith("  '*--"), line.contains(repeated));
 }
 
 void TestOptions::pagesAreUpToDate() {
     QVERIFY2(between(source("docs/scanner.md")) == markdownOptions(), "run scripts/options");
+    QVERIFY2(between(source("docs/clocks.md")) == markdownNames(), "run scripts/options");
     QVERIFY2(between(source("docs/formats.md")) == markdownFields(), "run scripts/options");
 }
 

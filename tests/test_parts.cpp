@@ -8,6 +8,7 @@
 #include "files.h"
 #include "footage.h"
 #include "media.h"
+#include "partrecordings.h"
 #include "process.h"
 #include "sample.h"
 
@@ -62,7 +63,6 @@ private:
     void compareWithOnePass(const QString& video, const QStringList& options, int count,
                             int filled);
     int filledParts() const;
-    void add(const char* name, const QStringList& codec);
     QString path(const QString& name) const { return results->filePath(name); }
     QString kept() const { return path("kept"); }
 
@@ -71,37 +71,9 @@ private:
     std::unique_ptr<QTemporaryDir> results;
 };
 
-/// 16 seconds of 25 pictures in which a box crosses.
-void TestParts::add(const char* name, const QStringList& codec) {
-    QVERIFY2(media::encode(media::crossingBox(16, 6, 10) + codec +
-                           QStringList{recordings.filePath(name)}),
-             name);
-}
-
 void TestParts::initTestCase() {
-    const QStringList x264 = {"-c:v", "libx264", "-preset", "veryfast"};
-    const QStringList short264 = x264 + QStringList{"-g", "40", "-bf", "3"};
-    add("closed.mp4", short264);
-    add("pyramid.mkv",
-        x264 + QStringList{"-g", "24", "-bf", "3", "-x264-params", "b-pyramid=normal:ref=5"});
-    add("transport.ts", short264);
-    add("recovery.mp4", x264 + QStringList{"-g", "40", "-bf", "3", "-x264-params", "open-gop=1"});
-    add("single.mp4", x264 + QStringList{"-g", "1000"});
-    add("intra.mp4", x264 + QStringList{"-g", "1"});
-    add("elementary.264", short264);
-    add("high.mp4", {"-c:v", "libx265", "-preset", "ultrafast", "-x265-params",
-                     "keyint=30:bframes=3:log-level=error"});
-    add("closed265.mkv", {"-c:v", "libx265", "-preset", "ultrafast", "-x265-params",
-                          "keyint=30:bframes=3:open-gop=0:log-level=error"});
-    add("program.mpg", {"-c:v", "mpeg2video", "-bf", "2", "-g", "15"});
-    add("strict.ts", {"-c:v", "mpeg2video", "-bf", "2", "-g", "15", "-flags", "+cgop",
-                      "-sc_threshold", "1000000000"});
-    add("simple.avi", {"-c:v", "mpeg4", "-g", "30"});
-    add("both.mp4", {"-c:v", "mpeg4", "-bf", "2", "-g", "30"});
-    add("stills.avi", {"-c:v", "mjpeg"});
-    add("web.webm", {"-c:v", "libvpx-vp9", "-deadline", "realtime", "-cpu-used", "8", "-g", "50"});
-    add("old.webm", {"-c:v", "libvpx", "-deadline", "realtime", "-cpu-used", "8", "-g", "25"});
-    add("lossless.mkv", {"-c:v", "ffv1", "-g", "25"});
+    const QString failed = makePartRecordings(recordings.path());
+    QVERIFY2(failed.isEmpty(), qPrintable(failed));
     video = recordings.filePath("closed.mp4");
 }
 

@@ -362,8 +362,12 @@ void TestRecordingsControl::reportIsThatOfTheScanner() {
     const QString report = saveReport();
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(report + "/index.html"), longMilliseconds);
     const QString scanned = folder->filePath("scanned");
-    runProgram("kestrova-scan", {"--minimum", "2", "--postrecord", "2", "--report", scanned,
-                                 shortRecording, broken->fileName});
+    // The window keeps maps of cells as the scanner does with values: the page tells where motion
+    // was.
+    runProgram("kestrova-scan",
+               {"--minimum", "2", "--postrecord", "2", "--values", folder->filePath("kept"),
+                "--report", scanned, shortRecording, broken->fileName});
+    QVERIFY(readFile(scanned + "/index.html").contains("<svg class=\"where\""));
     QCOMPARE(readFile(report + "/index.html"), readFile(scanned + "/index.html"));
     QCOMPARE(QDir(report + "/pictures").entryList(QDir::Files),
              QDir(scanned + "/pictures").entryList(QDir::Files));
@@ -403,8 +407,8 @@ void TestRecordingsControl::reportOfKeptValues() {
     const QString report = saveReport();
     QTRY_VERIFY_WITH_TIMEOUT(QFile::exists(report + "/index.html"), longMilliseconds);
     const QString scanned = folder->filePath("scanned");
-    runProgram("kestrova-scan",
-               {"--minimum", "2", "--postrecord", "2", "--report", scanned, shortRecording});
+    runProgram("kestrova-scan", {"--minimum", "2", "--postrecord", "2", "--values",
+                                 folder->filePath("kept"), "--report", scanned, shortRecording});
     QCOMPARE(readFile(report + "/index.html"), readFile(scanned + "/index.html"));
 }
 

@@ -53,6 +53,7 @@ private Q_SLOTS:
     void searchedAgainWithWhatTheDialogSays();
     void restIsOfferedWhereSomethingWasCancelled();
     void keptValuesAreASetting();
+    void likeliestFirstIsASetting();
     void filesAreLookedAt();
     void fitsIntoLittleRoom();
 
@@ -339,6 +340,23 @@ void TestRecordingsDock::keptValuesAreASetting() {
     choices()[0]->trigger();
     QCOMPARE(QSettings().value("kept_values_mb").toInt(), 0);
     QVERIFY(choices()[0]->isChecked());
+}
+
+void TestRecordingsDock::likeliestFirstIsASetting() {
+    QMenu& menu = *part<QToolButton>("toolButtonMenu").menu();
+    const auto action = [&menu] {
+        Q_EMIT menu.aboutToShow();
+        return menu.findChild<QAction*>("actionLikeliestFirst");
+    };
+    QSignalSpy asked(dock, SIGNAL(likeliestFirstAsked(bool)));
+    QVERIFY(!action()->isChecked());
+    QVERIFY(menu.toolTipsVisible());
+    action()->trigger();
+    QVERIFY(QSettings().value("likeliest_first").toBool());
+    QVERIFY(action()->isChecked());
+    action()->trigger();
+    QVERIFY(!QSettings().value("likeliest_first").toBool());
+    QCOMPARE(asked, (QList<QVariantList>{{true}, {false}}));
 }
 
 void TestRecordingsDock::filesAreLookedAt() {

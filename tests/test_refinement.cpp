@@ -14,6 +14,8 @@ private Q_SLOTS:
     void rangesReachOverTheGap_data();
     void rangesReachOverTheGap();
     void rangesEndWithTheRange();
+    void likeliestPartsAreSomeOfIt();
+    void rangesAreJoined();
 };
 
 namespace {
@@ -66,6 +68,30 @@ void TestRefinement::rangesEndWithTheRange() {
     QCOMPARE(ranges.size(), 1);
     QCOMPARE(ranges[0].from, 590.0);
     QCOMPARE(ranges[0].to, 650.0);
+}
+
+/// Of twenty parts of ten seconds one is a twentieth; one that is no likelier than others is none.
+void TestRefinement::likeliestPartsAreSomeOfIt() {
+    ScoutedRecording scouted;
+    scouted.partSeconds.fill(10.0, 20);
+    QVERIFY(likeliestRanges(scouted).isEmpty());
+    scouted.promises.fill({}, 20);
+    scouted.promises[7] = {2.0F, 2.0F};
+    const QVector<TimeRange> ranges = likeliestRanges(scouted);
+    QCOMPARE(ranges.size(), 1);
+    QCOMPARE(ranges[0].from, 70.0);
+    QCOMPARE(ranges[0].to, 80.0);
+}
+
+void TestRefinement::rangesAreJoined() {
+    const QVector<TimeRange> joined =
+        joinedRanges({{50.0, 60.0}, {10.0, 20.0}}, {{61.0, 70.0}, {100.0, 120.0}, {0.0, 4.0}}, 2.0,
+                     {5.0, 110.0});
+    QCOMPARE(joined.size(), 3);
+    QCOMPARE(joined[0].from, 10.0);
+    QCOMPARE(joined[1].from, 50.0);
+    QCOMPARE(joined[1].to, 70.0);
+    QCOMPARE(joined[2].to, 110.0);
 }
 
 QTEST_GUILESS_MAIN(TestRefinement)

@@ -8,7 +8,10 @@
 #include "htmltext.h"
 #include "reportpage.h"
 #include "stripdrawing.h"
+#include "stripparts.h"
 
+#include <QCryptographicHash>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -98,6 +101,13 @@ private Q_SLOTS:
     void restlessCellsAreDrawn();
     void incompleteReportsSaySo();
     void clockIsTold();
+    void eachRecordingHasItsOwnClock();
+    void policyNamesTheScriptAndTheStyle();
+    void marksAreKeptByPathAndTimes();
+    void hostileNamesAreDataAlone();
+    void boxesLieOnTheirPictures();
+    void groupsHaveSixtyClips();
+    void clipsThatGoOnAreShownInBoth();
     void writingEndsWhereItFails();
 };
 
@@ -161,7 +171,7 @@ void TestReport::stripIsDrawnToScale() {
     QCOMPARE(top, 2.0);
     QCOMPARE(stripHeight(0.5, top), 0.5); // of square roots
     QCOMPARE(stripHeight(99.0, top), 1.0);
-    const QByteArray drawing = stripDrawing(report.recordings[0], report, top);
+    const QByteArray drawing = stripDrawing(report.recordings[0], report, ReportStrips(report));
     // An hour takes 1800 columns of 2 s and one more; 0.3 of 2 lies at 1 - sqrt(0.15) from the top.
     QCOMPARE(report.recordings[0].strip.columnSeconds(), 2.0);
     QVERIFY(drawing.contains("d=\"M0 1000V613H1800V0H1801V1000Z\""));
@@ -179,7 +189,7 @@ void TestReport::dataHasTheHistograms() {
     QCOMPARE(data["steps"].toArray().size(), thresholdSteps().size());
     const QJsonArray expected = {QJsonArray{140, 3600}}; // 0.3 is step 100 + 0.2 / 0.005
     QCOMPARE(data["all"].toArray(), expected);
-    QCOMPARE(data["recordings"].toObject()["recording0"].toArray(), expected);
+    QCOMPARE(data["strips"].toObject()["recording0"].toArray(), expected);
     QCOMPARE(data["steps"].toArray()[140].toDouble(), 0.3);
 }
 
@@ -192,12 +202,12 @@ void TestReport::othersAreListedAtTheEnd() {
     failed.reason = "is <broken>";
     report.recordings.push_back(failed);
     const QByteArray page = pageOf(report);
-    QCOMPARE(page.count("class=\"recording\""), 1);
+    QCOMPARE(page.count("<section class=\"recording\""), 1);
     const QByteArray quiet = between(page, "<h2 id=\"quiet\">", "</section>");
-    QVERIFY(quiet.contains(
-        "<li><bdi>quiet.mp4</bdi> <span class=\"facts\">1:00:00 long, greatest motion "
-        "value 0.20</span></li>"));
-    QCOMPARE(quiet.count("<li>"), 1);
+    QVERIFY(quiet.contains("<bdi>quiet.mp4</bdi> <span class=\"facts\">1:00:00 long, greatest "
+                           "motion value 0.20</span>"));
+    QCOMPARE(quiet.count("<li "), 1);
+    QCOMPARE(quiet.count("class=\"strip\""), 1); // near misses are seen there
     const QByteArray unread = between(page, "<h2 id=\"failed\">", "</section>");
     QVERIFY(unread.contains("<li><bdi>" + htmlText(evil) + "</bdi> "));
     QVERIFY(unread.contains("is &lt;broken&gt;"));
@@ -278,11 +288,147 @@ void TestReport::incompleteReportsSaySo() {
 
 void TestReport::clockIsTold() {
     MotionReport report = reportWithClip("moving.mp4");
-    report.startTime = QDateTime(QDate(2026, 11, 16), QTime(23, 59, 55), Qt::UTC);
+    report.recordings[0].start = {QDateTime(QDate(2026, 11, 16), QTime(23, 59, 55), Qt::UTC),
+                                  StartSource::Given,
+                                  StartCertainty::Sure,
+                                  {}};
     const QByteArray page = pageOf(report);
     QVERIFY(page.contains("<b>#0</b> 00:00:05 – 00:00:15"));
     QVERIFY(page.contains("from 2026-11-16 23:59:55"));
     QVERIFY(page.contains(">2026-11-17</text>"));
+}
+
+void TestReport::eachRecordingHasItsOwnClock() {
+    MotionReport report = reportWithClip("moving.mp4");
+    report.recordings.push_back(report.recordings[0]);
+    report.recordings.push_back(report.recordings[0]);
+    report.recordings[0].start = {
+        QDateTime(QDate(2026, 11, 16), QTime(8, 0), QTimeZone("Asia/Kolkata")),
+        StartSource::Name,
+        StartCertainty::Sure,
+        {}};
+    report.recordings[1].path = "/elsewhere/moving.mp4"; // another camera
+    report.recordings[1].start = {QDateTime(QDate(2026, 11, 17), QTime(21, 30), Qt::UTC),
+                                  StartSource::Given,
+                                  StartCertainty::Sure,
+                                  {}};
+    report.recordings[2].start.doubts = {StartDoubt::AmbiguousDay};
+    const QByteArray page = pageOf(report);
+    QVERIFY(page.contains("began 2026-11-16 08:00:00 +05:30, by its name (sure)<"));
+    QVERIFY(page.contains("<b>#0</b> 08:00:10"));
+    QVERIFY(page.contains(">08:10</text>")); // though midnight there is not that of UTC
+    QVERIFY(page.contains("from 2026-11-17 21:30:00"));
+    QVERIFY(page.contains("<b>#0</b> 21:30:10"));
+    QVERIFY(page.contains("<b>#0</b> 0:00:10"));
+    QCOMPARE(page.count(", it is not known when it began; the day in its name"), 1);
+}
+
+void TestReport::policyNamesTheScriptAndTheStyle() {
+    const QByteArray page = pageOf(reportWithClip(evil));
+    const QByteArray policy = between(page, "Content-Security-Policy\" content=\"", "\"");
+    QVERIFY(!policy.contains("unsafe"));
+    const auto hash = [](const QByteArray& text) {
+        return "'sha256-" + QCryptographicHash::hash(text, QCryptographicHash::Sha256).toBase64() +
+               "'";
+    };
+    QVERIFY(policy.contains("style-src " + hash(between(page, "<style>", "</style>")) + ";"));
+    QVERIFY(policy.contains("script-src " + hash(between(page, "<script>", "</script>")) + ";"));
+    QVERIFY(!page.contains(" style=\""));
+}
+
+void TestReport::marksAreKeptByPathAndTimes() {
+    MotionReport report = reportWithClip("moving.mp4");
+    report.recordings[0].bytes = 123456789012;
+    report.recordings[0].modified = 1763330400123;
+    report.recordings[0].clips[0].start = 0.1 + 0.2; // which three digits do not tell
+    report.recordings.push_back(report.recordings[0]);
+    report.recordings[1].path = "/videos/other.mp4";
+    report.recordings[1].clips[0].index = 7;
+    const QJsonObject data = dataOf(pageOf(report));
+    const QJsonArray recordings = data["recordings"].toArray();
+    QCOMPARE(recordings[0].toArray(),
+             (QJsonArray{"/videos/moving.mp4", 123456789012.0, 1763330400123.0}));
+    QCOMPARE(recordings[1].toArray()[0].toString(), QString("/videos/other.mp4"));
+    QCOMPARE(data["clips"].toArray()[0].toArray(), (QJsonArray{0, 0, 0.1 + 0.2, 20.5}));
+    QCOMPARE(data["clips"].toArray()[1].toArray(), (QJsonArray{1, 7, 0.1 + 0.2, 20.5}));
+    const QString sum = data["report"].toString();
+    QCOMPARE(sum.size(), 12);
+    report.recordings[1].clips[0].end = 21.0;
+    QVERIFY(dataOf(pageOf(report))["report"].toString() != sum);
+}
+
+void TestReport::hostileNamesAreDataAlone() {
+    MotionReport report = reportWithClip("moving.mp4");
+    const QString name = QFile::decodeName("/a</script><!--\xff\xe2\x80\xa8\xe2\x80\xae\"\\.mp4");
+    report.recordings[0].name = report.recordings[0].path = name;
+    report.recordings[0].start.time = QDateTime(QDate(2026, 11, 16), QTime(22, 0), Qt::UTC);
+    const QByteArray page = pageOf(report);
+    QCOMPARE(page.count("</script"), 2);
+    QVERIFY(!page.contains("<!--"));
+    const QByteArray data = between(page, "id=\"data\">", "</script>");
+    QVERIFY(!data.contains('<'));
+    QVERIFY(!data.contains("\xe2\x80\xa8"));
+    QVERIFY(!data.contains("\xe2\x80\xae"));
+    const QJsonArray recording = dataOf(page)["recordings"].toArray()[0].toArray();
+    QCOMPARE(recording[0].toString(),
+             QString::fromUtf8("/a</script><!--\xef\xbf\xbd\xe2\x80\xa8\xe2\x80\xae\"\\.mp4"));
+    QCOMPARE(QByteArray::fromBase64(recording[3].toString().toLatin1()), QFile::encodeName(name));
+}
+
+void TestReport::boxesLieOnTheirPictures() {
+    MotionReport report = reportWithClip("moving.mp4");
+    QVERIFY(!pageOf(report).contains("class=\"box\""));
+    QVERIFY(!pageOf(report).contains("<svg class=\"where\""));
+    report.recordings[0].clips[0].box = {0.25, 0.5, 0.125, 0.25};
+    CellBits moving(CellGrid{40, 20});
+    moving.add(3, 2);
+    moving.add(4, 2);
+    report.recordings[0].map.add(moving, 10.0);
+    const QByteArray page = pageOf(report);
+    QVERIFY(page.contains(
+        "<rect x=\"25.0%\" y=\"50.0%\" width=\"12.5%\" height=\"25.0%\"/></svg></a>"));
+    const QByteArray map = between(page, "<svg class=\"where\"", "</svg>");
+    QVERIFY(map.contains("width=\"240\" height=\"135\" viewBox=\"0 0 40 20\""));
+    QVERIFY(map.contains("<image href=\"pictures/0.png\""));
+    QVERIFY(map.contains("<path class=\"most\" d=\"M3 2H5v1H3Z\"/>"));
+}
+
+void TestReport::groupsHaveSixtyClips() {
+    MotionReport report = reportWithClip("moving.mp4");
+    for (int i = 1; i < 121; ++i)
+        report.recordings[0].clips.append(clipAt(i, i * 10.0, i * 10.0 + 5.0, 1.0F));
+    const QByteArray page = pageOf(report);
+    QCOMPARE(page.count("<figure"), 121);
+    QCOMPARE(page.count("<div class=\"clips\">"), 3);
+    const QByteArray first = between(page, "<div class=\"clips\">", "<div class=\"clips\">");
+    QCOMPARE(first.count("<figure"), 60);
+}
+
+void TestReport::clipsThatGoOnAreShownInBoth() {
+    MotionReport report = reportWithClip("1.mp4");
+    report.recordings.push_back(hourOf("2.mp4", 0.3F));
+    report.recordings[0].clips = {clipAt(0, 3590.0, 3620.0, 2.0F)};
+    report.recordings[0].clips[0].parts = {{0, 3590.0, 3600.0, 0.0}, {1, 0.0, 20.0, 3600.0}};
+    const ReportStrips strips(report);
+    const auto shade = [&](int place) {
+        return between(stripDrawing(report.recordings[std::size_t(place)], report, strips),
+                       "class=\"shade\" d=\"", "\"");
+    };
+    QCOMPARE(shade(0), QByteArray("M1795.00 0V1000H1800.00V0Z")); // columns of two seconds
+    QCOMPARE(shade(1), QByteArray("M0.00 0V1000H10.00V0Z"));
+    const QByteArray page = pageOf(report);
+    QVERIFY(page.contains("#t=3590.000,3600.000\""));
+    QCOMPARE(between(page, "data-command=\"", "\""),
+             htmlText("mpv --{ --start=3590.000 --end=3600.000 '/videos/1.mp4' --} "
+                      "--{ --start=0.000 --end=20.000 '/videos/2.mp4' --}"));
+    QCOMPARE(between(page, "data-parts=\"", "\""),
+             QByteArray("file:///videos/2.mp4#t=0.000,20.000"));
+    QVERIFY(page.contains(", in 2 files</span>"));
+    QCOMPARE(dataOf(page)["clips"].toArray()[0].toArray(),
+             (QJsonArray{0, 0, 3590.0, 3620.0,
+                         QJsonArray{QJsonArray{0, 3590.0, 3600.0, 0.0},
+                                    QJsonArray{1, 0.0, 20.0, 3600.0}}}));
+    QCOMPARE(dataOf(page)["recordings"].toArray().size(), 2);
 }
 
 void TestReport::writingEndsWhereItFails() {

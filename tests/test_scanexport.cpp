@@ -19,11 +19,21 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <array>
+#include <fcntl.h>
+#include <sys/stat.h>
+
 #include <csignal>
 #include <limits>
 #include <unistd.h>
 
 namespace {
+
+/// Makes it a file of a machine whose clock was never set.
+bool forgetTime(const QString& file) {
+    const std::array<timespec, 2> times = {};
+    return utimensat(AT_FDCWD, QFile::encodeName(file).constData(), times.data(), 0) == 0;
+}
 
 /// The one of the `times` (like "09:05:04") that stands in the overlay: the one that it looks most
 /// like when it is drawn by itself.
@@ -78,6 +88,10 @@ private Q_SLOTS:
     void intraCodedRecording();
     void startTimeIsTheClockOnTheWall_data();
     void startTimeIsTheClockOnTheWall();
+    void givenStartIsThatOfTheFirst();
+    void ownStartsAreWritten();
+    void clockOfAClipIsThatOfItsTime_data();
+    void clockOfAClipIsThatOfItsTime();
     void overlayIsWritten();
     void writtenTimeIsTheClock_data();
     void writtenTimeIsTheClock();
@@ -306,6 +320,62 @@ void TestScanExport::startTimeIsTheClockOnTheWall() {
              QStringList({"-vf", "drawtext=fontfile=DejaVuSansMono.ttf:text='" + shown +
                                      "':x=10:y=10:fontcolor=white:box=1:"
                                      "boxborderw=3:boxcolor=0x00000000@1"}));
+}
+
+void TestScanExport::givenStartIsThatOfTheFirst() {
+    const QString copy = path("later.mp4");
+    QVERIFY(QFile::copy(recording, copy));
+    QCOMPARE(
+        scan({"--export", clips->path(), "--start-time", "2026-11-16T09:05:00", recording, copy})
+            .status,
+        0);
+    const QList<QStringList> calls = encoder->calls();
+    QCOMPARE(calls.size(), 2);
+    QVERIFY(calls[0].contains("-vf"));
+    QVERIFY(!calls[1].contains("-vf"));
+    QVERIFY(calls[1].contains("copy"));
+}
+
+void TestScanExport::ownStartsAreWritten() {
+    const QString folder = path("named");
+    QVERIFY(QDir().mkpath(folder));
+    const QString winter = folder + "/20261122_090500.mp4";
+    const QString missing = folder + "/2026-03-29 02-30-00.mp4";
+    const QString ambiguous = folder + "/01-02-2026_09-05-00.mp4";
+    for (const QString& name : {winter, missing, ambiguous})
+        QVERIFY(QFile::copy(recording, name));
+    QVERIFY(forgetTime(ambiguous));
+    const ProcessResult result = scan({"--export", clips->path(), "--start-time", "auto",
+                                       "--time-zone", "Europe/Berlin", winter, missing, ambiguous});
+    QVERIFY2(result.status == 0, result.errors.constData());
+    const QList<QStringList> calls = encoder->calls();
+    QCOMPARE(calls.size(), 3);
+    // The clip starts in second 4: 9:05:04, and 3:30:04, since the clock was put forward.
+    QVERIFY(calls[0].join(' ').contains("text='Sun Nov 22 2026 %{pts\\:hms\\:32704}'"));
+    QVERIFY(calls[1].join(' ').contains("text='Sun Mar 29 2026 %{pts\\:hms\\:12604}'"));
+    QVERIFY(!calls[2].contains("-vf"));
+    QVERIFY(result.errors.contains("the clock was put forward over that hour"));
+    QVERIFY(result.errors.contains("it is not known when it began; the day in its name"));
+}
+
+void TestScanExport::clockOfAClipIsThatOfItsTime_data() {
+    QTest::addColumn<QString>("start");
+    QTest::addColumn<QString>("shown");
+    // The clip starts in second 4, when the clock has been put forward to 3:00 or back to 2:00.
+    QTest::newRow("put forward") << "2026-03-29T01:59:58"
+                                 << "Sun Mar 29 2026 %{pts\\:hms\\:10802}";
+    QTest::newRow("put back") << "2026-10-25T02:59:58"
+                              << "Sun Oct 25 2026 %{pts\\:hms\\:7202}";
+    QTest::newRow("midnight") << "2026-11-16T23:59:58"
+                              << "Tue Nov 17 2026 %{pts\\:hms\\:2}";
+}
+
+void TestScanExport::clockOfAClipIsThatOfItsTime() {
+    QFETCH(QString, start);
+    QFETCH(QString, shown);
+    const QStringList arguments =
+        argumentsOf({"--start-time", start, "--time-zone", "Europe/Berlin", recording});
+    QVERIFY2(arguments.join(' ').contains("text='" + shown + "'"), qPrintable(arguments.join(' ')));
 }
 
 void TestScanExport::overlayIsWritten() {

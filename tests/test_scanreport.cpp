@@ -60,6 +60,7 @@ private Q_SLOTS:
     void everyLinkLeadsSomewhere();
     void outputIsThatWithoutAReport();
     void clipsAreThoseThatArePrinted();
+    void givenStartIsThatOfTheFirst();
     void exportedFilesAreLinked();
     void sideBySideEqualsOneAfterAnother();
     void oddNamesAreLinked_data();
@@ -132,6 +133,21 @@ void TestScanReport::clipsAreThoseThatArePrinted() {
     const QStringList clock = {"--start-time", "2026-11-16T10:00:00"};
     QCOMPARE(scan(clock + QStringList{"--report", folder.filePath("clips"), video}).status, 0);
     QVERIFY(pageIn("clips").contains("</b> 10:00:0"));
+}
+
+void TestScanReport::givenStartIsThatOfTheFirst() {
+    const QString copy = folder.filePath("later.mp4");
+    QVERIFY(QFile::copy(video, copy));
+    const QStringList call = {
+        "--start-time", "2026-11-16T10:00:00", "--report", folder.filePath("first"), video, copy};
+    const ProcessResult result = runProgram("kestrova-scan", call);
+    QCOMPARE(result.status, 0);
+    QCOMPARE(result.errors.count("--start-time is when the first recording began"), 1);
+    const QByteArray page = pageIn("first");
+    QCOMPARE(page.count(", from 2026-11-16 10:00:00"), 1);
+    QVERIFY(page.contains("</b> 10:00:0"));
+    QVERIFY(page.contains("</b> 0:00:0"));
+    QVERIFY(!scan(call).errors.contains("--start-time"));
 }
 
 void TestScanReport::exportedFilesAreLinked() {

@@ -60,7 +60,9 @@ struct Run {
 };
 
 /// What the segmenter makes of `frames`.
-Run segment(const QVector<TestFrame>& frames, const SegmentationOptions& options) {
+/// `forgetEvery`: so many frames; 0: nothing is forgotten.
+Run segment(const QVector<TestFrame>& frames, const SegmentationOptions& options,
+            int forgetEvery = 0) {
     Run run;
     NumberedPicture::snapshots = 0;
     const double origin = frames.first().time;
@@ -70,6 +72,8 @@ Run segment(const QVector<TestFrame>& frames, const SegmentationOptions& options
                                              std::make_shared<NumberedPicture>(number));
         if (clip)
             run.clips.append(*clip);
+        if (forgetEvery > 0 && number % forgetEvery == 0)
+            segmenter.forgetOld();
         run.mostLargePictures = qMax(run.mostLargePictures, NumberedPicture::largeAlive);
     }
     if (const auto clip = segmenter.finish())
@@ -113,6 +117,18 @@ QVector<TestFrame> burst(double seconds, double from, double to, double firstTim
     return frames;
 }
 
+QVector<TestFrame> flickering(int count, unsigned seed) {
+    std::mt19937 random(seed);
+    QVector<TestFrame> frames;
+    double time = 0.0;
+    for (int i = 0; i < count; ++i) {
+        const bool isBusy = int(random() % 400) < 200 + 180 * ((i / 100) % 2);
+        frames.append({time, isBusy ? float(1 + random() % 9) : 0.0F});
+        time += random() % 50 == 0 ? 3.0 : 0.04;
+    }
+    return frames;
+}
+
 } // namespace
 
 class TestSegmentation : public QObject {
@@ -122,6 +138,7 @@ private Q_SLOTS:
     void quietRecordingHasNoClip();
     void burstBecomesOneClip();
     void listsGrowByOneEntryPerFrame();
+    void whatIsForgottenChangesNoClip();
     void fewerThanSixFramesGiveNoClip();
     void sixthFrameOpensTheFirstClip();
     void minimumOfZeroNeverOpens();
@@ -166,6 +183,24 @@ void TestSegmentation::listsGrowByOneEntryPerFrame() {
     QCOMPARE(run.series.times.size(), frames.size() - 1);
     QCOMPARE(run.series.times.first(), frames[1].time);
     QCOMPARE(run.series.scores.last().value, frames.last().motion);
+}
+
+void TestSegmentation::whatIsForgottenChangesNoClip() {
+    for (unsigned seed = 0; seed < 20; ++seed) {
+        const QVector<TestFrame> frames = flickering(2000, seed);
+        const Run whole = segment(frames, margins(1.0, 0.2, 2.0));
+        for (const int every : {1, 7, 500}) {
+            const Run run = segment(frames, margins(1.0, 0.2, 2.0), every);
+            QCOMPARE(run.clips.size(), whole.clips.size());
+            for (int i = 0; i < run.clips.size(); ++i) {
+                QCOMPARE(run.clips[i].start, whole.clips[i].start);
+                QCOMPARE(run.clips[i].end, whole.clips[i].end);
+                QCOMPARE(shownFrame(run.clips[i]), shownFrame(whole.clips[i]));
+            }
+            QVERIFY(run.series.times.size() < 200 + every); // of a hundred or so within 2 s
+        }
+        QVERIFY(whole.clips.size() > 3);
+    }
 }
 
 void TestSegmentation::fewerThanSixFramesGiveNoClip() {

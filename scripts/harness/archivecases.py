@@ -181,6 +181,10 @@ def split(run, reference, hosts):
     run.start(reference.recordings, *hosts_file(run, hosts), "--split", "10")
 
 
+def likeliest(run, reference, hosts):
+    run.start(reference.recordings, *hosts_file(run, hosts), "--promising-first")
+
+
 def slurm(run, reference, _):
     run.start(reference.recordings, "--slurm", "--slurm-args", "--partition=short")
 

@@ -164,6 +164,7 @@ def small_jobs(scanner, count):
 
 
 CASES = [("one machine", archivecases.local, None), ("three hosts", archivecases.plain, None),
+         ("the likeliest first", archivecases.likeliest, None),
          ("a host is cut off", archivecases.cut_off, None), ("a host is killed", archivecases.killed, None),
          ("a host comes back", archivecases.comes_back, None), ("a host is added", archivecases.added, None),
          ("the controller is killed", archivecases.controller_killed, None),
@@ -173,7 +174,8 @@ CASES = [("one machine", archivecases.local, None), ("three hosts", archivecases
          ("interrupted", archivecases.interrupted, None), ("a recording fails", archivecases.fails, 1),
          ("a full disk", archivecases.full_disk, None),
          ("the recordings vanish for a while", archivecases.recordings_vanish, None)]
-SHORT = ["one machine", "three hosts", "a host is cut off", "controller and engine are killed", "useless hosts"]
+SHORT = ["one machine", "three hosts", "the likeliest first", "a host is cut off",
+         "controller and engine are killed", "useless hosts"]
 CLUSTER_CASES = [("Slurm", archivecases.slurm), ("Slurm, and a node is killed", archivecases.node_killed),
                  ("Slurm, and the controller is killed", archivecases.slurm_left_alone),
                  ("Slurm, without the partition", archivecases.slurm_refused),

@@ -22,7 +22,7 @@ FLAGS = ["--headless=new", "--no-first-run", "--no-default-browser-check", "--di
          "--host-resolver-rules=MAP * ~NOTFOUND", "--remote-debugging-pipe"]
 
 KEYS = {"ArrowLeft": 37, "ArrowUp": 38, "ArrowRight": 39, "ArrowDown": 40, "Home": 36, "End": 35,
-        "PageUp": 33, "PageDown": 34, "Enter": 13, "Escape": 27, "Tab": 9}
+        "PageUp": 33, "PageDown": 34, "Enter": 13, "Escape": 27, "Tab": 9, "k": 75, "s": 83}
 
 
 class Browser:
@@ -140,6 +140,16 @@ class Browser:
     def touch(self, kind, *points):
         self.call("Input.dispatchTouchEvent", type=kind, touchPoints=[{"x": x, "y": y} for x, y in points])
         self.settle()
+
+    def save_downloads(self, folder):
+        """Where files go that the page gives away."""
+        self.call("Page.setDownloadBehavior", behavior="allow", downloadPath=str(folder))
+
+    def choose_file(self, selector, path):
+        """Gives a field for files one, as its dialog would."""
+        root = self.call("DOM.getDocument")["root"]["nodeId"]
+        node = self.call("DOM.querySelector", nodeId=root, selector=selector)["nodeId"]
+        self.call("DOM.setFileInputFiles", files=[str(path)], nodeId=node)
 
     def screenshot(self, path, has_script=True):
         if has_script:

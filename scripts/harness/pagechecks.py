@@ -77,6 +77,20 @@ def check_accessible(browser):
         check(all(named.get(role, [])), f"a {role} without a name: {named.get(role)}")
 
 
+# What is smaller than 24 pixels to hit; a label belongs to what it names.
+SMALL = """
+[...document.querySelectorAll("button, input, select, summary, a[href], .handle")].filter(one => {
+  const box = one.getBoundingClientRect();
+  return box.width > 0 && box.bottom > 0 && !one.matches(".skip") && (box.width < 24 || box.height < 23.9);
+}).map(one => one.outerHTML.slice(0, 80))
+"""
+
+
+def check_sizes(browser):
+    small = browser.evaluate(SMALL)
+    check(not small, f"too small to hit: {small}")
+
+
 def check_contrast(browser):
     ratio, whose = browser.evaluate(CONTRAST)
     check(ratio >= 4.5, f"contrast {ratio}: {whose}")

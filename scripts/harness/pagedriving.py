@@ -77,7 +77,7 @@ def drag_by_touch(browser):
 
 
 def drag_by_keys(browser):
-    browser.evaluate("document.querySelector('.handle').focus()")
+    browser.evaluate("document.getElementById('threshold').focus()")
     before = check_threshold(browser)
     browser.key("ArrowUp")
     one = check_threshold(browser)
@@ -87,8 +87,10 @@ def drag_by_keys(browser):
     check(check_threshold(browser) == 0.0, "Home is not the lowest threshold")
     browser.key("End")
     check(check_threshold(browser) == 10.0, "End is not the highest threshold")
-    value = browser.evaluate("document.querySelector('.handle').getAttribute('aria-valuenow')")
-    check(value == "10", f"the slider says {value}")
+    value = browser.evaluate("document.getElementById('threshold').getAttribute('aria-valuetext')")
+    check(value.startswith("10, "), f"the slider says {value}")
+    stops = browser.evaluate("document.querySelectorAll('.handle[tabindex]').length")
+    check(stops == 0, f"{stops} strips are tab stops besides the slider")
 
 
 def go_by_keys(browser, clips):

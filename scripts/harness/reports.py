@@ -10,9 +10,13 @@ import sys
 import urllib.parse
 
 from browser import Browser
-from pagechecks import Failed, check, check_accessible, check_contrast, check_width, tidy
+from pagecuts import check_cut_files, check_parts
+from pagechecks import (Failed, check, check_accessible, check_contrast, check_sizes, check_width,
+                        tidy)
 from pagedriving import (DRAG_STEPS, FACTS, PICTURES, PLACE, check_players, drag_by_keys,
                          drag_by_mouse, drag_by_touch, go_by_keys, sort, sort_all)
+from pagemarks import (busy_seconds, check_days, check_filters, check_marks, check_marks_file,
+                       check_policy)
 
 FIRST_PICTURE = """
 window.firstPicture = new Promise(done => document.addEventListener("load", event => {
@@ -30,7 +34,7 @@ def check_quiet(browser, folder, *others):
     """No complaint, and no request but to files of the folder, or to those named."""
     check(not browser.complaints(), browser.complaints())
     for url in browser.requests():
-        if url.startswith("data:"):  # the buttons that the browser draws on a video
+        if url.startswith(("data:", "blob:")):  # a video's buttons; a file that the page gives away
             continue
         path = urllib.parse.unquote(urllib.parse.urlsplit(url).path)
         check(url.startswith("file://") and (path.startswith(f"{folder}/") or path in others), url)
@@ -74,6 +78,11 @@ def check_looks(browser, folder):
         browser.key("ArrowRight")
         browser.screenshot(PICTURES / f"{folder.name}-{name}-focus.png")
         check_width(browser)
+        for tools in ("filters", "marking"):
+            browser.evaluate(f"document.getElementById('{tools}').open = true")
+        browser.screenshot(PICTURES / f"{folder.name}-{name}-open.png")
+        check_width(browser)
+        check_sizes(browser)
         ratio = check_contrast(browser)
         check_quiet(browser, folder)
         say(f"{folder.name}, {name}: contrast at least {ratio:.1f} : 1")
@@ -105,6 +114,30 @@ def check_moved(browser, folder):
     check_quiet(browser, moved)
 
 
+def check_cells(browser, folder):
+    """Where motion was is drawn over pictures, inside of them."""
+    page = folder / "index.html"
+    tidy(page)
+    browser.open(page)
+    loaded(browser)
+    outside = browser.evaluate("""[...document.querySelectorAll(".clip")].filter(clip => {
+        const box = clip.querySelector(".box rect").getBoundingClientRect();
+        const image = clip.querySelector("img").getBoundingClientRect();
+        return box.width < 4 || box.left < image.left - 3 || box.right > image.right + 3 ||
+            box.top < image.top - 3 || box.bottom > image.bottom + 3; }).length""")
+    check(outside == 0, f"{outside} boxes of motion beside their picture")
+    check(browser.evaluate("document.querySelectorAll('svg.where path').length") > 0, "no map")
+    say("cells: boxes and map as they should be")
+
+
+def check_cuts(browser, downloads, recordings):
+    files = check_cut_files(browser, PLACE / "few", downloads, ["mp4"], recordings)
+    files += check_cut_files(browser, PLACE / "continued", downloads, ["mp4", "avi", "mkv"],
+                             ["--continue", PLACE / "visit"], "--start-time", "auto")
+    check_parts(browser, PLACE / "continued")
+    say(f"cuts: {files} files of marked clips are those of a search; a clip of two files is played on")
+
+
 def check_no_network(browser, folder):
     """The page itself forbids what no part of it does."""
     browser.open(folder / "index.html")
@@ -129,11 +162,6 @@ def renderer_memory(browser):
     return max(sizes, default=0.0)
 
 
-def busy_seconds(browser):
-    """For how long the page has kept its thread busy: scripts, styles, layout, painting."""
-    metrics = browser.call("Performance.getMetrics")["metrics"]
-    return next(one["value"] for one in metrics if one["name"] == "TaskDuration")
-
 
 def check_many(browser, folder):
     page = folder / "index.html"
@@ -152,9 +180,16 @@ def check_many(browser, folder):
     began = busy_seconds(browser)
     sort(browser, "strength")
     sorting = busy_seconds(browser) - began
+    began = busy_seconds(browser)
+    browser.key("s")
+    marking = busy_seconds(browser) - began
+    browser.key("s")
     browser.screenshot(PICTURES / "many-strength.png")
     sort(browser, "time")
     sort_all(browser)
+    filtering = check_filters(browser)
+    check_days(browser)
+    check_marks(browser, page)
     began = busy_seconds(browser)
     drag_by_mouse(browser)
     dragging = (busy_seconds(browser) - began) / DRAG_STEPS
@@ -168,7 +203,8 @@ def check_many(browser, folder):
     browser.call("Page.removeScriptToEvaluateOnNewDocument", identifier=script["identifier"])
     say(f"many: {count} clips, {page.stat().st_size / 2**20:.1f} MiB of HTML; first picture after "
         f"{first:.0f} ms, loaded after {whole:.0f} ms with {at_load} files; {1000 * sorting:.0f} ms "
-        f"of work to sort, {1000 * dragging:.0f} ms for a step of a drag; {memory:.0f} MiB, "
+        f"of work to sort, {1000 * filtering:.0f} ms to filter, {1000 * marking:.0f} ms to mark, "
+        f"{1000 * dragging:.0f} ms for a step of a drag; {memory:.0f} MiB, "
         f"scrolled through {scrolled:.0f} MiB, of which scripts {heap:.0f} MiB")
 
 
@@ -183,6 +219,11 @@ def main():
         check_moved(browser, PLACE / "few")
         picture_for_readme(browser, PLACE / "readme")
         check_no_network(browser, PLACE / "few")
+        check_policy(browser, PLACE / "few")
+        check_cells(browser, PLACE / "cells")
+        check_marks_file(browser, PLACE / "ten", PLACE / "downloads")
+        check_cuts(browser, PLACE / "downloads", recordings)
+        check_looks(browser, PLACE / "days")
         check_many(browser, PLACE / "many")
     say(f"The pictures lie in {PICTURES}.")
 

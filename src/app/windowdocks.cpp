@@ -10,6 +10,7 @@
 #include "detectionqueue.h"
 #include "docklayout.h"
 #include "emptylist.h"
+#include "likeliestfirst.h"
 #include "listfilter.h"
 #include "markedbutton.h"
 #include "measurementcache.h"
@@ -22,6 +23,7 @@
 #include "reportcontrol.h"
 #include "resumedsearches.h"
 #include "searchnotice.h"
+#include "settingstable.h"
 #include "shownbar.h"
 #include "video.h"
 
@@ -162,6 +164,9 @@ void WindowDocks::wireRecordings() {
         std::make_unique<RecordingsControl>(window, queue, list, *filter, *recordings);
     reportControl = std::make_unique<ReportControl>(window, queue, list);
     searchNotice = std::make_unique<SearchNotice>(queue);
+    likeliest = std::make_unique<LikeliestFirst>(queue);
+    likeliest->setOn(settings::likeliestFirst.read(QSettings()));
+    connect(recordings, SIGNAL(likeliestFirstAsked(bool)), likeliest.get(), SLOT(setOn(bool)));
     connect(recordings, SIGNAL(searchAsked(Video*)), SLOT(accept(Video*)));
     connect(recordings, SIGNAL(reportAsked()), reportControl.get(), SLOT(save()));
     connect(recordings, SIGNAL(summaryChanged(QString)), SLOT(showSummary(QString)));

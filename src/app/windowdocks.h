@@ -13,6 +13,7 @@ class ClipListWidget;
 class ClipMenu;
 class DetectionQueue;
 class DockLayout;
+class LikeliestFirst;
 class ListFilter;
 class MotionControl;
 class MotionDock;
@@ -74,6 +75,7 @@ private:
     std::unique_ptr<RecordingsControl> recordingsControl;
     std::unique_ptr<ReportControl> reportControl;
     std::unique_ptr<SearchNotice> searchNotice;
+    std::unique_ptr<LikeliestFirst> likeliest;
     std::unique_ptr<DockLayout> layout;
     PlayerControl* playing;
 };

@@ -18,7 +18,7 @@ _kestrova_archive() {
   _kestrova_scan "$@"
   [[ $cur == -* ]] || return 0
   for name in "${COMPREPLY[@]}"; do
-    [[ " $own --names --unmeasured --part --list-options " == *" $name "* ]] || passed+=("$name")
+    [[ " $own --names --unmeasured --part --budget --list-options " == *" $name "* ]] || passed+=("$name")
   done
   COMPREPLY=("${passed[@]}")
   mapfile -t -O "${#passed[@]}" COMPREPLY < <(compgen -W "$own" -- "$cur")

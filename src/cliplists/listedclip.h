@@ -32,8 +32,16 @@ struct ListedClip {
     double start = 0.0; ///< seconds from the first picture; can be negative
     double end = 0.0;
 
-    /// "garden.mp4 #0"
-    QString label() const { return recording.name + QStringLiteral(" #") + QString::number(index); }
+    /// In which recording it begins, for a person, where this is what of it lies in another one;
+    /// else empty.
+    QString begunIn{};
+
+    /// "garden.mp4 #0", and where that goes on "garden.mp4 #0 in garden-2.mp4"
+    QString label() const {
+        const QString number = QStringLiteral(" #") + QString::number(index);
+        return begunIn.isEmpty() ? recording.name + number
+                                 : begunIn + number + QStringLiteral(" in ") + recording.name;
+    }
 
     /// Seconds from the file's beginning, as players count them, 0 or more.
     double startInFile() const { return std::max(0.0, start + recording.offset); }

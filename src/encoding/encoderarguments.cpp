@@ -27,14 +27,26 @@ QString wholeSeconds(double seconds) {
     return QString::number(truncatedToInt(seconds));
 }
 
+/// What the encoder may open, and as what.
+QStringList openingArguments(const EncodedVideo& video) {
+    const QStringList files = {QStringLiteral("-protocol_whitelist"), QStringLiteral("file")};
+    const QString demuxer = QStringLiteral("-f");
+    if (!video.listedFormat.isEmpty()) // which takes names of ours alone for unsafe
+        return files + QStringList{QStringLiteral("-format_whitelist"),
+                                   QStringLiteral("concat,") + video.listedFormat,
+                                   QStringLiteral("-safe"),
+                                   QStringLiteral("0"),
+                                   demuxer,
+                                   QStringLiteral("concat")};
+    if (!video.inputFormat.isEmpty())
+        return files + QStringList{demuxer, video.inputFormat};
+    return {};
+}
+
 /// In front of the input the seek jumps to a key frame; behind it, it counts decoded pictures.
 QStringList inputArguments(const EncodedClip& clip, const EncodedVideo& video) {
     const QStringList seek = {QStringLiteral("-ss"), wholeSeconds(clip.start)};
-    QStringList input = {QStringLiteral("-i"), video.fileName};
-    if (!video.inputFormat.isEmpty())
-        input = QStringList{QStringLiteral("-protocol_whitelist"), QStringLiteral("file"),
-                            QStringLiteral("-f"), video.inputFormat} +
-                input;
+    QStringList input = openingArguments(video) + QStringList{QStringLiteral("-i"), video.fileName};
     if (video.frameRate > 0.0)
         input =
             QStringList{QStringLiteral("-r"), QString::number(video.frameRate, 'g', 15)} + input;

@@ -34,6 +34,9 @@ struct EncodedVideo {
     /// finds.
     QString inputFormat{};
 
+    /// It is a list (concatList) of recordings of this format; empty: it is a recording itself.
+    QString listedFormat{};
+
     /// The encoder decodes up to the clip's start, where stored times cannot lead it there.
     bool isCutByPictures() const { return isIntraCodec || frameRate > 0.0; }
 };

@@ -25,11 +25,18 @@ MeasuringEnd PartDetection::run(const QString& fileName) {
     return end;
 }
 
+MeasuringEnd PartDetection::run(FrameStream& frames) {
+    MeasuringEnd end = endOfRun([&] { return measureOpen(frames); });
+    if (end.outcome == DetectionOutcome::OutOfMemory)
+        measured.maps = CellMaps();
+    return end;
+}
+
 MeasuringEnd PartDetection::runFile(const QString& fileName) {
     FramePlan plan;
     plan.times = options.times;
     plan.part = part;
-    plan.lead = lead();
+    plan.lead = lead(options);
     plan.threads = options.threads;
     std::optional<FrameStream> frames(std::in_place, QFile::encodeName(fileName), plan,
                                       [this] { return progress.isCancelled(); });
@@ -37,10 +44,10 @@ MeasuringEnd PartDetection::runFile(const QString& fileName) {
         return {DetectionOutcome::Cancelled};
     if (!frames->isOpen())
         return {DetectionOutcome::CannotOpen, frames->errorText(), frames->isFileToBlame()};
+    if (frames->part())
+        return measureOpen(*frames);
     measured.stream = frames->facts();
     measured.stream.origin = frames->origin();
-    if (frames->part())
-        return measureCut(*frames);
     const QString error = frames->end().error;
     frames.reset();
     if (!error.isEmpty())
@@ -62,6 +69,12 @@ MeasuringEnd PartDetection::measureUncut(const QString& fileName) {
     return part.index == 1 ? measureWhole(fileName) : MeasuringEnd();
 }
 
+MeasuringEnd PartDetection::measureOpen(FrameStream& frames) {
+    measured.stream = frames.facts();
+    measured.stream.origin = frames.origin();
+    return measureCut(frames);
+}
+
 MeasuringEnd PartDetection::measureCut(FrameStream& frames) {
     const PartReading& reading = *frames.part();
     partFacts.delay = reading.delay();
@@ -80,13 +93,13 @@ MeasuringEnd PartDetection::measureCut(FrameStream& frames) {
     // Decoders conceal damage and depend on older pictures then, often without a mark on theirs.
     const bool isSound = frames.libavErrors() == errorsBefore;
     takeFacts(reading, isSound && hasOwnTimes && reading.isRegular() && isWhole(frames) &&
-                           (!options.areMapsKept || areMapsSure(cells)));
+                           !frames.isOtherwise() && (!options.areMapsKept || areMapsSure(cells)));
     return end;
 }
 
 /// So early a begin that the last picture before the part and the first of it, of those that are
 /// looked at, have the maps of one pass.
-PartLead PartDetection::lead() const {
+PartLead PartDetection::lead(const DetectionOptions& options) {
     return options.areMapsKept ? PartLead{cellHistory, 2 * (options.measure.skip + 1)} : PartLead();
 }
 

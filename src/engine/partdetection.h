@@ -23,6 +23,12 @@ public:
     /// Reads what is needed of the file. Runs once per object.
     MeasuringEnd run(const QString& fileName);
 
+    /// The same with a stream that has gone to a part (FrameStream::goToPart).
+    MeasuringEnd run(FrameStream& frames);
+
+    /// What is wanted before each part.
+    static PartLead lead(const DetectionOptions& options);
+
     /// What was measured: the last picture before the part, which is compared with, and its own.
     const Measurement& measurement() const { return measured; }
 
@@ -33,7 +39,7 @@ private:
     MeasuringEnd measureWhole(const QString& fileName);
     MeasuringEnd measureUncut(const QString& fileName);
     MeasuringEnd measureCut(FrameStream& frames);
-    PartLead lead() const;
+    MeasuringEnd measureOpen(FrameStream& frames);
     bool areMapsSure(const PartCells& cells) const;
     bool isWhole(const FrameStream& frames) const;
     MeasuringEnd measureFrames(FrameStream& frames, qint64 firstNumber, PartCells& cells);

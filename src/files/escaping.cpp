@@ -107,6 +107,13 @@ QByteArray printableLines(const QByteArray& lines) {
     return pieces.join("\\x00");
 }
 
+QByteArray csvField(const QByteArray& bytes) {
+    bool needsQuotes = false;
+    for (const char special : {',', '"', '\r', '\n'})
+        needsQuotes = needsQuotes || bytes.contains(special);
+    return needsQuotes ? '"' + QByteArray(bytes).replace("\"", "\"\"") + '"' : bytes;
+}
+
 QByteArray escapedBytes(const QByteArray& bytes) {
     static const QByteArray kept = keptBytes();
     return bytes.toPercentEncoding(kept);

@@ -54,6 +54,9 @@ QString withoutMnemonics(QString text);
 /// without what steers, but with their line ends, and with backslashes as they are.
 QByteArray printableLines(const QByteArray& lines);
 
+/// A field of CSV as RFC 4180 has it: in quotes where there are separators or quotes in it.
+QByteArray csvField(const QByteArray& bytes);
+
 /// `bytes` in one line: control characters and the percent sign become "%0A" and the like.
 QByteArray escapedBytes(const QByteArray& bytes);
 

@@ -10,6 +10,7 @@
 
 #include <cerrno>
 #include <fcntl.h>
+#include <list>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -37,6 +38,9 @@ public:
     QString open();
     QString write(const QByteArray& bytes);
     QString commit();
+
+    /// While it is open.
+    QString besidePath() const { return QFile::decodeName(folderPath + '/' + temporary); }
 
 private:
     QString openBeside();
@@ -140,6 +144,34 @@ QString writeWholeFile(const QString& path, const QByteArray& bytes, FolderLink 
                        FileAccess access) {
     return writeWholeFile(
         path, [&](const PieceSink& sink) { sink(bytes); }, link, access);
+}
+
+QString writeWholeFiles(const QString& folder, const QVector<NamedBytes>& files) {
+    std::list<WholeFile> written;
+    const auto named = [](const NamedBytes& file, const QString& failure) {
+        return failure.isEmpty() ? QString() : file.name + QStringLiteral(": ") + failure;
+    };
+    QString failure;
+    for (int i = 0; i < files.size() && failure.isEmpty(); ++i) {
+        WholeFile& file = written.emplace_back(folder + '/' + files[i].name, FolderLink::Followed,
+                                               FileAccess::AsUsual);
+        failure = file.open();
+        if (failure.isEmpty())
+            failure = file.write(files[i].bytes);
+        failure = named(files[i], failure);
+    }
+    auto next = written.begin();
+    for (int i = 0; i < files.size() && failure.isEmpty(); ++i)
+        failure = named(files[i], (next++)->commit());
+    return failure;
+}
+
+QString replaceFile(const QString& path, const FileFiller& fill) {
+    WholeFile file(path, FolderLink::Followed, FileAccess::AsUsual);
+    QString failure = file.open();
+    if (failure.isEmpty())
+        failure = fill(file.besidePath());
+    return failure.isEmpty() ? file.commit() : failure;
 }
 
 bool writeAll(QIODevice& output, const QByteArray& bytes) {

@@ -7,6 +7,7 @@
 #include <QByteArray>
 #include <QFileDevice>
 #include <QString>
+#include <QVector>
 
 #include <functional>
 
@@ -36,6 +37,23 @@ QString writeWholeFile(const QString& path, const PieceWriter& writePieces,
 QString writeWholeFile(const QString& path, const QByteArray& bytes,
                        FolderLink link = FolderLink::Followed,
                        FileAccess access = FileAccess::AsUsual);
+
+/// A file's name in a folder, and what is in it.
+struct NamedBytes {
+    QString name;
+    QByteArray bytes;
+};
+
+/// The same for several files of a folder, which take their places in this order once all of them
+/// are on the disk: one for which there is no room leaves all older ones. The answer names it.
+QString writeWholeFiles(const QString& folder, const QVector<NamedBytes>& files);
+
+/// Fills the file at an absolute path; answers why it could not, for a person, or nothing.
+using FileFiller = std::function<QString(const QString& beside)>;
+
+/// The same for a file that `fill`, such as another program, writes by its path: it is there and
+/// empty.
+QString replaceFile(const QString& path, const FileFiller& fill);
 
 /// Writes all of `bytes` to `output`, which is open without a buffer. False if that failed;
 /// `output.errorString()` then says why.

@@ -36,6 +36,10 @@ qint64 sum(qint64 left, qint64 right) {
     return qint64(quint64(left) + quint64(right));
 }
 
+auto isIn(int state) {
+    return [state](const Video* video) { return video->state == state; };
+}
+
 class WorkerThread : public QThread {
 protected:
     /// Cut off anywhere, the thread could leave locks taken and lists torn that the end of the
@@ -115,15 +119,12 @@ void DetectionQueue::add(const QList<Video*>& jobs) {
 /// Nothing starts while the worker has not begun yet with the job that it was handed, nor while it
 /// has not let go of one that was cancelled: what waited behind that could no longer be withdrawn.
 void DetectionQueue::startNext() {
-    const auto isIn = [](int state) {
-        return [state](const Video* video) { return video->state == state; };
-    };
     if (heldVideo || std::any_of(videos.cbegin(), videos.cend(), isIn(Video::Running)))
         return;
-    const auto next = std::find_if(videos.cbegin(), videos.cend(), isIn(Video::Waiting));
-    if (next == videos.cend() || !hasWorker())
+    Video* nextVideo = next();
+    if (!nextVideo || !hasWorker())
         return;
-    heldVideo = *next;
+    heldVideo = nextVideo;
     heldVideo->numberOn(videos);
     heldVideo->moveToThread(workerThread.get());
     connect(heldVideo, SIGNAL(resultReady()), SLOT(letGo()));
@@ -162,6 +163,13 @@ void DetectionQueue::letGo() {
     heldVideo = nullptr;
     startNext();
     Q_EMIT letGoOfJob();
+}
+
+Video* DetectionQueue::next() const {
+    if (chooser)
+        return chooser(videos);
+    const auto first = std::find_if(videos.cbegin(), videos.cend(), isIn(Video::Waiting));
+    return first == videos.cend() ? nullptr : *first;
 }
 
 bool DetectionQueue::hasWorker() {

@@ -7,6 +7,7 @@
 #include <QList>
 #include <QObject>
 
+#include <functional>
 #include <memory>
 
 class QThread;
@@ -28,7 +29,8 @@ struct BatchProgress {
 /// all have ended: the batch is then emptied.
 BatchProgress updateBatch(const QList<Video*>& videos, QList<Video*>& batch);
 
-/// The jobs that were accepted. They run one after the other, in their order, on one worker thread.
+/// The jobs that were accepted. They run one after the other, in their order unless somebody
+/// chooses among those that wait, on one worker thread.
 ///
 /// A job stays in the queue, whatever becomes of it, and lives as long as the queue. GUI thread
 /// only.
@@ -60,7 +62,13 @@ public:
     /// Owns these jobs from now on. Who wants their clips connects to them before.
     void add(const QList<Video*>& jobs);
 
-    /// Starts the first job that waits, unless one runs. Where the system had no thread to give
+    /// Says which of the jobs comes next, of which none runs: one that waits; null if none does.
+    using Chooser = std::function<Video*(const QList<Video*>& jobs)>;
+
+    /// Has it asked from now on; empty: the first that waits comes next.
+    void setChooser(const Chooser& asked) { chooser = asked; }
+
+    /// Starts the next job that waits, unless one runs. Where the system had no thread to give
     /// before, it is asked once more.
     void startNext();
 
@@ -100,11 +108,13 @@ private Q_SLOTS:
     void letGo();
 
 private:
+    Video* next() const;
     bool hasWorker();
     bool endWorker();
     void abandonWorker();
 
-    QList<Video*> videos;                  ///< in the order of acceptance; owned
+    QList<Video*> videos; ///< in the order of acceptance; owned
+    Chooser chooser;
     QList<Video*> progressVideos;          ///< the jobs that count in `progress`
     std::unique_ptr<QThread> workerThread; ///< null once it is given up
     Video* heldVideo = nullptr;            ///< by the worker: handed over, its end not yet heard

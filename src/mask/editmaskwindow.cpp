@@ -7,6 +7,7 @@
 #include "applicationicon.h"
 #include "joboptions.h"
 #include "screenfit.h"
+#include "startoffer.h"
 #include "ui_editmaskwindow.h"
 #include "video.h"
 
@@ -37,6 +38,8 @@ EditMaskWindow::EditMaskWindow(QWidget* parent)
     setWindowIcon(applicationIcon());
     new ScreenFit(*this);
     options = std::make_unique<JobOptions>(*ui);
+    startOffer = new StartOffer(*ui->dateTimeEdit, *ui->layoutTimestamps);
+    setTabOrder(ui->dateTimeEdit, startOffer);
     on_checkBoxExportTimestamp_clicked();
     connect(ui->maskEditor, SIGNAL(roiUpdated()), this, SLOT(roiUpdated()));
     ui->pushButtonClear->setEnabled(ui->maskEditor->hasRoi());
@@ -138,6 +141,7 @@ void EditMaskWindow::on_checkBoxExportTimestamp_clicked() {
     const bool isExporting = ui->checkBoxExportTimestamp->isChecked();
     ui->labelExportTimestamps->setEnabled(isExporting);
     ui->dateTimeEdit->setEnabled(isExporting);
+    startOffer->setEnabled(isExporting);
 }
 
 void EditMaskWindow::roiUpdated() {
@@ -149,6 +153,7 @@ void EditMaskWindow::roiUpdated() {
 void EditMaskWindow::showPicture(const QImage& picture) {
     ui->maskEditor->setImage(picture);
     ui->labelInfo->setText(pendingFiles.current());
+    startOffer->lookAt(pendingFiles.current());
     showPosition();
     showOldRegion();
     bringToFront();
@@ -173,8 +178,10 @@ void EditMaskWindow::showOldRegion() {
 
 /// While a search goes on nothing is on show: what would act on it is disabled.
 void EditMaskWindow::setSearching(bool isSearching) {
-    if (isSearching)
+    if (isSearching) {
         ui->maskEditor->setImage(QImage());
+        startOffer->forget();
+    }
     const std::initializer_list<QWidget*> parts = {ui->labelInfo, ui->maskEditor, ui->pushButtonAdd,
                                                    ui->pushButtonAddAll, ui->pushButtonCancel};
     for (QWidget* part : parts)

@@ -16,6 +16,7 @@
 #include <memory>
 
 class JobOptions;
+class StartOffer;
 class Video;
 
 namespace Ui {
@@ -92,6 +93,7 @@ private:
 
     std::unique_ptr<Ui::EditMaskWindow> ui;
     std::unique_ptr<JobOptions> options;
+    StartOffer* startOffer; ///< beside the field for the start
     PendingFiles pendingFiles;
     QString regionFile; ///< on which the region was drawn last
     LeftOutFiles leftOutFiles;

@@ -5,7 +5,7 @@
 #include "motionstripwidget.h"
 
 #include "clocktext.h"
-#include "stripdrawing.h"
+#include "stripparts.h"
 
 #include <QKeyEvent>
 #include <QLocale>

@@ -44,6 +44,7 @@ RecordingsDock::RecordingsDock(DetectionQueue& queue, QWidget* parent)
     connect(model, SIGNAL(changed()), SLOT(showTotals()));
     connect(panel, SIGNAL(restAsked()), SIGNAL(restAsked()));
     connect(panel, SIGNAL(reportAsked()), SIGNAL(reportAsked()));
+    connect(panel, SIGNAL(likeliestFirstAsked(bool)), SIGNAL(likeliestFirstAsked(bool)));
     connect(table, SIGNAL(entered()), SLOT(enter()));
     connect(table, SIGNAL(menuAsked(QPoint)), SLOT(showMenu(QPoint)));
     connect(table->selectionModel(), SIGNAL(currentRowChanged(QModelIndex, QModelIndex)),

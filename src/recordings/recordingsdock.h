@@ -64,6 +64,9 @@ Q_SIGNALS:
     void restAsked(); ///< what was cancelled is to be searched after all
     void reportAsked();
 
+    /// Whether the likeliest of those that wait is to be searched next.
+    void likeliestFirstAsked(bool isOn);
+
 protected:
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;

@@ -93,6 +93,7 @@ void RecordingsPanel::fillMenu() {
     menu.clear();
     addSorting(*menu.addMenu(tr("Sort by")));
     addKeeping(*menu.addMenu(tr("Keep measured values")));
+    addLikeliestFirst(menu);
 }
 
 void RecordingsPanel::sortByAction() {
@@ -104,6 +105,12 @@ void RecordingsPanel::keepByAction() {
     QSettings store;
     if (const auto* action = qobject_cast<QAction*>(sender()))
         settings::keptValues.write(store, action->data().toInt());
+}
+
+void RecordingsPanel::chooseLikeliestFirst(bool isOn) {
+    QSettings store;
+    settings::likeliestFirst.write(store, isOn);
+    Q_EMIT likeliestFirstAsked(isOn);
 }
 
 void RecordingsPanel::addFilterLine() {
@@ -167,4 +174,15 @@ void RecordingsPanel::addKeeping(QMenu& menu) {
                   megabytes, kept == megabytes);
     for (QAction* action : group->actions())
         connect(action, SIGNAL(triggered()), SLOT(keepByAction()));
+}
+
+void RecordingsPanel::addLikeliestFirst(QMenu& menu) {
+    QAction* action = menu.addAction(tr("Search the likeliest first"));
+    action->setObjectName(QStringLiteral("actionLikeliestFirst"));
+    action->setToolTip(tr("Of the recordings that wait, the one is searched next whose packet "
+                          "sizes promise motion most; the rows stay in their order"));
+    action->setCheckable(true);
+    action->setChecked(settings::likeliestFirst.read(QSettings()));
+    connect(action, SIGNAL(toggled(bool)), SLOT(chooseLikeliestFirst(bool)));
+    menu.setToolTipsVisible(true);
 }

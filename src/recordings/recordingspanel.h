@@ -32,6 +32,7 @@ public:
 Q_SIGNALS:
     void restAsked();
     void reportAsked();
+    void likeliestFirstAsked(bool isOn);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -40,12 +41,14 @@ private Q_SLOTS:
     void fillMenu();
     void sortByAction();
     void keepByAction();
+    void chooseLikeliestFirst(bool isOn);
 
 private:
     void addFilterLine();
     void addButtons();
     void addSorting(QMenu& menu);
     void addKeeping(QMenu& menu);
+    void addLikeliestFirst(QMenu& menu);
 
     QLineEdit* filterLine;
     QComboBox* shown;

@@ -20,6 +20,11 @@ QByteArray isolatedText(const QString& text, const QByteArray& htmlClass) {
     return start + htmlText(text) + "</bdi>";
 }
 
+QByteArray pathText(const QString& path) {
+    const int fileName = path.lastIndexOf('/') + 1;
+    return isolatedText(path.left(fileName), "folder") + "<wbr>" + isolatedText(path.mid(fileName));
+}
+
 QByteArray fileReference(const QString& path, const QString& folder) {
     const QString inside = folder.endsWith('/') ? folder : folder + '/';
     return path.startsWith(inside) ? encodedPath(path.mid(inside.size())) : encodedFileUrl(path);

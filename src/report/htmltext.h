@@ -16,6 +16,9 @@ QByteArray htmlText(const QString& text);
 /// `htmlClass`: of the element; empty: none.
 QByteArray isolatedText(const QString& text, const QByteArray& htmlClass = {});
 
+/// A path as two elements, since the folder is less telling than the name in it.
+QByteArray pathText(const QString& path);
+
 /// The reference to a file, encoded (encodedPath): relative to `folder`, if it lies in there, or a
 /// "file:" URL. Both paths are absolute.
 QByteArray fileReference(const QString& path, const QString& folder);

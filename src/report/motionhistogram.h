@@ -23,6 +23,9 @@ public:
     /// first picture. It counts for the time since the last one; none where times run backwards.
     void add(double time, float value);
 
+    /// What lies before `time` was not looked at and counts for no value.
+    void leaveOut(double time) { last = time > last ? time : last; }
+
     /// Adds the times of another recording.
     void add(const MotionHistogram& other);
 

@@ -6,10 +6,12 @@
 
 #include "cellbits.h"
 #include "motionhistogram.h"
+#include "motionmap.h"
 #include "motionscore.h"
 #include "motionstrip.h"
+#include "recordingstart.h"
 
-#include <QDateTime>
+#include <QRectF>
 #include <QSize>
 #include <QString>
 #include <QVector>
@@ -21,16 +23,26 @@ inline float shownMotion(MotionScore motion) {
     return motion.value;
 }
 
+/// What of a clip lies in one of several recordings. Times in seconds from its first picture.
+struct ReportedPart {
+    int recording = 0; ///< its place in the report
+    double start = 0.0;
+    double end = 0.0;
+    double offset = 0.0; ///< seconds from the clip's own recording's first picture to this one's
+};
+
 /// A clip as the report shows it. Times in seconds from the recording's first picture.
 struct ReportedClip {
     int index = 0; ///< 0 for the first clip of its recording
     double start = 0.0;
     double end = 0.0;
     double snapshotTime = 0.0;
-    MotionScore strength; ///< of its strongest motion
-    QString pictureFile;  ///< in the report's folder, with `/` between; empty: none
-    QSize pictureSize;    ///< pixels
-    QString exportFile;   ///< absolute; empty: not exported
+    MotionScore strength;        ///< of its strongest motion
+    QString pictureFile;         ///< in the report's folder, with `/` between; empty: none
+    QSize pictureSize;           ///< pixels
+    QString exportFile;          ///< absolute; empty: not exported
+    QVector<ReportedPart> parts; ///< of one that goes on, its own recording first; empty: none
+    QRectF box;                  ///< of its motion, in shares of the picture; empty: not known
 };
 
 /// How the search of a recording went.
@@ -52,6 +64,9 @@ struct ReportedRestless {
 struct ReportedRecording {
     QString name;        ///< as it was named
     QString path;        ///< absolute
+    qint64 bytes = 0;    ///< its size; 0: it is no file
+    qint64 modified = 0; ///< when it was, in milliseconds since 1970
+    RecordingStart start;
     double offset = 0.0; ///< seconds from the file's beginning to its first picture
     double seconds = 0.0;
     bool isQuick = false; ///< found out by its key frames alone
@@ -61,9 +76,17 @@ struct ReportedRecording {
     ReportedRestless restless;
     MotionStrip strip;
     MotionHistogram histogram;
+    MotionMap map; ///< without places: no maps of cells were kept
     QVector<ReportedClip> clips;
 
+    /// What the clock shows at `time`; invalid where its start is not known.
+    QDateTime clockAt(double time) const;
+
+    /// What a person reads of `time`: of the clock, if its start is known.
+    QString timeText(double time) const;
+
     void add(double time, MotionScore motion); ///< of a picture (MotionStrip::add)
+    void leaveOut(double time); ///< from its newest picture on that was not looked at
 };
 
 /// Everything that a report shows.
@@ -71,7 +94,6 @@ struct MotionReport {
     QString folder; ///< absolute; files in it are named from there
     Detector detector = Detector::Mean;
     double threshold = 0.5;
-    QDateTime startTime; ///< of each first picture; invalid: not known
     std::vector<ReportedRecording> recordings;
 
     /// What stands behind motion values: of the mean nothing, of cells that they are percent.

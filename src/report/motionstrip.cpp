@@ -9,25 +9,38 @@
 
 namespace {
 
-constexpr float noPicture = -1.0F;
+// Where columns are joined the greater one counts.
+constexpr float noPicture = -2.0F;
+constexpr float notLookedAt = -1.0F;
 
 } // namespace
 
 void MotionStrip::add(double time, float value) {
     if (!std::isfinite(time))
         return;
+    growTo(time, noPicture);
+    const int column = int(std::max(time, 0.0) / seconds);
+    maxima[column] = std::max(maxima[column], value);
+}
+
+void MotionStrip::leaveOut(double time) {
+    if (std::isfinite(time) && time > 0.0)
+        growTo(time, notLookedAt);
+}
+
+/// New columns have that value, up to the one in which `time` lies.
+void MotionStrip::growTo(double time, float value) {
     while (time / seconds >= mostColumns)
         joinNeighbours();
     const int column = int(std::max(time, 0.0) / seconds);
     while (maxima.size() <= column)
-        maxima.append(noPicture);
-    maxima[column] = std::max(maxima[column], value);
+        maxima.append(value);
 }
 
 QVector<float> MotionStrip::columns() const {
     QVector<float> columns = maxima;
     for (int i = columns.size() - 2; i >= 0; --i) {
-        if (columns[i] < 0.0F)
+        if (columns[i] == noPicture)
             columns[i] = columns[i + 1];
     }
     return columns;
@@ -35,7 +48,7 @@ QVector<float> MotionStrip::columns() const {
 
 float MotionStrip::greatest() const {
     const auto found = std::max_element(maxima.cbegin(), maxima.cend());
-    return found == maxima.cend() ? 0.0F : *found;
+    return found == maxima.cend() ? 0.0F : std::max(*found, 0.0F);
 }
 
 void MotionStrip::joinNeighbours() {

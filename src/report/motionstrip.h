@@ -22,9 +22,13 @@ public:
     /// are left out.
     void add(double time, float value);
 
+    /// What lies between the newest picture and `time`, in the same seconds, was not looked at.
+    void leaveOut(double time);
+
     /// The greatest value of each column, from the first picture to the newest; column i holds the
     /// times from i * columnSeconds() on. A column into which no picture falls has the value
-    /// measured across it, that of the next column with a picture.
+    /// measured across it, that of the next column with a picture; one of which nothing was looked
+    /// at is negative.
     QVector<float> columns() const;
 
     double columnSeconds() const { return seconds; }
@@ -32,8 +36,9 @@ public:
     float greatest() const; ///< the greatest value of all; 0 without any
 
 private:
+    void growTo(double time, float value);
     void joinNeighbours();
 
     double seconds = shortestColumn;
-    QVector<float> maxima; ///< negative where there is no picture
+    QVector<float> maxima; ///< negative where there is no picture, or nothing was looked at
 };

@@ -4,17 +4,18 @@
 
 #pragma once
 
-#include "motionreport.h"
+#include "reportstrips.h"
 
 #include <QByteArray>
 
-/// The section of a recording of `report`, at `index` there: its strip, up to `top` (stripTop), and
-/// its clips.
+/// The section of a recording of `report` that is on no clock: its strip,
+/// and its clips. `id`: in the page.
 QByteArray recordingSection(const ReportedRecording& recording, const MotionReport& report,
-                            int index, double top);
+                            const QByteArray& id, const ReportStrips& strips);
 
-/// The identifier of that section in the page.
-QByteArray sectionId(int index);
+/// How long a recording is, its clips, and when it began, as far as that is known.
+QByteArray recordingFacts(const ReportedRecording& recording);
 
-/// Whether it has one; the others are listed at the end.
-bool hasSection(const ReportedRecording& recording);
+/// Its strip alone, where a threshold can be drawn.
+QByteArray stripBox(const ReportedRecording& recording, const MotionReport& report,
+                    const ReportStrips& strips);

@@ -37,7 +37,10 @@ QString clockLabel(const QDateTime& time, qint64 step) {
 double firstMark(double from, const QDateTime& startTime, qint64 step) {
     const qint64 round = step * 1000;
     const auto begin = qint64(std::ceil(from * 1000.0));
-    const qint64 at = (startTime.isValid() ? startTime.toMSecsSinceEpoch() : 0) + begin;
+    const qint64 clock = startTime.isValid() ? startTime.toMSecsSinceEpoch() +
+                                                   qint64(startTime.offsetFromUtc()) * 1000
+                                             : 0;
+    const qint64 at = clock + begin;
     const qint64 past = (at % round + round) % round;
     return double(begin + (past == 0 ? 0 : round - past)) / 1000.0;
 }

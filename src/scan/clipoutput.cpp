@@ -15,13 +15,13 @@ ClipOutput::ClipOutput(Recording& recording, const ScanOptions& options, ScanOut
     , outputs(outputs)
     , exporter(recording, options.exporting, outputs.folders, isEnding) {}
 
-void ClipOutput::write(ClipLine& found) {
+bool ClipOutput::make(ClipLine& found) {
     if (!options.snapshotDirectory.isEmpty())
         found.snapshotFile = writeSnapshot(found.clip);
     exportClip(found);
     if (outputs.report)
         showInReport(found);
-    print(outputs.format.clip(found));
+    return areAllWritten;
 }
 
 void ClipOutput::exportClip(ClipLine& found) {
@@ -51,8 +51,10 @@ void ClipOutput::print(const QByteArray& lines) {
     recording.clips->write(lines);
 }
 
-/// One that cannot be scaled is the recording's own doing.
+/// One that cannot be scaled is the recording's own doing. An interrupted scan makes none any more.
 void ClipOutput::tellOfMissingPicture(const DetectedClip& clip) {
+    if (isEnding())
+        return;
     if (clip.snapshotFlaw.isEmpty())
         outputs.messages.warn(recording.video, QStringLiteral("its pictures cannot be scaled"));
     else

@@ -16,8 +16,9 @@ public:
     /// Exports its clips.
     ClipExport& exports() { return exporter; }
 
-    /// Does with a clip whatever is asked for, and fills in what became of it.
-    void write(ClipLine& found);
+    /// Writes all that is asked for of a clip but its line, and fills in what became of it. False
+    /// if something failed.
+    bool make(ClipLine& found);
 
     void print(const QByteArray& lines); ///< on standard output
 

@@ -16,13 +16,17 @@ double largestGap(const Measurement& measurement) {
     return gap;
 }
 
+/// To go on behind so short a gap, its packets would have to be read twice.
+double shortestBetween(const Measurement& quick) {
+    return 2.0 * largestGap(quick);
+}
+
 QVector<TimeRange> rangesToRefine(const Measurement& quick, const SegmentationOptions& segmentation,
                                   const TimeRange& range) {
     const double gap = largestGap(quick);
     const double margin =
         gap + segmentation.prerecord + segmentation.postrecord + segmentation.minimum;
-    // To go on behind so short a gap, its packets would have to be read twice.
-    const double shortest = 2.0 * gap;
+    const double shortest = shortestBetween(quick);
     QVector<TimeRange> ranges;
     for (const DetectedClip& clip : clipsOf(quick, segmentation)) {
         const TimeRange searched{std::max(clip.start - margin, range.from),
@@ -33,4 +37,41 @@ QVector<TimeRange> rangesToRefine(const Measurement& quick, const SegmentationOp
             ranges.append(searched);
     }
     return ranges;
+}
+
+QVector<TimeRange> likeliestRanges(const ScoutedRecording& scouted) {
+    constexpr double mostOf = 0.05; // of its length
+    QVector<double> begins;
+    double end = 0.0;
+    for (const double seconds : scouted.partSeconds) {
+        begins.append(end);
+        end += seconds;
+    }
+    QVector<TimeRange> ranges;
+    double taken = 0.0;
+    for (const int part : promisingOrder(scouted.promises)) {
+        if (taken >= mostOf * end)
+            break;
+        taken += scouted.partSeconds[part];
+        ranges.append({begins[part], begins[part] + scouted.partSeconds[part]});
+    }
+    return joinedRanges(ranges, {}, 0.0, TimeRange());
+}
+
+QVector<TimeRange> joinedRanges(const QVector<TimeRange>& ranges, const QVector<TimeRange>& others,
+                                double shortest, const TimeRange& range) {
+    QVector<TimeRange> all = ranges + others;
+    std::sort(all.begin(), all.end(),
+              [](const TimeRange& left, const TimeRange& right) { return left.from < right.from; });
+    QVector<TimeRange> joined;
+    for (const TimeRange& one : all) {
+        const TimeRange inside{std::max(one.from, range.from), std::min(one.to, range.to)};
+        if (inside.from >= inside.to)
+            continue;
+        if (!joined.isEmpty() && inside.from <= joined.last().to + shortest)
+            joined.last().to = std::max(joined.last().to, inside.to);
+        else
+            joined.append(inside);
+    }
+    return joined;
 }

@@ -6,6 +6,7 @@
 
 #include "keptdetection.h"
 #include "measurement.h"
+#include "scouting.h"
 #include "timerange.h"
 
 #include <QVector>
@@ -15,6 +16,18 @@
 /// `segmentation` needs, inside `range`. In order; what overlaps or all but meets is one.
 QVector<TimeRange> rangesToRefine(const Measurement& quick, const SegmentationOptions& segmentation,
                                   const TimeRange& range);
+
+/// The likeliest parts of a recording that was scouted, a twentieth of its length and a part more
+/// at the most, in order; none where its packets promise nothing.
+QVector<TimeRange> likeliestRanges(const ScoutedRecording& scouted);
+
+/// All that lie in `ranges` or `others`, inside `range`, in order. What overlaps, or has less than
+/// `shortest` seconds between it, is one.
+QVector<TimeRange> joinedRanges(const QVector<TimeRange>& ranges, const QVector<TimeRange>& others,
+                                double shortest, const TimeRange& range);
+
+/// What has to lie between two ranges for each to be searched by itself, in seconds.
+double shortestBetween(const Measurement& quick);
 
 /// Seconds between two pictures of a measurement, the most that there are.
 double largestGap(const Measurement& measurement);

@@ -50,14 +50,16 @@ Grants grantsOf(const ScanOptions& options, const std::vector<Recording>& record
     Grants grants;
     grants.readable =
         options.inputs.places + recordingsOfValues(recordings) + mapsOfValues(recordings);
-    for (const QString& folder :
-         {options.snapshotDirectory, options.reportDirectory, options.exporting.directory}) {
+    for (const QString& folder : {options.snapshotDirectory, options.reportDirectory,
+                                  options.exporting.directory, options.camtrap.directory}) {
         if (!folder.isEmpty())
             grants.writable += folder;
     }
     if (!options.valuesDirectory.isEmpty())
         grantValues(options.valuesDirectory, grants);
-    if (!options.exporting.directory.isEmpty())
+    if (!options.recap.file.isEmpty())
+        grants.writable += QFileInfo(options.recap.file).absolutePath();
+    if (!options.exporting.directory.isEmpty() || !options.recap.file.isEmpty())
         grants.programs += encoderPath();
     return grants;
 }
@@ -66,7 +68,7 @@ Grants grantsOf(const ScanOptions& options, const std::vector<Recording>& record
 
 void confine(const ScanOptions& options, const std::vector<Recording>& recordings) {
     const bool areCellsAsked = options.detection.detector == Detector::Cells;
-    if (areCellsAsked || options.detection.areMapsKept)
+    if (areCellsAsked || options.detection.areMapsKept || options.selection.isOfAll())
         AsideFile::instance().open(); // later on it could not be made
     const Confinement confinement(grantsOf(options, recordings));
     const int error = confinement.apply();

@@ -4,25 +4,30 @@
 
 #include "scanner.h"
 
+#include "camtrapformat.h"
 #include "foldercheck.h"
 #include "interrupt.h"
 #include "logging.h"
 #include "partscan.h"
+#include "promisingnames.h"
+#include "promisingsearch.h"
+#include "recap.h"
+#include "recordingclock.h"
 #include "recordingscan.h"
 #include "reportfolder.h"
+#include "sidebyside.h"
 #include "snapshotfolder.h"
 #include "tracefile.h"
 #include "writing.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QLocale>
 #include <QThread>
 
 #include <algorithm>
 #include <atomic>
-#include <functional>
 #include <new>
-#include <thread>
 #include <vector>
 
 namespace {
@@ -35,30 +40,21 @@ ScanOptions withSharedThreads(ScanOptions options) {
     return options;
 }
 
-/// Does `work` on up to `count` threads, this one among them: as many as can be had.
-void runOnThreads(int count, const std::function<void()>& work) {
-    std::vector<std::thread> threads;
-    try {
-        while (int(threads.size()) < count - 1)
-            threads.emplace_back(work);
-    } catch (const std::exception&) {
-        // No thread or no memory for one. The others and this one do all of it.
-    }
-    work();
-    for (std::thread& thread : threads)
-        thread.join();
-}
-
 /// One recording, or the part of it that is asked for.
-ExitStatus scanOne(Recording& recording, const ScanOptions& options, ScanOutputs& outputs) {
+ExitStatus scanOne(Recording& recording, const ScanOptions& options, ScanOutputs& outputs,
+                   MeasuredAhead& ahead) {
     if (options.part)
         return scanPart(recording, options, outputs);
-    return RecordingScan(recording, options, outputs).run();
+    lookForStart(recording, options.clock, outputs.messages, isEnding);
+    return RecordingScan(recording, options, outputs, std::move(ahead)).run();
 }
 
 /// Whether a recording could be measured and kept, and is not; also where memory is short to tell.
+/// Of most of a large archive nothing is kept, and nothing of them is read.
 bool isUnmeasured(const ValuesStore& values, Recording& recording) {
     try {
+        if (!values.mayBeKept(recording))
+            return QFileInfo(recording.path).isFile();
         const ValuesStore::Found found = values.find(recording);
         return recording.stamp && !found.values;
     } catch (const std::bad_alloc&) {
@@ -76,13 +72,15 @@ QStringList unmeasured(const ScanOptions& options, Messages& messages) {
         for (std::size_t i = next++; i < recordings.size(); i = next++)
             areMissing[i] = isUnmeasured(values, recordings[i]);
     };
-    runOnThreads(std::min(options.jobs, options.inputs.videos.size()), work);
+    const bool areJobsGiven = options.givenOptions.contains(QStringLiteral("jobs"));
+    const int threads = areJobsGiven ? options.jobs : QThread::idealThreadCount();
+    runSideBySide(std::min(threads, options.inputs.videos.size()), work);
     QStringList names;
     for (int i = 0; i < options.inputs.videos.size(); ++i) {
         if (areMissing[std::size_t(i)])
             names += options.inputs.videos[i];
     }
-    return names;
+    return options.isPromisingFirst ? promisingNames(names, options, threads) : names;
 }
 
 /// Why something was thrown, for a person. Inside a `catch` alone.
@@ -97,25 +95,29 @@ QString thrownText() {
 }
 
 /// The same as `scanOne`; nothing leaves the thread that it is done on.
-ExitStatus scanOneOrFail(Recording& recording, const ScanOptions& options, ScanOutputs& outputs) {
+ExitStatus scanOneOrFail(Recording& recording, const ScanOptions& options, ScanOutputs& outputs,
+                         MeasuredAhead& ahead) {
     try {
-        return scanOne(recording, options, outputs);
+        return scanOne(recording, options, outputs, ahead);
     } catch (const std::exception&) {
         outputs.messages.complain(recording.video, thrownText());
     }
     return SomeFailed;
 }
 
-/// Scans all recordings, `options.jobs` at a time; AllDone if nothing went wrong with any.
+/// Scans all recordings, `options.jobs` at a time; AllDone if nothing went wrong with any. `ahead`:
+/// what is known of each.
 ExitStatus scanAll(std::vector<Recording>& recordings, const ScanOptions& options,
-                   ScanOutputs& outputs) {
+                   ScanOutputs& outputs, std::vector<MeasuredAhead>& ahead) {
     std::atomic<std::size_t> next{0};
     std::atomic<bool> hasFailed{false};
     std::atomic<bool> isUnreadable{false};
     const auto work = [&] {
         std::size_t i = 0;
-        while (!isEnding() && (i = next++) < recordings.size()) {
-            const ExitStatus end = scanOneOrFail(recordings[i], options, outputs);
+        while ((i = next++) < recordings.size()) {
+            if (isEnding() && !ahead[i].isThere())
+                continue;
+            const ExitStatus end = scanOneOrFail(recordings[i], options, outputs, ahead[i]);
             if (end == SomeFailed)
                 hasFailed = true;
             else if (end == SomeUnreadable)
@@ -125,10 +127,18 @@ ExitStatus scanAll(std::vector<Recording>& recordings, const ScanOptions& option
                 recordings[i].trace->finish();
         }
     };
-    runOnThreads(options.jobs, work);
+    runSideBySide(options.jobs, work);
     if (hasFailed)
         return SomeFailed;
     return isUnreadable ? SomeUnreadable : AllDone;
+}
+
+/// What a search of all recordings by likelihood finds out.
+std::vector<MeasuredAhead> measuredAhead(std::vector<Recording>& recordings,
+                                         const PromisingTools& tools) {
+    PromisingSearch search(recordings, tools);
+    search.run();
+    return search.take();
 }
 
 /// True if nothing that was to be found is missing.
@@ -158,6 +168,13 @@ void nameOutputs(std::vector<Recording>& recordings, const ScanOptions& options,
     }
 }
 
+bool isRecapReady(const QString& file, Messages& messages) {
+    const QString flaw = file.isEmpty() ? QString() : recapFlaw(file);
+    if (!flaw.isEmpty())
+        messages.complain(file, QStringLiteral("cannot write the recap: ") + flaw);
+    return flaw.isEmpty();
+}
+
 bool prepareFolders(const ScanOptions& options, Messages& messages) {
     const auto isReady = [&](const QString& folder, FolderLink link) {
         const QString failure = folder.isEmpty() ? QString() : prepareFolder(folder, link);
@@ -173,7 +190,9 @@ bool prepareFolders(const ScanOptions& options, Messages& messages) {
     return isReady(values, FolderLink::Followed) &&
            isReady(options.snapshotDirectory, FolderLink::Followed) &&
            isReady(options.exporting.directory, FolderLink::Followed) &&
-           isReady(report, FolderLink::Followed) && isReady(pictures, FolderLink::Refused);
+           isReady(options.camtrap.directory, FolderLink::Followed) &&
+           isReady(report, FolderLink::Followed) && isReady(pictures, FolderLink::Refused) &&
+           isRecapReady(options.recap.file, messages);
 }
 
 /// Writes the report if one is wanted.
@@ -194,12 +213,39 @@ void tellOfIdle(const ScanOptions& options, Messages& messages) {
                                      "--sensitivity instead"));
 }
 
+/// Tells of the clips that count, once all recordings are searched. False if something of them
+/// could not be written.
+bool tellChosen(ClipChoice& choice, OrderedOutput::Section& section, ScanOutputs& outputs) {
+    int told = 0;
+    const bool isMade = choice.finish([&](const ClipLine& line) {
+        outputs.messages.makeRoom();
+        section.write(outputs.format.clip(line));
+        if (outputs.recap)
+            outputs.recap->add(line);
+        ++told;
+    });
+    section.finish();
+    const int found = outputs.totals.progress().clips;
+    if (told < found)
+        outputs.messages.note(QStringLiteral("clips listed: %1 of %2").arg(told).arg(found));
+    return isMade;
+}
+
 /// Opens the trace if one is wanted.
 bool openTrace(QFile& file, Messages& messages) {
     const QString failure = file.fileName().isEmpty() ? QString() : openTraceFile(file);
     if (!failure.isEmpty())
         messages.complain(file.fileName(), failure);
     return failure.isEmpty();
+}
+
+std::unique_ptr<ClipFormat> formatOf(const ScanOptions& options, ClipCalls calls) {
+    if (options.format == ReportFormat::CamtrapDp)
+        return makeCamtrapFormat(options.camtrap);
+    return makeClipFormat(options.format,
+                          {!options.exporting.directory.isEmpty(), options.clock.areTold,
+                           options.continuing.has_value()},
+                          calls);
 }
 
 /// Has Qt make what it makes at its first use, before there are threads: where that fails in the
@@ -213,7 +259,8 @@ void prepareLibraries() {
 
 } // namespace
 
-ExitStatus scan(const ScanOptions& asked, QIODevice& output, const Prepared& prepared) {
+ExitStatus scan(const ScanOptions& asked, QIODevice& output, const Prepared& prepared,
+                const Road& continued) {
     prepareLibraries();
     const ScanOptions options = withSharedThreads(asked);
     std::vector<Recording> recordings = recordingsOf(options.inputs.videos);
@@ -236,21 +283,44 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output, const Prepared& pre
     };
     OrderedOutput trace(traceFile, traceFailed);
 
-    const auto format = makeClipFormat(options.format, !options.exporting.directory.isEmpty());
+    std::optional<ClipChoice> choice;
+    if (options.selection.isOfAll())
+        choice.emplace(options.selection);
+    const auto format = formatOf(options, choice ? ClipCalls::InOrder : ClipCalls::AnyRecording);
     ClipFolders folders(options.exporting.directory);
     OrderedOutput::Section& header = clips.add();
+    OrderedOutput::Section& chosen = clips.add(); // empty where each is told of when it is found
     nameOutputs(recordings, options, clips, traceFile.isOpen() ? &trace : nullptr, folders);
     OrderedOutput::Section& footer = clips.add();
     Totals totals(recordings);
     std::optional<ScanReport> report;
     if (!options.reportDirectory.isEmpty())
         report.emplace(options, recordings);
+    giveStart(recordings, options.clock, options.continuing.has_value(), messages);
     const ValuesStore values(options, messages);
-    ScanOutputs outputs{*format, folders, report ? &*report : nullptr, messages, totals, values};
+    RecapClips recap;
+    SearchBudget budget(options.limit);
+    ScanOutputs outputs{*format,
+                        folders,
+                        report ? &*report : nullptr,
+                        choice ? &*choice : nullptr,
+                        options.recap.file.isEmpty() ? nullptr : &recap,
+                        messages,
+                        totals,
+                        values,
+                        budget};
     header.write(format->header());
-    header.finish();
     const bool isFound = complain(options.inputs.complaints, messages);
-    const ExitStatus scanned = scanAll(recordings, options, outputs);
+    std::vector<MeasuredAhead> ahead(recordings.size());
+    if (options.isPromisingFirst)
+        ahead = measuredAhead(recordings,
+                              {options, values, messages, *format, header, budget, isEnding});
+    header.finish();
+    if (!choice)
+        chosen.finish();
+    const ExitStatus scanned = options.continuing ? continued(recordings, options, outputs)
+                                                  : scanAll(recordings, options, outputs, ahead);
+    const bool isChosen = !choice || tellChosen(*choice, chosen, outputs);
     for (const Recording& recording : recordings) // of which an interrupted call has not begun all
         recording.clips->finish();
     footer.write(format->footer());
@@ -258,13 +328,21 @@ ExitStatus scan(const ScanOptions& asked, QIODevice& output, const Prepared& pre
     const QString syncFailure = traceFile.isOpen() && isWritten ? syncToDisk(traceFile) : QString();
     if (!syncFailure.isEmpty())
         traceFailed(syncFailure);
+    const bool isSaved = format->save(messages);
     const bool isReported = writeReport(report, messages);
+    const bool isRecapped =
+        !outputs.recap || isEnding() ||
+        writeRecap(recap.inOrder(choice ? ClipCalls::InOrder : ClipCalls::AnyRecording),
+                   options.recap, messages, isEnding);
     if (isInterrupted())
         return Interrupted;
-    return isFound && isWritten && isReported ? scanned : SomeFailed;
+    const bool isDone = isWritten && isChosen && isSaved && isReported && isRecapped;
+    return isFound && isDone ? scanned : SomeFailed;
 }
 
-ExitStatus printNames(const ScanOptions& options, QIODevice& output) {
+ExitStatus printNames(const ScanOptions& options, QIODevice& output, const Prepared& prepared) {
+    if (options.isMissingAsked && options.isPromisingFirst) // their packets are read
+        prepared(options, recordingsOf(options.inputs.videos));
     Messages messages(options.quiet);
     const bool isFound = complain(options.inputs.complaints, messages);
     if (options.format != ReportFormat::Text)

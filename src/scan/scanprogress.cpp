@@ -7,10 +7,14 @@
 #include "interrupt.h"
 
 bool ScanProgress::isCancelled() {
-    return isEnding();
+    return isEnding() || outputs.budget.isSpent();
 }
 
 void ScanProgress::positionChanged(qint64 bytePosition, bool) {
+    if (recording.bytes > 0 && bytePosition > farthest) {
+        outputs.budget.add(seconds * double(bytePosition - farthest) / double(recording.bytes));
+        farthest = bytePosition;
+    }
     outputs.totals.setPosition(recording, bytePosition);
     outputs.messages.showProgress(outputs.totals.progress());
 }

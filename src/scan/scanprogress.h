@@ -15,10 +15,16 @@ public:
         : recording(recording)
         , outputs(outputs) {}
 
+    /// What is read from now on of the recording, which lasts so many seconds, is taken from the
+    /// budget.
+    void spend(double secondsOfAll) { seconds = secondsOfAll; }
+
     bool isCancelled() override;
     void positionChanged(qint64 bytePosition, bool isAtEnd) override;
 
 private:
     Recording& recording;
     ScanOutputs& outputs;
+    double seconds = 0.0;
+    qint64 farthest = 0; ///< bytes that the budget knows of
 };

@@ -118,3 +118,15 @@ JoinedParts joinParts(const QVector<KeptValues>& parts) {
         whole.measurement.maps = {};
     return {whole, {}};
 }
+
+std::optional<Measurement> joinRun(const QVector<KeptValues>& parts) {
+    Measurement run = parts.first().measurement;
+    const PartFacts* last = &parts.first().partFacts;
+    for (int i = 1; i < parts.size(); ++i) {
+        const PartFacts* next = &parts[i].partFacts;
+        if (!isNext(*last, *next) || !append(parts[i].measurement, next->held, run))
+            return std::nullopt;
+        last = next;
+    }
+    return run;
+}

@@ -18,3 +18,7 @@ struct JoinedParts {
 /// a part holds may depend on what lies before it, nothing is joined. There are maps of cells where
 /// all parts have them.
 JoinedParts joinParts(const QVector<KeptValues>& parts);
+
+/// What was measured of consecutive parts of a recording, wherever the first begins; nothing where
+/// they do not go on in each other. At least one.
+std::optional<Measurement> joinRun(const QVector<KeptValues>& parts);

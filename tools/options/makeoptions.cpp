@@ -20,6 +20,7 @@ const std::map<QByteArray, std::function<QString(const char* version, const char
     {"html", [](auto, auto) { return htmlOptionTables(); }},
     {"man", [](auto version, auto date) { return manPage(version, date); }},
     {"markdown", [](auto, auto) { return markdownOptions(); }},
+    {"names", [](auto, auto) { return markdownNames(); }},
     {"zsh", [](auto, auto) { return zshCompletion(); }},
 };
 
@@ -29,7 +30,7 @@ const std::map<QByteArray, std::function<QString(const char* version, const char
 int main(int argc, char* argv[]) {
     const auto maker = makers.find(argc == 4 ? argv[1] : "");
     if (maker == makers.end()) {
-        std::fputs("usage: makeoptions bash|fields|fish|html|man|markdown|zsh VERSION DATE\n",
+        std::fputs("usage: makeoptions bash|fields|fish|html|man|markdown|names|zsh VERSION DATE\n",
                    stderr);
         return 2;
     }

@@ -68,19 +68,6 @@ const DetectionOptions* commonOptions(const std::vector<ListedReport::Recording>
     return common ? &common->options : nullptr;
 }
 
-/// The page counts all from one start: that of all recordings, or none.
-QDateTime commonStart(const std::vector<ListedReport::Recording>& recordings) {
-    QDateTime common;
-    for (const auto& recording : recordings) {
-        const QDateTime start =
-            recording.job.exportTimestamps ? recording.job.startDateTime : QDateTime();
-        if (!start.isValid() || (common.isValid() && start != common))
-            return {};
-        common = start;
-    }
-    return common;
-}
-
 } // namespace
 
 ListedReport listedReport(const DetectionQueue& queue, const ClipListWidget& list,
@@ -98,6 +85,5 @@ ListedReport listedReport(const DetectionQueue& queue, const ClipListWidget& lis
         listed.detector = options->detector;
         listed.threshold = double(options->segmentation.motionThreshold.value);
     }
-    listed.startTime = commonStart(listed.recordings);
     return listed;
 }

@@ -35,7 +35,6 @@ struct ListedReport {
     QString folder; ///< absolute
     Detector detector = Detector::Mean;
     double threshold = 0.5;
-    QDateTime startTime; ///< of all recordings; invalid: not known, or not the same
     std::vector<Recording> recordings;
 };
 

@@ -9,6 +9,7 @@
 #include "foldercheck.h"
 #include "keptmeasurement.h"
 #include "listedreport.h"
+#include "recordingplaces.h"
 #include "reportfolder.h"
 #include "snapshotfolder.h"
 #include "video.h"
@@ -40,21 +41,27 @@ QString reasonOf(const JobFacts& facts) {
     return facts.damage.isThere() ? damageText(facts.damage) : facts.error;
 }
 
-MotionSeries keptSeries(const ListedReport::Recording& recording, Detector detector) {
+/// What is kept of it, with its maps; nothing where it is not.
+std::optional<Measurement> keptOf(const ListedReport::Recording& recording, Detector detector) {
     DetectionOptions options = recording.options;
     options.detector = detector;
-    const auto kept = keptMeasurement(recording.job.fileName, options);
-    if (!kept || detector == Detector::Mean)
-        return kept ? kept->series : MotionSeries();
-    return cellsMeasurement(*kept, options, restlessOf(*kept, options)).series;
+    return keptMeasurement(recording.job.fileName, options);
 }
 
 /// What the page's detector says of each picture, from the first one on. A session that was gone on
 /// with has no values.
-MotionSeries seriesOf(const ListedReport::Recording& recording, Detector detector) {
-    if (detector == Detector::Cells || recording.times.isEmpty())
-        return keptSeries(recording, detector);
+MotionSeries seriesOf(const ListedReport::Recording& recording, Detector detector,
+                      const std::optional<Measurement>& kept) {
     MotionSeries series;
+    if (detector == Detector::Cells) {
+        if (kept)
+            series =
+                cellsMeasurement(*kept, recording.options, restlessOf(*kept, recording.options))
+                    .series;
+        return series;
+    }
+    if (recording.times.isEmpty())
+        return kept ? kept->series : series;
     series.times = recording.times;
     for (const float value : recording.values)
         series.scores.append(MotionScore{value});
@@ -70,6 +77,12 @@ MotionScore strengthOf(const ReportedClip& clip, const MotionSeries& series, dou
     for (int i = at; i < std::min(at + 2, series.scores.size()); ++i)
         strength.value = std::max(strength.value, series.scores[i].value);
     return strength;
+}
+
+/// By which the page's marks find the recording again.
+void showFile(const RecordingStamp& stamp, ReportedRecording& reported) {
+    reported.bytes = stamp.bytes;
+    reported.modified = stamp.modified / 1000000;
 }
 
 /// Files that are written, and taken away again if not all of them can be.
@@ -110,7 +123,6 @@ public:
         report.folder = listed.folder;
         report.detector = listed.detector;
         report.threshold = listed.threshold;
-        report.startTime = listed.startTime;
     }
 
     QString write() {
@@ -133,17 +145,24 @@ private:
         ReportedRecording reported;
         reported.name = job.fileName;
         reported.path = QFileInfo(job.fileName).absoluteFilePath();
+        if (job.exportTimestamps)
+            reported.start = {job.startDateTime, StartSource::Given, StartCertainty::Sure, {}};
         reported.state = stateOf(job);
         reported.reason = reasonOf(job.facts);
         reported.isQuick = job.search.isQuick;
         reported.histogram = MotionHistogram(report.detector);
         if (stream.frameRate == 0.0)
             reported.offset = stream.origin - stream.description.startTime;
-        const MotionSeries series = seriesOf(recording, report.detector);
+        if (job.facts.file)
+            showFile(job.facts.file->stamp, reported);
+        const auto kept = keptOf(recording, report.detector);
+        const MotionSeries series = seriesOf(recording, report.detector, kept);
         for (int i = 0; i < series.times.size(); ++i)
             reported.add(series.times[i] - stream.origin, series.scores[i]);
         reported.seconds = std::max(reported.seconds, job.facts.seconds);
         QString failure = addClips(recording, series, reported);
+        if (kept)
+            enterPlaces(*kept, recording.options, reported);
         report.recordings.push_back(reported);
         return failure;
     }

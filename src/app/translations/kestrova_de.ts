@@ -1365,6 +1365,14 @@ Hohe Werte können die Erkennung verschlechtern</translation>
         <source>Save re&amp;port...</source>
         <translation>Bericht s&amp;peichern ...</translation>
     </message>
+    <message>
+        <source>Search the likeliest first</source>
+        <translation>Die wahrscheinlichsten zuerst durchsuchen</translation>
+    </message>
+    <message>
+        <source>Of the recordings that wait, the one is searched next whose packet sizes promise motion most; the rows stay in their order</source>
+        <translation>Von den wartenden Aufnahmen wird als Nächstes die durchsucht, deren Paketgrößen am ehesten Bewegung versprechen; die Zeilen behalten ihre Reihenfolge</translation>
+    </message>
 </context>
 <context>
     <name>ReportControl</name>
@@ -1670,6 +1678,53 @@ MJPEG wird immer neu kodiert.</translation>
             <numerusform>%1 von %n Clip in der Liste</numerusform>
             <numerusform>%1 von %n Clips in der Liste</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>StartOffer</name>
+    <message>
+        <source>Use %1 (from the name)</source>
+        <translation>%1 übernehmen (Name)</translation>
+    </message>
+    <message>
+        <source>Use %1 (from the video)</source>
+        <translation>%1 übernehmen (Aufnahme)</translation>
+    </message>
+    <message>
+        <source>Use %1 (from the file)</source>
+        <translation>%1 übernehmen (Datei)</translation>
+    </message>
+    <message>
+        <source>The day in its name can be read in several ways.</source>
+        <translation>Der Tag im Namen lässt sich verschieden lesen.</translation>
+    </message>
+    <message>
+        <source>The clock was put forward over that hour.</source>
+        <translation>In dieser Stunde wurde die Uhr vorgestellt.</translation>
+    </message>
+    <message>
+        <source>That hour came twice; this is the first one.</source>
+        <translation>Diese Stunde gab es zweimal; gemeint ist die erste.</translation>
+    </message>
+    <message>
+        <source>The name has no seconds.</source>
+        <translation>Der Name nennt keine Sekunden.</translation>
+    </message>
+    <message>
+        <source>The number in the name is read as seconds since 1970.</source>
+        <translation>Die Zahl im Namen wird als Sekunden seit 1970 gelesen.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s clock is more than a year from it.</source>
+        <translation>Die Uhr dieses Rechners ist mehr als ein Jahr davon entfernt.</translation>
+    </message>
+    <message>
+        <source>If the camera wrote it in UTC, as it should have.</source>
+        <translation>Falls die Kamera sie in UTC geschrieben hat, wie es sich gehört.</translation>
+    </message>
+    <message>
+        <source>The file&apos;s last change, less the recording&apos;s length. A copy may have another one.</source>
+        <translation>Die letzte Änderung der Datei, abzüglich der Länge der Aufnahme. Eine Kopie kann eine andere haben.</translation>
     </message>
 </context>
 <context>

@@ -1365,6 +1365,14 @@ Los valores altos pueden empeorar la detección</translation>
         <source>Save re&amp;port...</source>
         <translation>Guardar el in&amp;forme...</translation>
     </message>
+    <message>
+        <source>Search the likeliest first</source>
+        <translation>Buscar primero en las más probables</translation>
+    </message>
+    <message>
+        <source>Of the recordings that wait, the one is searched next whose packet sizes promise motion most; the rows stay in their order</source>
+        <translation>De las grabaciones que esperan, la siguiente es aquella cuyos tamaños de paquete prometen más movimiento; las filas conservan su orden</translation>
+    </message>
 </context>
 <context>
     <name>ReportControl</name>
@@ -1670,6 +1678,53 @@ MJPEG siempre se recodifica.</translation>
             <numerusform>%1 de %n clip en la lista</numerusform>
             <numerusform>%1 de %n clips en la lista</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>StartOffer</name>
+    <message>
+        <source>Use %1 (from the name)</source>
+        <translation>Usar %1 (nombre)</translation>
+    </message>
+    <message>
+        <source>Use %1 (from the video)</source>
+        <translation>Usar %1 (vídeo)</translation>
+    </message>
+    <message>
+        <source>Use %1 (from the file)</source>
+        <translation>Usar %1 (archivo)</translation>
+    </message>
+    <message>
+        <source>The day in its name can be read in several ways.</source>
+        <translation>El día del nombre puede leerse de varias maneras.</translation>
+    </message>
+    <message>
+        <source>The clock was put forward over that hour.</source>
+        <translation>A esa hora se adelantó el reloj.</translation>
+    </message>
+    <message>
+        <source>That hour came twice; this is the first one.</source>
+        <translation>Esa hora se repitió; esta es la primera.</translation>
+    </message>
+    <message>
+        <source>The name has no seconds.</source>
+        <translation>El nombre no tiene segundos.</translation>
+    </message>
+    <message>
+        <source>The number in the name is read as seconds since 1970.</source>
+        <translation>El número del nombre se lee como segundos desde 1970.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s clock is more than a year from it.</source>
+        <translation>El reloj de este equipo está a más de un año de ella.</translation>
+    </message>
+    <message>
+        <source>If the camera wrote it in UTC, as it should have.</source>
+        <translation>Si la cámara la escribió en UTC, como debía.</translation>
+    </message>
+    <message>
+        <source>The file&apos;s last change, less the recording&apos;s length. A copy may have another one.</source>
+        <translation>El último cambio del archivo, menos la duración de la grabación. Una copia puede tener otro.</translation>
     </message>
 </context>
 <context>

@@ -1365,6 +1365,14 @@ Des valeurs élevées peuvent nuire à la détection</translation>
         <source>Save re&amp;port...</source>
         <translation>Enregistrer &amp;le rapport...</translation>
     </message>
+    <message>
+        <source>Search the likeliest first</source>
+        <translation>Chercher d’abord dans les plus probables</translation>
+    </message>
+    <message>
+        <source>Of the recordings that wait, the one is searched next whose packet sizes promise motion most; the rows stay in their order</source>
+        <translation>Parmi les enregistrements en attente, le suivant est celui dont les tailles de paquets promettent le plus de mouvement ; les lignes gardent leur ordre</translation>
+    </message>
 </context>
 <context>
     <name>ReportControl</name>
@@ -1670,6 +1678,53 @@ Le MJPEG est toujours réencodé.</translation>
             <numerusform>%1 clip sur %n dans la liste</numerusform>
             <numerusform>%1 clips sur %n dans la liste</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>StartOffer</name>
+    <message>
+        <source>Use %1 (from the name)</source>
+        <translation>Prendre %1 (nom)</translation>
+    </message>
+    <message>
+        <source>Use %1 (from the video)</source>
+        <translation>Prendre %1 (vidéo)</translation>
+    </message>
+    <message>
+        <source>Use %1 (from the file)</source>
+        <translation>Prendre %1 (fichier)</translation>
+    </message>
+    <message>
+        <source>The day in its name can be read in several ways.</source>
+        <translation>Le jour dans le nom peut se lire de plusieurs façons.</translation>
+    </message>
+    <message>
+        <source>The clock was put forward over that hour.</source>
+        <translation>À cette heure, l&apos;horloge a été avancée.</translation>
+    </message>
+    <message>
+        <source>That hour came twice; this is the first one.</source>
+        <translation>Cette heure s&apos;est répétée ; c&apos;est ici la première.</translation>
+    </message>
+    <message>
+        <source>The name has no seconds.</source>
+        <translation>Le nom n&apos;a pas de secondes.</translation>
+    </message>
+    <message>
+        <source>The number in the name is read as seconds since 1970.</source>
+        <translation>Le nombre dans le nom est lu comme des secondes depuis 1970.</translation>
+    </message>
+    <message>
+        <source>This computer&apos;s clock is more than a year from it.</source>
+        <translation>L&apos;horloge de cet ordinateur en est à plus d&apos;un an.</translation>
+    </message>
+    <message>
+        <source>If the camera wrote it in UTC, as it should have.</source>
+        <translation>Si la caméra l&apos;a écrite en UTC, comme il se doit.</translation>
+    </message>
+    <message>
+        <source>The file&apos;s last change, less the recording&apos;s length. A copy may have another one.</source>
+        <translation>La dernière modification du fichier, moins la durée de l&apos;enregistrement. Une copie peut en avoir une autre.</translation>
     </message>
 </context>
 <context>

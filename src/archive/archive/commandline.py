@@ -16,7 +16,7 @@ import sys
 SCANNER = os.path.join(os.path.dirname(os.path.abspath(sys.argv[0])), "kestrova-scan")
 
 # Options of the scanner with which this program calls it itself, or that print something else.
-NOT_PASSED_ON = {"names", "unmeasured", "part", "values", "version", "help", "list-options"}
+NOT_PASSED_ON = {"names", "unmeasured", "split", "part", "budget", "values", "version", "help", "list-options"}
 
 DESCRIPTION = """Has many recordings measured, on all cores or on many machines, then prints what kestrova-scan
 prints. All other options are those of kestrova-scan. A second call goes on where the first one ended.
@@ -55,18 +55,21 @@ def own_options(parser):
 class PassedOn:
     """Names of the scanner's options that are passed on to it."""
     all: set
+    bare: dict  # those that may be given without a value, as options, and what that means
     measuring: list  # those of them that motion values depend on
 
 
 def add_scanner_options(parser):
     listed = subprocess.run([SCANNER, "--list-options"], capture_output=True, check=True).stdout.decode()
-    passed_on = PassedOn(set(), [])
-    for name, kind, use, *_ in (line.split("\t") for line in listed.splitlines()):
+    passed_on = PassedOn(set(), {}, [])
+    for name, kind, use, *bare in (line.split("\t") for line in listed.splitlines()):
         if name in NOT_PASSED_ON:
             continue
         action = "store_true" if kind == "none" else "append"
         parser.add_argument("--" + name, dest=name, action=action, help=argparse.SUPPRESS)
         passed_on.all.add(name)
+        if bare:
+            passed_on.bare["--" + name] = f"--{name}={bare[0]}"
         if use == "measuring":
             passed_on.measuring.append(name)
     return passed_on
@@ -81,6 +84,7 @@ def parse():
     own_options(parser)
     options = add_scanner_options(parser)
     given = "\0".join(sys.argv[1:]).replace("--slurm-args\0", "--slurm-args=").split("\0")
+    given = [options.bare.get(word, word) for word in given]
     arguments = parser.parse_intermixed_args(given)  # in which a value may look like an option
     if arguments.split is not None and (arguments.split < 1 or words(arguments, ["quick", "from", "to"])):
         parser.error("--split takes minutes, 1 or more, and excludes --quick, --from and --to")

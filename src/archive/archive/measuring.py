@@ -29,6 +29,7 @@ class Jobs:
         self.count = 0
         self.numbers = {}  # by recording and part
         self.parts = {}  # by recording: in how many it is measured
+        self.order = {}  # by part and recording: its place, where the likeliest are first
 
     def number(self, name, part):
         numbers = self.numbers.setdefault(name, {})
@@ -45,9 +46,17 @@ class Jobs:
         parts = [b"%d/%d" % (part, count) for part in range(1, count + 1)]
         return [part for part in parts if 0 not in self.ends.of(self.number(name, part))] or [b"1/1"]
 
+    def arrange(self, names):
+        """Has the likeliest parts of all these recordings come first from now on."""
+        for place, (part, name) in enumerate(self.calls.likeliest(names)):
+            self.parts[name] = int(part.split(b"/")[1])
+            self.order[part, name] = place
+
     def todo(self, names):
         """By number, the part and the recording."""
-        return {self.number(name, part): (part, name) for name in names for part in self.of(name)}
+        jobs = [(part, name) for name in names for part in self.of(name)]
+        jobs.sort(key=lambda job: self.order.get(job, len(self.order)))
+        return {self.number(name, part): (part, name) for part, name in jobs}
 
     def statuses(self, name):
         return [status for number in self.numbers.get(name, {}).values() for status in self.ends.of(number)]
@@ -82,6 +91,7 @@ class Result:
 class Rounds:
     def __init__(self, arguments, work, calls, engine):
         self.quiet = arguments.quiet
+        self.is_promising_first = getattr(arguments, "promising-first")
         self.is_elsewhere = bool(arguments.hosts or arguments.slurm)
         self.work = work
         self.calls = calls
@@ -129,6 +139,8 @@ class Rounds:
 
     def run(self, left):
         reason = self.engine.prepare() if left else ""
+        if left and not reason and self.is_promising_first:
+            self.jobs.arrange(left)
         for _ in range(ROUNDS):
             todo = [name for name in left if not self.jobs.is_given_up(name, self.work)]
             if reason or not todo:

@@ -10,7 +10,7 @@ import subprocess
 import sys
 import tempfile
 
-from .commandline import SCANNER, words
+from .commandline import SCANNER, complain, words
 
 SAMPLE = 1000  # recordings among which the oldest is sought
 
@@ -50,6 +50,21 @@ class Scanner:
             found = subprocess.run(command, stdout=subprocess.PIPE, stderr=log, check=True,
                                    pass_fds=[names.fileno()]).stdout
         return found.split(b"\0")[:-1]
+
+    def likeliest(self, recordings):
+        """The parts in which these are measured, with their names, the likeliest of all first; none where that
+        cannot be told."""
+        split = [f"--split={self.arguments.split}"] if self.arguments.split else []
+        with open(self.work.log, "ab") as log, self.listed(recordings) as names:
+            command = [SCANNER, "--quiet", "--unmeasured", "--promising-first", *split, f"--jobs={self.jobs[-1]}",
+                       *self.measuring, "--null", f"--list=/dev/fd/{names.fileno()}"]
+            found = subprocess.run(command, stdout=subprocess.PIPE, stderr=log, check=False,
+                                   pass_fds=[names.fileno()])
+        if found.returncode:
+            complain(f"which are likeliest cannot be told (kestrova-scan ended with status {found.returncode}); "
+                     "all are measured in order")
+        jobs = found.stdout.split(b"\0")[:-1]
+        return [tuple(job.split(b" ", 1)) for job in jobs] if split else [(b"1/1", name) for name in jobs]
 
     def measure_command(self):
         return [SCANNER, "--quiet", "--threads=1", *self.measuring]

@@ -79,50 +79,59 @@ private:
     std::deque<std::future<BlockGroups>> ahead;
 };
 
-/// Adds the values of pictures, as far as there are times for them.
+/// Adds the values of pictures, as far as there are times for them and they are not there yet.
 class SeriesWriter {
 public:
-    SeriesWriter(const QVector<double>& times, CellScores& scores)
+    SeriesWriter(const QVector<double>& times, CellScores& scores, MotionSeries& series)
         : times(times)
-        , scores(scores) {}
+        , scores(scores)
+        , series(series) {}
 
     void add(const BlockGroups& block) {
         repeat(block.carried);
         for (const ServingGroups& map : block.maps) {
-            if (series.times.size() == times.size())
+            if (next == times.size())
                 return;
-            scores.add(times[series.times.size()], map.seen, block.whole);
+            if (next >= series.times.size())
+                scores.add(times[next], map.seen, block.whole);
             repeat(map.pictures);
         }
     }
 
-    MotionSeries written() const { return series; }
-
 private:
     void repeat(int pictures) {
-        for (; pictures > 0 && series.times.size() < times.size(); --pictures) {
-            series.times.append(times[series.times.size()]);
+        for (; pictures > 0 && next < times.size(); --pictures, ++next) {
+            if (next < series.times.size())
+                continue;
+            series.times.append(times[next]);
             series.scores.append(scores.last());
         }
     }
 
     const QVector<double>& times;
     CellScores& scores;
-    MotionSeries series;
+    MotionSeries& series;
+    int next = 0; ///< picture
 };
 
 } // namespace
 
 MotionSeries seriesOf(const CellMaps& maps, const QVector<double>& times, CellScores scores,
                       int threads) {
+    MotionSeries series;
+    addSeries(maps, times, scores, threads, series);
+    return series;
+}
+
+void addSeries(const CellMaps& maps, const QVector<double>& times, CellScores& scores, int threads,
+               MotionSeries& begun) {
     if (threads == 0)
         threads = std::max(1, QThread::idealThreadCount());
     GroupsAhead groups(maps.blocks(), scores.inRegion(), threads);
-    SeriesWriter writer(times, scores);
+    SeriesWriter writer(times, scores, begun);
     BlockGroups block;
     while (groups.next(block))
         writer.add(block);
-    return writer.written();
 }
 
 CellBits restlessOf(const CellMaps& maps, const QVector<double>& times,

@@ -13,6 +13,12 @@
 MotionSeries seriesOf(const CellMaps& maps, const QVector<double>& times, CellScores scores,
                       int threads = 1);
 
+/// The same of a recording that goes on where another one ended, whose values `scores` has told:
+/// `begun` has the values of its first pictures already, and those of the others are put behind
+/// them. `scores` is then as far as the recording.
+void addSeries(const CellMaps& maps, const QVector<double>& times, CellScores& scores, int threads,
+               MotionSeries& begun);
+
 /// The cells that change through most of a recording; empty where there are none, and of no grid
 /// where it is too short to tell.
 CellBits restlessOf(const CellMaps& maps, const QVector<double>& times, const CellOptions& options);

@@ -196,6 +196,20 @@ void DecodingContext::beginPart(RecordingPart wanted, const PartLead& lead, qint
     wantedPart.reset();
 }
 
+bool DecodingContext::goToPart(const PlacedPart& part, const PacketIndexPointer& packets,
+                               qint64 delay) {
+    decoder.reset();
+    memory.tryAgain();
+    ownEnd = {};
+    lastNumber = -1;
+    const bool isThere = part.runUp == 0 ? file.reopen() : reader.goTo(packets, part.runUp);
+    Restart none;
+    if (!isThere || !openWhole(*reader.stream().codecpar, options.threads, none))
+        return false;
+    wantedPart.emplace(reader.stream(), part, delay);
+    return true;
+}
+
 bool DecodingContext::seekBefore(std::int64_t dts) {
     auto key = ::seekBefore(reader, dts);
     if (!key || !decoder || !decoder->flush())

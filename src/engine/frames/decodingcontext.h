@@ -53,6 +53,11 @@ public:
     /// before them, at least those of the lead.
     void beginPart(RecordingPart wanted, const PartLead& lead, qint64 delay);
 
+    /// Goes to a part whose places are known, by a seek among `packets`, all of the file's, the
+    /// first of whose frames packet `delay` completed. False if it cannot; the file is then
+    /// anywhere.
+    bool goToPart(const PlacedPart& part, const PacketIndexPointer& packets, qint64 delay);
+
     /// The part that is read; null if it is the whole file.
     const PartReading* part() const { return wantedPart ? &*wantedPart : nullptr; }
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 #include <utility>
 
 namespace {
@@ -104,6 +105,15 @@ void FrameStream::goOnTo(const TimeRange& range) {
         goToRange();
     else
         open();
+}
+
+bool FrameStream::goToPart(const PlacedPart& part, const PacketIndexPointer& packets, qint64 delay,
+                           double firstTime) {
+    ahead.reset();
+    beginAnew();
+    first = First{firstTime, delay, true};
+    plan.range.from = -std::numeric_limits<double>::infinity(); // times may run backwards
+    return decoder && decoder->goToPart(part, packets, delay);
 }
 
 Frame FrameStream::next() {

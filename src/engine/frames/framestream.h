@@ -75,6 +75,14 @@ public:
     /// Goes on to another range, behind the last one; the file is opened anew where it must.
     void goOnTo(const TimeRange& range);
 
+    /// Goes to a part of a recording whose packets were read before, the first of whose frames
+    /// packet `delay` completed at `firstTime`. False if it cannot; nothing can be read then.
+    bool goToPart(const PlacedPart& part, const PacketIndexPointer& packets, qint64 delay,
+                  double firstTime);
+
+    /// Reading ended since the recording is not what it was.
+    bool isOtherwise() const { return file->packets().isOtherwise(); }
+
     /// As of `DecodingContext`; `time` in seconds, as it was read before.
     bool seekBefore(double time);
 

@@ -20,6 +20,17 @@ PartReading::PartReading(const AVStream& stream, RecordingPart part, const PartL
     , size(stream.codecpar->width, stream.codecpar->height)
     , firstPacket(part.index == 1 ? 0 : -1) {}
 
+PartReading::PartReading(const AVStream& stream, const PlacedPart& part, qint64 delay)
+    : accessPoints(*stream.codecpar)
+    , codec(stream.codecpar->codec_id)
+    , before(part.runUp, part.firstSure, part.isClosed)
+    , hasLead(true)
+    , pictureDelay(delay)
+    , size(stream.codecpar->width, stream.codecpar->height)
+    , firstPacket(part.begin)
+    , endPacket(part.end)
+    , isAtEnd(part.isToTheEnd) {}
+
 void PartReading::add(const NumberedPacket& packet) {
     if (packet.number < next)
         return;

@@ -5,6 +5,7 @@
 #pragma once
 
 #include "packetskip.h"
+#include "placedpart.h"
 #include "randomaccesspoints.h"
 #include "recordingpart.h"
 #include "runup.h"
@@ -27,6 +28,9 @@ public:
     /// `fileBytes`: of the file; `delay`: the packet that completed its first picture.
     PartReading(const AVStream& stream, RecordingPart part, const PartLead& lead, qint64 fileBytes,
                 qint64 delay);
+
+    /// The same for a part whose places are known.
+    PartReading(const AVStream& stream, const PlacedPart& part, qint64 delay);
 
     /// The stream's next packet. Those that were seen before are ignored.
     void add(const NumberedPacket& packet);
@@ -74,8 +78,8 @@ private:
     AVCodecID codec;
     RecordingPart part;
     RunUp before;
-    bool hasLead; ///< that must be sure
-    qint64 fileBytes;
+    bool hasLead; ///< the first picture that is sure lies where the run-up says
+    qint64 fileBytes = 0;
     qint64 pictureDelay;
     QSize size;                    ///< pixels, of all pictures
     qint64 next = 0;               ///< number of the packet to come

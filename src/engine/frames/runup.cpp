@@ -14,6 +14,9 @@ RunUp::RunUp(const PartLead& lead, qint64 delay, const AVRational& timeBase)
     , timeBase(timeBase)
     , places(1) {}
 
+RunUp::RunUp(qint64 packet, qint64 firstPicture, bool isClosed)
+    : places{Place{packet, isClosed, firstPicture - packet}} {}
+
 void RunUp::reach(const NumberedPacket& packet) {
     const double time = secondsOf(packet.packet->dts, timeBase);
     while (places.size() > 1 && isEarlyEnough(places[1], time))

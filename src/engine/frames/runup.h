@@ -25,6 +25,10 @@ public:
     /// `delay`: the packet that completed the recording's first picture.
     RunUp(const PartLead& lead, qint64 delay, const AVRational& timeBase);
 
+    /// For a part whose run-up is known: `packet`, all behind which can be decoded if it
+    /// `isClosed`, else what is shown from `firstPicture` on.
+    RunUp(qint64 packet, qint64 firstPicture, bool isClosed);
+
     /// The next packet before the part, or its first one.
     void reach(const NumberedPacket& packet);
 
@@ -59,7 +63,7 @@ private:
     bool isEarlyEnough(const Place& place, double time) const;
 
     PartLead lead;
-    qint64 delay;
-    AVRational timeBase;
+    qint64 delay = 0;
+    AVRational timeBase{1, 1};
     std::deque<Place> places; ///< oldest first, never none
 };

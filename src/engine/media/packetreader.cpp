@@ -10,6 +10,8 @@ void PacketReader::restart() {
     returned.clear();
     nextNumber = 0;
     isKeyframesOnly = false;
+    index.reset();
+    hasMismatch = false;
     hasEnded = false;
     end = {};
 }
@@ -30,6 +32,16 @@ std::optional<NumberedPacket> PacketReader::read() {
         returned.pop_front();
         return packet;
     }
+    auto packet = readNext();
+    if (!packet || (index && !compare(*packet)))
+        return std::nullopt;
+    if (watch)
+        watch(*packet);
+    return packet;
+}
+
+/// From the file.
+std::optional<NumberedPacket> PacketReader::readNext() {
     const LibavErrorScope scope(demuxer.errors);
     PacketPointer packet(av_packet_alloc());
     while (demuxer.stream() && !hasEnded && !isInterrupted()) {
@@ -41,12 +53,8 @@ std::optional<NumberedPacket> PacketReader::read() {
             break;
         }
         // An empty packet holds no picture, and would tell the decoder that the stream has ended.
-        if (packet->stream_index == stream().index && packet->size > 0 && isWanted(*packet)) {
-            NumberedPacket numbered{nextNumber++, std::move(packet)};
-            if (watch)
-                watch(numbered);
-            return numbered;
-        }
+        if (packet->stream_index == stream().index && packet->size > 0 && isWanted(*packet))
+            return NumberedPacket{nextNumber++, std::move(packet)};
         av_packet_unref(packet.get());
     }
     return std::nullopt;
@@ -75,6 +83,75 @@ bool PacketReader::seek(std::int64_t dts) {
     end = {};
     return demuxer.canReopen() &&
            av_seek_frame(demuxer.context(), stream().index, dts, AVSEEK_FLAG_BACKWARD) >= 0;
+}
+
+bool PacketReader::goTo(const PacketIndexPointer& packets, qint64 number) {
+    if (number < 0 || number >= qint64(packets->size()))
+        return false;
+    index = packets;
+    hasMismatch = false;
+    // Of packets that a parser has cut only those have a place at which something began.
+    qint64 placed = number;
+    while (placed > 0 && (*index)[std::size_t(placed)].position < 0)
+        --placed;
+    const std::int64_t second = av_rescale_q(1, {1, 1}, stream().time_base);
+    // Containers without a list of key frames lead to some place around the time.
+    constexpr int mostTries = 6;
+    std::int64_t back = 0;
+    for (int i = 0; i < mostTries && !isInterrupted(); ++i) {
+        if (findFrom((*index)[std::size_t(placed)].dts - back, placed))
+            return skipUpTo(number);
+        back = back == 0 ? second : back * 4;
+    }
+    return false;
+}
+
+/// Seeks to `dts` and reads on up to packet `number`, which is read next then.
+bool PacketReader::findFrom(std::int64_t dts, qint64 number) {
+    if (!seek(dts))
+        return false;
+    constexpr int mostBefore = 4096; // packets: some minutes
+    const std::int64_t position = (*index)[std::size_t(number)].position;
+    for (int i = 0; i < mostBefore; ++i) {
+        auto packet = readNext();
+        if (!packet || packet->packet->pos > position)
+            return false;
+        if (!isIndexed(*packet->packet, number))
+            continue;
+        packet->number = number;
+        nextNumber = number + 1;
+        packet->packet->dts = (*index)[std::size_t(number)].dts;
+        returned.push_back(std::move(*packet));
+        return true;
+    }
+    return false;
+}
+
+/// False where the packets before that are not those of the index.
+bool PacketReader::skipUpTo(qint64 number) {
+    while (auto packet = read()) {
+        if (packet->number == number) {
+            returned.push_back(std::move(*packet));
+            return true;
+        }
+    }
+    return false;
+}
+
+bool PacketReader::isIndexed(const AVPacket& packet, qint64 number) const {
+    if (number >= qint64(index->size()))
+        return false;
+    const IndexedPacket& known = (*index)[std::size_t(number)];
+    return packet.pos == known.position && packet.size == known.bytes;
+}
+
+/// Behind a seek demuxers reckon times that are missing in the file otherwise than from the start.
+bool PacketReader::compare(NumberedPacket& packet) {
+    hasMismatch = !isIndexed(*packet.packet, packet.number);
+    hasEnded = hasEnded || hasMismatch;
+    if (!hasMismatch)
+        packet.packet->dts = (*index)[std::size_t(packet.number)].dts;
+    return !hasMismatch;
 }
 
 /// Tells a failed read from an end, which the demuxer's own answer does not: several answer an I/O

@@ -6,6 +6,7 @@
 
 #include "demuxer.h"
 #include "libavpointers.h"
+#include "packetindex.h"
 #include "readend.h"
 
 #include <deque>
@@ -38,6 +39,14 @@ public:
     /// key frame at or before `dts`. False if it cannot.
     bool seek(std::int64_t dts);
 
+    /// Goes to packet `number` of `packets`, all of this file as it was read before. From there on
+    /// packets have their numbers and the decoding times that they had then, and reading ends at
+    /// one that is another now. False if the place cannot be found; then it is anywhere.
+    bool goTo(const PacketIndexPointer& packets, qint64 number);
+
+    /// Reading ended at a packet that is not what it was.
+    bool isOtherwise() const { return hasMismatch; }
+
     /// From now on reads key frames alone. Once open.
     void readKeyframesOnly();
 
@@ -54,6 +63,11 @@ public:
     const ReadEnd& readEnd() const { return end; }
 
 private:
+    std::optional<NumberedPacket> readNext();
+    bool findFrom(std::int64_t dts, qint64 number);
+    bool skipUpTo(qint64 number);
+    bool isIndexed(const AVPacket& packet, qint64 number) const;
+    bool compare(NumberedPacket& packet);
     void noteEnd(int result);
     bool isWanted(const AVPacket& packet) const;
 
@@ -62,6 +76,8 @@ private:
     std::deque<NumberedPacket> returned;
     qint64 nextNumber = 0;
     bool isKeyframesOnly = false; ///< nothing but key frames
+    PacketIndexPointer index;     ///< null: packets are taken as they come
+    bool hasMismatch = false;     ///< with it
     bool hasEnded = false;
     ReadEnd end;
 };

@@ -30,6 +30,11 @@ public:
     /// No clip is to come; answers the last one taken in, if it is still here.
     std::optional<DetectedClip> finish();
 
+    /// The start of a clip that was taken in and has not come out yet.
+    std::optional<double> waitingStart() const {
+        return last ? std::optional<double>(last->start) : std::nullopt;
+    }
+
 private:
     bool isApart(double start) const;
 

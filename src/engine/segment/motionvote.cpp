@@ -4,6 +4,8 @@
 
 #include "motionvote.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int fewestEntries = 4;
@@ -38,6 +40,13 @@ void MotionVote::advance() {
             --hits;
         ++first;
     }
+}
+
+int MotionVote::forgetOld() {
+    const int count = std::max(std::min(first, series.times.size() - fewestEntries), 0);
+    first -= count;
+    backStep = std::max(backStep - count, 0);
+    return count;
 }
 
 bool MotionVote::isWon() const {

@@ -26,6 +26,10 @@ public:
     /// Takes in the newest entry of the series.
     void advance();
 
+    /// How many of the oldest entries do not count any more, as long as times do not run backwards.
+    /// They must be taken from the series before anything else is asked.
+    int forgetOld();
+
     /// The vote over the series as it stands.
     bool isWon() const;
 

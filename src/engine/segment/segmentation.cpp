@@ -45,6 +45,12 @@ double ClipSegmenter::earliestStart() const {
     return (inClip ? clipStart : startOf(previousTime)) - origin;
 }
 
+void ClipSegmenter::forgetOld() {
+    const int count = vote.forgetOld();
+    series.scores.remove(0, count);
+    series.times.remove(0, count);
+}
+
 std::optional<DetectedClip> ClipSegmenter::continueClip(MotionScore motion, double time,
                                                         const ClipPicturePointer& picture) {
     if (!options.motionThreshold.isExceededBy(motion)) {

@@ -62,8 +62,11 @@ public:
     /// Holds while times do not run backwards.
     double earliestStart() const;
 
-    /// What was taken in so far.
+    /// What was taken in so far, but for what was forgotten.
     const MotionSeries& motionSeries() const { return series; }
+
+    /// Drops what no clip depends on any more, as long as times do not run backwards.
+    void forgetOld();
 
 private:
     std::optional<DetectedClip> continueClip(MotionScore motion, double time,

@@ -4,7 +4,9 @@
 
 #include "commandline.h"
 
+#include "camtrapreading.h"
 #include "celldefaults.h"
+#include "clockreading.h"
 #include "clocktext.h"
 #include "inputs.h"
 #include "namedvalues.h"
@@ -12,16 +14,16 @@
 #include "optiontext.h"
 #include "optionvalues.h"
 #include "regionoptions.h"
+#include "responsefile.h"
+#include "samefile.h"
 #include "suggestion.h"
 #include "versiontext.h"
 
 #include <QCommandLineParser>
 #include <QFile>
-#include <QRegularExpression>
+#include <QFileInfo>
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace {
 
@@ -35,6 +37,19 @@ void addOptions(QCommandLineParser& parser) {
     }
 }
 
+/// The parser knows of no values that may be left out.
+QStringList withBareValues(QStringList arguments) {
+    for (const ScanOption& option : scanOptions()) {
+        if (option.bare.isEmpty())
+            continue;
+        const auto end = std::find(arguments.begin(), arguments.end(), QStringLiteral("--"));
+        for (const char* dashes : {"-", "--"})
+            std::replace(arguments.begin(), end, QLatin1String(dashes) + option.name,
+                         QStringLiteral("--%1=%2").arg(option.name, option.bare));
+    }
+    return arguments;
+}
+
 /// Why the command line could not be taken apart.
 QString whatIsUnknown(const QCommandLineParser& parser) {
     QString text = parser.errorText();
@@ -46,30 +61,22 @@ QString whatIsUnknown(const QCommandLineParser& parser) {
     return text + suggestion(unknown.first(), optionNames(), QStringLiteral("--"));
 }
 
+SelectionOptions readSelection(const QCommandLineParser& parser, OptionValues& values) {
+    SelectionOptions options;
+    options.longest = values.givenNumber("max-length");
+    options.shortest = values.givenNumber("min-length").value_or(0.0);
+    if (options.longest && options.shortest > *options.longest)
+        values.reject(QStringLiteral("--min-length must not exceed --max-length"));
+    if (parser.isSet("sort"))
+        options.order = ClipOrder(scanOption("sort").words.indexOf(values.word("sort")));
+    if (parser.isSet("top"))
+        options.most = values.integer("top");
+    return options;
+}
+
 ReportFormat readFormat(OptionValues& values) {
     const int place = scanOption("format").words.indexOf(values.word("format"));
     return place < 0 ? ReportFormat::Text : ReportFormat(place);
-}
-
-/// The time of the clock on the wall, which knows of no zones: no clock is put forward in it, as
-/// this machine's may be, and a zone would promise times that nobody reckons.
-QDateTime readStartTime(const QString& text, OptionValues& values) {
-    static const QRegularExpression zone(QStringLiteral("[T ].*(Z|z|[+-][0-9:]+)$"));
-    const auto match = zone.match(text);
-    if (match.hasMatch())
-        values.reject(
-            QStringLiteral("--start-time takes the time of a clock on the wall, which has "
-                           "no zone: leave out '%1'")
-                .arg(match.captured(1)));
-    QDateTime time;
-    for (const char* utc : {"Z", "T00:00Z"}) {
-        if (!time.isValid())
-            time = QDateTime::fromString(text + QLatin1String(utc), Qt::ISODate);
-    }
-    if (!time.isValid())
-        values.reject(QStringLiteral("--start-time takes a time like 2026-11-16T09:05:00, not '%1'")
-                          .arg(text));
-    return {time.date(), time.time(), Qt::UTC};
 }
 
 ExportOptions readExport(const QCommandLineParser& parser, OptionValues& values) {
@@ -79,39 +86,66 @@ ExportOptions readExport(const QCommandLineParser& parser, OptionValues& values)
     options.encoding.doTranscoding = parser.isSet("transcode");
     options.encoding.disableAudio = parser.isSet("no-audio");
     options.encoding.bitrateOutput = values.number("bitrate");
-    if (parser.isSet("start-time"))
-        options.startDateTime = readStartTime(parser.value("start-time"), values);
+    options.areTimesWritten = parser.isSet("start-time");
     return options;
 }
 
-/// Whether both paths lead to one file, through links of either kind.
-bool isSameFile(const QString& left, const QString& right) {
-    std::error_code none;
-    return std::filesystem::equivalent(QFile::encodeName(left).toStdString(),
-                                       QFile::encodeName(right).toStdString(), none);
+/// The container of the recap is told by its name.
+RecapOptions readRecap(const QCommandLineParser& parser, OptionValues& values) {
+    RecapOptions options;
+    options.file = parser.value("recap");
+    options.speed = values.number("recap-speed");
+    options.megabits = values.number("bitrate");
+    const auto container = containerNamed(QFileInfo(options.file).suffix().toLower());
+    if (!options.file.isEmpty() && !container)
+        values.reject(
+            QStringLiteral("--recap takes a name that ends in .avi, .mp4 or .mkv, not '%1'")
+                .arg(options.file));
+    options.container = container.value_or(options.container);
+    return options;
+}
+
+/// Marks name recordings and clips, so that whatever searches has no place beside them.
+void checkMarked(const QCommandLineParser& parser, OptionValues& values) {
+    if (!parser.isSet("marked"))
+        return;
+    const QStringList fitting = {QStringLiteral("marked"), QStringLiteral("fps"),
+                                 QStringLiteral("quiet")};
+    for (const ScanOption& option : scanOptions()) {
+        const bool isFitting = option.group == OptionGroup::Export || fitting.contains(option.name);
+        if (parser.isSet(option.name) && !isFitting)
+            values.reject(QStringLiteral("--marked and --%1 exclude each other").arg(option.name));
+    }
+    if (!parser.positionalArguments().isEmpty())
+        values.reject(QStringLiteral("--marked names the recordings itself: leave out '%1'")
+                          .arg(parser.positionalArguments().first()));
 }
 
 QStringList listsOf(const QCommandLineParser& parser) {
     return parser.isSet("list") ? parser.values("list") : QStringList();
 }
 
-/// A trace must not empty what is read.
-void checkTrace(const ScanOptions& options, const QCommandLineParser& parser,
-                OptionValues& values) {
-    const QString& trace = options.traceFile;
-    if (trace.isEmpty())
+/// What is written must not take the place of what is read.
+void checkOverwriting(const char* option, const ScanOptions& options,
+                      const QCommandLineParser& parser, const QStringList& responseFiles,
+                      OptionValues& values) {
+    if (!parser.isSet(option))
         return;
     const auto check = [&](const char* what, const QString& file) {
-        if (isSameFile(trace, file))
-            values.reject(QStringLiteral("--trace would overwrite the %1 '%2'").arg(what, file));
+        if (isSameFile(parser.value(option), file))
+            values.reject(
+                QStringLiteral("--%1 would overwrite the %2 '%3'").arg(option, what, file));
     };
     for (const QString& video : options.inputs.videos)
         check("video", video);
     for (const QString& values : options.inputs.videos)
         check("video", recordingOfValues(values).value_or(values));
     check("mask", parser.value("mask"));
+    check("file of marks", parser.value("marked"));
     for (const QString& list : listsOf(parser))
         check("list", list);
+    for (const QString& file : responseFiles)
+        check("response file", file);
 }
 
 Inputs readInputs(const QCommandLineParser& parser) {
@@ -155,6 +189,41 @@ std::optional<RecordingPart> readPart(const QCommandLineParser& parser, OptionVa
     return part;
 }
 
+/// Seconds.
+std::optional<double> readSplit(const QCommandLineParser& parser, OptionValues& values) {
+    if (!parser.isSet("split"))
+        return std::nullopt;
+    const int minutes = values.integer("split");
+    if (!parser.isSet("unmeasured") || !parser.isSet("promising-first"))
+        values.reject(QStringLiteral("--split needs --unmeasured and --promising-first"));
+    return 60.0 * minutes;
+}
+
+/// A share of the recordings' length, or a time on the wall's clock.
+std::optional<SearchLimit> readBudget(const QCommandLineParser& parser, OptionValues& values) {
+    if (!parser.isSet("budget"))
+        return std::nullopt;
+    static const QRegularExpression form(QStringLiteral("^([0-9]+(?:\\.[0-9]+)?)(%|s|m|h)$"));
+    const auto match = form.match(parser.value("budget"));
+    const double number = match.captured(1).toDouble();
+    const QString unit = match.captured(2);
+    const bool isShare = unit == QLatin1String("%");
+    if (!match.hasMatch() || number <= 0.0 || (isShare && number > 100.0)) {
+        values.reject(QStringLiteral("--budget takes a share up to 100% or a time, as in 25%, 90s, "
+                                     "10m or 2h, not '%1'")
+                          .arg(parser.value("budget")));
+        return std::nullopt;
+    }
+    SearchLimit limit;
+    if (isShare)
+        limit.share = number / 100.0;
+    else
+        limit.seconds = number * (unit == QLatin1String("h")   ? 3600.0
+                                  : unit == QLatin1String("m") ? 60.0
+                                                               : 1.0);
+    return limit;
+}
+
 DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& values) {
     DetectionOptions options;
     options.segmentation.prerecord = values.number("prerecord");
@@ -181,7 +250,10 @@ DetectionOptions readDetection(const QCommandLineParser& parser, OptionValues& v
 CommandLine parseCommandLine(const QStringList& arguments) {
     QCommandLineParser parser;
     addOptions(parser);
-    if (!parser.parse(arguments))
+    const ExpandedArguments expanded = expandResponseFiles(arguments);
+    if (!expanded.error.isEmpty())
+        return {CommandLine::Action::Reject, {}, expanded.error};
+    if (!parser.parse(withBareValues(expanded.arguments)))
         return {CommandLine::Action::Reject, {}, whatIsUnknown(parser)};
     if (parser.isSet("help"))
         return {CommandLine::Action::PrintText, {}, helpText()};
@@ -195,26 +267,39 @@ CommandLine parseCommandLine(const QStringList& arguments) {
     options.detection = readDetection(parser, values);
     options.isRefined = parser.isSet("refine");
     options.part = readPart(parser, values);
+    options.isPromisingFirst = parser.isSet("promising-first");
+    options.partSeconds = readSplit(parser, values);
+    options.limit = readBudget(parser, values);
     options.mergeGap = values.givenNumber("merge");
+    options.selection = readSelection(parser, values);
+    options.continuing = values.givenNumber("continue");
     options.format = readFormat(values);
     options.snapshotDirectory = parser.value("snapshots");
     options.reportDirectory = parser.value("report");
     options.exporting = readExport(parser, values);
+    options.clock = readClock(parser, values);
+    options.camtrap = readCamtrap(parser, values);
+    options.recap = readRecap(parser, values);
+    options.marksFile = parser.value("marked");
     options.traceFile = parser.value("trace");
     options.valuesDirectory = parser.value("values");
     options.givenOptions = parser.optionNames();
     options.isMissingAsked = parser.isSet("unmeasured");
     options.jobs = values.integer("jobs");
     options.quiet = parser.isSet("quiet");
+    options.isVerbose = parser.isSet("verbose");
     values.checkCompany();
-    if (parser.positionalArguments().isEmpty() && !parser.isSet("list"))
+    checkMarked(parser, values);
+    const bool areNamed = !parser.positionalArguments().isEmpty() || parser.isSet("list");
+    if (!areNamed && !parser.isSet("marked"))
         values.reject(QStringLiteral("no video named"));
     if (parser.positionalArguments().contains(QString()))
         values.reject(QStringLiteral("an empty name is no recording"));
     // A list on standard input is waited for, which nobody wants before an error.
     if (values.error.isEmpty())
         options.inputs = readInputs(parser);
-    checkTrace(options, parser, values);
+    checkOverwriting("trace", options, parser, expanded.files, values);
+    checkOverwriting("recap", options, parser, expanded.files, values);
     if (!values.error.isEmpty())
         return {CommandLine::Action::Reject, {}, values.error};
     const bool areNamesWanted = parser.isSet("names") || options.isMissingAsked;

@@ -17,6 +17,6 @@ struct CommandLine {
 
 /// Parses `arguments` (the program's name first). Needs an application object, for its name.
 ///
-/// Reads the mask picture and the list of recordings if they are named, and looks through folders
-/// of recordings; touches nothing else.
+/// Reads response files, the mask picture and the list of recordings if they are named, and looks
+/// through folders of recordings; touches nothing else.
 CommandLine parseCommandLine(const QStringList& arguments);

@@ -4,11 +4,24 @@
 
 #include "clipexport.h"
 
+#include "concatsource.h"
 #include "containername.h"
 #include "encoderrun.h"
 #include "encodertimes.h"
 
+#include <algorithm>
 #include <utility>
+
+namespace {
+
+bool isAnyChanged(const ClipLine& line) {
+    return std::any_of(line.parts.begin(), line.parts.end(), [](const ClipPart& part) {
+        auto& watched = part.recording->watched;
+        return watched && !watched->flaw().isEmpty();
+    });
+}
+
+} // namespace
 
 ClipExport::ClipExport(Recording& recording, const ExportOptions& options, ClipFolders& folders,
                        std::function<bool()> isEnding)
@@ -17,13 +30,14 @@ ClipExport::ClipExport(Recording& recording, const ExportOptions& options, ClipF
     , folders(folders)
     , isEnding(std::move(isEnding)) {
     source.fileName = recording.path; // the encoder runs in another directory
-    source.exportTimestamps = options.startDateTime.isValid();
-    source.startDateTime = options.startDateTime;
 }
 
 QString ClipExport::run(ClipLine& line) {
     if (options.directory.isEmpty() || isEnding())
         return {};
+    // Which for a recording that another one goes on in is known once they are put together.
+    source.exportTimestamps = options.areTimesWritten && recording.start.isKnown();
+    source.startDateTime = recording.start.wallClockAsOf(line.clip.start);
     const QString reason = refusal();
     if (!reason.isEmpty())
         return QStringLiteral("clip #%1 is not exported: %2")
@@ -31,10 +45,8 @@ QString ClipExport::run(ClipLine& line) {
     QString failure = source.clipDirectory.isEmpty() ? makeFolder() : QString();
     if (!failure.isEmpty())
         return QStringLiteral("cannot make a folder for its clips: ") + failure;
-    const EncoderCall call = callFor(line.clip);
-    line.exportFile = call.outputPath;
-    failure = runEncoder(call, isEnding);
-    if (failure.isEmpty() && recording.watched && !recording.watched->flaw().isEmpty())
+    failure = line.goesOn() ? cutOutOfSeveral(line) : cutOut(line);
+    if (failure.isEmpty() && isAnyChanged(line))
         failure = QStringLiteral("this may show something else: the recording was changed while it "
                                  "was cut out");
     line.isExported = failure.isEmpty();
@@ -58,9 +70,34 @@ QString ClipExport::makeFolder() {
     return folder.failure;
 }
 
-EncoderCall ClipExport::callFor(const DetectedClip& clip) const {
+QString ClipExport::cutOut(ClipLine& line) {
+    const EncoderCall call = callFor(line.clip, source);
+    line.exportFile = call.outputPath;
+    return runEncoder(call, isEnding);
+}
+
+/// Recordings of one codec and size can differ in what a stream copy needs to have alike.
+QString ClipExport::cutOutOfSeveral(ClipLine& line) {
+    const ConcatSource several(line, source, isEnding);
+    if (!several.failure().isEmpty())
+        return several.failure();
+    const EncoderCall copy = callFor(line.clip, several.video());
+    line.exportFile = copy.outputPath;
+    QString failure = runEncoder(copy, isEnding);
+    const EncoderCall anew = callFor(line.clip, several.video(), true);
+    if (failure.isEmpty() || isEnding() || anew.arguments == copy.arguments)
+        return failure;
+    return runEncoder(anew, isEnding);
+}
+
+EncoderCall ClipExport::callFor(const DetectedClip& clip, const EncodedVideo& video,
+                                bool isEncodedAnew) const {
     const int second =
         secondOfDay(clip.start, source.exportTimestamps ? &source.startDateTime : nullptr);
-    return encoderCall({clip.index, clip.start, clip.end, second}, source, options.encoding,
+    EncodingSettings settings = options.encoding;
+    settings.doTranscoding = settings.doTranscoding || isEncodedAnew;
+    EncodedVideo shown = video; // whose date is that of the clip
+    shown.startDateTime = source.startDateTime.addSecs(truncatedToInt(clip.start));
+    return encoderCall({clip.index, clip.start, clip.end, second}, shown, settings,
                        OverlayClock::VideoStart);
 }

@@ -32,7 +32,10 @@ public:
 private:
     QString refusal();
     QString makeFolder();
-    EncoderCall callFor(const DetectedClip& clip) const;
+    EncoderCall callFor(const DetectedClip& clip, const EncodedVideo& video,
+                        bool isEncodedAnew = false) const;
+    QString cutOut(ClipLine& line);
+    QString cutOutOfSeveral(ClipLine& line);
 
     Recording& recording;
     const ExportOptions& options;

@@ -43,9 +43,12 @@ QString zshArgument(const ScanOption& option) {
     QString lines;
     for (const QString& name : spellings(option)) {
         QString argument = option.isRepeated ? '*' + name : name;
+        if (!option.bare.isEmpty())
+            argument += QStringLiteral("=-");
         argument += '[' + help + ']';
         if (!option.value.isEmpty())
-            argument += ':' + option.value + ':' + zshAction(option);
+            argument +=
+                (option.bare.isEmpty() ? ":" : "::") + option.value + ':' + zshAction(option);
         lines += QStringLiteral("  ") + shellWord(argument) + QStringLiteral(" \\\n");
     }
     return lines;
@@ -55,7 +58,7 @@ QString fishLine(const ScanOption& option) {
     QString line = QStringLiteral("complete -c kestrova-scan -l ") + option.name;
     if (!option.letter.isNull())
         line += QStringLiteral(" -s ") + option.letter;
-    switch (option.kind) {
+    switch (option.bare.isEmpty() ? option.kind : ValueKind::None) {
     case ValueKind::None:
         break;
     case ValueKind::File:
@@ -83,7 +86,7 @@ QString bashCompletion() {
     QStringList names;
     for (const ScanOption& option : scanOptions()) {
         names += spellings(option);
-        if (option.kind != ValueKind::None)
+        if (option.kind != ValueKind::None && option.bare.isEmpty())
             cases +=
                 QStringLiteral("    --%1) %2; return ;;\n").arg(option.name, bashReply(option));
     }

@@ -2,6 +2,7 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "knownnames.h"
 #include "optionspelling.h"
 #include "optiontext.h"
 
@@ -36,6 +37,17 @@ QString helpEntry(const ScanOption& option) {
     return line + wrapped(sentence(option), helpColumn) + '\n';
 }
 
+/// Those that are used, with their examples.
+QString nameEntries() {
+    QString lines;
+    for (const KnownName& name : knownNames()) {
+        if (name.reading != NameReading::Unusable)
+            lines += QStringLiteral("  ") + name.pattern.leftJustified(helpColumn) + ' ' +
+                     name.example + '\n';
+    }
+    return lines;
+}
+
 } // namespace
 
 QString helpText() {
@@ -45,6 +57,11 @@ QString helpText() {
             text += '\n' + groupTitle(option.group) + ":\n";
         text += helpEntry(option);
     });
+    text += '\n' +
+            wrapped("Names that --start-time auto knows, with the same time in each; - and _ stand "
+                    "for other separators, too:",
+                    0) +
+            '\n' + nameEntries();
     QStringList exits;
     for (const ExitMeaning& exit : exitMeanings())
         exits += QString::number(exit.status) + ' ' + exit.meaning;

@@ -17,7 +17,9 @@ QString manOption(const ScanOption& option) {
     if (!option.letter.isNull())
         tag = QStringLiteral("\\fB") + roff("-" + QString(option.letter)) +
               QStringLiteral("\\fR, ") + tag;
-    if (!option.value.isEmpty())
+    if (!option.bare.isEmpty())
+        tag += QStringLiteral("[=\\fI") + roff(option.value) + QStringLiteral("\\fR]");
+    else if (!option.value.isEmpty())
         tag += QStringLiteral(" \\fI") + roff(option.value) + QStringLiteral("\\fR");
     QString text = QStringLiteral(".TP\n") + tag + '\n' + roff(sentence(option)) + '\n';
     if (!option.company().isEmpty())

@@ -18,6 +18,9 @@ const char description[] =
     "A folder means all recordings below it, sorted: files that are named like\n"
     "videos, as in .mp4. What is hidden and links to folders are left out.\n"
     "\n"
+    "@FILE stands for the arguments in this file, which are separated by white\n"
+    "space and quoted by '...', \"...\" or a backslash.\n"
+    "\n"
     "With --export each clip is also cut out into a file of its own, in a folder\n"
     "for each video, by the encoder beside this program.\n"
     "\n"
@@ -35,6 +38,8 @@ QString spelling(const ScanOption& option) {
     QString text = QStringLiteral("--") + option.name;
     if (!option.letter.isNull())
         text = QStringLiteral("-") + option.letter + QStringLiteral(", ") + text;
+    if (!option.bare.isEmpty())
+        return text + QStringLiteral("[=%1]").arg(option.value);
     if (!option.value.isEmpty())
         text += ' ' + option.value;
     return text;

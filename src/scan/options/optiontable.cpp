@@ -25,6 +25,14 @@ struct Entry : ScanOption {
         ofCells = {numbers, QString::number(fallbackOfCells)};
         return *this;
     }
+    Entry taking(const QStringList& those) {
+        words = those;
+        return *this;
+    }
+    Entry orBare(const char* given) {
+        bare = QLatin1String(given);
+        return *this;
+    }
     Entry withLetter(char character) {
         letter = QLatin1Char(character);
         return *this;
@@ -104,6 +112,11 @@ QVector<ScanOption> makeOptions() {
                "be repeated",
                "none")
             .repeated(),
+        valued(G::Input, "marked", K::File, "FILE",
+               "Search nothing, but take the clips that were marked to be kept in a report, and "
+               "saved in this file",
+               "none")
+            .needing({"export", "recap"}),
         toggle(G::Input, "null", "Names in the list end with null bytes, not with lines")
             .needing({"list"}),
         toggle(G::Input, "names",
@@ -112,6 +125,12 @@ QVector<ScanOption> makeOptions() {
                "The same for those files alone of which --values keeps nothing that fits yet")
             .needing({"values"})
             .excluding({"part"}),
+        valued(
+            G::Input, "split", K::Number, "MINUTES",
+            "With --unmeasured and --promising-first: print K/N and the name for each part of at "
+            "most this length",
+            "whole recordings")
+            .within({1, 100000, true}),
 
         word(G::Clips, "detector", "NAME", {"mean", "cells"},
              "What tells motion: the mean change of the pixels, or the largest group of cells that "
@@ -147,6 +166,35 @@ QVector<ScanOption> makeOptions() {
                "Make one clip of those that overlap or lie at most this many seconds apart",
                "each is its own")
             .within({0.0, 86400.0, false}),
+        valued(G::Clips, "max-length", K::Number, "S",
+               "Cut clips, once they are merged, every S seconds; each piece is a clip with a "
+               "number and a picture of its own",
+               "as long as they are")
+            .within({1.0, 86400.0, false})
+            .excluding({"quick"}),
+        valued(G::Clips, "min-length", K::Number, "S",
+               "Leave clips out, once they are cut, that are shorter; the others keep their "
+               "numbers",
+               "none")
+            .within({0.0, 86400.0, false}),
+        valued(G::Clips, "sort", K::Word, "ORDER",
+               "List the clips of all recordings the strongest, the longest or the first one "
+               "first, when all are searched; they keep their numbers",
+               "as they are found")
+            .taking({"strength", "length", "time"}),
+        valued(G::Clips, "top", K::Number, "N",
+               "Take only the first N clips of --sort, without it the N strongest in the order of "
+               "their times, of all recordings together, when all are searched",
+               "all")
+            .within({1.0, 10000.0, true}),
+        valued(G::Clips, "continue", K::Number, "S",
+               "Take recordings that go on in one another for one, whose clips cross from file to "
+               "file: those of one camera of which one begins when the other ends, give or take "
+               "this many seconds, or 2",
+               "each is searched by itself")
+            .within({0.0, 3600.0, false})
+            .orBare("2")
+            .excluding({"refine", "from", "to", "ignore-restless", "part", "promising-first"}),
         valued(G::Clips, "fps", K::Number, "N",
                "Take recordings to be N pictures per second, whatever times they have",
                "their own times")
@@ -184,8 +232,9 @@ QVector<ScanOption> makeOptions() {
             .excluding({"refine"}),
 
         word(G::Output, "format", "FORMAT",
-             {"text", "jsonl", "csv", "m3u", "mpv", "cuts", "edl", "mlt"},
-             "How clips are printed; from m3u on, for other programs"),
+             {"text", "jsonl", "csv", "m3u", "mpv", "cuts", "edl", "mlt", "camtrap-dp"},
+             "How clips are printed; from m3u on, for other programs; camtrap-dp is a package for "
+             "the study of wildlife, in files of its own"),
         valued(G::Output, "snapshots", K::Folder, "DIR",
                "Write a picture of each clip's strongest motion into this folder", "none"),
         valued(G::Output, "report", K::Folder, "DIR",
@@ -199,6 +248,10 @@ QVector<ScanOption> makeOptions() {
                "are there instead of decoding again",
                "none"),
         toggle(G::Output, "quiet", "No progress and no summary, only clips and errors"),
+        toggle(G::Output, "verbose",
+               "Say which recordings go on in which others with --continue, and why the others do "
+               "not")
+            .excluding({"quiet"}),
 
         valued(G::Export, "export", K::Folder, "DIR",
                "Cut the clips out, each recording's into a folder of its own in this one", "none")
@@ -215,36 +268,82 @@ QVector<ScanOption> makeOptions() {
         number(G::Export, "bitrate", "MBIT", {settings::bitrate.lowest, 100.0, false},
                settings::bitrate.fallback, "Megabits per second of pictures that are encoded anew")
             .inWindow("Output video bitrate")
-            .needing({"export"}),
+            .needing({"export", "recap"}),
         toggle(G::Export, "no-audio", "Leave the sound out of exported clips", "kept")
             .inWindow("Disable audio output")
             .needing({"export"}),
         valued(G::Export, "start-time", K::Text, "TIME",
-               "Write date and time into exported pictures and the report; each video began at "
-               "this one, in ISO 8601",
+               "Write date and time into exported pictures and the report; the first video began "
+               "at this one, in ISO 8601; auto looks for that of each, in its name, its head or "
+               "the time of its file, and lists have it, too",
                "none")
-            .inWindow("Export with timestamps, Video file start time")
-            .needing({"export", "report"}),
+            .inWindow("Export with timestamps, Video file start time"),
+        valued(G::Export, "start-pattern", K::Text, "PATTERN",
+               "Names have the time in this way, in the letters of strftime, as in "
+               "%d.%m.%Y_%H-%M-%S; * stands for anything",
+               "as cameras have it")
+            .needing({"start-time"}),
+        valued(G::Export, "time-zone", K::Text, "ZONE",
+               "Clocks are those of this zone, such as Europe/Berlin", "that of this machine")
+            .needing({"start-time"}),
+        valued(G::Export, "recap", K::File, "FILE",
+               "Write all clips, one after another, into this film, with the clock where it is "
+               "known and without sound; .mp4, .mkv or .avi",
+               "none"),
+        number(G::Export, "recap-speed", "X", {1.0, 32.0, false}, 1.0,
+               "How many times as fast the recap is")
+            .needing({"recap"}),
+
+        valued(G::Package, "output", K::Folder, "DIR",
+               "Write the package of --format camtrap-dp into this folder", "none")
+            .needing({"format camtrap-dp"}),
+        valued(G::Package, "location", K::Text, "[FOLDER=]LAT,LON",
+               "Where the recordings were made, or those below this folder, in degrees; may be "
+               "repeated",
+               "none")
+            .repeated()
+            .needing({"format camtrap-dp"}),
+        valued(G::Package, "project", K::Text, "TITLE", "The project's title", "none")
+            .needing({"format camtrap-dp"}),
+        valued(G::Package, "contributor", K::Text, "NAME",
+               "A person or organization that made it; may be repeated", "none")
+            .repeated()
+            .needing({"format camtrap-dp"}),
+        word(G::Package, "sampling-design", "NAME",
+             {"opportunistic", "targeted", "experimental", "simpleRandom", "systematicRandom",
+              "clusteredRandom"},
+             "How the cameras' places were chosen")
+            .needing({"format camtrap-dp"}),
 
         number(G::Running, "threads", "N", {0, 256, true}, 0,
                "Threads that decode a recording; 0 is one per core, shared among --jobs"),
         number(G::Running, "jobs", "N", {1, 256, true}, 1,
                "Recordings scanned side by side; the output is that of one after another"),
+        toggle(G::Running, "promising-first",
+               "Measure first what packet sizes say is likely to hold motion, in all recordings; "
+               "the clips are the same in the end")
+            .excluding({"quick", "from", "to", "fps", "part"}),
+        valued(G::Running, "budget", K::Text, "SHARE",
+               "End when this much was looked at, as 25%, or after this time, as 90s, 10m or 2h",
+               "all is looked at")
+            .needing({"promising-first"}),
         // All that decides is for the call that joins the parts.
         valued(G::Running, "part", K::Text, "K/N",
                "Measure and keep only the K-th of N parts of each recording; a call without this "
                "joins them",
                "all of it")
             .needing({"values"})
-            .excluding({"quick", "from", "to", "merge", "format", "snapshots", "report", "trace",
-                        "export"}),
+            .excluding({"quick", "from", "to", "merge", "max-length", "min-length", "sort", "top",
+                        "format", "snapshots", "report", "trace", "export", "recap", "start-time"}),
 
         toggle(G::Help, "help", "Print this text").withLetter('h'),
         toggle(G::Help, "version", "Print the version, and which protections confine the scanner")
             .withLetter('v'),
         toggle(G::Help, "list-options",
                "Print a line for each option, for programs: its name, the kind of its value or "
-               "none, and measuring where motion values depend on it or -; between them are tabs"),
+               "none, measuring where motion values depend on it or -, and the value that counts "
+               "where "
+               "it is given without one; between them are tabs"),
     };
 }
 

@@ -18,7 +18,7 @@
 /// sets; scripts/options then writes the tables in docs/ anew.
 
 /// What an option is about. In the order in which the groups are listed.
-enum class OptionGroup { Input, Clips, Region, Output, Export, Running, Help };
+enum class OptionGroup { Input, Clips, Region, Output, Export, Package, Running, Help };
 
 /// What is written behind an option's name; completions offer what fits.
 enum class ValueKind { None, Number, Word, File, Folder, Text };
@@ -50,6 +50,8 @@ struct ScanOption {
     QString fallback;                   ///< the value that counts without the option; empty: none
     QString absence;                    ///< without a fallback: what happens without the option
     std::optional<CellsLimits> ofCells; ///< nothing: cells change nothing of it
+    QString bare;                       ///< the value that counts where it is given without one;
+                                        ///< empty: it needs one
     bool isRepeated = false;            ///< may be given several times
     QStringList needs;                  ///< one of these must be given with it, "detector cells"
                                         ///< with this very value; empty: none

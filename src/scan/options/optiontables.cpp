@@ -2,6 +2,7 @@
 //
 // SPDX-License-Identifier: GPL-3.0-or-later
 
+#include "knownnames.h"
 #include "optionspelling.h"
 #include "optiontext.h"
 
@@ -45,6 +46,27 @@ QString markdownFields() {
     return text;
 }
 
+QString markdownNames() {
+    const auto reading = [](const KnownName& name) {
+        switch (name.reading) {
+        case NameReading::Utc:
+            return "UTC";
+        case NameReading::EitherOrder:
+            return "day and month in either order, where only one can be";
+        case NameReading::Unusable:
+            return "not used: its day can be read in several ways";
+        case NameReading::Local:
+            break;
+        }
+        return "";
+    };
+    QString text = QStringLiteral("| pattern | example | |\n| --- | --- | --- |\n");
+    for (const KnownName& name : knownNames())
+        text +=
+            QStringLiteral("| `%1` | `%2` | %3 |\n").arg(name.pattern, name.example, reading(name));
+    return text;
+}
+
 QString htmlOptionTables() {
     const QString head = QStringLiteral(
         "<h3>%1</h3>\n<table border=\"1\" cellspacing=\"0\" cellpadding=\"4\" width=\"100%\">\n"
@@ -72,7 +94,9 @@ QString optionList() {
     for (const ScanOption& option : scanOptions()) {
         const bool isMeasuring = !option.valuesKey.isEmpty() || option.choosesValues;
         const char* use = isMeasuring ? "measuring" : "-";
-        lines += QStringLiteral("%1\t%2\t%3\n").arg(option.name, kinds[int(option.kind)], use);
+        const QString bare = option.bare.isEmpty() ? QString() : '\t' + option.bare;
+        lines +=
+            QStringLiteral("%1\t%2\t%3%4\n").arg(option.name, kinds[int(option.kind)], use, bare);
     }
     return lines;
 }

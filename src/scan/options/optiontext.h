@@ -24,8 +24,9 @@ QString bashCompletion();
 QString zshCompletion();
 QString fishCompletion();
 
-/// Tables without what stands around them: options and exit statuses, fields of the JSON lines, and
-/// the options beside the window's controls.
+/// Tables without what stands around them: options and exit statuses, fields of the JSON lines,
+/// known names of recordings, and the options beside the window's controls.
 QString markdownOptions();
 QString markdownFields();
+QString markdownNames();
 QString htmlOptionTables();

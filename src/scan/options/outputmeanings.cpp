@@ -30,12 +30,40 @@ const QVector<JsonField>& jsonFields() {
         {"file", "clip",
          QStringLiteral("with --export: where it was exported to, null if that was not tried")},
         {"exported", "clip", QStringLiteral("with --export: true or false")},
+        {"startClock", "clip",
+         QStringLiteral("with --start-time auto or --time-zone: the clock's time at its start, in "
+                        "ISO 8601, or null")},
+        {"endClock", "clip", QStringLiteral("the same at its end")},
         {"quick", "clip", QStringLiteral("with --quick, without --refine: true")},
+        {"parts", "clip",
+         QStringLiteral("with --continue: in which recordings it lies, objects with recording, and "
+                        "start and end in seconds from the first picture of that one")},
+        {"provisional", "clip",
+         QStringLiteral("with --promising-first: true in lines that come before all others, of "
+                        "clips that may still become others; they have no index and no snapshot")},
+        {"looked", "clip",
+         QStringLiteral("with provisional: the share of all recordings that was looked at by then, "
+                        "0 to 1")},
         {"video", "end", QStringLiteral("the recording, as it was named")},
-        {"state", "end", QStringLiteral("finished, failed or cancelled")},
+        {"state", "end",
+         QStringLiteral("finished, failed, cancelled or, where --budget was spent, partly")},
+        {"looked", "end",
+         QStringLiteral("only where --promising-first has not looked at all of it: the share that "
+                        "was, 0 to 1")},
         {"frames", "end", QStringLiteral("pictures decoded")},
-        {"clips", "end", QStringLiteral("clips found")},
+        {"clips", "end",
+         QStringLiteral(
+             "clips found that are not too short (--min-length); with --top, those that it "
+             "leaves out, too")},
         {"seconds", "end", QStringLiteral("length of what was read")},
+        {"began", "end",
+         QStringLiteral("with --start-time auto or --time-zone: the clock's time at the first "
+                        "picture, in ISO 8601, or null")},
+        {"beganBy", "end",
+         QStringLiteral("with began: what that is known from: given, name, container, file time, "
+                        "follows or unknown")},
+        {"beganCertainty", "end", QStringLiteral("with began: sure, likely, rough or unknown")},
+        {"beganDoubts", "end", QStringLiteral("with began: what is doubtful about it, as texts")},
         {"strongest", "end",
          QStringLiteral("only where it is finished and no clip was found: the greatest motion "
                         "value")},

@@ -70,6 +70,8 @@ QString groupTitle(OptionGroup group) {
         return QStringLiteral("What is written");
     case OptionGroup::Export:
         return QStringLiteral("Exporting the clips");
+    case OptionGroup::Package:
+        return QStringLiteral("A Camtrap DP package");
     case OptionGroup::Running:
         return QStringLiteral("How it runs");
     case OptionGroup::Help:

@@ -7,16 +7,28 @@
 #include "cliplist.h"
 #include "editlists.h"
 #include "encodertimes.h"
+#include "escaping.h"
 #include "playlists.h"
 
+#include <algorithm>
 #include <map>
 #include <mutex>
 
 namespace {
 
-ListedClip listed(const ClipLine& line) {
-    return {listedRecording(line.recording.path, line.recording.video, line.played),
-            line.clip.index, line.clip.start, line.clip.end};
+/// What of a clip lies in each recording, as far as it can be cut.
+QVector<ListedClip> listed(const ClipLine& line) {
+    QVector<ListedClip> clips;
+    for (const ClipPart& part : line.parts) {
+        if (!canBeCut(part.start, part.end))
+            continue;
+        ListedClip clip{listedRecording(part.recording->path, part.recording->video, part.played),
+                        line.clip.index, part.start, part.end};
+        if (part.recording != &line.recording)
+            clip.begunIn = printable(line.recording.video);
+        clips.append(clip);
+    }
+    return clips;
 }
 
 class PlaylistFormat : public ClipFormat {
@@ -30,7 +42,10 @@ public:
     QByteArray header() const override { return head; }
 
     QByteArray clip(const ClipLine& clip) override {
-        return canBeCut(clip.clip.start, clip.clip.end) ? line(listed(clip)) : QByteArray();
+        QByteArray lines;
+        for (const ListedClip& part : listed(clip))
+            lines += line(part);
+        return lines;
     }
 
 private:
@@ -42,14 +57,15 @@ class EditFormat : public ClipFormat {
 public:
     using Document = QByteArray (*)(const QVector<ListedClip>&);
 
-    explicit EditFormat(Document document)
-        : document(document) {}
+    EditFormat(Document document, ClipCalls calls)
+        : document(document)
+        , calls(calls) {}
 
     QByteArray clip(const ClipLine& line) override {
-        if (!canBeCut(line.clip.start, line.clip.end) || !refusal(line.recording).isEmpty())
+        if (isRefused(line))
             return {};
         const std::lock_guard<std::mutex> lock(mutex);
-        clips[line.recording.place].append(listed(line));
+        clips[calls == ClipCalls::InOrder ? 0 : line.recording.place] += listed(line);
         return {};
     }
 
@@ -61,15 +77,22 @@ public:
     }
 
 private:
+    bool isRefused(const ClipLine& line) const {
+        return std::any_of(line.parts.begin(), line.parts.end(), [this](const ClipPart& part) {
+            return !refusal(*part.recording).isEmpty();
+        });
+    }
+
     Document document;
+    ClipCalls calls;
     std::mutex mutex;
-    std::map<int, QVector<ListedClip>> clips; ///< by the recordings' places in the call
+    std::map<int, QVector<ListedClip>> clips; ///< by the recordings' places in the call, or as one
 };
 
 class MltFormat : public EditFormat {
 public:
-    MltFormat()
-        : EditFormat(mltDocument) {}
+    explicit MltFormat(ClipCalls calls)
+        : EditFormat(mltDocument, calls) {}
 
     QString refusal(const Recording& recording) const override {
         return canBeInXml(recording.path)
@@ -80,7 +103,7 @@ public:
 
 } // namespace
 
-std::unique_ptr<ClipFormat> makeListFormat(ReportFormat format) {
+std::unique_ptr<ClipFormat> makeListFormat(ReportFormat format, ClipCalls calls) {
     if (format == ReportFormat::M3u)
         return std::make_unique<PlaylistFormat>(m3uHead(), m3uLines);
     if (format == ReportFormat::Mpv)
@@ -88,6 +111,6 @@ std::unique_ptr<ClipFormat> makeListFormat(ReportFormat format) {
     if (format == ReportFormat::Cuts)
         return std::make_unique<PlaylistFormat>(QByteArray(), cutLine);
     if (format == ReportFormat::Mlt)
-        return std::make_unique<MltFormat>();
-    return std::make_unique<EditFormat>(editDecisionList);
+        return std::make_unique<MltFormat>(calls);
+    return std::make_unique<EditFormat>(editDecisionList, calls);
 }

@@ -22,6 +22,8 @@ QString line(const Progress& progress, double elapsedSeconds) {
     const QString share = progress.share < 0.0
                               ? QStringLiteral("?")
                               : QString::number(int(std::min(progress.share, 1.0) * 100.0));
+    if (progress.isOfParts)
+        return QStringLiteral("%1 % looked at, %2 clips").arg(share).arg(progress.clips);
     return QStringLiteral("%1%  clips: %2  speed: %3x")
         .arg(share)
         .arg(progress.clips)
@@ -36,11 +38,14 @@ ProgressLine::ProgressLine(bool isWanted)
 }
 
 void ProgressLine::show(const Progress& progress) {
+    show(line(progress, double(sinceStart.elapsed()) / 1000.0));
+}
+
+void ProgressLine::show(const QString& step) {
     const bool isTooSoon = sinceShown.isValid() && sinceShown.elapsed() < shownEveryMilliseconds;
     if (!isShown || isTooSoon)
         return;
-    const QString text = line(progress, double(sinceStart.elapsed()) / 1000.0);
-    std::fprintf(stderr, "\r%s\033[K", qPrintable(text));
+    std::fprintf(stderr, "\r%s\033[K", qPrintable(step));
     std::fflush(stderr);
     sinceShown.start();
     isDirty = true;
@@ -61,6 +66,11 @@ Messages::Messages(bool isQuiet)
 void Messages::showProgress(const Progress& progress) {
     const std::lock_guard<std::mutex> lock(mutex);
     line.show(progress);
+}
+
+void Messages::showStep(const QString& step) {
+    const std::lock_guard<std::mutex> lock(mutex);
+    line.show(step);
 }
 
 void Messages::makeRoom() {

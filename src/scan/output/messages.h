@@ -11,9 +11,10 @@
 
 /// How far a scan is, over all its recordings.
 struct Progress {
-    double share = 0.0;   ///< of all bytes, 0 to 1; negative if unknown
-    int clips = 0;        ///< found so far
-    double seconds = 0.0; ///< of recordings, done so far
+    double share = 0.0;     ///< of all bytes, 0 to 1; negative if unknown
+    int clips = 0;          ///< found so far
+    double seconds = 0.0;   ///< of recordings, done so far
+    bool isOfParts = false; ///< the share is that of the parts that were looked at, in any order
 };
 
 /// The line on standard error that shows how far a scan is. Silent where that is no terminal.
@@ -24,6 +25,8 @@ public:
 
     /// Shows `progress`, a few times a second at the most.
     void show(const Progress& progress);
+
+    void show(const QString& step); ///< the same of what comes behind the scan
 
     /// Takes the line away, before something else is printed.
     void clear();
@@ -47,6 +50,9 @@ public:
 
     /// How far the scan as a whole is.
     void showProgress(const Progress& progress);
+
+    /// What is done behind it, and how far that is.
+    void showStep(const QString& step);
 
     /// Makes room for a line on standard output, where both are the same terminal.
     void makeRoom();

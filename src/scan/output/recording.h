@@ -5,6 +5,7 @@
 #pragma once
 
 #include "orderedoutput.h"
+#include "recordingstart.h"
 #include "watchedrecording.h"
 
 #include <QString>
@@ -28,6 +29,8 @@ struct Recording {
     /// Of it before it was read; nothing: it is no regular file, or the values were named.
     std::optional<RecordingStamp> stamp;
     std::optional<WatchedRecording> watched; ///< nothing: it is no regular file, or not begun with
+
+    RecordingStart start; ///< unknown: none was given, found or looked for yet
 
     qint64 bytes = 0; ///< its size; 0 where it is no file
     qint64 read = 0;  ///< bytes of it, so far

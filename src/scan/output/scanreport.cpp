@@ -15,7 +15,6 @@ ScanReport::ScanReport(const ScanOptions& options, std::vector<Recording>& recor
     report.folder = QDir(folder).absolutePath();
     report.detector = options.detection.detector;
     report.threshold = double(options.detection.segmentation.motionThreshold.value);
-    report.startTime = options.exporting.startDateTime;
     report.recordings.resize(recordings.size());
     SnapshotFolder pictures(reportPictureFolder(folder));
     for (Recording& recording : recordings) {
@@ -37,10 +36,15 @@ QString ScanReport::addClip(const ClipLine& line) const {
     clip.strength = found.strongestMotion;
     if (line.isExported)
         clip.exportFile = QFileInfo(line.exportFile).absoluteFilePath();
+    for (const ClipPart& part : line.parts) {
+        if (line.goesOn())
+            clip.parts.append({part.recording->place, part.start, part.end, part.offset});
+    }
     QString failure =
         writeReportPicture(found.snapshot, line.recording.reportPictures, report.folder, clip);
-    line.recording.reported->offset = line.played.offset;
-    line.recording.reported->clips.append(clip);
+    ReportedRecording& reported = *line.recording.reported;
+    reported.offset = line.played.offset;
+    reported.clips.append(clip);
     return failure;
 }
 

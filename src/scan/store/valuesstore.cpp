@@ -12,6 +12,7 @@
 #include "valuesreader.h"
 
 #include <QFile>
+#include <QFileInfo>
 
 namespace {
 
@@ -69,8 +70,21 @@ ValuesStore::Found ValuesStore::findPart(Recording& recording, RecordingPart par
     Found found = findKept(valuesPath(folder, stamp.path), stamp);
     if (found.values)
         return found;
-    found = findKept(partPath(folder, stamp.path, part.index, part.count), stamp);
+    return findOwnPart(recording, part);
+}
+
+ValuesStore::Found ValuesStore::findOwnPart(const Recording& recording, RecordingPart part) const {
+    const RecordingStamp& stamp = *recording.stamp;
+    const QString path = partPath(options.valuesDirectory, stamp.path, part.index, part.count);
+    Found found = findKept(path, stamp);
     return found.values && areOfThisCall(*found.values) ? found : Found();
+}
+
+bool ValuesStore::mayBeKept(const Recording& recording) const {
+    const QByteArray path = QFile::encodeName(recording.path);
+    return !recording.valuesFile.isEmpty() ||
+           QFileInfo::exists(valuesPath(options.valuesDirectory, path)) ||
+           !parts.counts(path).isEmpty();
 }
 
 ValuesStore::Found ValuesStore::findNamed(const Recording& recording) const {
@@ -234,16 +248,38 @@ bool ValuesStore::keepPart(const Recording& recording, const PartDetection& dete
                            RecordingPart part, const MeasuringEnd& end) const {
     if (!recording.stamp || !canBeKept(detection.measurement(), end))
         return true;
-    KeptValues values = valuesOf(recording, detection.measurement(), end);
+    KeptValues values = valuesOfPart(recording, detection, part);
+    values.outcome = end.outcome;
+    values.reason = end.error;
+    return keepOwnPart(values);
+}
+
+KeptValues ValuesStore::valuesOfPart(const Recording& recording, const PartDetection& detection,
+                                     RecordingPart part) const {
+    KeptValues values = valuesOf(recording, detection.measurement(), {});
     values.part = part;
     values.partFacts = detection.facts();
-    return write(values,
-                 partPath(options.valuesDirectory, recording.stamp->path, part.index, part.count));
+    return values;
+}
+
+bool ValuesStore::keepOwnPart(const KeptValues& part) const {
+    const QString& folder = options.valuesDirectory;
+    return folder.isEmpty() ||
+           write(part, partPath(folder, part.recording.path, part.part->index, part.part->count));
+}
+
+void ValuesStore::removeParts(const Recording& recording, int count) const {
+    for (int i = 1; i <= count; ++i) {
+        const QString path = partPath(options.valuesDirectory, recording.stamp->path, i, count);
+        QFile::remove(path);
+        QFile::remove(cellsPath(path));
+    }
 }
 
 bool ValuesStore::keepJoined(const Found& found) const {
-    return !found.areJoined ||
-           write(*found.values, valuesPath(options.valuesDirectory, found.values->recording.path));
+    const QString& folder = options.valuesDirectory;
+    return !found.areJoined || folder.isEmpty() ||
+           write(*found.values, valuesPath(folder, found.values->recording.path));
 }
 
 /// What keeps the values from being written is told once.

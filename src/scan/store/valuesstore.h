@@ -41,6 +41,14 @@ public:
     /// The same for one of its parts; the whole will do, too.
     Found findPart(Recording& recording, RecordingPart part) const;
 
+    /// The same for a part that nobody else measures while this call does, and without the whole.
+    /// The recording has its stamp.
+    Found findOwnPart(const Recording& recording, RecordingPart part) const;
+
+    /// Whether any file is named like one that keeps values of the recording, or of all its parts.
+    /// Reads none of them.
+    bool mayBeKept(const Recording& recording) const;
+
     /// The maps of what was found, also where they do not decide. Nothing where there are none that
     /// can be used; says nothing of it.
     static std::optional<CellMaps> mapsOf(const Found& found);
@@ -56,6 +64,17 @@ public:
     /// The same for one part of a recording.
     bool keepPart(const Recording& recording, const PartDetection& detection, RecordingPart part,
                   const MeasuringEnd& end) const;
+
+    /// What was measured of a part of a recording that has a stamp.
+    KeptValues valuesOfPart(const Recording& recording, const PartDetection& detection,
+                            RecordingPart part) const;
+
+    /// Keeps that, where values are to be kept. False, after a complaint, if it could not be
+    /// written.
+    bool keepOwnPart(const KeptValues& part) const;
+
+    /// Removes the files of so many parts of a recording of which the whole is kept.
+    void removeParts(const Recording& recording, int count) const;
 
     /// Keeps the whole that was joined from its parts, where it was. False, after a complaint, if
     /// it could not be written.

@@ -85,4 +85,7 @@ constexpr const char* windowStateKey = "window_state";
 // What is kept of recordings that were searched: megabytes, 0 for nothing.
 constexpr Setting<int> keptValues{"kept_values_mb", 1000, 0, 100000};
 
+// Whether the likeliest of the recordings that wait is searched next.
+constexpr Switch likeliestFirst{"likeliest_first", false};
+
 } // namespace settings
