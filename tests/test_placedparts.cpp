@@ -132,12 +132,8 @@ void TestPlacedParts::partsAreOnePass_data() {
             << recordings.filePath(name) << (uncut.contains(name) ? 0 : 3);
     for (const char* name : {"garden.mp4", "gate.avi", "night.mkv"})
         QTest::newRow(name) << recordingsDirectory() + '/' + name << 2;
-    if (footageDirectory().isEmpty())
-        return;
-    for (const QFileInfo& file : QDir(footageDirectory()).entryInfoList(QDir::Files)) {
-        if (file.suffix() != QLatin1String("md") && file.suffix() != QLatin1String("py"))
-            QTest::newRow(qPrintable(file.fileName())) << file.absoluteFilePath() << 0;
-    }
+    for (const QFileInfo& file : footageFiles())
+        QTest::newRow(qPrintable(file.fileName())) << file.absoluteFilePath() << 0;
 }
 
 void TestPlacedParts::partsAreOnePass() {

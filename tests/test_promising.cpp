@@ -210,12 +210,8 @@ void TestPromising::theEndIsThatOfAnOrderlySearch() {
 void TestPromising::footageIsFoundAsEver_data() {
     QTest::addColumn<QString>("name");
     QTest::newRow("none") << QString();
-    if (footageDirectory().isEmpty())
-        return;
-    for (const QFileInfo& file : QDir(footageDirectory()).entryInfoList(QDir::Files)) {
-        if (file.suffix() != QLatin1String("md") && file.suffix() != QLatin1String("py"))
-            QTest::newRow(qPrintable(file.fileName())) << file.absoluteFilePath();
-    }
+    for (const QFileInfo& file : footageFiles())
+        QTest::newRow(qPrintable(file.fileName())) << file.absoluteFilePath();
 }
 
 void TestPromising::footageIsFoundAsEver() {

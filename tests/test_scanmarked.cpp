@@ -13,7 +13,6 @@
 #include "scannerstand.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -38,16 +37,6 @@ QJsonObject marked(const QJsonObject& clip, const QString& mark = QStringLiteral
             {"start", clip["start"]},
             {"end", clip["end"]},
             {"mark", mark}};
-}
-
-QMap<QString, QByteArray> filesIn(const QString& folder) {
-    QMap<QString, QByteArray> files;
-    QDirIterator all(folder, QDir::Files, QDirIterator::Subdirectories);
-    while (all.hasNext()) {
-        const QString path = all.next();
-        files[QDir(folder).relativeFilePath(path)] = readFile(path);
-    }
-    return files;
 }
 
 } // namespace

@@ -10,7 +10,6 @@
 #include "process.h"
 
 #include <QDir>
-#include <QDirIterator>
 #include <QFileInfo>
 #include <QImage>
 #include <QTemporaryDir>
@@ -48,17 +47,6 @@ QStringList namesOf(const QList<QJsonObject>& lines) {
 
 double lengthOf(const QJsonObject& line) {
     return line["end"].toDouble() - line["start"].toDouble();
-}
-
-/// Every file below a folder, by its path in it.
-QMap<QString, QByteArray> filesIn(const QString& folder) {
-    QMap<QString, QByteArray> files;
-    QDirIterator all(folder, QDir::Files, QDirIterator::Subdirectories);
-    while (all.hasNext()) {
-        const QString path = all.next();
-        files[QDir(folder).relativeFilePath(path)] = readFile(path);
-    }
-    return files;
 }
 
 } // namespace

@@ -4,12 +4,24 @@
 
 #include "files.h"
 
+#include <QDir>
+#include <QDirIterator>
 #include <QFile>
 #include <QJsonDocument>
 
 QByteArray readFile(const QString& path) {
     QFile file(path);
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QMap<QString, QByteArray> filesIn(const QString& folder) {
+    QMap<QString, QByteArray> files;
+    QDirIterator all(folder, QDir::Files, QDirIterator::Subdirectories);
+    while (all.hasNext()) {
+        const QString path = all.next();
+        files[QDir(folder).relativeFilePath(path)] = readFile(path);
+    }
+    return files;
 }
 
 bool writeFile(const QString& path, const QByteArray& content) {

@@ -16,6 +16,17 @@ QString footageDirectory() {
     return !path.isEmpty() && QDir(path).exists() ? QDir(path).absolutePath() : QString();
 }
 
+QFileInfoList footageFiles() {
+    QFileInfoList files;
+    if (footageDirectory().isEmpty())
+        return files;
+    for (const QFileInfo& file : QDir(footageDirectory()).entryInfoList(QDir::Files)) {
+        if (file.suffix() != QLatin1String("md") && file.suffix() != QLatin1String("py"))
+            files += file;
+    }
+    return files;
+}
+
 QStringList recordingsIn(const QString& folder) {
     return QDir(folder).entryList({"*.avi", "*.mp4", "*.mkv", "*.mpg", "*.flv", "*.ts", "*.mov"});
 }

@@ -4,6 +4,7 @@
 
 #pragma once
 
+#include <QFileInfo>
 #include <QString>
 #include <QStringList>
 
@@ -12,6 +13,9 @@ QString recordingsDirectory();
 
 /// The folder of larger, real recordings that KESTROVA_FOOTAGE names; empty if it names none.
 QString footageDirectory();
+
+/// The recordings of that folder, also those that are hard to read; none if there is none.
+QFileInfoList footageFiles();
 
 /// The names of the recordings in a folder.
 QStringList recordingsIn(const QString& folder);
