@@ -46,7 +46,7 @@ private Q_SLOTS:
     void everyFileHasItsOwn();
     void fieldStaysUntilTheOfferIsTaken();
     void offerGoesWithTimestamps();
-    void offerIsReachedBehindTheField();
+    void offerIsReachedBeforeTheField();
     void offerFitsBesideTheField();
     void timeIsReadWhereRoomIsShort();
     void shortLivedWindowsEnd();
@@ -179,17 +179,20 @@ void TestStartOffer::offerGoesWithTimestamps() {
     QVERIFY(offerIn(window).isEnabled());
 }
 
-void TestStartOffer::offerIsReachedBehindTheField() {
+void TestStartOffer::offerIsReachedBeforeTheField() {
     SetupWindow window;
     window.addFile(made("20261122_203015.mp4"));
     window.get<QCheckBox>("checkBoxExportTimestamp").click();
     QTRY_VERIFY(offerIn(window).isVisible());
     QVERIFY(QTest::qWaitForWindowActive(&window));
-    offerIn(window).setFocus();
+    auto& box = window.get<QCheckBox>("checkBoxExportTimestamp");
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_Tab);
+    QVERIFY(offerIn(window).hasFocus());
     QTest::keyClick(&offerIn(window), Qt::Key_Space);
     QCOMPARE(window.get<QDateTimeEdit>("dateTimeEdit").date(), QDate(2026, 11, 22));
     QTest::keyClick(&offerIn(window), Qt::Key_Tab);
-    QVERIFY(window.get<QPushButton>("pushButtonAdd").hasFocus());
+    QVERIFY(window.get<QDateTimeEdit>("dateTimeEdit").hasFocus());
 }
 
 void TestStartOffer::offerFitsBesideTheField() {

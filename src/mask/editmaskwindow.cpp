@@ -39,7 +39,9 @@ EditMaskWindow::EditMaskWindow(QWidget* parent)
     new ScreenFit(*this);
     options = std::make_unique<JobOptions>(*ui);
     startOffer = new StartOffer(*ui->dateTimeEdit, *ui->layoutTimestamps);
-    setTabOrder(ui->dateTimeEdit, startOffer);
+    // Before the field, so that whoever has typed a time comes to the buttons with the next key.
+    setTabOrder(ui->checkBoxExportTimestamp, startOffer);
+    setTabOrder(startOffer, ui->dateTimeEdit);
     on_checkBoxExportTimestamp_clicked();
     connect(ui->maskEditor, SIGNAL(roiUpdated()), this, SLOT(roiUpdated()));
     ui->pushButtonClear->setEnabled(ui->maskEditor->hasRoi());
