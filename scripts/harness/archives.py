@@ -121,7 +121,7 @@ def examples(scanner, table):
     for name in ("night", "recordings"):
         shutil.copytree(common.ROOT / "tests/recordings", place / name)
     os.environ["PATH"] = f"{scanner.parent}:{os.environ['PATH']}"
-    expected = [["--report", "alone", "/srv/cameras/night"],
+    expected = [["--values", "values", "--report", "alone", "/srv/cameras/night"],
                 ["--minimum", "2", "--format", "csv", "recordings"], ["--format", "jsonl", "recordings"]]
     for number, command in enumerate(re.findall(r"^```sh\n(.*?)^```", section, re.MULTILINE | re.DOTALL)):
         alone = subprocess.run([scanner, *expected[number]], cwd=place, capture_output=True, check=True)
