@@ -10,6 +10,7 @@
 #include "files.h"
 #include "media.h"
 #include "process.h"
+#include "sample.h"
 #include "scannerstand.h"
 
 #include <QDir>
@@ -179,6 +180,7 @@ void TestContinued::clipsAreThoseOfTheWhole_data() {
 }
 
 void TestContinued::clipsAreThoseOfTheWhole() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, ending);
     QFETCH(QStringList, options);
     const QStringList parts = ending == "mkv" ? files : cut(ending, ending);

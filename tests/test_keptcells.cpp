@@ -9,6 +9,7 @@
 #include "files.h"
 #include "media.h"
 #include "process.h"
+#include "sample.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -100,6 +101,7 @@ void TestKeptCells::mapsCountWhateverTheRegionWas_data() {
 
 /// Nothing is written anew, and a named values file decides alike.
 void TestKeptCells::mapsCountWhateverTheRegionWas() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QStringList, before);
     QFETCH(QStringList, now);
     QCOMPARE(scan(before + keeping() + QStringList{video}).status, 0);
@@ -155,6 +157,7 @@ void TestKeptCells::flawedMapsAreNamedAndReplaced_data() {
 }
 
 void TestKeptCells::flawedMapsAreNamedAndReplaced() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, kind);
     const ProcessResult fresh = cells(keeping() + QStringList{video});
     const QString name = kept(".cells");

@@ -137,6 +137,7 @@ void TestPlacedParts::partsAreOnePass_data() {
 }
 
 void TestPlacedParts::partsAreOnePass() {
+    KESTROVA_SAMPLED_ROW();
     QFETCH(QString, file);
     QFETCH(int, fewest);
     compareWithOnePass(file, optionsWith(false, 0), fewest);
