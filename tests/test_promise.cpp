@@ -12,6 +12,7 @@
 #include <QTemporaryDir>
 #include <QtTest>
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
@@ -27,7 +28,7 @@ QVector<float> curveOf(int seconds, const Cost& cost) {
     std::deque<double> times;
     for (int i = 0; i < seconds * perSecond; ++i) {
         const bool isKey = i % (2 * perSecond) == 0;
-        packets.push_back({cost(i) + (isKey ? 2.0F : 0.0F), quint8(isKey ? 1 : 0)});
+        packets.push_back({cost(i) + (isKey ? 2.0F : 0.0F), quint8(isKey ? 1 : 0), isKey});
         times.push_back(1000.0 + double(i) / perSecond);
     }
     return promiseCurve(packets, times);
@@ -45,6 +46,8 @@ class TestPromise : public QObject {
 private Q_SLOTS:
     void costTakesTheQuantiserOut();
     void keyFramesAreNothingSpecial();
+    void whatLiesBehindThemIsNothingSpecial();
+    void oddPlacesAreThoseOfTheirKind();
     void whatStandsOutIsSeen();
     void whatIsUsualAroundIsTakenAway();
     void outliersAreBounded();
@@ -52,6 +55,7 @@ private Q_SLOTS:
     void timesThatMakeNoSenseGiveNothing();
     void nothingGivesNothing();
     void partsAreScoredFromBothSides();
+    void shortVisitsAreSeenInLongParts();
     void ordersTakeTurns();
     void flatPromisesAreSeen();
     void piecesPromiseWhatLiesInThem();
@@ -67,6 +71,32 @@ void TestPromise::costTakesTheQuantiserOut() {
 void TestPromise::keyFramesAreNothingSpecial() {
     for (const float value : curveOf(200, [](int) { return 5.0F; }))
         QCOMPARE(value, 0.0F);
+}
+
+/// The second of a key frame costs less than the next one, by more than a visit does.
+void TestPromise::whatLiesBehindThemIsNothingSpecial() {
+    const auto curve = curveOf(300, [](int i) {
+        const float visit = isBetween(i, 100, 104) ? 0.1F : 0.0F;
+        return (i % (2 * perSecond) < perSecond ? 4.8F : 5.2F) + visit;
+    });
+    for (int second = 0; second < 300; ++second) {
+        const float expected = second >= 100 && second < 104 ? 0.1F : 0.0F;
+        QVERIFY2(std::abs(curve[second] - expected) < 0.001F, qPrintable(QString::number(second)));
+    }
+}
+
+/// Places that are as rare as what happens at them would call it usual.
+void TestPromise::oddPlacesAreThoseOfTheirKind() {
+    std::deque<PacketFeature> packets;
+    std::deque<double> times;
+    for (int i = 0; i < 300 * perSecond; ++i) {
+        const bool isKey = i % (150 * perSecond) == 0;
+        packets.push_back({isBetween(i, 153, 157) ? 5.5F : 5.0F, 0, isKey});
+        times.push_back(double(i) / perSecond);
+    }
+    const auto curve = promiseCurve(packets, times);
+    for (int second = 153; second < 157; ++second)
+        QVERIFY(std::abs(curve[second] - 0.5F) < 0.001F);
 }
 
 void TestPromise::whatStandsOutIsSeen() {
@@ -128,6 +158,18 @@ void TestPromise::partsAreScoredFromBothSides() {
     QCOMPARE(promiseOf(curve, 10.0, 20.0).either, 1.0F);
     QCOMPARE(promiseOf(curve, 10.0, 20.0).more, 0.0F);
     QCOMPARE(promiseOf(curve, 20.0, 99.0).either, 0.0F);
+}
+
+/// Wherever they lie: where two of the stretches meet, too.
+void TestPromise::shortVisitsAreSeenInLongParts() {
+    for (int second = 0; second + 4 <= 65; ++second) {
+        QVector<float> curve(200, 0.0F);
+        std::fill_n(curve.begin() + 60 + second, 4, second % 2 == 0 ? 1.0F : -1.0F);
+        const PartPromise promise = promiseOf(curve, 60.0, 125.0);
+        QCOMPARE(promise.either, 1.0F);
+        QCOMPARE(promise.more, second % 2 == 0 ? 1.0F : 0.0F);
+        QCOMPARE(promiseOf(curve, 125.0, 190.0).either, 0.0F);
+    }
 }
 
 void TestPromise::ordersTakeTurns() {

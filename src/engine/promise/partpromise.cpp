@@ -21,6 +21,19 @@ float tenthOf(std::vector<float>& values) {
     return values[std::size_t(place)];
 }
 
+/// Of the seconds from `first` up to `last`.
+PartPromise ofStretch(const QVector<float>& curve, int first, int last) {
+    std::vector<float> more(curve.begin() + first, curve.begin() + last);
+    std::vector<float> either = more;
+    for (float& value : either)
+        value = std::abs(value);
+    return {tenthOf(either), tenthOf(more)};
+}
+
+PartPromise betterOf(const PartPromise& left, const PartPromise& right) {
+    return {std::max(left.either, right.either), std::max(left.more, right.more)};
+}
+
 QVector<int> orderedBy(const QVector<PartPromise>& parts, float PartPromise::*side) {
     QVector<int> places(parts.size());
     std::iota(places.begin(), places.end(), 0);
@@ -32,16 +45,20 @@ QVector<int> orderedBy(const QVector<PartPromise>& parts, float PartPromise::*si
 } // namespace
 
 PartPromise promiseOf(const QVector<float>& curve, double begin, double end) {
+    constexpr int stretch = 10; // seconds
     const auto placeOf = [&curve](double second) {
         return int(std::clamp(second, 0.0, double(curve.size())));
     };
-    const int first = placeOf(std::floor(begin));
+    int first = placeOf(std::floor(begin));
     const int last = std::max(first, placeOf(std::ceil(end)));
-    std::vector<float> more(curve.begin() + first, curve.begin() + last);
-    std::vector<float> either = more;
-    for (float& value : either)
-        value = std::abs(value);
-    return {tenthOf(either), tenthOf(more)};
+    // The last one takes what is left.
+    const auto endOf = [&] { return last - first < 2 * stretch ? last : first + stretch; };
+    PartPromise best = ofStretch(curve, first, endOf());
+    while (endOf() < last) {
+        first = endOf();
+        best = betterOf(best, ofStretch(curve, first, endOf()));
+    }
+    return best;
 }
 
 bool areFlat(const QVector<PartPromise>& parts) {

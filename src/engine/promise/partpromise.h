@@ -12,7 +12,8 @@ struct PartPromise {
     float more = 0.0F;   ///< with more
 };
 
-/// Of the part from second `begin` up to `end`: what a tenth of its seconds exceed.
+/// Of the part from second `begin` up to `end`: what a tenth of the seconds exceed in the most
+/// promising of its stretches of ten seconds, since of a minute a short visit is no tenth.
 PartPromise promiseOf(const QVector<float>& curve, double begin, double end);
 
 /// Whether the promises tell nothing: all are about the same.

@@ -27,7 +27,8 @@ public:
 
     void add(const AVPacket& packet) {
         const double time = timeOf(packet);
-        features.push_back(featureOf(pictures.of(packet), packet.size));
+        const bool isKey = (packet.flags & AV_PKT_FLAG_KEY) != 0;
+        features.push_back(featureOf(pictures.of(packet), packet.size, isKey));
         seconds.push_back(time);
         position = std::max<qint64>(position, packet.pos);
         if (time <= longestCurve)

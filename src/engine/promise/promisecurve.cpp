@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cmath>
 #include <numeric>
+#include <optional>
 
 namespace {
 
@@ -25,21 +26,48 @@ float medianOf(Values begin, Values end) {
     return *middle;
 }
 
-std::vector<float> mediansOf(const std::deque<PacketFeature>& packets) {
-    std::vector<std::size_t> ends(packetKinds, 0);
+/// The group of each packet of a stream, in order: those of its kind.
+struct KindGroups {
+    static constexpr std::size_t count = packetKinds;
+    static constexpr std::size_t fewest = 1; ///< packets that tell what is usual in a group
+
+    std::size_t next(const PacketFeature& packet) { return packet.kind; }
+};
+
+/// Those of its kind that lie as far behind a key frame; what is further away is together.
+struct PlaceGroups {
+    static constexpr std::size_t places = 256;
+    static constexpr std::size_t count = packetKinds * places;
+    static constexpr std::size_t fewest = 20;
+
+    std::size_t next(const PacketFeature& packet) {
+        place = packet.isKey ? 0 : std::min(place + 1, places - 1);
+        return packet.kind * places + place;
+    }
+
+    std::size_t place = 0;
+};
+
+/// What a packet of each group costs; nothing where there are too few to tell.
+template<class Groups>
+std::vector<std::optional<float>> mediansOf(const std::deque<PacketFeature>& packets) {
+    std::vector<std::size_t> ends(Groups::count, 0);
+    Groups counted;
     for (const PacketFeature& packet : packets)
-        ++ends[packet.kind];
+        ++ends[counted.next(packet)];
     std::partial_sum(ends.begin(), ends.end(), ends.begin());
-    std::vector<std::size_t> next(packetKinds, 0);
+    std::vector<std::size_t> next(Groups::count, 0);
     std::copy(ends.begin(), ends.end() - 1, next.begin() + 1);
     std::vector<float> costs(packets.size());
+    Groups sorted;
     for (const PacketFeature& packet : packets)
-        costs[next[packet.kind]++] = packet.cost;
-    std::vector<float> medians(packetKinds, 0.0F);
+        costs[next[sorted.next(packet)]++] = packet.cost;
+    std::vector<std::optional<float>> medians(Groups::count);
     auto begin = costs.begin();
-    for (std::size_t kind = 0; kind < ends.size(); ++kind) {
-        const auto end = costs.begin() + std::ptrdiff_t(ends[kind]);
-        medians[kind] = medianOf(begin, end);
+    for (std::size_t group = 0; group < ends.size(); ++group) {
+        const auto end = costs.begin() + std::ptrdiff_t(ends[group]);
+        if (std::size_t(end - begin) >= Groups::fewest)
+            medians[group] = medianOf(begin, end);
         begin = end;
     }
     return medians;
@@ -47,13 +75,16 @@ std::vector<float> mediansOf(const std::deque<PacketFeature>& packets) {
 
 QVector<float> meansOf(const std::deque<PacketFeature>& packets,
                        const std::deque<double>& seconds) {
-    const std::vector<float> medians = mediansOf(packets);
+    const auto ofKinds = mediansOf<KindGroups>(packets);
+    const auto ofPlaces = mediansOf<PlaceGroups>(packets);
+    PlaceGroups places;
     QVector<float> sums(int(seconds.back() - seconds.front()) + 1, 0.0F);
     QVector<int> counts(sums.size(), 0);
     for (std::size_t i = 0; i < packets.size(); ++i) {
         const PacketFeature& packet = packets[i];
         const int second = int(seconds[i] - seconds.front());
-        sums[second] += std::clamp(packet.cost - medians[packet.kind], lowest, highest);
+        const float usual = ofPlaces[places.next(packet)].value_or(*ofKinds[packet.kind]);
+        sums[second] += std::clamp(packet.cost - usual, lowest, highest);
         ++counts[second];
     }
     for (int i = 0; i < sums.size(); ++i)
@@ -69,10 +100,10 @@ float packetCost(int bytes, int quantiser) {
     return std::log(float(bytes) + least) + float(quantiser) * std::log(2.0F) / 6.0F;
 }
 
-PacketFeature featureOf(const CodedPicture& picture, int bytes) {
+PacketFeature featureOf(const CodedPicture& picture, int bytes, bool isKey) {
     constexpr int ofKnownQuantiser = 64; // kinds are below
     return {packetCost(bytes, picture.quantiser.value_or(0)),
-            quint8(picture.kind + (picture.quantiser ? ofKnownQuantiser : 0))};
+            quint8(picture.kind + (picture.quantiser ? ofKnownQuantiser : 0)), isKey};
 }
 
 QVector<float> promiseCurve(const std::deque<PacketFeature>& packets,

@@ -14,6 +14,7 @@
 struct PacketFeature {
     float cost = 0.0F; ///< logarithm of its bytes, with the quantiser taken out where it is known
     quint8 kind = 0;   ///< below packetKinds; those of one kind are compared with each other alone
+    bool isKey = false;
 };
 
 constexpr int packetKinds = 128;
@@ -23,7 +24,7 @@ constexpr int packetKinds = 128;
 float packetCost(int bytes, int quantiser);
 
 /// Of a packet of so many bytes that holds `picture`.
-PacketFeature featureOf(const CodedPicture& picture, int bytes);
+PacketFeature featureOf(const CodedPicture& picture, int bytes, bool isKey);
 
 /// Seconds that a recording may last for there to be a curve of it: a hundred days.
 constexpr double longestCurve = 100.0 * 86400.0;
@@ -31,7 +32,8 @@ constexpr double longestCurve = 100.0 * 86400.0;
 /// By how much the packets of each second, from the first packet on, cost more than what is usual
 /// around it, or less: the mean over the second of what each packet's cost is above the median of
 /// its kind, between -2 and 3, less the median of these means over a minute to either side. 0 for
-/// seconds without packets.
+/// seconds without packets. Where enough of a kind lie equally far behind a key frame, their median
+/// counts: an encoder that keeps to a rate saves behind each of them.
 ///
 /// Motion shows as more with most encoders, and as less with some that keep to a rate.
 ///

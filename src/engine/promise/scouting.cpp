@@ -34,7 +34,8 @@ public:
             return;
         points.add(numbered.number, accessPoints.next(packet));
         index->push_back({packet.pos, packet.dts, packet.size});
-        features.push_back(featureOf(pictures.of(packet), packet.size));
+        const bool isKey = (packet.flags & AV_PKT_FLAG_KEY) != 0;
+        features.push_back(featureOf(pictures.of(packet), packet.size, isKey));
     }
 
     /// Its parts, where it has any and they are worth it.
