@@ -58,11 +58,16 @@ void TestPartQueue::whatIsThereIsNotMeasuredAgain() {
     queue.add(3, {});
     queue.add(2, {});
     queue.arrange();
+    QCOMPARE(queue.left(), 5);
     queue.remove({0, 1});
+    queue.remove({0, 1});
+    QCOMPARE(queue.left(), 4);
     queue.removeAll(1);
+    QCOMPARE(queue.left(), 2);
     queue.prefer({1, 0});
     QCOMPARE(restOf(queue), (Places{{0, 0}, {0, 2}}));
     QVERIFY(!queue.next());
+    QCOMPARE(queue.left(), 0);
 }
 
 void TestPartQueue::sharesAreSpent() {

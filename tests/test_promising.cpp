@@ -186,6 +186,7 @@ void TestPromising::theEndIsThatOfAnOrderlySearch_data() {
     QTest::newRow("edl") << QStringList{"--format", "edl", "--minimum", "2"};
     QTest::newRow("jobs") << jsonl + QStringList{"--jobs", "2"};
     QTest::newRow("threads") << jsonl + QStringList{"--threads", "3", "--skip", "2"};
+    QTest::newRow("many threads") << jsonl + QStringList{"--threads", "24", "--values", "OUT/kept"};
     QTest::newRow("one thread") << jsonl + QStringList{"--threads", "1", "--skip", "1"};
     QTest::newRow("cells") << jsonl + QStringList{"--detector", "cells"};
     QTest::newRow("restless") << jsonl + QStringList{"--detector", "cells", "--ignore-restless"};
@@ -448,7 +449,8 @@ void TestPromising::othersAreRejected_data() {
     QTest::addColumn<QByteArray>("reason");
     for (const char* budget : {"", "25", "0%", "101%", "x%", "10d", "-5m", "1e3s", "5 m"})
         QTest::newRow(budget) << QStringList{"--promising-first", "--budget", budget}
-                              << QByteArray("--budget takes a share up to 100% or a time");
+                              << QByteArray(
+                                     "--budget takes a share above 0% and up to 100%, or a time");
     QTest::newRow("alone") << QStringList{"--budget", "5%"}
                            << QByteArray("--budget needs --promising-first");
     const QList<QStringList> others = {{"--quick"}, {"--from", "1"}, {"--to", "1"}, {"--fps", "5"}};

@@ -209,9 +209,10 @@ std::optional<SearchLimit> readBudget(const QCommandLineParser& parser, OptionVa
     const QString unit = match.captured(2);
     const bool isShare = unit == QLatin1String("%");
     if (!match.hasMatch() || number <= 0.0 || (isShare && number > 100.0)) {
-        values.reject(QStringLiteral("--budget takes a share up to 100% or a time, as in 25%, 90s, "
-                                     "10m or 2h, not '%1'")
-                          .arg(parser.value("budget")));
+        values.reject(
+            QStringLiteral("--budget takes a share above 0% and up to 100%, or a time, as in "
+                           "25%, 90s, 10m or 2h, not '%1'")
+                .arg(parser.value("budget")));
         return std::nullopt;
     }
     SearchLimit limit;

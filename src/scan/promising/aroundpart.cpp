@@ -14,6 +14,10 @@ namespace {
 
 constexpr int mostParts = 12; ///< that are decided on together
 
+/// Of the shortest motion that makes a clip, what makes one look behind a part's border: most of a
+/// short visit can lie there.
+constexpr double hint = 0.25;
+
 QVector<DetectedClip> merged(const QVector<DetectedClip>& clips, const std::optional<double>& gap) {
     if (!gap)
         return clips;
@@ -58,20 +62,24 @@ public:
     AroundPart found() const {
         AroundPart around;
         for (const DetectedClip& clip : clips) {
-            if (!reachesBefore(clip) && !reachesBehind(clip))
+            if (!reachesBefore(clip, how().minimum) && !reachesBehind(clip))
                 around.clips.append(clip);
         }
-        const bool canGrow = last - first + 1 < mostParts;
-        if (canGrow && isOpenBehind())
+        if (last - first + 1 >= mostParts)
+            return around;
+        if (isOpenBehind() || isAnyBehind(hints))
             around.wanted.append(last + 1);
-        if (canGrow && isOpenBefore())
+        if (isOpenBefore() || isAnyBefore(hints, hint * how().minimum))
             around.wanted.append(first - 1);
         return around;
     }
 
 private:
+    const SegmentationOptions& how() const { return options.detection.segmentation; }
+
     void decide() {
         clips.clear();
+        hints.clear();
         const auto run = parted.run(first, last);
         if (!run || run->series.times.isEmpty())
             return;
@@ -80,13 +88,15 @@ private:
             areCellsAsked ? cellsMeasurement(*run, options.detection, CellBits()) : *run;
         begin = run->firstTime - run->stream.origin;
         end = run->series.times.last() - run->stream.origin;
-        clips = merged(clipsOf(decided, options.detection.segmentation), options.mergeGap);
+        clips = merged(clipsOf(decided, how()), options.mergeGap);
+        SegmentationOptions soon = how();
+        soon.minimum *= hint;
+        hints = clipsOf(decided, soon);
     }
 
-    /// It could begin earlier if more was known.
-    bool reachesBefore(const DetectedClip& clip) const {
-        const SegmentationOptions& how = options.detection.segmentation;
-        return first > 0 && clip.start < begin + how.minimum + options.mergeGap.value_or(0.0);
+    /// It could begin earlier if more was known. `minimum`: of the clips that it is one of.
+    bool reachesBefore(const DetectedClip& clip, double minimum) const {
+        return first > 0 && clip.start < begin + minimum + options.mergeGap.value_or(0.0);
     }
 
     /// It could end later if more was known.
@@ -94,21 +104,26 @@ private:
         return last + 1 < parted.count() && clip.end + options.mergeGap.value_or(0.0) >= end;
     }
 
-    bool isOpenBefore() const {
-        return std::any_of(clips.cbegin(), clips.cend(),
-                           [this](const DetectedClip& clip) { return reachesBefore(clip); });
+    bool isAnyBefore(const QVector<DetectedClip>& all, double minimum) const {
+        return std::any_of(all.cbegin(), all.cend(), [this, minimum](const DetectedClip& clip) {
+            return reachesBefore(clip, minimum);
+        });
     }
 
-    bool isOpenBehind() const {
-        return std::any_of(clips.cbegin(), clips.cend(),
+    bool isAnyBehind(const QVector<DetectedClip>& all) const {
+        return std::any_of(all.cbegin(), all.cend(),
                            [this](const DetectedClip& clip) { return reachesBehind(clip); });
     }
+
+    bool isOpenBefore() const { return isAnyBefore(clips, how().minimum); }
+    bool isOpenBehind() const { return isAnyBehind(clips); }
 
     const PartedRecording& parted;
     const ScanOptions& options;
     int first;
     int last;
     QVector<DetectedClip> clips;
+    QVector<DetectedClip> hints; ///< what clips may become
     double begin = 0.0; ///< seconds from the recording's first picture, of what was decided on
     double end = 0.0;
 };

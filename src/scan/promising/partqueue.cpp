@@ -4,9 +4,12 @@
 
 #include "partqueue.h"
 
+#include <utility>
+
 void PartQueue::add(int parts, const QVector<PartPromise>& ofParts) {
     const int recording = int(areLeft.size());
     areLeft.emplace_back(std::size_t(parts), 1);
+    leftCount += parts;
     std::vector<PartPlace>& places = ofParts.isEmpty() ? others : promising;
     for (int part = 0; part < parts; ++part)
         places.push_back({recording, part});
@@ -24,11 +27,8 @@ std::optional<PartPlace> PartQueue::next() {
         while (!places->empty()) {
             const PartPlace place = places->front();
             places->pop_front();
-            char& isLeft = areLeft[std::size_t(place.recording)][std::size_t(place.part)];
-            if (isLeft == 0)
-                continue;
-            isLeft = 0;
-            return place;
+            if (takeOut(place))
+                return place;
         }
     }
     return std::nullopt;
@@ -39,10 +39,18 @@ void PartQueue::prefer(const PartPlace& place) {
 }
 
 void PartQueue::remove(const PartPlace& place) {
-    areLeft[std::size_t(place.recording)][std::size_t(place.part)] = 0;
+    takeOut(place);
 }
 
 void PartQueue::removeAll(int recording) {
-    std::vector<char>& parts = areLeft[std::size_t(recording)];
-    parts.assign(parts.size(), 0);
+    const int parts = int(areLeft[std::size_t(recording)].size());
+    for (int part = 0; part < parts; ++part)
+        takeOut({recording, part});
+}
+
+/// False if it was taken out before.
+bool PartQueue::takeOut(const PartPlace& place) {
+    char& isLeft = areLeft[std::size_t(place.recording)][std::size_t(place.part)];
+    leftCount -= isLeft;
+    return std::exchange(isLeft, 0) != 0;
 }

@@ -39,11 +39,17 @@ public:
     void remove(const PartPlace& place);
     void removeAll(int recording);
 
+    /// How many are in there.
+    int left() const { return leftCount; }
+
 private:
+    bool takeOut(const PartPlace& place);
+
     std::vector<PartPlace> promising;
     QVector<PartPromise> promises; ///< of those
     std::vector<PartPlace> others;
     std::deque<PartPlace> preferred;
     std::deque<PartPlace> queue;
     std::vector<std::vector<char>> areLeft; ///< by recording and part
+    int leftCount = 0;
 };

@@ -22,15 +22,15 @@ private:
 
 PartReader::PartReader(const DetectionOptions& wanted, std::function<bool()> isCancelled)
     : options(wanted)
-    , progress(std::make_unique<Progress>(std::move(isCancelled))) {
-    options.threads = 1;
-}
+    , progress(std::make_unique<Progress>(std::move(isCancelled))) {}
 
 PartReader::~PartReader() = default;
 
-std::unique_ptr<PartDetection>
-PartReader::measure(const QString& path, const ScoutedRecording& scouted, RecordingPart part) {
-    if (path != opened) {
+std::unique_ptr<PartDetection> PartReader::measure(const QString& path,
+                                                   const ScoutedRecording& scouted,
+                                                   RecordingPart part, int threads) {
+    if (path != opened || threads != options.threads) {
+        options.threads = threads;
         FramePlan plan;
         plan.times = options.times;
         plan.threads = options.threads;

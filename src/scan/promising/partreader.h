@@ -18,9 +18,10 @@ public:
     PartReader(const DetectionOptions& options, std::function<bool()> isCancelled);
     ~PartReader();
 
-    /// Measures part `part` of the recording that was scouted. Null where it cannot be reached.
+    /// Measures part `part` of the recording that was scouted, decoding with so many threads. Null
+    /// where it cannot be reached.
     std::unique_ptr<PartDetection> measure(const QString& path, const ScoutedRecording& scouted,
-                                           RecordingPart part);
+                                           RecordingPart part, int threads);
 
     /// How the last one has ended.
     const MeasuringEnd& end() const { return lastEnd; }

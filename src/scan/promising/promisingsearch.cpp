@@ -135,24 +135,33 @@ void PromisingSearch::arrange() {
 
 void PromisingSearch::work() {
     PartReader reader(measuredOptions(tools.options), tools.isEnding);
-    while (const auto place = next())
-        measure(reader, *place);
+    while (const auto task = next())
+        measure(reader, *task);
 }
 
-std::optional<PartPlace> PromisingSearch::next() {
+std::optional<PromisingSearch::Task> PromisingSearch::next() {
     if (isOver())
         return std::nullopt;
     const std::lock_guard<std::mutex> lock(mutex);
     const auto place = queue.next();
-    if (place)
-        tools.budget.add(parted[std::size_t(place->recording)]->scouted.partSeconds[place->part]);
-    return place;
+    if (!place)
+        return std::nullopt;
+    tools.budget.add(parted[std::size_t(place->recording)]->scouted.partSeconds[place->part]);
+    return Task{*place, threadsFor(queue.left() + 1)};
 }
 
-void PromisingSearch::measure(PartReader& reader, const PartPlace& place) {
+/// The last parts get the cores of those who soon find nothing left to do. No more than a few,
+/// whose pictures take memory, too.
+int PromisingSearch::threadsFor(int left) const {
+    constexpr int most = 4;
+    return std::clamp(workers() / left, 1, most);
+}
+
+void PromisingSearch::measure(PartReader& reader, const Task& task) {
+    const PartPlace& place = task.place;
     PartedRecording& one = *parted[std::size_t(place.recording)];
     const RecordingPart part = one.part(place.part);
-    const auto detection = reader.measure(one.recording.path, one.scouted, part);
+    const auto detection = reader.measure(one.recording.path, one.scouted, part, task.threads);
     if (tools.isEnding())
         return;
     if (!detection || reader.end().outcome != DetectionOutcome::Finished)

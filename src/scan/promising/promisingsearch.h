@@ -43,6 +43,12 @@ public:
     std::vector<MeasuredAhead> take();
 
 private:
+    /// What a worker does next.
+    struct Task {
+        PartPlace place;
+        int threads = 1;
+    };
+
     int workers() const;
     bool isOver() const;
     void scoutAll();
@@ -50,8 +56,9 @@ private:
     void takeKeptParts(PartedRecording& parted);
     void arrange();
     void work();
-    std::optional<PartPlace> next();
-    void measure(PartReader& reader, const PartPlace& place);
+    std::optional<Task> next();
+    int threadsFor(int left) const;
+    void measure(PartReader& reader, const Task& task);
     void take(const PartPlace& place, const KeptValues& values);
     void keep(const KeptValues& values);
     void giveUp(PartedRecording& parted, int index);
