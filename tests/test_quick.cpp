@@ -49,6 +49,7 @@ private Q_SLOTS:
     void keptValuesAreMarked();
     void rangesAndSnapshots();
     void needsTimes();
+    void needsTwoKeyFrames();
     void refinedIsExactAroundWhatWasFound_data();
     void refinedIsExactAroundWhatWasFound();
     void refinedCountsOn();
@@ -230,6 +231,24 @@ QList<QJsonObject> TestQuick::clips(const QStringList& options, const QString& n
     QList<QJsonObject> lines = jsonLines(scan(options, name).output);
     lines.removeLast();
     return lines;
+}
+
+void TestQuick::needsTwoKeyFrames() {
+    const QString name = path("single.mp4");
+    QVERIFY(media::encode(media::crossingBox(30, 8, 20) + h264(10000) + QStringList{name}));
+    const ProcessResult whole = scan(someClips, name);
+    QCOMPARE(whole.status, 0);
+    QCOMPARE(jsonLines(whole.output).size(), 2);
+    const QByteArray reason =
+        name.toUtf8() + ": it has one key frame alone, and a quick look compares key frames\n";
+    for (const QStringList& options :
+         {QStringList{"--quick"}, QStringList{"--quick", "--refine"}}) {
+        const ProcessResult quick = scan(options + someClips, name);
+        QCOMPARE(quick.status, 3);
+        QVERIFY2(quick.errors.endsWith(reason), quick.errors.constData());
+        QCOMPARE(jsonLines(quick.output).size(), 1);
+        QCOMPARE(jsonLines(quick.output).first()["state"].toString(), QString("failed"));
+    }
 }
 
 void TestQuick::refinedIsExactAroundWhatWasFound_data() {

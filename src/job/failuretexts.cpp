@@ -25,6 +25,8 @@ constexpr const char* failures[] = {
     QT_TRANSLATE_NOOP("FailureTexts", "the index of another file, not a recording"),
     QT_TRANSLATE_NOOP("FailureTexts", "no picture could be decoded"),
     QT_TRANSLATE_NOOP("FailureTexts", "only one picture could be decoded"),
+    QT_TRANSLATE_NOOP("FailureTexts",
+                      "it has one key frame alone, and a quick look compares key frames"),
     QT_TRANSLATE_NOOP("FailureTexts", "no usable times"),
     QT_TRANSLATE_NOOP("FailureTexts", "pictures of %1 x %2 are too large"),
     QT_TRANSLATE_NOOP("FailureTexts", "its pictures become too large"),

@@ -691,6 +691,10 @@ Hohe Werte können die Erkennung verschlechtern</translation>
         <source>unrecognized file format</source>
         <translation>unbekanntes Dateiformat</translation>
     </message>
+    <message>
+        <source>it has one key frame alone, and a quick look compares key frames</source>
+        <translation>es hat nur ein Schlüsselbild, und schnelles Durchsehen vergleicht Schlüsselbilder</translation>
+    </message>
 </context>
 <context>
     <name>JobModel</name>

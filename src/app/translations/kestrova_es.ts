@@ -691,6 +691,10 @@ Los valores altos pueden empeorar la detección</translation>
         <source>unrecognized file format</source>
         <translation>formato de archivo desconocido</translation>
     </message>
+    <message>
+        <source>it has one key frame alone, and a quick look compares key frames</source>
+        <translation>tiene un solo fotograma clave, y un vistazo rápido compara fotogramas clave</translation>
+    </message>
 </context>
 <context>
     <name>JobModel</name>

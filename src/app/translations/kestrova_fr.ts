@@ -691,6 +691,10 @@ Des valeurs élevées peuvent nuire à la détection</translation>
         <source>unrecognized file format</source>
         <translation>format de fichier inconnu</translation>
     </message>
+    <message>
+        <source>it has one key frame alone, and a quick look compares key frames</source>
+        <translation>il n’a qu’une seule image clé, et un aperçu rapide compare les images clés</translation>
+    </message>
 </context>
 <context>
     <name>JobModel</name>
