@@ -7,6 +7,7 @@
 
 #include "footage.h"
 #include "measuresettings.h"
+#include "media.h"
 #include "partdetection.h"
 #include "partrecordings.h"
 #include "sample.h"
@@ -26,12 +27,12 @@ public:
     void positionChanged(qint64 /*bytePosition*/, bool /*isAtEnd*/) override {}
 };
 
-DetectionOptions optionsWith(bool areMapsKept, int skip) {
+DetectionOptions optionsWith(bool areMapsKept, int skip, int threads = 1) {
     DetectionOptions options;
     options.times.mustBeUsable = true;
     options.areMapsKept = areMapsKept;
     options.measure.skip = skip;
-    options.threads = 1;
+    options.threads = threads;
     return options;
 }
 
@@ -39,7 +40,6 @@ DetectionOptions optionsWith(bool areMapsKept, int skip) {
 PartWish manyParts(const DetectionOptions& options) {
     PartWish wish;
     wish.shortest = 0.5;
-    wish.gops = 1.0;
     wish.fewest = 2;
     wish.lead = PartDetection::lead(options);
     return wish;
@@ -74,6 +74,7 @@ private Q_SLOTS:
     void partsAreOnePass_data();
     void partsAreOnePass();
     void otherBytesAreSeen();
+    void aGroupOfPicturesIsAPart();
 
 private:
     void compareWithOnePass(const QString& file, const DetectionOptions& options, int fewest);
@@ -98,7 +99,7 @@ void TestPlacedParts::compareWithOnePass(const QString& file, const DetectionOpt
     QCOMPARE(whole.run(file).outcome, DetectionOutcome::Finished);
     FramePlan plan;
     plan.times = options.times;
-    plan.threads = 1;
+    plan.threads = options.threads;
     FrameStream frames(QFile::encodeName(file), plan);
     const int count = scouted.parts.size();
     QVector<KeptValues> parts(count);
@@ -141,9 +142,9 @@ void TestPlacedParts::partsAreOnePass() {
     QFETCH(QString, file);
     QFETCH(int, fewest);
     compareWithOnePass(file, optionsWith(false, 0), fewest);
-    compareWithOnePass(file, optionsWith(false, 6), fewest);
+    compareWithOnePass(file, optionsWith(false, 6, 3), fewest);
     compareWithOnePass(file, optionsWith(true, 0), fewest == 0 ? 0 : 2);
-    compareWithOnePass(file, optionsWith(true, 2), fewest == 0 ? 0 : 2);
+    compareWithOnePass(file, optionsWith(true, 2, 2), fewest == 0 ? 0 : 2);
 }
 
 void TestPlacedParts::otherBytesAreSeen() {
@@ -165,6 +166,22 @@ void TestPlacedParts::otherBytesAreSeen() {
     // A place that is not there.
     ++(*packets)[std::size_t(scouted.parts[2].runUp)].position;
     QVERIFY(!frames.goToPart(scouted.parts[2], packets, scouted.delay, scouted.firstTime));
+}
+
+/// However far its key frames lie apart: no part decodes more than a picture or two of another.
+void TestPlacedParts::aGroupOfPicturesIsAPart() {
+    const QString file = recordings.filePath("far.mp4");
+    constexpr int groups = 12;
+    constexpr int seconds = 20; // a picture each
+    const QString number = QString::number(seconds);
+    const QString input = QString("testsrc=s=64x48:r=1:d=%1").arg(groups * seconds);
+    QVERIFY(media::encode({"-f", "lavfi", "-i", input, "-c:v", "libx264", "-g", number,
+                           "-keyint_min", number, "-sc_threshold", "0", file}));
+    const ScoutedRecording scouted = scout(file, PartWish(), {});
+    QCOMPARE(scouted.parts.size(), groups);
+    for (int i = 1; i < groups; ++i)
+        QVERIFY2(scouted.parts[i].begin - scouted.parts[i].runUp <= 2,
+                 qPrintable(QString::number(i)));
 }
 
 QTEST_GUILESS_MAIN(TestPlacedParts)

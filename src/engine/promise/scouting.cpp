@@ -45,9 +45,7 @@ public:
         scouted.seconds = times.seconds.back() - times.seconds.front();
         if (!isUsable || !points.isRegular())
             return;
-        const double gop = scouted.seconds / double(points.all().size());
-        const double shortest =
-            std::max({wish.shortest, wish.gops * gop, scouted.seconds / mostParts});
+        const double shortest = std::max(wish.shortest, scouted.seconds / mostParts);
         const QVector<PlacedPart> parts = placeParts(points.all(), times, shortest, wish.lead);
         if (parts.size() < std::max(wish.fewest, 2))
             return;

@@ -33,8 +33,7 @@ struct ScoutedRecording {
 
 /// What parts are wanted.
 struct PartWish {
-    double shortest = 10.0; ///< seconds
-    double gops = 5.0;      ///< of average length, at least; each part costs a picture more or two
+    double shortest = 10.0; ///< seconds; each part costs a picture more or two
     int fewest = 10;        ///< with fewer there is nothing to choose from: no promises
     PartLead lead;          ///< what is wanted before each of them
 };
