@@ -179,7 +179,7 @@ MeasuringEnd Detection::failToBegin(const FrameStream& frames, bool hasPicture) 
     if (options.range.from > 0.0 || std::isfinite(options.range.to))
         error = QStringLiteral("fewer than two pictures lie in the range");
     else if (hasPicture && options.isKeyframesOnly)
-        error = QStringLiteral("it has one key frame alone, and a quick look compares key frames");
+        error = QStringLiteral("a quick look compares key frames, and only one was found");
     else if (hasPicture)
         error = QStringLiteral("only one picture could be decoded");
     return {DetectionOutcome::TooFewPictures, error, true};

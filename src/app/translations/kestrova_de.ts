@@ -692,8 +692,8 @@ Hohe Werte können die Erkennung verschlechtern</translation>
         <translation>unbekanntes Dateiformat</translation>
     </message>
     <message>
-        <source>it has one key frame alone, and a quick look compares key frames</source>
-        <translation>es hat nur ein Schlüsselbild, und schnelles Durchsehen vergleicht Schlüsselbilder</translation>
+        <source>a quick look compares key frames, and only one was found</source>
+        <translation>schnelles Durchsehen vergleicht Schlüsselbilder, und nur eines wurde gefunden</translation>
     </message>
 </context>
 <context>

@@ -692,8 +692,8 @@ Los valores altos pueden empeorar la detección</translation>
         <translation>formato de archivo desconocido</translation>
     </message>
     <message>
-        <source>it has one key frame alone, and a quick look compares key frames</source>
-        <translation>tiene un solo fotograma clave, y un vistazo rápido compara fotogramas clave</translation>
+        <source>a quick look compares key frames, and only one was found</source>
+        <translation>un vistazo rápido compara fotogramas clave, y solo se encontró uno</translation>
     </message>
 </context>
 <context>

@@ -692,8 +692,8 @@ Des valeurs élevées peuvent nuire à la détection</translation>
         <translation>format de fichier inconnu</translation>
     </message>
     <message>
-        <source>it has one key frame alone, and a quick look compares key frames</source>
-        <translation>il n’a qu’une seule image clé, et un aperçu rapide compare les images clés</translation>
+        <source>a quick look compares key frames, and only one was found</source>
+        <translation>un aperçu rapide compare les images clés, et une seule a été trouvée</translation>
     </message>
 </context>
 <context>
