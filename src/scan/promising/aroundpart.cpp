@@ -67,6 +67,7 @@ public:
         }
         if (last - first + 1 >= mostParts)
             return around;
+        const QVector<DetectedClip> hints = clipsWith(hint * how().minimum);
         if (isOpenBehind() || isAnyBehind(hints))
             around.wanted.append(last + 1);
         if (isOpenBefore() || isAnyBefore(hints, hint * how().minimum))
@@ -79,19 +80,21 @@ private:
 
     void decide() {
         clips.clear();
-        hints.clear();
+        decided = Measurement();
         const auto run = parted.run(first, last);
         if (!run || run->series.times.isEmpty())
             return;
         const bool areCellsAsked = options.detection.detector == Detector::Cells;
-        const Measurement decided =
-            areCellsAsked ? cellsMeasurement(*run, options.detection, CellBits()) : *run;
+        decided = areCellsAsked ? cellsMeasurement(*run, options.detection, CellBits()) : *run;
         begin = run->firstTime - run->stream.origin;
         end = run->series.times.last() - run->stream.origin;
-        clips = merged(clipsOf(decided, how()), options.mergeGap);
-        SegmentationOptions soon = how();
-        soon.minimum *= hint;
-        hints = clipsOf(decided, soon);
+        clips = merged(clipsWith(how().minimum), options.mergeGap);
+    }
+
+    QVector<DetectedClip> clipsWith(double minimum) const {
+        SegmentationOptions with = how();
+        with.minimum = minimum;
+        return decided.hasPictures ? clipsOf(decided, with) : QVector<DetectedClip>();
     }
 
     /// It could begin earlier if more was known. `minimum`: of the clips that it is one of.
@@ -122,8 +125,8 @@ private:
     const ScanOptions& options;
     int first;
     int last;
+    Measurement decided; ///< of all of them; empty: they cannot be joined
     QVector<DetectedClip> clips;
-    QVector<DetectedClip> hints; ///< what clips may become
     double begin = 0.0; ///< seconds from the recording's first picture, of what was decided on
     double end = 0.0;
 };
